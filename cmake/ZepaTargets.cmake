@@ -1,0 +1,46 @@
+# SPDX-License-Identifier: Apache-2.0
+# How every target of this repository is built. Call zepa_target(NAME) once for each.
+
+add_library(zepa_build_settings INTERFACE)
+target_compile_definitions(zepa_build_settings INTERFACE
+  QT_NO_CAST_FROM_ASCII QT_NO_CAST_TO_ASCII QT_NO_KEYWORDS QT_NO_FOREACH)
+target_compile_options(zepa_build_settings INTERFACE
+  -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Werror)
+if(ZEPA_SANITIZE)
+  target_compile_options(zepa_build_settings INTERFACE
+    -fsanitize=${ZEPA_SANITIZE} -fno-sanitize-recover=all -fno-omit-frame-pointer)
+  target_link_options(zepa_build_settings INTERFACE -fsanitize=${ZEPA_SANITIZE})
+endif()
+if(ZEPA_COVERAGE)
+  target_compile_options(zepa_build_settings INTERFACE --coverage -fprofile-update=atomic)
+  target_link_options(zepa_build_settings INTERFACE --coverage)
+endif()
+
+function(zepa_target target)
+  target_link_libraries(${target} PRIVATE zepa_build_settings)
+  set_target_properties(${target} PROPERTIES
+    CXX_VISIBILITY_PRESET hidden
+    VISIBILITY_INLINES_HIDDEN ON)
+endfunction()
+
+# zepa_test(NAME LABEL unit|service|desktop SOURCES ... LIBRARIES ...)
+#
+# One GoogleTest program; each of its tests becomes a test of ctest, in a process of its own. The program gets
+# tests/support/main.cpp, which brings a QApplication, so a test must not define main(). Unit tests see no session bus.
+function(zepa_test name)
+  cmake_parse_arguments(arg "" "LABEL" "SOURCES;LIBRARIES" ${ARGN})
+  add_executable(${name} ${arg_SOURCES} ${CMAKE_SOURCE_DIR}/tests/support/main.cpp)
+  zepa_target(${name})
+  target_include_directories(${name} PRIVATE ${CMAKE_SOURCE_DIR} ${CMAKE_SOURCE_DIR}/tests/support)
+  target_link_libraries(${name} PRIVATE ${arg_LIBRARIES} Qt6::Widgets GTest::gtest GTest::gmock)
+  set(environment "XDG_RUNTIME_DIR=${CMAKE_BINARY_DIR}/test-home/run" "HOME=${CMAKE_BINARY_DIR}/test-home"
+    "XDG_CONFIG_HOME=${CMAKE_BINARY_DIR}/test-home/config" "XDG_DATA_HOME=${CMAKE_BINARY_DIR}/test-home/data"
+    "XDG_CACHE_HOME=${CMAKE_BINARY_DIR}/test-home/cache" "LC_ALL=C.UTF-8" "TZ=UTC")
+  if(arg_LABEL STREQUAL "unit")
+    list(APPEND environment "QT_QPA_PLATFORM=offscreen" "DBUS_SESSION_BUS_ADDRESS=unix:path=/nonexistent")
+  elseif(arg_LABEL STREQUAL "service")
+    list(APPEND environment "QT_QPA_PLATFORM=offscreen")
+  endif()
+  gtest_discover_tests(${name} DISCOVERY_MODE PRE_TEST DISCOVERY_TIMEOUT 60 TEST_PREFIX "${name}."
+    PROPERTIES LABELS ${arg_LABEL} TIMEOUT 120 ENVIRONMENT "${environment}")
+endfunction()
