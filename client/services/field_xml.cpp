@@ -1,0 +1,40 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "client/services/field_value.h"
+#include "host/field.h"
+#include "host/xml_node.h"
+
+#include <QHash>
+
+// <fields><field id="sticky">true</field>...</fields>
+//
+// Values are texts of elements and not attributes: that keeps a file with a strange sound file name readable.
+
+ZepaXmlNode ZepaField::toXml(const QList<ZepaField>& fields)
+{
+    ZepaXmlNode node(QStringLiteral("fields"), {}, nullptr);
+    for (const ZepaField& field : fields) {
+        if (field.getType() == NoType)
+            continue;
+        ZepaXmlNode child = node.addChild(QStringLiteral("field"), field.getText());
+        child.setAttribute(QStringLiteral("id"), field.getId());
+    }
+    return node;
+}
+
+QList<ZepaField> ZepaField::fromXml(const QList<ZepaField>& fieldTemplate, const ZepaXmlNode& node)
+{
+    QHash<QString, QString> stored;
+    const QList<ZepaXmlNode> children = node.getChildNodes();
+    for (const ZepaXmlNode& child : children) {
+        if (child.name() == QStringLiteral("field"))
+            stored.insert(child.getAttribute(QStringLiteral("id")), child.text());
+    }
+
+    QList<ZepaField> fields = fieldTemplate;
+    for (ZepaField& field : fields) {
+        const auto value = stored.constFind(field.getId());
+        if (value != stored.cend() && zepa::fieldAllows(field, *value))
+            field.setText(*value);
+    }
+    return fields;
+}

@@ -1,0 +1,51 @@
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include "client/client_export.h"
+#include "client/services/themes.h"
+#include "host/settings_manager.h"
+#include "host/settings_manager_private.h"
+
+#include <QHash>
+#include <QString>
+
+namespace zepa {
+
+/// The user's settings in one folder: "settings.ini" with the settings of the whole client, and "notifications/" with
+/// the library's rule files.
+///
+/// While an object of this class lives, it is what ZepaSettingsManager::getInstance() and
+/// ZepaSettingsManagerPrivate::settingsMgrPrivInstance give. Make it before the notification module is first used and
+/// let it outlive the module. One at a time.
+class ZEPA_CLIENT_EXPORT Settings final : public ZepaSettingsManager, public ZepaSettingsManagerPrivate
+{
+public:
+    /// Reads the settings in `folder` (absolute or relative to the working directory) and makes the folder with its
+    /// "notifications/" when it is not there. Values change later only through store().
+    explicit Settings(const QString& folder);
+    ~Settings();
+    Q_DISABLE_COPY_MOVE(Settings)
+
+    /// Whether the folder is there and rule files can be written; if not, everything has its initial value.
+    bool isUsable() const;
+    /// The file with the settings of the whole client. It need not exist.
+    QString settingsFile() const;
+
+    QString getSettingsDir() const override;
+    QString getCurrentThemeDir() const override;
+    QString getCurrentRosterThemeDir() const override;
+    QString getCurrentSoundThemeDir() const override;
+    ZepaField readGlobalSetting(const ZepaField& field) const override;
+
+    /// Keeps `value` for the setting that `field` describes, in memory and in the file. False, with nothing changed,
+    /// when the field does not allow the value or the file cannot be written.
+    bool store(const ZepaField& field, const QString& value);
+
+private:
+    QString currentTheme(ThemeKind kind, const QString& settingId) const;
+
+    QString m_folder;
+    QHash<QString, QString> m_values;
+};
+
+} // namespace zepa

@@ -1,0 +1,77 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "client/services/themes.h"
+
+#include "client/services/base_folders.h"
+
+#include <QCoreApplication>
+#include <QDir>
+#include <QFileInfo>
+#include <QSet>
+
+namespace zepa {
+
+namespace {
+
+QString subfolder(ThemeKind kind)
+{
+    switch (kind) {
+    case ThemeKind::Icons:
+        return QStringLiteral("icons/");
+    case ThemeKind::Roster:
+        return QStringLiteral("roster/");
+    case ThemeKind::Sounds:
+        return QStringLiteral("sounds/");
+    }
+    return {};
+}
+
+QString userThemes()
+{
+    return dataFolder() + QStringLiteral("themes/");
+}
+
+/// A name is one folder's name: it comes from a file, and must not lead elsewhere.
+bool isName(const QString& name)
+{
+    return !name.isEmpty() && !name.startsWith(u'.') && !name.contains(u'/');
+}
+
+} // namespace
+
+QString installedThemes()
+{
+    const QString installed =
+        QDir::cleanPath(QCoreApplication::applicationDirPath() + QStringLiteral("/../share/zepa/themes")) + u'/';
+    const QString inSourceTree = QStringLiteral(ZEPA_SOURCE_THEMES "/");
+    return !QFileInfo(installed).isDir() && QFileInfo(inSourceTree).isDir() ? inSourceTree : installed;
+}
+
+QString themeFolder(ThemeKind kind, const QString& name)
+{
+    const QString fallback = QString::fromUtf16(defaultTheme);
+    const QString installed = installedThemes() + subfolder(kind);
+    for (const QString& wanted : {name, fallback}) {
+        if (!isName(wanted))
+            continue;
+        for (const QString& parent : {userThemes() + subfolder(kind), installed}) {
+            const QString folder = parent + wanted + u'/';
+            if (QFileInfo(folder).isDir())
+                return folder;
+        }
+    }
+    return installed + fallback + u'/';
+}
+
+QStringList themeNames(ThemeKind kind)
+{
+    QSet<QString> names{QString::fromUtf16(defaultTheme)};
+    for (const QString& parent : {userThemes(), installedThemes()}) {
+        const QStringList found = QDir(parent + subfolder(kind)).entryList(QDir::Dirs | QDir::NoDotAndDotDot);
+        names.unite(QSet<QString>(found.begin(), found.end()));
+    }
+    QStringList sorted = names.values();
+    sorted.sort();
+    return sorted;
+}
+
+} // namespace zepa
