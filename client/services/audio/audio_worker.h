@@ -1,0 +1,35 @@
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include "client/services/audio/failure_log.h"
+#include "client/services/audio/play_queue.h"
+#include "client/services/audio/pulse_player.h"
+#include "client/services/audio/sound_cache.h"
+
+namespace zepa::audio {
+
+/// What the worker thread does: takes files from the queue, decodes them and has them played, until the queue stops.
+class AudioWorker
+{
+public:
+    /// A sound that could not begin within this time is dropped: it would no longer tell when its event happened.
+    static constexpr std::chrono::seconds staleAfter{5};
+
+    /// `queue` and `loop` outlive the worker. pa_mainloop_wakeup() on the loop makes it look at the queue.
+    AudioWorker(PlayQueue& queue, pa_mainloop* loop);
+
+    void run();
+
+private:
+    void startWaiting();
+    void start(const PlayQueue::Request& request);
+    void ended(const QString& path, const QString& failure);
+
+    PlayQueue& m_queue;
+    pa_mainloop* const m_loop;
+    SoundCache m_cache;
+    FailureLog m_log;
+    PulsePlayer m_player;
+};
+
+} // namespace zepa::audio

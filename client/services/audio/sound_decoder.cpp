@@ -1,0 +1,130 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "client/services/audio/sound_decoder.h"
+
+#include <QFile>
+
+#include <algorithm>
+#include <array>
+#include <cerrno>
+#include <cmath>
+#include <fcntl.h>
+#include <sndfile.h>
+#include <sys/stat.h>
+#include <system_error>
+#include <unistd.h>
+
+namespace zepa::audio {
+namespace {
+
+struct Descriptor
+{
+    explicit Descriptor(const char* path) : fd(::open(path, O_RDONLY | O_NONBLOCK | O_CLOEXEC | O_NOCTTY)) {}
+    ~Descriptor()
+    {
+        if (fd >= 0)
+            ::close(fd);
+    }
+    Q_DISABLE_COPY_MOVE(Descriptor)
+    const int fd;
+};
+
+struct CloseSound
+{
+    void operator()(SNDFILE* file) const { sf_close(file); }
+};
+
+DecodedSound refused(const QString& reason)
+{
+    return {nullptr, reason};
+}
+
+QString systemReason(int error)
+{
+    return QString::fromStdString(std::generic_category().message(error));
+}
+
+/// Empty when the file may be opened.
+QString whyNotToOpen(const struct stat& status)
+{
+    if (!S_ISREG(status.st_mode))
+        return QStringLiteral("not a regular file");
+    if (status.st_size > SoundLimits::fileBytes)
+        return QStringLiteral("larger than %1 bytes").arg(SoundLimits::fileBytes);
+    return {};
+}
+
+/// Empty when the format is one that we play. The number of frames is the header's word only: the reader counts too.
+QString whyNotToRead(const SF_INFO& info)
+{
+    if (info.channels < 1 || info.channels > SoundLimits::channels)
+        return QStringLiteral("%1 channels").arg(info.channels);
+    if (info.samplerate < SoundLimits::minRate || info.samplerate > SoundLimits::maxRate)
+        return QStringLiteral("%1 frames a second").arg(info.samplerate);
+    if (info.frames > static_cast<sf_count_t>(SoundLimits::samples) / info.channels)
+        return QStringLiteral("too long: %1 frames").arg(info.frames);
+    return {};
+}
+
+/// Floating-point files may hold anything; a sound server and the listener's ears should not get it.
+float tamed(float sample)
+{
+    return std::isfinite(sample) ? std::clamp(sample, -1.0F, 1.0F) : 0.0F;
+}
+
+DecodedSound read(SNDFILE* file, const SF_INFO& info)
+{
+    auto clip = std::make_shared<SoundClip>();
+    clip->rate = info.samplerate;
+    clip->channels = info.channels;
+
+    std::array<float, 8192> block{};
+    const auto framesPerBlock = static_cast<sf_count_t>(block.size()) / info.channels;
+    while (const sf_count_t frames = sf_readf_float(file, block.data(), framesPerBlock)) {
+        if (frames < 0)
+            break;
+        const auto count = static_cast<std::size_t>(frames) * static_cast<std::size_t>(info.channels);
+        if (clip->samples.size() + count > SoundLimits::samples)
+            return refused(QStringLiteral("too long, and its header does not say so"));
+        std::transform(block.data(), block.data() + count, std::back_inserter(clip->samples), tamed);
+    }
+    if (sf_error(file) != SF_ERR_NO_ERROR)
+        return refused(QStringLiteral("damaged: %1").arg(QString::fromUtf8(sf_strerror(file))));
+    if (clip->samples.empty())
+        return refused(QStringLiteral("holds no sound"));
+    return {std::move(clip), {}};
+}
+
+} // namespace
+
+DecodedSound decodeSound(const QString& path)
+{
+    // A name with a zero in it would be cut there, and another file would be opened.
+    if (path.isEmpty() || path.contains(QChar::Null))
+        return refused(QStringLiteral("not a file name"));
+    const QByteArray name = QFile::encodeName(path);
+
+    struct stat status = {};
+    if (::stat(name.constData(), &status) != 0)
+        return refused(systemReason(errno));
+    if (const QString reason = whyNotToOpen(status); !reason.isEmpty())
+        return refused(reason);
+
+    const Descriptor descriptor(name.constData());
+    if (descriptor.fd < 0)
+        return refused(systemReason(errno));
+    // Again: another file may have taken the name meanwhile.
+    if (::fstat(descriptor.fd, &status) != 0)
+        return refused(systemReason(errno));
+    if (const QString reason = whyNotToOpen(status); !reason.isEmpty())
+        return refused(reason);
+
+    SF_INFO info = {};
+    const std::unique_ptr<SNDFILE, CloseSound> file(sf_open_fd(descriptor.fd, SFM_READ, &info, SF_FALSE));
+    if (!file)
+        return refused(QStringLiteral("no sound format: %1").arg(QString::fromUtf8(sf_strerror(nullptr))));
+    if (const QString reason = whyNotToRead(info); !reason.isEmpty())
+        return refused(reason);
+    return read(file.get(), info);
+}
+
+} // namespace zepa::audio
