@@ -1,0 +1,41 @@
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include "client/cli/commands.h"
+
+#include <QCommandLineParser>
+#include <QString>
+#include <QStringList>
+
+#include <memory>
+#include <vector>
+
+namespace zepa::cli {
+
+/// The command line, taken apart before anything is started: a wrong one needs no display and changes nothing.
+class CommandLine
+{
+public:
+    /// `arguments` without the program's name.
+    explicit CommandLine(const QStringList& arguments);
+
+    /// The command to run; null when the answer is already said (help, version, an error) and code() is all there is.
+    const Command* command() const { return m_command; }
+    int code() const { return m_code; }
+
+    const QCommandLineParser& parser() const { return m_parser; }
+    /// What --settings names, or the user's own folder.
+    QString settingsFolder() const;
+
+private:
+    void choose(QStringList& arguments);
+    void parse(const QStringList& arguments);
+    void fail(const QString& problem);
+
+    std::vector<CommandPointer> m_commands;
+    QCommandLineParser m_parser;
+    const Command* m_command = nullptr;
+    int m_code = Success;
+};
+
+} // namespace zepa::cli

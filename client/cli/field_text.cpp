@@ -1,0 +1,66 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "client/cli/field_text.h"
+
+#include "client/cli/output.h"
+#include "client/services/field_value.h"
+
+#include <QStringList>
+
+#include <algorithm>
+
+namespace zepa::cli {
+
+QJsonValue jsonValue(const ZepaField& field)
+{
+    switch (field.getType()) {
+    case ZepaField::CheckBox:
+        return field.isChecked();
+    case ZepaField::SpinBox:
+        return field.getIntValue();
+    default:
+        return field.getText();
+    }
+}
+
+QJsonObject jsonValues(const QList<ZepaField>& fields)
+{
+    QJsonObject values;
+    for (const ZepaField& field : fields)
+        values.insert(field.getId(), jsonValue(field));
+    return values;
+}
+
+QString assignments(QList<ZepaField> fields)
+{
+    if (fields.isEmpty())
+        return QStringLiteral("-");
+    std::sort(fields.begin(), fields.end(),
+              [](const ZepaField& a, const ZepaField& b) { return a.getId() < b.getId(); });
+    QStringList texts;
+    for (const ZepaField& field : std::as_const(fields))
+        texts.append(field.getId() + u'=' + field.getText());
+    return texts.join(u' ');
+}
+
+QString assign(QList<ZepaField>& fields, const QString& assignment)
+{
+    const qsizetype equals = assignment.indexOf(u'=');
+    const QString shown = onOneLine(assignment);
+    if (equals <= 0)
+        return QStringLiteral("\"%1\" is not of the form FIELD=VALUE").arg(shown);
+    const QString id = assignment.first(equals);
+    const QString value = assignment.sliced(equals + 1);
+    const auto field =
+        std::find_if(fields.begin(), fields.end(), [&id](const ZepaField& one) { return one.getId() == id; });
+    if (field == fields.end()) {
+        return fields.isEmpty() ? QStringLiteral("\"%1\": this method has no fields").arg(shown)
+                                : QStringLiteral("\"%1\": there is no field \"%2\"; there are: %3")
+                                      .arg(shown, onOneLine(id), assignments(fields));
+    }
+    if (!fieldAllows(*field, value))
+        return QStringLiteral("\"%1\": allowed is %2").arg(shown, allowedValues(*field));
+    field->setText(value);
+    return {};
+}
+
+} // namespace zepa::cli

@@ -1,0 +1,50 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "client/cli/lookup.h"
+
+#include "client/cli/output.h"
+#include "client/client.h"
+#include "core/notification_module.h"
+
+namespace zepa::cli {
+
+namespace {
+
+template <typename Registry>
+QStringList sortedKeys(const Registry& registry)
+{
+    QStringList ids = registry.keys();
+    ids.sort();
+    return ids;
+}
+
+} // namespace
+
+QStringList typeIds(Client& client)
+{
+    return sortedKeys(client.module().getNotifications());
+}
+
+QStringList methodIds(Client& client)
+{
+    return sortedKeys(client.module().getMethods());
+}
+
+ZepaNotification* findType(Client& client, const QString& id)
+{
+    ZepaNotification* type = client.module().getNotifications().value(id);
+    if (!type)
+        complain(QStringLiteral("there is no notification type \"%1\"; there are: %2")
+                     .arg(onOneLine(id), typeIds(client).join(QStringLiteral(", "))));
+    return type;
+}
+
+ZepaNotificationMethod* findMethod(Client& client, const QString& id)
+{
+    ZepaNotificationMethod* method = client.module().getMethods().value(id);
+    if (!method)
+        complain(QStringLiteral("there is no delivery method \"%1\"; there are: %2")
+                     .arg(onOneLine(id), methodIds(client).join(QStringLiteral(", "))));
+    return method;
+}
+
+} // namespace zepa::cli

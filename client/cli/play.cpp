@@ -1,0 +1,136 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "client/cli/commands.h"
+#include "client/cli/lookup.h"
+#include "client/cli/notification_service.h"
+#include "client/cli/output.h"
+#include "client/cli/player.h"
+#include "client/cli/script.h"
+#include "client/client.h"
+
+#include <QCommandLineParser>
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+
+#include <cstdio>
+#include <optional>
+
+namespace zepa::cli {
+
+namespace {
+
+/// How long a bare --wait waits, in seconds: as good as for ever.
+constexpr int longPatience = latestTime;
+
+bool isNumber(const QString& text)
+{
+    bool isOne = false;
+    text.toDouble(&isOne);
+    return isOne;
+}
+
+class Play final : public Command
+{
+public:
+    QString name() const override { return QStringLiteral("play"); }
+    QString arguments() const override { return QStringLiteral("SCRIPT [--wait [SECONDS]] [--json]"); }
+    QString summary() const override
+    {
+        return QStringLiteral("Plays a script of events, one JSON object a line; - reads standard input.");
+    }
+    QString example() const override
+    {
+        return QStringLiteral(
+            "echo '{\"at\":0.5,\"type\":\"message_received\",\"title\":\"Anna\",\"text\":\"Lunch?\"}' | "
+            "zepa play -");
+    }
+    QString details() const override
+    {
+        return QStringLiteral(
+            "Fields of a line: \"type\" and \"title\" (must be there), \"text\", \"icon\", \"buddy\", \"action\" as "
+            "for\n"
+            "zepa post, and \"at\", the time in seconds from the start (default: that of the line above). When a line\n"
+            "is wrong, every problem is named with file, line and field, and nothing is played.\n\n"
+            "Prints a line for each event: posted, then delivered with the methods that were called or dropped with "
+            "the\n"
+            "reason, and answered once its pop-up is clicked or goes away. Only events with an action have an answer.");
+    }
+    QList<QCommandLineOption> options() const override
+    {
+        return {{QStringLiteral("wait"),
+                 QStringLiteral("at the end, wait for answers that are missing, at most SECONDS"),
+                 QStringLiteral("[SECONDS]")},
+                {QStringLiteral("json"), QStringLiteral("for programs: one JSON object a line")}};
+    }
+    qsizetype fewestArguments() const override { return 1; }
+    qsizetype mostArguments() const override { return 1; }
+    bool reachesTheUser() const override { return true; }
+    QStringList normalised(const QStringList& arguments) const override;
+
+    int run(const QCommandLineParser& line, Client& client) const override;
+};
+
+/// A --wait without a number behind it gets one: the option parser knows no optional values.
+QStringList Play::normalised(const QStringList& arguments) const
+{
+    const QString wait = QStringLiteral("--wait");
+    QStringList result;
+    for (qsizetype i = 0; i < arguments.size(); ++i) {
+        const bool isBare = arguments[i] == wait && (i + 1 == arguments.size() || !isNumber(arguments[i + 1]));
+        result.append(isBare ? wait + u'=' + QString::number(longPatience) : arguments[i]);
+    }
+    return result;
+}
+
+/// The whole script; nothing when it cannot be read.
+std::optional<QByteArray> contentOf(const QString& name)
+{
+    QFile file(name);
+    const bool isOpen = name == QStringLiteral("-") ? file.open(stdin, QIODevice::ReadOnly)
+                                                    : QFileInfo(name).isFile() && file.open(QIODevice::ReadOnly);
+    if (!isOpen)
+        return std::nullopt;
+    return file.readAll();
+}
+
+int Play::run(const QCommandLineParser& line, Client& client) const
+{
+    std::optional<double> patience;
+    if (line.isSet(QStringLiteral("wait"))) {
+        patience = line.value(QStringLiteral("wait")).toDouble();
+        if (!isNumber(line.value(QStringLiteral("wait"))) || !(*patience >= 0 && *patience <= latestTime)) {
+            complain(QStringLiteral("--wait takes a number of seconds from 0 to %1").arg(latestTime));
+            return WrongUsage;
+        }
+    }
+    const QString name = line.positionalArguments().constFirst();
+    const auto content = contentOf(name);
+    if (!content) {
+        complain(
+            QStringLiteral("the script %1 cannot be read; name a file, or - for standard input").arg(onOneLine(name)));
+        return WrongUsage;
+    }
+    const bool isInput = name == QStringLiteral("-");
+    const Script script = readScript(*content, isInput ? QStringLiteral("standard input") : name,
+                                     isInput ? QDir::currentPath() : QFileInfo(name).absolutePath(), typeIds(client));
+    for (const QString& problem : script.problems)
+        complain(problem);
+    if (!script.problems.isEmpty())
+        return WrongUsage;
+
+    waitForNotificationService();
+    Journal journal(line.isSet(QStringLiteral("json")) ? Journal::Form::Json : Journal::Form::ForPeople);
+    const int waiting = Player(client, script.events, journal).play(patience);
+    finishDelivering();
+    journal.summary(waiting);
+    return Success;
+}
+
+} // namespace
+
+CommandPointer makePlay()
+{
+    return std::make_unique<Play>();
+}
+
+} // namespace zepa::cli

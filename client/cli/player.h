@@ -1,0 +1,47 @@
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include "client/cli/event.h"
+#include "client/cli/journal.h"
+
+#include <QElapsedTimer>
+#include <QEventLoop>
+#include <QList>
+#include <QTimer>
+
+#include <memory>
+#include <optional>
+
+namespace zepa {
+class Client;
+}
+
+namespace zepa::cli {
+
+/// Announces the events of a script at their times.
+class Player
+{
+public:
+    Player(Client& client, QList<Event> events, Journal& journal);
+
+    /// Plays everything and returns when the last event is announced. With `patience`, in seconds, it waits that long
+    /// for the answers that are missing then. Returns how many are missing in the end.
+    int play(std::optional<double> patience);
+
+private:
+    void announceDue();
+    double seconds() const;
+
+    Client& m_client;
+    const QList<Event> m_events;
+    Journal& m_journal;
+    QElapsedTimer m_clock;
+    QTimer m_next;
+    QEventLoop m_loop;
+    qsizetype m_announced = 0;
+    int m_waiting = 0;
+    /// Shared with the answers, which may come when this object is gone.
+    std::shared_ptr<bool> m_listening = std::make_shared<bool>(true);
+};
+
+} // namespace zepa::cli

@@ -1,0 +1,73 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "client/cli/poster.h"
+
+#include "client/cli/notification_service.h"
+#include "client/cli/user_action.h"
+#include "client/client.h"
+#include "core/notification_module.h"
+
+#include <memory>
+#include <utility>
+
+namespace zepa::cli {
+
+namespace {
+
+const QString popupMethod = QStringLiteral("zepa_hint_notification");
+
+QList<ZepaArg> argumentsOf(const Event& event)
+{
+    if (event.buddy.isNull())
+        return {};
+    return {ZepaArg::fromBuddy(ZepaBuddy(event.buddy, event.buddy, ZepaBuddy::Contact))};
+}
+
+std::function<void()> workOf(const Event& event)
+{
+    if (event.action.isNull())
+        return {};
+    return [action = event.action] { startAction(action); };
+}
+
+} // namespace
+
+Report announce(Client& client, const Event& event, Answers answers, std::function<void(Answer)> answered)
+{
+    client.deliveries().take();
+    std::weak_ptr<AnswerToken> kept;
+    {
+        ZepaPluginAction action;
+        if (answers == Answers::Always || !event.action.isNull()) {
+            const auto token = std::make_shared<AnswerToken>(workOf(event));
+            kept = token;
+            action = AnswerToken::action(token);
+        }
+        client.module().postNotification(event.type, event.title, event.text, event.icon, {}, action,
+                                         argumentsOf(event));
+    }
+
+    Report report;
+    report.methods = client.deliveries().take();
+    const bool hasRules = !client.module().getRules(client.module().getNotifications().value(event.type)).isEmpty();
+    report.isRepeat = report.methods.isEmpty() && hasRules;
+    if (report.isRepeat)
+        report.whyNoPopup = QStringLiteral("dropped as a repeat");
+    else if (!report.methods.contains(popupMethod))
+        report.whyNoPopup = QStringLiteral("no rule for %1 and %2").arg(event.type, popupMethod);
+    else
+        report.whyNoPopup = whyNoPopup();
+
+    // Our own copy of the action is gone: who is left is the library, and it waits for an answer.
+    if (const auto token = kept.lock()) {
+        report.waits = true;
+        token->onAnswer(std::move(answered));
+    }
+    return report;
+}
+
+void finishDelivering()
+{
+    flushPopups();
+}
+
+} // namespace zepa::cli

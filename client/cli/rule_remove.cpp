@@ -1,0 +1,60 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "client/cli/commands.h"
+#include "client/cli/lookup.h"
+#include "client/cli/output.h"
+#include "client/cli/rule_file.h"
+#include "client/client.h"
+#include "core/notification_module.h"
+
+#include <QCommandLineParser>
+
+namespace zepa::cli {
+
+namespace {
+
+class RuleRemove final : public Command
+{
+public:
+    QString name() const override { return QStringLiteral("rule remove"); }
+    QString arguments() const override { return QStringLiteral("TYPE METHOD"); }
+    QString summary() const override
+    {
+        return QStringLiteral("Removes the rule for a type and a method: the method stays silent for that type.");
+    }
+    QString example() const override
+    {
+        return QStringLiteral("zepa rule remove message_received zepa_sound_notification_method");
+    }
+    QString details() const override
+    {
+        return QStringLiteral("When there are several rules for the pair, the newest one goes.");
+    }
+    qsizetype fewestArguments() const override { return 2; }
+    qsizetype mostArguments() const override { return 2; }
+
+    int run(const QCommandLineParser& line, Client& client) const override
+    {
+        const QString type = line.positionalArguments().at(0);
+        const QString method = line.positionalArguments().at(1);
+        if (!findType(client, type) || !findMethod(client, method))
+            return WrongUsage;
+        if (!client.module().getNotificationRule(type, method)) {
+            complain(QStringLiteral("there is no rule for %1 and %2; zepa rules %1 shows those there are")
+                         .arg(type, method));
+            return Failure;
+        }
+        if (!canWriteRules(client, type))
+            return Failure;
+        client.module().removeNotificationRule(type, method);
+        return Success;
+    }
+};
+
+} // namespace
+
+CommandPointer makeRuleRemove()
+{
+    return std::make_unique<RuleRemove>();
+}
+
+} // namespace zepa::cli

@@ -1,0 +1,126 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "client/cli/commands.h"
+#include "client/cli/field_text.h"
+#include "client/cli/output.h"
+#include "client/client.h"
+#include "client/services/field_value.h"
+#include "client/services/global_settings.h"
+
+#include <QCommandLineParser>
+
+#include <optional>
+
+namespace zepa::cli {
+
+namespace {
+
+/// The setting of that name with its current value; nothing, after a message, when there is none.
+std::optional<ZepaField> findSetting(Client& client, const QString& id)
+{
+    QStringList ids;
+    const QList<ZepaField> all = globalSettings();
+    for (const ZepaField& setting : all) {
+        if (setting.getId() == id)
+            return client.settings().readGlobalSetting(setting);
+        ids.append(setting.getId());
+    }
+    complain(
+        QStringLiteral("there is no setting \"%1\"; there are: %2").arg(onOneLine(id), ids.join(QStringLiteral(", "))));
+    return std::nullopt;
+}
+
+class SettingGet final : public Command
+{
+public:
+    QString name() const override { return QStringLiteral("setting get"); }
+    QString arguments() const override { return QStringLiteral("[NAME] [--json]"); }
+    QString summary() const override
+    {
+        return QStringLiteral("Shows a setting of the whole client; without a name, all of them.");
+    }
+    QString example() const override { return QStringLiteral("zepa setting get duplicated_notifications_time"); }
+    QList<QCommandLineOption> options() const override
+    {
+        return {{QStringLiteral("json"), QStringLiteral("for programs: an array of objects with id, value, allowed")}};
+    }
+    qsizetype fewestArguments() const override { return 0; }
+    qsizetype mostArguments() const override { return 1; }
+
+    int run(const QCommandLineParser& line, Client& client) const override
+    {
+        QList<ZepaField> wanted;
+        if (!line.positionalArguments().isEmpty()) {
+            const auto setting = findSetting(client, line.positionalArguments().constFirst());
+            if (!setting)
+                return WrongUsage;
+            if (!line.isSet(QStringLiteral("json"))) {
+                say(setting->getText());
+                return Success;
+            }
+            wanted.append(*setting);
+        } else {
+            const QList<ZepaField> all = globalSettings();
+            for (const ZepaField& setting : all)
+                wanted.append(client.settings().readGlobalSetting(setting));
+        }
+
+        QJsonArray json;
+        QList<QStringList> rows;
+        for (const ZepaField& setting : std::as_const(wanted)) {
+            rows.append({setting.getId(), setting.getText(), allowedValues(setting)});
+            json.append(QJsonObject{{QStringLiteral("id"), setting.getId()},
+                                    {QStringLiteral("value"), jsonValue(setting)},
+                                    {QStringLiteral("allowed"), allowedValues(setting)}});
+        }
+        if (line.isSet(QStringLiteral("json")))
+            sayJson(json);
+        else
+            sayTable({QStringLiteral("SETTING"), QStringLiteral("VALUE"), QStringLiteral("ALLOWED")}, rows);
+        return Success;
+    }
+};
+
+class SettingSet final : public Command
+{
+public:
+    QString name() const override { return QStringLiteral("setting set"); }
+    QString arguments() const override { return QStringLiteral("NAME VALUE"); }
+    QString summary() const override { return QStringLiteral("Changes a setting of the whole client."); }
+    QString example() const override { return QStringLiteral("zepa setting set duplicated_notifications_time 30"); }
+    qsizetype fewestArguments() const override { return 2; }
+    qsizetype mostArguments() const override { return 2; }
+
+    int run(const QCommandLineParser& line, Client& client) const override
+    {
+        const auto setting = findSetting(client, line.positionalArguments().at(0));
+        if (!setting)
+            return WrongUsage;
+        const QString value = line.positionalArguments().at(1);
+        if (!fieldAllows(*setting, value)) {
+            complain(QStringLiteral("%1 cannot be \"%2\"; allowed is %3")
+                         .arg(setting->getId(), onOneLine(value), allowedValues(*setting)));
+            return WrongUsage;
+        }
+        if (!client.settings().store(*setting, value)) {
+            complain(QStringLiteral("the settings file %1 cannot be written: nothing was changed; give yourself write "
+                                    "permission or name another folder with --settings")
+                         .arg(onOneLine(client.settings().settingsFile())));
+            return Failure;
+        }
+        return Success;
+    }
+};
+
+} // namespace
+
+CommandPointer makeSettingGet()
+{
+    return std::make_unique<SettingGet>();
+}
+
+CommandPointer makeSettingSet()
+{
+    return std::make_unique<SettingSet>();
+}
+
+} // namespace zepa::cli

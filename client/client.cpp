@@ -1,0 +1,38 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "client/client.h"
+
+#include "core/notification_module.h"
+
+namespace zepa {
+
+Client::Client(const QString& settingsFolder) : m_settings(settingsFolder)
+{
+    startUp();
+}
+
+// The module goes first, by the order of the members: its rules call our methods, and it asks for the settings.
+Client::~Client() = default;
+
+void Client::startUp()
+{
+    // The settings stand already: the module reads the roster theme while it is made, and looks for rule files in
+    // their folder.
+    m_module.reset(ZepaNotificationModule::getInstance());
+    // Methods from outside come before init(). Installing one later makes the module read the rule files again, and
+    // every rule in them that belongs to another method would then be there twice.
+    watchMethods();
+    // Now that all methods are known, the types: for each one the module reads its rules, or writes the defaults.
+    ZepaNotificationModule::init();
+}
+
+void Client::watchMethods()
+{
+    const auto methods = m_module->getMethods();
+    for (ZepaNotificationMethod* method : methods) {
+        m_module->uninstallNotificationMethod(method);
+        m_watched.push_back(std::make_unique<WatchedMethod>(*method, m_deliveries));
+        m_module->installNotificationMethod(m_watched.back().get());
+    }
+}
+
+} // namespace zepa

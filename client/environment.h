@@ -1,0 +1,14 @@
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+namespace zepa {
+
+/// Puts the process's environment in order; to be called before there is a QApplication.
+///
+/// @param needsDisplay  whether the program is to show anything: without need, none is opened
+void prepareEnvironment(bool needsDisplay);
+
+/// Whether there is a display on which something can be shown. Needs a QApplication.
+bool hasDisplay();
+
+} // namespace zepa

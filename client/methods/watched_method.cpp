@@ -1,0 +1,57 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "client/methods/watched_method.h"
+
+#include "core/notification.h"
+
+namespace zepa {
+
+WatchedMethod::WatchedMethod(ZepaNotificationMethod& watched, DeliveryLog& log) : m_watched(watched), m_log(log)
+{
+    fields = watched.fields;
+}
+
+void WatchedMethod::postNotification(unsigned int sequence, ZepaNotification* notification, const QString& title,
+                                     const QString& text, const QString& icon, const QString& extra,
+                                     const QList<ZepaField>& config, const ZepaPluginAction& action,
+                                     const QList<ZepaArg>& args)
+{
+    m_log.delivered(getId());
+    m_watched.postNotification(sequence, notification, title, text, icon, extra, config, action, args);
+}
+
+QString WatchedMethod::getId() const
+{
+    return m_watched.getId();
+}
+
+QString WatchedMethod::getActionName() const
+{
+    return m_watched.getActionName();
+}
+
+QString WatchedMethod::getActionIcon() const
+{
+    return m_watched.getActionIcon();
+}
+
+// The module asks for a type's default configuration right after it announced the type: that is when to copy it.
+void WatchedMethod::registerNotification(ZepaNotification* notification)
+{
+    copyDefaults(*notification);
+    m_watched.registerNotification(notification);
+}
+
+void WatchedMethod::registerNotifications(const QList<ZepaNotification*>& notifications)
+{
+    for (const ZepaNotification* notification : notifications)
+        copyDefaults(*notification);
+    m_watched.registerNotifications(notifications);
+}
+
+void WatchedMethod::copyDefaults(const ZepaNotification& notification)
+{
+    // "No default rule" is itself a configuration, so it is copied like every other.
+    setDefaultNotificationConfig(notification.getId(), m_watched.getDefaultNotificationConfig(notification.getId()));
+}
+
+} // namespace zepa

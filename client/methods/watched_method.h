@@ -1,0 +1,35 @@
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include "client/methods/delivery_log.h"
+#include "core/notification_method.h"
+
+namespace zepa {
+
+/// Stands in front of another delivery method: everything goes through to it, and each posting is noted in a log.
+///
+/// It has the identifier of the other, so it takes its place in the module: uninstall that one first, then install
+/// this, both before the module's init(). The other method and the log must outlive it.
+class WatchedMethod final : public ZepaNotificationMethod
+{
+public:
+    WatchedMethod(ZepaNotificationMethod& watched, DeliveryLog& log);
+
+    void postNotification(unsigned int sequence, ZepaNotification* notification, const QString& title,
+                          const QString& text, const QString& icon, const QString& extra,
+                          const QList<ZepaField>& config, const ZepaPluginAction& action,
+                          const QList<ZepaArg>& args) override;
+    QString getId() const override;
+    QString getActionName() const override;
+    QString getActionIcon() const override;
+    void registerNotification(ZepaNotification* notification) override;
+    void registerNotifications(const QList<ZepaNotification*>& notifications) override;
+
+private:
+    void copyDefaults(const ZepaNotification& notification);
+
+    ZepaNotificationMethod& m_watched;
+    DeliveryLog& m_log;
+};
+
+} // namespace zepa
