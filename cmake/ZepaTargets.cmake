@@ -23,12 +23,12 @@ function(zepa_target target)
     VISIBILITY_INLINES_HIDDEN ON)
 endfunction()
 
-# zepa_test(NAME LABEL unit|service|desktop SOURCES ... LIBRARIES ...)
+# zepa_test(NAME LABEL unit|service|desktop SOURCES ... LIBRARIES ... [ENVIRONMENT NAME=VALUE ...])
 #
 # One GoogleTest program; each of its tests becomes a test of ctest, in a process of its own. The program gets
 # tests/support/main.cpp, which brings a QApplication, so a test must not define main(). Unit tests see no session bus.
 function(zepa_test name)
-  cmake_parse_arguments(arg "" "LABEL" "SOURCES;LIBRARIES" ${ARGN})
+  cmake_parse_arguments(arg "" "LABEL" "SOURCES;LIBRARIES;ENVIRONMENT" ${ARGN})
   add_executable(${name} ${arg_SOURCES} ${CMAKE_SOURCE_DIR}/tests/support/main.cpp)
   zepa_target(${name})
   target_include_directories(${name} PRIVATE ${CMAKE_SOURCE_DIR} ${CMAKE_SOURCE_DIR}/tests/support)
@@ -41,6 +41,13 @@ function(zepa_test name)
   elseif(arg_LABEL STREQUAL "service")
     list(APPEND environment "QT_QPA_PLATFORM=offscreen")
   endif()
+  list(APPEND environment ${arg_ENVIRONMENT})
   gtest_discover_tests(${name} DISCOVERY_MODE PRE_TEST DISCOVERY_TIMEOUT 60 TEST_PREFIX "${name}."
-    PROPERTIES LABELS ${arg_LABEL} TIMEOUT 120 ENVIRONMENT "${environment}")
+    PROPERTIES LABELS ${arg_LABEL} TIMEOUT 120)
+  # gtest_discover_tests() takes lists in properties apart, so the environment is set when ctest has found the tests.
+  set(environment_file ${CMAKE_CURRENT_BINARY_DIR}/${name}_environment.cmake)
+  file(CONFIGURE OUTPUT ${environment_file} @ONLY CONTENT [[
+set_tests_properties(${@name@_TESTS} PROPERTIES ENVIRONMENT "@environment@")
+]])
+  set_property(DIRECTORY APPEND PROPERTY TEST_INCLUDE_FILES ${environment_file})
 endfunction()

@@ -1,18 +1,20 @@
 // SPDX-License-Identifier: Apache-2.0
 #include <QApplication>
 #include <QDir>
-#include <QStandardPaths>
+#include <QFile>
 #include <gtest/gtest.h>
 
 /// Every test program runs with an application object, as a client does. The folders that the build names as the
 /// test's home are made here, so that nothing is ever written into the real one.
 int main(int argc, char** argv)
 {
+    testing::InitGoogleTest(&argc, argv);
+    if (testing::GTEST_FLAG(list_tests))
+        return RUN_ALL_TESTS();
     for (const char* name : {"HOME", "XDG_RUNTIME_DIR", "XDG_CONFIG_HOME", "XDG_DATA_HOME", "XDG_CACHE_HOME"})
-        QDir().mkpath(qEnvironmentVariable(name));
+        QDir().mkpath(qEnvironmentVariable(name, QStringLiteral(".")));
     QFile::setPermissions(qEnvironmentVariable("XDG_RUNTIME_DIR"),
                           QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
-    testing::InitGoogleTest(&argc, argv);
     QApplication app(argc, argv);
     return RUN_ALL_TESTS();
 }

@@ -1,0 +1,157 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "module_test.h"
+
+#include <QCoreApplication>
+#include <QTranslator>
+
+#include <array>
+
+namespace {
+
+struct Expected
+{
+    const char* id;
+    const char* name;
+    const char* description;
+};
+
+constexpr std::array expectedTypes{
+    Expected{"message_received", "Message received", "When you receive any message"},
+    Expected{"message_received_background", "Message received (Background chat)",
+             "When you receive a message in a background chat"},
+    Expected{"message_received_initial", "Message received (Initial)", "When you receive an initial message"},
+    Expected{"message_sent", "Message sent", "When you sent message"},
+    Expected{"alert_received_notify", "Alert received", "Alert received"},
+    Expected{"alert_sent_notify", "Alert sent", "Alert sent"},
+    Expected{"email_notify", "New email", "New email"},
+    Expected{"info_notify", "Information message", "Program information"},
+    Expected{"error_notify", "Error message", "Program error"},
+    Expected{"logged_in", "Account logged in", "Account logged in"},
+    Expected{"buddy_went_offline", "Buddy went offline", "When buddy changes presence to unavailable"},
+    Expected{"buddy_connected", "Buddy connected", "When buddy changes presence from unavailable"},
+    Expected{"buddy_went_away", "Buddy went away", "When buddy becomes away"},
+    Expected{"buddy_changed_status", "Buddy changed status", "When buddy changes status"},
+    Expected{"typing_started_notify", "Typing started", "When buddy start typing"},
+    Expected{"typing_stoped_notify", "Typing stoped", "When buddy stop typing"},
+    Expected{"conf_message_received", "Conference message received", "Conference message received"},
+    Expected{"conf_message_bg_received", "Conference message received (Background)",
+             "Conference message received (Background)"},
+};
+
+/// Marks what it translates with the context and the comment that it was asked with.
+class MarkingTranslator : public QTranslator
+{
+public:
+    QString translate(const char* context, const char* source, const char* comment, int /*n*/) const override
+    {
+        return QString::fromUtf8(source) + QLatin1Char('|') + QString::fromUtf8(context) + QLatin1Char('|')
+               + QString::fromUtf8(comment);
+    }
+    bool isEmpty() const override { return false; }
+};
+
+using Catalogue = ModuleTest;
+
+} // namespace
+
+TEST_F(Catalogue, HoldsExactlyTheEighteenTypesOfTheTable)
+{
+    module();
+    ZepaNotificationModule::init();
+    EXPECT_EQ(module().getNotifications().size(), 18);
+    for (const Expected& expected : expectedTypes) {
+        const ZepaNotification* notification = type(QString::fromLatin1(expected.id));
+        ASSERT_NE(notification, nullptr) << expected.id;
+        EXPECT_EQ(notification->getId(), QString::fromLatin1(expected.id));
+        EXPECT_EQ(notification->getName(), QString::fromLatin1(expected.name));
+        EXPECT_EQ(notification->getDescription(), QString::fromLatin1(expected.description));
+    }
+    EXPECT_EQ(type(QStringLiteral("typing_stoped_notify"))->getName(), QStringLiteral("Typing stoped"));
+}
+
+TEST_F(Catalogue, RegistersInTheOrderOfTheTable)
+{
+    ProbeMethod probe;
+    module().installNotificationMethod(&probe);
+    ZepaNotificationModule::init();
+    QStringList order;
+    for (const Expected& expected : expectedTypes)
+        order.append(QString::fromLatin1(expected.id));
+    EXPECT_EQ(probe.registered, order);
+}
+
+TEST_F(Catalogue, LeavesEveryThirdTextEmptyAndDescribesMailByItsName)
+{
+    module();
+    ZepaNotificationModule::init();
+    for (const ZepaNotification* notification : module().getNotifications())
+        EXPECT_TRUE(notification->getExtra().isEmpty());
+    EXPECT_EQ(type(QStringLiteral("email_notify"))->getDescription(), type(QStringLiteral("email_notify"))->getName());
+}
+
+TEST_F(Catalogue, TranslatesNameAndDescriptionUnderCommentsOfTheirOwn)
+{
+    MarkingTranslator translator;
+    module();
+    ASSERT_TRUE(QCoreApplication::installTranslator(&translator));
+    ZepaNotificationModule::init();
+    QCoreApplication::removeTranslator(&translator);
+    const ZepaNotification* alert = type(QStringLiteral("alert_sent_notify"));
+    EXPECT_EQ(alert->getName(), QStringLiteral("Alert sent|translation|notification event"));
+    EXPECT_EQ(alert->getDescription(), QStringLiteral("Alert sent|translation|notification event description"));
+}
+
+TEST_F(Catalogue, ChangesNothingWhenItIsFilledTwice)
+{
+    module();
+    ZepaNotificationModule::init();
+    const ZepaNotification* mail = type(QStringLiteral("email_notify"));
+    const qsizetype rules = module().getRules(type(QStringLiteral("email_notify"))).size();
+    ZepaNotificationModule::init();
+    EXPECT_EQ(module().getNotifications().size(), 18);
+    EXPECT_EQ(type(QStringLiteral("email_notify")), mail);
+    EXPECT_EQ(module().getRules(type(QStringLiteral("email_notify"))).size(), rules);
+}
+
+TEST_F(Catalogue, GivesAMethodThatIsInstalledAfterItStoredRulesOrElseDefaults)
+{
+    ProbeMethod probe;
+    for (const Expected& expected : expectedTypes)
+        probe.setDefaultNotificationConfig(QString::fromLatin1(expected.id), {});
+    host.writeRuleFile(QStringLiteral("message_sent"), "<rules/>");
+    host.writeRuleFile(QStringLiteral("typing_started_notify"), "<rules><probe><config/></probe></rules>");
+    module();
+    ZepaNotificationModule::init();
+    module().installNotificationMethod(&probe);
+    EXPECT_EQ(module().getNotificationRule(QStringLiteral("message_sent"), probe.getId()), nullptr);
+    EXPECT_NE(module().getNotificationRule(QStringLiteral("typing_started_notify"), probe.getId()), nullptr);
+    // No file, because no built-in method has a default for it.
+    EXPECT_NE(module().getNotificationRule(QStringLiteral("typing_stoped_notify"), probe.getId()), nullptr);
+}
+
+TEST_F(Catalogue, GivesAMethodThatIsInstalledBeforeItStoredRulesOrElseDefaults)
+{
+    ProbeMethod probe;
+    for (const Expected& expected : expectedTypes)
+        probe.setDefaultNotificationConfig(QString::fromLatin1(expected.id), {});
+    host.writeRuleFile(QStringLiteral("message_sent"), "<rules/>");
+    host.writeRuleFile(QStringLiteral("typing_started_notify"), "<rules><probe><config/></probe></rules>");
+    module().installNotificationMethod(&probe);
+    ZepaNotificationModule::init();
+    EXPECT_EQ(module().getNotificationRule(QStringLiteral("message_sent"), probe.getId()), nullptr);
+    EXPECT_EQ(module().getRules(type(QStringLiteral("typing_started_notify"))).size(), 1);
+    EXPECT_NE(module().getNotificationRule(QStringLiteral("email_notify"), probe.getId()), nullptr);
+}
+
+TEST_F(Catalogue, WritesNoRuleFileForATypeThatNoMethodHasADefaultFor)
+{
+    module();
+    ZepaNotificationModule::init();
+    EXPECT_EQ(host.ruleFiles(),
+              QStringList({QStringLiteral("alert_received_notify"), QStringLiteral("alert_sent_notify"),
+                           QStringLiteral("buddy_changed_status"), QStringLiteral("buddy_connected"),
+                           QStringLiteral("email_notify"), QStringLiteral("error_notify"),
+                           QStringLiteral("info_notify"), QStringLiteral("logged_in"),
+                           QStringLiteral("message_received"), QStringLiteral("message_received_background"),
+                           QStringLiteral("message_received_initial")}));
+}

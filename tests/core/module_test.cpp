@@ -1,0 +1,318 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "module_test.h"
+
+#include "host/tray_icon.h"
+
+namespace {
+
+const QString event = QStringLiteral("event");
+const QString other = QStringLiteral("other");
+
+using Module = ModuleTest;
+
+} // namespace
+
+TEST_F(Module, IsMadeOnceAndAfreshAfterItsEnd)
+{
+    ZepaNotificationModule* first = &module();
+    EXPECT_EQ(ZepaNotificationModule::getInstance(), first);
+    registerType(event);
+    closeModule();
+    EXPECT_TRUE(module().getNotifications().isEmpty());
+}
+
+TEST_F(Module, ShowsTheMainIconWithTheRosterThemesPicture)
+{
+    QTemporaryDir theme;
+    QDir(theme.path()).mkdir(QStringLiteral("icons"));
+    QPixmap picture(5, 7);
+    picture.fill(Qt::red);
+    ASSERT_TRUE(picture.save(theme.filePath(QStringLiteral("icons/unavail.png"))));
+    host.rosterThemeDir = theme.path() + QLatin1Char('/');
+
+    const ZepaTrayIcon* icon = module().getTrayIcon();
+    const TrayIconRecord& record = host.icons[icon];
+    EXPECT_EQ(record.calls, QStringList({QStringLiteral("made"), QStringLiteral("icon"), QStringLiteral("visible")}));
+    EXPECT_EQ(record.icon.availableSizes().value(0), QSize(5, 7));
+    EXPECT_EQ(icon->parent(), nullptr);
+}
+
+TEST_F(Module, InstallsTheFourBuiltInMethods)
+{
+    QStringList ids = module().getMethods().keys();
+    ids.sort();
+    EXPECT_EQ(ids, QStringList({QStringLiteral("zepa_chat_window_notification_method"),
+                                QStringLiteral("zepa_dock_bounce_notification_method"),
+                                QStringLiteral("zepa_hint_notification"),
+                                QStringLiteral("zepa_sound_notification_method")}));
+}
+
+TEST_F(Module, KeepsTheFirstOfTwoTypesWithOneIdentifier)
+{
+    ProbeMethod probe;
+    probe.setDefaultNotificationConfig(event, {});
+    module().installNotificationMethod(&probe);
+    module().registerNotification(event, QStringLiteral("first"), QString(), QString());
+    probe.registered.clear();
+    module().registerNotification(event, QStringLiteral("second"), QString(), QString());
+    EXPECT_EQ(type(event)->getName(), QStringLiteral("first"));
+    EXPECT_TRUE(probe.registered.isEmpty());
+    EXPECT_EQ(module().getRules(type(event)).size(), 1);
+}
+
+TEST_F(Module, TellsAMethodOfTheTypesBeforeAndAfterItsInstallation)
+{
+    registerType(event);
+    ProbeMethod probe;
+    module().installNotificationMethod(&probe);
+    registerType(other);
+    EXPECT_EQ(probe.lists, QList<QStringList>({{event}}));
+    EXPECT_EQ(probe.registered, QStringList({other}));
+}
+
+TEST_F(Module, IgnoresASecondMethodWithAnInstalledIdentifier)
+{
+    registerType(event);
+    ProbeMethod first;
+    ProbeMethod second;
+    second.setDefaultNotificationConfig(event, {});
+    module().installNotificationMethod(&first);
+    module().installNotificationMethod(&second);
+    EXPECT_EQ(module().getMethods().value(first.getId()), &first);
+    EXPECT_TRUE(second.lists.isEmpty());
+    EXPECT_TRUE(module().getRules(type(event)).isEmpty());
+}
+
+TEST_F(Module, GivesNoRuleToAMethodWhoseDefaultWasNeverSet)
+{
+    ProbeMethod probe;
+    module().installNotificationMethod(&probe);
+    registerType(event);
+    EXPECT_EQ(module().getNotificationRule(event, probe.getId()), nullptr);
+    EXPECT_TRUE(host.ruleFiles().isEmpty());
+}
+
+TEST_F(Module, GivesARuleWithTheMethodsOwnFieldsWhenItsDefaultIsAnEmptyList)
+{
+    ProbeMethod probe;
+    probe.fields = {ProbeMethod::box(QStringLiteral("box"), true)};
+    probe.setDefaultNotificationConfig(event, {});
+    module().installNotificationMethod(&probe);
+    registerType(event);
+    ASSERT_NE(module().getNotificationRule(event, probe.getId()), nullptr);
+    EXPECT_EQ(textOf(module().getNotificationRule(event, probe.getId())->getConfig(), QStringLiteral("box")),
+              QStringLiteral("true"));
+}
+
+TEST_F(Module, GivesADefaultRuleToEveryMethodOfAFirstRegistration)
+{
+    ProbeMethod first(QStringLiteral("first"));
+    ProbeMethod second(QStringLiteral("second"));
+    for (ProbeMethod* probe : {&first, &second}) {
+        probe->setDefaultNotificationConfig(event, {});
+        module().installNotificationMethod(probe);
+    }
+    registerType(event);
+    EXPECT_NE(module().getNotificationRule(event, QStringLiteral("first")), nullptr);
+    EXPECT_NE(module().getNotificationRule(event, QStringLiteral("second")), nullptr);
+}
+
+TEST_F(Module, GivesDefaultRulesForKnownTypesToAMethodThatIsInstalledLater)
+{
+    registerType(event);
+    registerType(other);
+    ProbeMethod probe;
+    probe.setDefaultNotificationConfig(event, {});
+    module().installNotificationMethod(&probe);
+    EXPECT_NE(module().getNotificationRule(event, probe.getId()), nullptr);
+    EXPECT_EQ(module().getNotificationRule(other, probe.getId()), nullptr);
+}
+
+TEST_F(Module, CreatesARuleForAOneFieldDefaultOfAnotherType)
+{
+    ProbeMethod probe;
+    probe.fields = {ProbeMethod::box(QStringLiteral("box"))};
+    probe.setDefaultNotificationConfig(event, {ProbeMethod::box(QStringLiteral("box"), true)});
+    module().installNotificationMethod(&probe);
+    registerType(event);
+    ASSERT_NE(module().getNotificationRule(event, probe.getId()), nullptr);
+    EXPECT_EQ(textOf(module().getNotificationRule(event, probe.getId())->getConfig(), QStringLiteral("box")),
+              QStringLiteral("true"));
+}
+
+TEST_F(Module, StillPostsThroughAMethodThatWasUninstalledButFindsItNoMore)
+{
+    ProbeMethod probe;
+    probe.setDefaultNotificationConfig(event, {});
+    module().installNotificationMethod(&probe);
+    registerType(event);
+    const QByteArray stored = host.readRuleFile(event);
+    module().uninstallNotificationMethod(&probe);
+
+    QList<ZepaField> config;
+    EXPECT_EQ(module().getNotificationRule(event, probe.getId()), nullptr);
+    EXPECT_EQ(module().addNotificationRule(event, probe.getId(), config), nullptr);
+    EXPECT_EQ(module().updateNotificationRule(event, probe.getId(), config), nullptr);
+    module().removeNotificationRule(event, probe.getId());
+    EXPECT_EQ(host.readRuleFile(event), stored);
+    post(event, QStringLiteral("title"));
+    EXPECT_EQ(probe.calls.size(), 1);
+}
+
+TEST_F(Module, FindsNoRuleForUnknownIdentifiers)
+{
+    ProbeMethod probe;
+    module().installNotificationMethod(&probe);
+    registerType(event);
+    EXPECT_EQ(module().getNotificationRule(QStringLiteral("unknown"), probe.getId()), nullptr);
+    EXPECT_EQ(module().getNotificationRule(event, QStringLiteral("unknown")), nullptr);
+    EXPECT_EQ(module().getNotificationRule(event, probe.getId()), nullptr);
+}
+
+TEST_F(Module, FindsNoRuleOfAnotherMethod)
+{
+    ProbeMethod probe;
+    ProbeMethod without(QStringLiteral("without"));
+    module().installNotificationMethod(&probe);
+    module().installNotificationMethod(&without);
+    registerType(event);
+    addRule(event, probe);
+    EXPECT_EQ(module().getNotificationRule(event, without.getId()), nullptr);
+}
+
+TEST_F(Module, AddsNoRuleForUnknownIdentifiersAndWritesNothing)
+{
+    ProbeMethod probe;
+    module().installNotificationMethod(&probe);
+    registerType(event);
+    QList<ZepaField> config;
+    EXPECT_EQ(module().addNotificationRule(QStringLiteral("unknown"), probe.getId(), config), nullptr);
+    EXPECT_EQ(module().addNotificationRule(event, QStringLiteral("unknown"), config), nullptr);
+    EXPECT_EQ(module().updateNotificationRule(QStringLiteral("unknown"), probe.getId(), config), nullptr);
+    EXPECT_TRUE(host.ruleFiles().isEmpty());
+}
+
+TEST_F(Module, KeepsBothOfTwoRulesForOnePairFindsTheNewerAndFiresBoth)
+{
+    ProbeMethod probe;
+    module().installNotificationMethod(&probe);
+    registerType(event);
+    QList<ZepaField> config;
+    ZepaNotificationRule* older = module().addNotificationRule(event, probe.getId(), config);
+    ZepaNotificationRule* newer = module().addNotificationRule(event, probe.getId(), config);
+    EXPECT_NE(older, newer);
+    EXPECT_EQ(module().getNotificationRule(event, probe.getId()), newer);
+    EXPECT_EQ(module().getRules(type(event)), QList<ZepaNotificationRule*>({newer, older}));
+    post(event, QStringLiteral("title"));
+    EXPECT_EQ(probe.calls.size(), 2);
+}
+
+TEST_F(Module, AddsARuleForAMethodThatIsNotInstalledWhenGivenTheObjects)
+{
+    ProbeMethod probe;
+    registerType(event);
+    EXPECT_NE(addRule(event, probe), nullptr);
+    post(event, QStringLiteral("title"));
+    EXPECT_EQ(probe.calls.size(), 1);
+}
+
+TEST_F(Module, UpdateAddsARuleWhenThePairHasNoneAndWritesOnlyThatTypesFile)
+{
+    ProbeMethod probe;
+    module().installNotificationMethod(&probe);
+    registerType(event);
+    registerType(other);
+    addRule(other, probe);
+    host.writeRuleFile(other, "untouched");
+    QList<ZepaField> config;
+    EXPECT_NE(module().updateNotificationRule(event, probe.getId(), config), nullptr);
+    EXPECT_EQ(host.readRuleFile(other), QByteArray("untouched"));
+    EXPECT_FALSE(host.readRuleFile(event).isNull());
+}
+
+TEST_F(Module, UpdateOfAnExistingRuleRewritesEveryTypesFile)
+{
+    ProbeMethod probe;
+    probe.fields = {ProbeMethod::text(QStringLiteral("one"), QStringLiteral("a")),
+                    ProbeMethod::text(QStringLiteral("two"), QStringLiteral("b"))};
+    module().installNotificationMethod(&probe);
+    registerType(event);
+    registerType(other);
+    ZepaNotificationRule* rule = addRule(event, probe);
+    addRule(other, probe);
+    const QByteArray before = host.readRuleFile(other);
+    host.writeRuleFile(other, "to be rewritten");
+    QList<ZepaField> config{ProbeMethod::text(QStringLiteral("two"), QStringLiteral("changed"))};
+    EXPECT_EQ(module().updateNotificationRule(event, probe.getId(), config), rule);
+    EXPECT_EQ(textOf(rule->getConfig(), QStringLiteral("one")), QStringLiteral("a"));
+    EXPECT_EQ(textOf(rule->getConfig(), QStringLiteral("two")), QStringLiteral("changed"));
+    EXPECT_EQ(module().getRules(type(event)).size(), 1);
+    EXPECT_EQ(host.readRuleFile(other).size(), before.size());
+    EXPECT_TRUE(host.readRuleFile(event).contains("changed"));
+}
+
+TEST_F(Module, RemovesARuleAndRewritesItsFile)
+{
+    ProbeMethod probe;
+    module().installNotificationMethod(&probe);
+    registerType(event);
+    ZepaNotificationRule* older = addRule(event, probe);
+    addRule(event, probe);
+    module().removeNotificationRule(event, probe.getId());
+    EXPECT_EQ(module().getRules(type(event)), QList<ZepaNotificationRule*>({older}));
+    EXPECT_EQ(host.readRuleFile(event).count("<probe>"), 1);
+}
+
+TEST_F(Module, LeavesARuleAloneThatIsNotInTheRegistryAndWritesNothing)
+{
+    ProbeMethod probe;
+    registerType(event);
+    ZepaNotificationRule stranger(type(event), &probe, {});
+    module().removeNotificationRule(&stranger);
+    EXPECT_EQ(stranger.getMethod(), &probe);
+    EXPECT_TRUE(host.ruleFiles().isEmpty());
+}
+
+TEST_F(Module, RemovesNothingForNullOrUnknownIdentifiers)
+{
+    ProbeMethod probe;
+    module().installNotificationMethod(&probe);
+    registerType(event);
+    addRule(event, probe);
+    module().removeNotificationRule(nullptr);
+    module().removeNotificationRule(QStringLiteral("unknown"), probe.getId());
+    module().removeNotificationRule(event, QStringLiteral("unknown"));
+    EXPECT_EQ(module().getRules(type(event)).size(), 1);
+}
+
+TEST_F(Module, WritesNoFileAndTellsNoOutsideMethodWhenItEnds)
+{
+    ProbeMethod probe;
+    probe.setDefaultNotificationConfig(event, {});
+    module().installNotificationMethod(&probe);
+    registerType(event);
+    host.writeRuleFile(event, "untouched");
+    const qsizetype told = probe.lists.size() + probe.registered.size();
+    closeModule();
+    EXPECT_EQ(host.readRuleFile(event), QByteArray("untouched"));
+    EXPECT_EQ(probe.lists.size() + probe.registered.size(), told);
+}
+
+TEST_F(Module, SurvivesAMethodThatInstallsAnotherWhileTypesAreRegistered)
+{
+    class Installer : public ProbeMethod
+    {
+    public:
+        void registerNotification(ZepaNotification* /*notification*/) override
+        {
+            ZepaNotificationModule::getInstance()->installNotificationMethod(&inner);
+        }
+        ProbeMethod inner{QStringLiteral("inner")};
+    };
+    Installer installer;
+    module().installNotificationMethod(&installer);
+    registerType(event);
+    EXPECT_EQ(module().getMethods().value(QStringLiteral("inner")), &installer.inner);
+    EXPECT_EQ(installer.inner.lists, QList<QStringList>({{event}}));
+    EXPECT_TRUE(installer.inner.registered.isEmpty());
+}

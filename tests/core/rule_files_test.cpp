@@ -1,0 +1,270 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "module_test.h"
+
+#include "host/xml_node.h"
+
+#include <QFile>
+
+namespace {
+
+const QString event = QStringLiteral("message_received");
+const QString other = QStringLiteral("other");
+const QString setting = QStringLiteral("setting");
+
+class RuleFiles : public ModuleTest
+{
+protected:
+    RuleFiles()
+    {
+        probe.fields = {ProbeMethod::text(setting, QStringLiteral("initial")),
+                        ProbeMethod::text(QStringLiteral("second"), QStringLiteral("s"))};
+    }
+
+    /// A rule element as the module writes it.
+    static QByteArray element(const QString& method, const QList<ZepaField>& config)
+    {
+        ZepaXmlNode node(method, QString(), nullptr);
+        node.appendChild(ZepaField::toXml(config));
+        const QByteArray document = node.toByteArray(-1);
+        return document.mid(document.indexOf("?>") + 2).trimmed();
+    }
+    static QByteArray document(const QByteArray& elements) { return "<rules>" + elements + "</rules>"; }
+    QByteArray probeElement(const QString& value = QStringLiteral("stored"))
+    {
+        return element(QStringLiteral("probe"), {ProbeMethod::text(setting, value)});
+    }
+    /// The rules of the built-in methods have no part in these tests: `event` is none of their types' defaults here.
+    qsizetype ruleCount(const QString& id = event) { return module().getRules(type(id)).size(); }
+
+    ProbeMethod probe;
+    ProbeMethod second{QStringLiteral("second")};
+};
+
+} // namespace
+
+TEST_F(RuleFiles, StandInTheSettingsFolderUnderTheTypesIdentifierWithoutExtension)
+{
+    registerType(event);
+    EXPECT_TRUE(QFile::exists(host.settings.path() + QStringLiteral("/notifications/message_received")));
+}
+
+TEST_F(RuleFiles, GiveOneRuleForOneElementOfAnInstalledMethod)
+{
+    module().installNotificationMethod(&probe);
+    host.writeRuleFile(event, document(probeElement()));
+    registerType(event);
+    ASSERT_EQ(ruleCount(), 1);
+    const ZepaNotificationRule* rule = module().getNotificationRule(event, QStringLiteral("probe"));
+    ASSERT_NE(rule, nullptr);
+    EXPECT_EQ(textOf(rule->getConfig(), setting), QStringLiteral("stored"));
+    EXPECT_EQ(textOf(rule->getConfig(), QStringLiteral("second")), QStringLiteral("s"));
+}
+
+TEST_F(RuleFiles, GiveNoRuleForAMethodThatIsNotInstalledAndLoseItsElementAtTheNextStore)
+{
+    host.writeRuleFile(event, document(element(QStringLiteral("stranger"), {}) + probeElement()));
+    module().installNotificationMethod(&probe);
+    registerType(event);
+    EXPECT_EQ(ruleCount(), 1);
+    EXPECT_TRUE(host.readRuleFile(event).contains("stranger"));
+    module().storeNotificationRules(type(event));
+    EXPECT_FALSE(host.readRuleFile(event).contains("stranger"));
+    EXPECT_TRUE(host.readRuleFile(event).contains("probe"));
+}
+
+TEST_F(RuleFiles, GiveNoRuleForAnElementWithoutAChild)
+{
+    module().installNotificationMethod(&probe);
+    host.writeRuleFile(event, document("<probe/><probe>text only</probe>"));
+    registerType(event);
+    EXPECT_EQ(ruleCount(), 0);
+}
+
+TEST_F(RuleFiles, AreReadByTheFirstChildOfAnElementAlone)
+{
+    module().installNotificationMethod(&probe);
+    const QByteArray first = probeElement(QStringLiteral("first"));
+    const QByteArray later = probeElement(QStringLiteral("later"));
+    const QByteArray open = "<probe>";
+    const QByteArray close = "</probe>";
+    host.writeRuleFile(event, document(first.chopped(close.size()) + later.mid(open.size())));
+    registerType(event);
+    ASSERT_EQ(ruleCount(), 1);
+    EXPECT_EQ(textOf(module().getRules(type(event)).first()->getConfig(), setting), QStringLiteral("first"));
+}
+
+class BrokenRuleFiles
+    : public RuleFiles
+    , public testing::WithParamInterface<const char*>
+{};
+
+TEST_P(BrokenRuleFiles, GiveNoRulesAndNoDefaultsAndStayAsTheyAre)
+{
+    probe.setDefaultNotificationConfig(event, {});
+    module().installNotificationMethod(&probe);
+    host.writeRuleFile(event, GetParam());
+    registerType(event);
+    EXPECT_EQ(ruleCount(), 0);
+    EXPECT_EQ(host.readRuleFile(event), QByteArray(GetParam()));
+}
+
+INSTANTIATE_TEST_SUITE_P(Content, BrokenRuleFiles,
+                         testing::Values("", "not XML", "<rules>", "<rules><probe><a/></probe></rules", "<rules/>",
+                                         "<rules></rules><rules/>", "\xff\xfe\x00", "<rules>text</rules>",
+                                         "<!DOCTYPE r [<!ENTITY a \"&b;&b;\"><!ENTITY b \"&a;\">]><rules>&a;</rules>"));
+
+TEST_F(RuleFiles, ThatCannotBeReadGiveNoRulesAndNoDefaults)
+{
+    probe.setDefaultNotificationConfig(event, {});
+    module().installNotificationMethod(&probe);
+    // A folder exists and cannot be opened as a file, whoever runs the test.
+    ASSERT_TRUE(QDir().mkdir(host.ruleFile(event)));
+    registerType(event);
+    EXPECT_EQ(ruleCount(), 0);
+}
+
+TEST_F(RuleFiles, ThatCannotBeWrittenArePassedOverAndTheOthersWritten)
+{
+    module().installNotificationMethod(&probe);
+    ASSERT_TRUE(QDir().mkdir(host.ruleFile(event)));
+    registerType(event);
+    registerType(other);
+    addRule(event, probe);
+    addRule(other, probe);
+    ASSERT_TRUE(QFile::remove(host.ruleFile(other)));
+    module().storeNotificationRules(nullptr);
+    EXPECT_TRUE(host.readRuleFile(other).contains("probe"));
+}
+
+TEST_F(RuleFiles, AreNotMadeWithoutTheFolderThatTheClientShouldHaveMade)
+{
+    ASSERT_TRUE(QDir(host.settings.path()).rmdir(QStringLiteral("notifications")));
+    module().installNotificationMethod(&probe);
+    registerType(event);
+    addRule(event, probe);
+    EXPECT_FALSE(QFile::exists(host.settings.path() + QStringLiteral("/notifications")));
+}
+
+TEST_F(RuleFiles, OfAllInstalledMethodsAreReadWhicheverMethodIsGiven)
+{
+    module().installNotificationMethod(&probe);
+    module().installNotificationMethod(&second);
+    registerType(other);
+    host.writeRuleFile(other, document(probeElement() + element(QStringLiteral("second"), {})));
+    module().setupNotificationRules(type(other), &probe);
+    EXPECT_NE(module().getNotificationRule(other, QStringLiteral("probe")), nullptr);
+    EXPECT_NE(module().getNotificationRule(other, QStringLiteral("second")), nullptr);
+}
+
+TEST_F(RuleFiles, AddASecondRuleForEachMethodAlreadyReadWhenAMethodIsInstalledLater)
+{
+    host.writeRuleFile(event, document(probeElement() + element(QStringLiteral("second"), {})));
+    module().installNotificationMethod(&probe);
+    registerType(event);
+    EXPECT_EQ(ruleCount(), 1);
+    module().installNotificationMethod(&second);
+    EXPECT_EQ(ruleCount(), 3);
+}
+
+TEST_F(RuleFiles, AreNotReadForAMethodThatIsGivenButNotInstalled)
+{
+    registerType(other);
+    host.writeRuleFile(other, document(probeElement()));
+    module().setupNotificationRules(type(other), &probe);
+    EXPECT_EQ(ruleCount(other), 0);
+}
+
+TEST_F(RuleFiles, AreNeitherReadNorMadeForNullOrAMissingFile)
+{
+    module().installNotificationMethod(&probe);
+    registerType(other);
+    module().setupNotificationRules(nullptr, &probe);
+    module().setupNotificationRules(type(other), &probe);
+    EXPECT_EQ(ruleCount(other), 0);
+    EXPECT_TRUE(host.ruleFiles().isEmpty());
+}
+
+TEST_F(RuleFiles, OfTypesWithRulesAloneAreWrittenForNull)
+{
+    module().installNotificationMethod(&probe);
+    registerType(QStringLiteral("with"));
+    registerType(QStringLiteral("without"));
+    addRule(QStringLiteral("with"), probe);
+    host.writeRuleFile(QStringLiteral("with"), "old");
+    host.writeRuleFile(QStringLiteral("without"), "untouched");
+    module().storeNotificationRules(nullptr);
+    EXPECT_TRUE(host.readRuleFile(QStringLiteral("with")).contains("probe"));
+    EXPECT_EQ(host.readRuleFile(QStringLiteral("without")), QByteArray("untouched"));
+}
+
+TEST_F(RuleFiles, HoldAnEmptyRulesElementAfterTheLastRuleIsRemovedAndKeepDefaultsAway)
+{
+    probe.setDefaultNotificationConfig(event, {});
+    module().installNotificationMethod(&probe);
+    registerType(event);
+    for (ZepaNotificationRule* rule : module().getRules(type(event)))
+        module().removeNotificationRule(rule);
+    const QByteArray content = host.readRuleFile(event);
+    EXPECT_TRUE(content.endsWith("<rules/>") || content.endsWith("<rules></rules>")) << content.constData();
+
+    closeModule();
+    module().installNotificationMethod(&probe);
+    registerType(event);
+    EXPECT_EQ(ruleCount(), 0);
+}
+
+TEST_F(RuleFiles, ListTheRulesOfATypeNewestFirstOnOneLine)
+{
+    module().installNotificationMethod(&probe);
+    module().installNotificationMethod(&second);
+    registerType(other);
+    addRule(other, probe);
+    addRule(other, second);
+    const QByteArray content = host.readRuleFile(other);
+    EXPECT_GT(content.indexOf("<second>"), 0);
+    EXPECT_LT(content.indexOf("<second>"), content.indexOf("<probe>"));
+    EXPECT_EQ(content.trimmed().count('\n'), 0);
+}
+
+TEST_F(RuleFiles, BringEverySettingBackAfterARestart)
+{
+    module().installNotificationMethod(&probe);
+    registerType(other);
+    const QString value = QStringLiteral("a <b> & \"c\" \u00e4\u20ac") + QChar(1) + QChar(0xd800);
+    addRule(other, probe, {ProbeMethod::text(setting, value)});
+    closeModule();
+    module().installNotificationMethod(&probe);
+    registerType(other);
+    ASSERT_EQ(ruleCount(other), 1);
+    EXPECT_EQ(textOf(module().getRules(type(other)).first()->getConfig(), setting), value);
+}
+
+TEST_F(RuleFiles, AMillionLevelsDeepOrFullOfEntitiesGiveNoRulesAndNoCrash)
+{
+    module().installNotificationMethod(&probe);
+    constexpr int levels = 1'000'000;
+    host.writeRuleFile(QStringLiteral("deep"),
+                       "<rules><probe>" + QByteArray("<a>").repeated(levels) + QByteArray("</a>").repeated(levels)
+                           + "</probe></rules>");
+    registerType(QStringLiteral("deep"));
+    EXPECT_EQ(ruleCount(QStringLiteral("deep")), 1);
+
+    QByteArray bomb = "<!DOCTYPE r [<!ENTITY e0 \"0123456789\">";
+    for (int i = 1; i < 20; ++i) {
+        const QByteArray inner = "&e" + QByteArray::number(i - 1) + ";";
+        bomb += "<!ENTITY e" + QByteArray::number(i) + " \"" + inner.repeated(10) + "\">";
+    }
+    host.writeRuleFile(QStringLiteral("bomb"), bomb + "]><rules><probe><a>&e19;</a></probe></rules>");
+    registerType(QStringLiteral("bomb"));
+    EXPECT_EQ(ruleCount(QStringLiteral("bomb")), 0);
+}
+
+TEST_F(RuleFiles, OfTenMegabytesAreRead)
+{
+    module().installNotificationMethod(&probe);
+    const QString value(10'000'000, QLatin1Char('x'));
+    host.writeRuleFile(event, document(probeElement(value)));
+    registerType(event);
+    ASSERT_EQ(ruleCount(), 1);
+    EXPECT_EQ(textOf(module().getRules(type(event)).first()->getConfig(), setting).size(), value.size());
+}

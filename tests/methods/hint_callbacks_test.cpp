@@ -1,0 +1,203 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "methods/hint_notification_method.h"
+#include "module_test.h"
+
+#include <functional>
+
+namespace {
+
+const QString event = QStringLiteral("info_notify");
+
+class HintCallbacks : public ModuleTest
+{
+protected:
+    HintCallbacks() { registerType(event); }
+
+    /// Posts with an action; the context of its pop-up stays alive until the test ends.
+    CFPropertyListRef post(const std::function<void()>& work = [] {})
+    {
+        static int postings = 0;
+        ModuleTest::post(event, QString::number(++postings), ZepaPluginAction(work));
+        return RecordingGrowl::popups.last().context;
+    }
+    /// Posts straight to the method under a number of the test's choice.
+    CFPropertyListRef postNumber(unsigned int number, const std::function<void()>& work)
+    {
+        hnminstance->postNotification(number, type(event), event, event, QString(), QString(), {},
+                                      ZepaPluginAction(work), {});
+        return RecordingGrowl::popups.last().context;
+    }
+    /// The lines that `work` prints to standard error.
+    static QStringList printed(const std::function<void()>& work)
+    {
+        testing::internal::CaptureStderr();
+        work();
+        const QString text = QString::fromStdString(testing::internal::GetCapturedStderr());
+        return text.split(QLatin1Char('\n'), Qt::SkipEmptyParts);
+    }
+
+    int runs = 0;
+    const std::function<void()> count = [this] { ++runs; };
+};
+
+} // namespace
+
+TEST_F(HintCallbacks, AClickRunsTheActionOnceAndForgetsIt)
+{
+    const CFPropertyListRef context = post(count);
+    notificationClicked(context);
+    notificationClicked(context);
+    notificationTimedOut(context);
+    EXPECT_EQ(runs, 1);
+    // What is left is the recording Growl's reference.
+    EXPECT_EQ(CFGetRetainCount(context), 1);
+}
+
+TEST_F(HintCallbacks, AClickWithAnEqualContextThatIsAnotherObjectRunsTheAction)
+{
+    post(count);
+    notificationClicked(CFSTR("0"));
+    EXPECT_EQ(runs, 1);
+}
+
+TEST_F(HintCallbacks, AClickRunsTheActionsOfAllEqualContexts)
+{
+    CFPropertyListRef first = postNumber(7, count);
+    CFPropertyListRef second = postNumber(7, count);
+    CFPropertyListRef other = postNumber(8, [] { FAIL(); });
+    notificationClicked(first);
+    EXPECT_EQ(runs, 2);
+    EXPECT_EQ(CFGetRetainCount(first), 1);
+    EXPECT_EQ(CFGetRetainCount(second), 1);
+    EXPECT_EQ(CFGetRetainCount(other), 2);
+}
+
+TEST_F(HintCallbacks, ATimeOutForgetsTheActionWithoutRunningOrPrintingAnything)
+{
+    const CFPropertyListRef context = post(count);
+    EXPECT_TRUE(printed([&] { notificationTimedOut(context); }).isEmpty());
+    EXPECT_EQ(CFGetRetainCount(context), 1);
+    notificationClicked(context);
+    EXPECT_EQ(runs, 0);
+}
+
+TEST_F(HintCallbacks, AnAnswerForAContextThatIsNotPendingLeavesTheTableUnchanged)
+{
+    const CFPropertyListRef context = post(count);
+    notificationTimedOut(CFSTR("not pending"));
+    notificationClicked(CFSTR("not pending"));
+    EXPECT_EQ(runs, 0);
+    EXPECT_EQ(CFGetRetainCount(context), 2);
+    notificationClicked(context);
+    EXPECT_EQ(runs, 1);
+}
+
+TEST_F(HintCallbacks, AClickPrintsTheContextTwiceAndEveryPendingOne)
+{
+    post();
+    post();
+    const QStringList lines = printed([] { notificationClicked(CFSTR("other")); });
+    ASSERT_EQ(lines.size(), 4);
+    EXPECT_EQ(lines.first(), QStringLiteral("other"));
+    EXPECT_EQ(lines.at(1), QStringLiteral("other"));
+    EXPECT_TRUE(lines.contains(QStringLiteral("0")));
+    EXPECT_TRUE(lines.contains(QStringLiteral("1")));
+}
+
+TEST(HintCallbacksAlone, AClickBeforeAnyMethodExistsDoesNothingButOnePrint)
+{
+    ASSERT_EQ(hnminstance, nullptr);
+    testing::internal::CaptureStderr();
+    notificationClicked(CFSTR("early"));
+    notificationTimedOut(CFSTR("early"));
+    EXPECT_EQ(testing::internal::GetCapturedStderr(), "early\n");
+}
+
+TEST_F(HintCallbacks, AnAnswerAfterTheModuleIsGoneTouchesNothingThoughTheGlobalStillPointsThere)
+{
+    const CFPropertyListRef context = post([] { FAIL(); });
+    const ZepaHintNotificationMethod* before = hnminstance;
+    closeModule();
+    EXPECT_EQ(hnminstance, before);
+    EXPECT_EQ(CFGetRetainCount(context), 1);
+    notificationClicked(context);
+    notificationTimedOut(context);
+}
+
+TEST_F(HintCallbacks, AnActionMayClickTheSamePopupAgain)
+{
+    CFPropertyListRef context = nullptr;
+    context = post([&] {
+        ++runs;
+        notificationClicked(context);
+    });
+    notificationClicked(context);
+    EXPECT_EQ(runs, 1);
+}
+
+TEST_F(HintCallbacks, AnActionMayAnswerAnEqualPopupThatIsStillToCome)
+{
+    const auto clickAgain = [&] {
+        ++runs;
+        notificationClicked(CFSTR("7"));
+    };
+    postNumber(7, clickAgain);
+    postNumber(7, clickAgain);
+    notificationClicked(CFSTR("7"));
+    EXPECT_EQ(runs, 2);
+}
+
+TEST_F(HintCallbacks, AnActionMayTimeOutAnEqualPopupThatIsStillToCome)
+{
+    const auto timeOut = [&] {
+        ++runs;
+        notificationTimedOut(CFSTR("7"));
+    };
+    postNumber(7, timeOut);
+    postNumber(7, timeOut);
+    notificationClicked(CFSTR("7"));
+    EXPECT_EQ(runs, 1);
+}
+
+TEST_F(HintCallbacks, APopupThatAnActionPostsIsNotAnsweredByTheSameClick)
+{
+    CFPropertyListRef inner = nullptr;
+    postNumber(7, [&] { inner = postNumber(7, count); });
+    notificationClicked(CFSTR("7"));
+    EXPECT_EQ(runs, 0);
+    notificationClicked(inner);
+    EXPECT_EQ(runs, 1);
+}
+
+TEST_F(HintCallbacks, AnActionMayTakeTheModuleDown)
+{
+    postNumber(7, [&] { closeModule(); });
+    postNumber(7, [&] { closeModule(); });
+    notificationClicked(CFSTR("7"));
+    EXPECT_TRUE(module().getNotifications().isEmpty());
+}
+
+TEST_F(HintCallbacks, AClientMayPostWhenItNoticesThatItsActionIsGone)
+{
+    CFPropertyListRef context = nullptr;
+    {
+        const std::shared_ptr<int> token(new int, [this](int* value) {
+            delete value;
+            post(count);
+        });
+        context = post([token] {});
+    }
+    const qsizetype before = RecordingGrowl::popups.size();
+    notificationTimedOut(context);
+    EXPECT_EQ(RecordingGrowl::popups.size(), before + 1);
+}
+
+TEST_F(HintCallbacks, AnAnswerThatComesInsideAPostingFindsTheAction)
+{
+    RecordingGrowl::whilePosting = [] {
+        RecordingGrowl::whilePosting = nullptr;
+        notificationClicked(RecordingGrowl::popups.last().context);
+    };
+    post(count);
+    EXPECT_EQ(runs, 1);
+}

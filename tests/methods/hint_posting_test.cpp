@@ -1,0 +1,195 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "methods/hint_notification_method.h"
+#include "module_test.h"
+
+#include <QPixmap>
+
+#include <limits>
+
+namespace {
+
+class HintPosting : public ModuleTest
+{
+protected:
+    HintPosting() { RecordingGrowl::reset(); }
+
+    static ZepaField sticky(bool on) { return ProbeMethod::box(QStringLiteral("sticky"), on); }
+    const RecordedPopup& post(const QString& title, const QString& text, const QList<ZepaField>& config = {},
+                              const ZepaPluginAction& reaction = ZepaPluginAction(), const QString& icon = QString(),
+                              unsigned int sequence = 0)
+    {
+        method.postNotification(sequence, &notification, title, text, icon, QStringLiteral("extra"), config, reaction,
+                                {});
+        return RecordingGrowl::popups.last();
+    }
+    /// What the pop-up shows for a title or text.
+    QString shown(const QString& text) { return post(text, QString()).title; }
+
+    ZepaHintNotificationMethod method;
+    ZepaNotification notification{QStringLiteral("id"), QStringLiteral("Message received"), QString(), QString()};
+    const ZepaPluginAction action{[] {}};
+    const QString a = QStringLiteral("a");
+};
+
+} // namespace
+
+TEST_F(HintPosting, FillsTheRecordWithTheDisplayNameAndNothingThatIsNotAsked)
+{
+    const RecordedPopup& popup = post(QStringLiteral("title"), QStringLiteral("text"));
+    EXPECT_EQ(popup.size, sizeof(Growl_Notification));
+    EXPECT_EQ(popup.name, QStringLiteral("Message received"));
+    EXPECT_EQ(popup.title, QStringLiteral("title"));
+    EXPECT_EQ(popup.description, QStringLiteral("text"));
+    EXPECT_TRUE(popup.icon.isNull());
+    EXPECT_EQ(popup.priority, 0);
+    EXPECT_EQ(popup.reserved, 0U);
+    EXPECT_FALSE(popup.sticky);
+    EXPECT_EQ(popup.context, nullptr);
+    EXPECT_FALSE(popup.hasCallback);
+    EXPECT_FALSE(popup.hasIdentifier);
+}
+
+TEST_F(HintPosting, RegistersAgainAtEveryPostingThatFindsGrowlRunning)
+{
+    post(a, a);
+    post(a, a, {}, action);
+    EXPECT_EQ(RecordingGrowl::calls.join(QLatin1Char(' ')),
+              QStringLiteral("set running set post running set post"));
+}
+
+TEST_F(HintPosting, DoesNothingWhenGrowlIsNotRunningEvenWithAnAction)
+{
+    RecordingGrowl::running = false;
+    auto alive = std::make_shared<int>();
+    const std::weak_ptr<int> watch = alive;
+    method.postNotification(0, &notification, a, a, QString(), QString(), {},
+                            ZepaPluginAction([alive = std::move(alive)] {}), {});
+    EXPECT_EQ(RecordingGrowl::calls.join(QLatin1Char(' ')), QStringLiteral("set running"));
+    EXPECT_TRUE(watch.expired()) << "the action is kept";
+}
+
+// Never sticky with an action, sticky without one: this is odd and meant.
+TEST_F(HintPosting, IsNotStickyWithAnActionThoughTheRuleSaysSoAndIsWithoutOne)
+{
+    EXPECT_FALSE(post(a, a, {sticky(true)}, action).sticky);
+    EXPECT_TRUE(post(a, a, {sticky(true)}).sticky);
+}
+
+TEST_F(HintPosting, TakesTheLastStickyFieldAndNoOther)
+{
+    EXPECT_FALSE(post(a, a, {sticky(true), sticky(false)}).sticky);
+    EXPECT_TRUE(post(a, a, {sticky(false), sticky(true)}).sticky);
+    EXPECT_FALSE(post(a, a, {ProbeMethod::box(QStringLiteral("Sticky"), true)}).sticky);
+    EXPECT_FALSE(post(a, a).sticky);
+}
+
+TEST_F(HintPosting, TakesTheImageMarkerOutAndKeepsBothBlanks)
+{
+    EXPECT_EQ(shown(QStringLiteral("New image:/tmp/a.png:image message")), QStringLiteral("New  message"));
+}
+
+TEST_F(HintPosting, TakesEverythingFromTheFirstMarkerToTheLast)
+{
+    const QString text = post(a, QStringLiteral("image:a:image x image:b:image")).description;
+    EXPECT_TRUE(text.isEmpty());
+    EXPECT_FALSE(text.isNull());
+}
+
+TEST_F(HintPosting, TakesMarkersOutAsTheGreedyExpressionSays)
+{
+    EXPECT_EQ(shown(QStringLiteral("a image:x\ny:image b")), QStringLiteral("a  b"));
+    EXPECT_EQ(shown(QStringLiteral("aimage::imageb")), QStringLiteral("ab"));
+    EXPECT_EQ(shown(QStringLiteral("image:image")), QStringLiteral("image:image"));
+    EXPECT_EQ(shown(QStringLiteral("image:x")), QStringLiteral("image:x"));
+    EXPECT_EQ(shown(QStringLiteral(":image x image:")), QStringLiteral(":image x image:"));
+    EXPECT_EQ(shown(QStringLiteral("IMAGE:x:IMAGE")), QStringLiteral("IMAGE:x:IMAGE"));
+    EXPECT_EQ(shown(QStringLiteral("image:a image:b:image c")), QStringLiteral(" c"));
+    EXPECT_EQ(shown(QStringLiteral("image:a:image:image")), QStringLiteral(""));
+    const QString surrogate = QString(QChar(0xd800));
+    EXPECT_EQ(shown(surrogate + QStringLiteral("image:x") + surrogate + QStringLiteral(":image!")),
+              surrogate + QLatin1Char('!'));
+}
+
+TEST_F(HintPosting, LeavesTheCallersTextsAlone)
+{
+    const QString title = QStringLiteral("a image:b:image");
+    post(title, title);
+    EXPECT_EQ(title, QStringLiteral("a image:b:image"));
+}
+
+TEST_F(HintPosting, GivesNoStringForANullTextAndAnEmptyOneForAnEmptyText)
+{
+    const RecordedPopup& without = post(QString(), QString());
+    EXPECT_TRUE(without.title.isNull());
+    EXPECT_TRUE(without.description.isNull());
+    const RecordedPopup& empty = post(QStringLiteral(""), QStringLiteral(""));
+    EXPECT_FALSE(empty.title.isNull());
+    EXPECT_FALSE(empty.description.isNull());
+    EXPECT_TRUE(empty.title.isEmpty());
+    const RecordedPopup& withAction = post(QString(), QString(), {}, action);
+    EXPECT_TRUE(withAction.title.isNull());
+}
+
+TEST_F(HintPosting, SurvivesATypeWithoutAName)
+{
+    ZepaNotification nameless(QStringLiteral("id"), QString(), QString(), QString());
+    method.postNotification(0, &nameless, a, a, QString(), QString(), {}, action, {});
+    EXPECT_TRUE(RecordingGrowl::popups.last().name.isNull());
+}
+
+TEST_F(HintPosting, KeepsSurrogatePairsAsTheyAre)
+{
+    const QString text = QString::fromUtf8("\xf0\x9f\x98\x80 and \xf0\x9d\x84\x9e");
+    ASSERT_EQ(text.size(), 9);
+    EXPECT_EQ(shown(text), text);
+}
+
+TEST_F(HintPosting, HandsThePictureOnAsAPngFile)
+{
+    const QString file = host.settings.filePath(QStringLiteral("picture.bmp"));
+    QImage picture(3, 2, QImage::Format_RGB32);
+    picture.fill(Qt::green);
+    ASSERT_TRUE(picture.save(file));
+    for (const ZepaPluginAction& each : {ZepaPluginAction(), action}) {
+        const QByteArray icon = post(a, a, {}, each, file).icon;
+        EXPECT_TRUE(icon.startsWith("\x89PNG"));
+        EXPECT_EQ(QImage::fromData(icon).convertToFormat(QImage::Format_RGB32), picture);
+    }
+}
+
+TEST_F(HintPosting, HandsNoPictureOnForAMissingOrUnreadableFileOrAnEmptyPath)
+{
+    const QString file = host.settings.filePath(QStringLiteral("text.png"));
+    QFile text(file);
+    ASSERT_TRUE(text.open(QIODevice::WriteOnly) && text.write("no picture") > 0);
+    text.close();
+    EXPECT_TRUE(post(a, a, {}, {}, file).icon.isNull());
+    EXPECT_TRUE(post(a, a, {}, {}, QStringLiteral("/nowhere/x.png")).icon.isNull());
+    EXPECT_TRUE(post(a, a, {}, {}, QStringLiteral("")).icon.isNull());
+}
+
+TEST_F(HintPosting, WritesItsNumberInFullIntoTheClickContext)
+{
+    EXPECT_EQ(post(a, a, {}, action, {}, 0).contextText, QStringLiteral("0"));
+    EXPECT_EQ(post(a, a, {}, action, {}, std::numeric_limits<unsigned int>::max()).contextText,
+              QStringLiteral("4294967295"));
+    const CFPropertyListRef context = post(a, a, {}, action, {}, 42).context;
+    EXPECT_TRUE(CFEqual(context, CFSTR("42")));
+}
+
+TEST_F(HintPosting, LeavesTheTableOneReferenceOnTheContext)
+{
+    const RecordedPopup& popup = post(a, a, {}, action);
+    // The other one is the recording Growl's.
+    EXPECT_EQ(CFGetRetainCount(popup.context), 2);
+}
+
+TEST_F(HintPosting, KeepsTheActionUntilAnAnswer)
+{
+    auto alive = std::make_shared<int>();
+    const std::weak_ptr<int> watch = alive;
+    post(a, a, {}, ZepaPluginAction([alive = std::move(alive)] {}));
+    EXPECT_FALSE(watch.expired());
+    notificationTimedOut(RecordingGrowl::popups.last().context);
+    EXPECT_TRUE(watch.expired());
+}

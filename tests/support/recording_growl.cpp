@@ -1,0 +1,77 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "recording_growl.h"
+
+bool RecordingGrowl::running = true;
+QStringList RecordingGrowl::calls;
+Growl_Delegate* RecordingGrowl::delegate = nullptr;
+QList<QStringList> RecordingGrowl::registrations;
+QList<RecordedPopup> RecordingGrowl::popups;
+std::function<void()> RecordingGrowl::whilePosting;
+
+void RecordingGrowl::reset()
+{
+    for (const RecordedPopup& popup : std::as_const(popups)) {
+        if (popup.context != nullptr)
+            CFRelease(popup.context);
+    }
+    running = true;
+    calls.clear();
+    delegate = nullptr;
+    registrations.clear();
+    popups.clear();
+    whilePosting = nullptr;
+}
+
+QString RecordingGrowl::toQString(CFStringRef string)
+{
+    if (string == nullptr)
+        return {};
+    QString text(static_cast<qsizetype>(CFStringGetLength(string)), Qt::Uninitialized);
+    CFStringGetCharacters(string, CFRange{0, CFStringGetLength(string)}, reinterpret_cast<UniChar*>(text.data()));
+    return text.isNull() ? QStringLiteral("") : text;
+}
+
+Boolean Growl_SetDelegate(Growl_Delegate* newDelegate)
+{
+    RecordingGrowl::calls.append(QStringLiteral("set"));
+    RecordingGrowl::delegate = newDelegate;
+    QStringList names;
+    const auto array = static_cast<CFArrayRef>(
+        CFDictionaryGetValue(newDelegate->registrationDictionary, CFSTR("AllNotifications")));
+    for (CFIndex i = 0; i < CFArrayGetCount(array); ++i)
+        names.append(RecordingGrowl::toQString(static_cast<CFStringRef>(CFArrayGetValueAtIndex(array, i))));
+    RecordingGrowl::registrations.append(names);
+    return true;
+}
+
+Boolean Growl_IsRunning()
+{
+    RecordingGrowl::calls.append(QStringLiteral("running"));
+    return RecordingGrowl::running;
+}
+
+void Growl_PostNotification(const Growl_Notification* notification)
+{
+    RecordingGrowl::calls.append(QStringLiteral("post"));
+    RecordedPopup popup;
+    popup.size = notification->size;
+    popup.name = RecordingGrowl::toQString(notification->name);
+    popup.title = RecordingGrowl::toQString(notification->title);
+    popup.description = RecordingGrowl::toQString(notification->description);
+    if (notification->iconData != nullptr)
+        popup.icon = QByteArray(reinterpret_cast<const char*>(CFDataGetBytePtr(notification->iconData)),
+                                static_cast<qsizetype>(CFDataGetLength(notification->iconData)));
+    popup.priority = notification->priority;
+    popup.reserved = notification->reserved;
+    popup.sticky = notification->isSticky != 0;
+    popup.context = notification->clickContext;
+    if (popup.context != nullptr) {
+        CFRetain(popup.context);
+        popup.contextText = RecordingGrowl::toQString(static_cast<CFStringRef>(popup.context));
+    }
+    popup.hasCallback = notification->clickCallback != nullptr;
+    popup.hasIdentifier = notification->identifier != nullptr;
+    RecordingGrowl::popups.append(popup);
+    if (RecordingGrowl::whilePosting)
+        RecordingGrowl::whilePosting();
+}
