@@ -1,0 +1,91 @@
+# SPDX-License-Identifier: Apache-2.0
+"""What tools/check does once everything that it needs is installed."""
+
+import argparse
+import os
+import subprocess
+import sys
+import time
+
+import exports
+import formatting
+import include_table
+import tidy
+from results import Results
+from sources import ROOT
+
+
+def main():
+    options = _parse()
+    results = Results()
+    if not options.sanitize or options.all:
+        _check_debug(options, results)
+    if options.sanitize or options.all:
+        _run_tests("sanitize", "sanitize: ", ["-L", "^(unit|service)$", *_selection(options)], results)
+    return results.report()
+
+
+def _parse():
+    parser = argparse.ArgumentParser(
+        prog="tools/check", allow_abbrev=False,
+        description="Builds, runs every test, and ends with a line \"N passed, M failed\".")
+    parser.add_argument("--sanitize", action="store_true",
+                        help="unit and service tests under the address, undefined-behaviour and leak sanitizers instead")
+    parser.add_argument("--tidy", action="store_true", help="clang-tidy besides")
+    parser.add_argument("--all", action="store_true", help="everything above in one go, as for every change")
+    parser.add_argument("-R", metavar="REGEX", action="append", default=[], help="only the tests whose name matches")
+    options = parser.parse_args()
+    options.tidy = options.tidy or options.all
+    return options
+
+
+def _selection(options):
+    return ["-R", "|".join(options.R)] if options.R else []
+
+
+def _check_debug(options, results):
+    """Everything that looks at the ordinary build; with -R only its tests."""
+    if not options.R:
+        results.add("format: sources look as .clang-format says", formatting.problems())
+        results.add("includes: every room includes only what the table allows", include_table.problems())
+    built = _run_tests("debug", "", _selection(options), results)
+    if options.R or not built:
+        return
+    build = ROOT / "build" / "debug"
+    results.add("exports: the library offers exactly the listed symbols", exports.export_problems(build))
+    results.add("unresolved: the library asks only for what the host, the platform and Qt bring",
+                exports.unresolved_problems(build))
+    if options.tidy:
+        _announce("clang-tidy")
+        results.add("tidy: clang-tidy finds nothing", tidy.problems(build))
+
+
+def _run_tests(preset, prefix, selection, results):
+    """Builds a preset and runs its tests; returns whether it could be built."""
+    build = ROOT / "build" / preset
+    _announce(f"build {preset}")
+    commands = [["cmake", "--preset", preset, "-DCMAKE_CXX_COMPILER_LAUNCHER=ccache", "--log-level=WARNING"],
+                ["cmake", "--build", "--preset", preset, "--", "--quiet"]]
+    for command in commands:
+        if subprocess.run(command, cwd=ROOT, stdin=subprocess.DEVNULL).returncode != 0:
+            results.add(f"build: {preset}", [f"{' '.join(command)} failed; its output is above."])
+            return False
+    _announce(f"test {preset}")
+    junit = build / "test-results.xml"
+    junit.unlink(missing_ok=True)
+    subprocess.run(
+        ["ctest", "--test-dir", str(build), "--output-on-failure", "--progress", "--parallel", str(os.cpu_count()),
+         "--output-junit", str(junit), *selection],
+        cwd=ROOT, stdin=subprocess.DEVNULL)
+    if junit.exists():
+        results.add_ctest(prefix, junit)
+    else:
+        results.add(f"test: {preset}", ["ctest left no results."])
+    return True
+
+
+def _announce(what):
+    print(f"== {what} ({time.strftime('%H:%M:%S')})", flush=True)
+
+
+sys.exit(main())
