@@ -1,0 +1,71 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "bus_text.h"
+
+#include <QChar>
+#include <QStringView>
+
+namespace zepa::freedesktop {
+
+namespace {
+
+constexpr char32_t shownInstead = 0xFFFD;
+constexpr QChar ellipsis(0x2026);
+
+bool isShowable(char32_t character)
+{
+    if (character == U'\n' || character == U'\t')
+        return true;
+    return QChar::category(character) != QChar::Other_Control && !QChar::isNonCharacter(character);
+}
+
+/// The character at `position`, which moves behind it.
+char32_t takeCharacter(QStringView text, qsizetype& position)
+{
+    const QChar unit = text[position++];
+    if (unit.isSurrogate()) {
+        const bool paired = unit.isHighSurrogate() && position < text.size() && text[position].isLowSurrogate();
+        if (!paired)
+            return shownInstead;
+        const char32_t character = QChar::surrogateToUcs4(unit, text[position++]);
+        return isShowable(character) ? character : shownInstead;
+    }
+    if (unit == u'\r') {
+        if (position < text.size() && text[position] == u'\n')
+            ++position;
+        return U'\n';
+    }
+    return isShowable(unit.unicode()) ? unit.unicode() : shownInstead;
+}
+
+void append(QString& result, char32_t character, Markup markup)
+{
+    if (markup == Markup::Escaped && character == U'&')
+        result += QStringLiteral("&amp;");
+    else if (markup == Markup::Escaped && character == U'<')
+        result += QStringLiteral("&lt;");
+    else if (markup == Markup::Escaped && character == U'>')
+        result += QStringLiteral("&gt;");
+    else
+        result += QChar::fromUcs4(character);
+}
+
+} // namespace
+
+QString busText(const QString& text, qsizetype limit, Markup markup)
+{
+    QString result = QLatin1String("");
+    qsizetype cutAt = 0;
+    for (qsizetype position = 0; position < text.size();) {
+        append(result, takeCharacter(text, position), markup);
+        if (result.size() > limit) {
+            result.truncate(cutAt);
+            result += ellipsis;
+            break;
+        }
+        if (result.size() < limit)
+            cutAt = result.size();
+    }
+    return result;
+}
+
+} // namespace zepa::freedesktop

@@ -1,0 +1,51 @@
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include <CoreFoundation/CoreFoundation.h>
+
+#include <utility>
+
+namespace zepa::freedesktop {
+
+/// What is handed back when a pop-up is answered. Holds a reference of its own on the context for as long as it lives.
+class ClickContext
+{
+public:
+    using CallBack = void (*)(CFPropertyListRef);
+
+    /// Null: nobody wants an answer.
+    ClickContext() = default;
+    /// `context` may be null; `ofThisPopup` is what a click on it calls and may be null too.
+    explicit ClickContext(CFPropertyListRef context, CallBack ofThisPopup = nullptr)
+        : m_context(context), m_clickCallBack(ofThisPopup)
+    {
+        if (m_context != nullptr)
+            CFRetain(m_context);
+    }
+    ClickContext(const ClickContext& other) : ClickContext(other.m_context, other.m_clickCallBack) {}
+    ClickContext(ClickContext&& other) noexcept
+        : m_context(std::exchange(other.m_context, nullptr))
+        , m_clickCallBack(std::exchange(other.m_clickCallBack, nullptr))
+    {}
+    ClickContext& operator=(ClickContext other) noexcept
+    {
+        std::swap(m_context, other.m_context);
+        std::swap(m_clickCallBack, other.m_clickCallBack);
+        return *this;
+    }
+    ~ClickContext()
+    {
+        if (m_context != nullptr)
+            CFRelease(m_context);
+    }
+
+    bool isNull() const { return m_context == nullptr; }
+    CFPropertyListRef get() const { return m_context; }
+    CallBack clickCallBack() const { return m_clickCallBack; }
+
+private:
+    CFPropertyListRef m_context = nullptr;
+    CallBack m_clickCallBack = nullptr;
+};
+
+} // namespace zepa::freedesktop

@@ -1,0 +1,71 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "registration.h"
+#include "session.h"
+
+#include <Growl/Growl.h>
+
+#include <QCoreApplication>
+#include <QThread>
+
+#include <memory>
+
+namespace {
+
+using zepa::freedesktop::Registration;
+using zepa::freedesktop::Session;
+
+/// Never destroyed: it may be set before there is an application object and by destructors that run at the very end.
+Registration& registration()
+{
+    static auto* const instance = new Registration;
+    return *instance;
+}
+
+/// Lives and ends with the application object, whose end is the last moment at which the bus may be let go in order.
+std::unique_ptr<Session>& session()
+{
+    static std::unique_ptr<Session> instance;
+    return instance;
+}
+
+void endSession()
+{
+    session().reset();
+}
+
+/// Null without an application object.
+Session* startedSession()
+{
+    const QCoreApplication* application = QCoreApplication::instance();
+    if (application == nullptr || QCoreApplication::closingDown())
+        return nullptr;
+    Q_ASSERT(QThread::currentThread() == application->thread());
+    if (!session()) {
+        session() = std::make_unique<Session>(registration());
+        qAddPostRoutine(endSession);
+    }
+    return session().get();
+}
+
+} // namespace
+
+Boolean Growl_SetDelegate(struct Growl_Delegate* newDelegate)
+{
+    registration().set(newDelegate);
+    // Early, so that what the service can do is known when the first pop-up comes.
+    if (Session* started = newDelegate == nullptr ? nullptr : startedSession())
+        started->open();
+    return true;
+}
+
+Boolean Growl_IsRunning()
+{
+    Session* started = startedSession();
+    return started != nullptr && started->isRunning();
+}
+
+void Growl_PostNotification(const struct Growl_Notification* notification)
+{
+    if (Session* started = startedSession())
+        started->post(*notification);
+}

@@ -1,0 +1,37 @@
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include "notify_image.h"
+
+#include <QByteArray>
+#include <QByteArrayView>
+#include <QCache>
+
+namespace zepa::freedesktop {
+
+/// Icons as pop-ups carry them, decoded once for each content.
+class IconCache
+{
+public:
+    /// Longest side of an icon, in pixels; larger ones are scaled down, keeping their aspect.
+    static constexpr int longestSide = 128;
+    /// What is kept in bytes: encoded and decoded icons together. The least recently used go first.
+    static constexpr qsizetype byteLimit = qsizetype(16) * 1024 * 1024;
+    /// An icon that declares more pixels than this is not decoded.
+    static constexpr qint64 pixelLimit = qint64(4096) * 4096;
+
+    IconCache() : m_icons(byteLimit) {}
+
+    /// The icon in `encoded`, a picture file's bytes. Null for none, for broken data and for an icon that is too large.
+    NotifyImage icon(QByteArrayView encoded);
+
+    /// For tests: how many pictures were decoded so far, and what is kept in bytes.
+    int decodedCount() const { return m_decodedCount; }
+    qsizetype byteCount() const { return m_icons.totalCost(); }
+
+private:
+    QCache<QByteArray, NotifyImage> m_icons;
+    int m_decodedCount = 0;
+};
+
+} // namespace zepa::freedesktop

@@ -1,0 +1,60 @@
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include "notify_call.h"
+#include "popup_book.h"
+
+#include <QList>
+#include <QObject>
+#include <QTimer>
+
+#include <optional>
+
+namespace zepa::freedesktop {
+
+class BusLink;
+
+/// Postings on their way to the service, in their order.
+///
+/// They are held until the service has said what it can do, which is asked again for each owner of the name, and for
+/// BusLink::callLimit at most: then they go out as to a service that can do nothing. From then on no posting to this
+/// owner is held; it is asked again beside the next one that finds no question open.
+class Outbox : public QObject
+{
+    Q_OBJECT
+
+public:
+    /// At most so many postings are held; beyond that the oldest is given up.
+    static constexpr int heldLimit = 1000;
+
+    /// `link` must outlive the outbox.
+    explicit Outbox(BusLink& link);
+
+    void post(Posting posting, Ticket ticket);
+
+Q_SIGNALS:
+    /// Once for each ticket posted: the id that the service gave, or 0 when the pop-up was not shown.
+    void settled(Ticket ticket, quint32 id);
+
+private:
+    struct Held
+    {
+        Posting posting;
+        Ticket ticket = 0;
+    };
+
+    void onOwnerChanged(const QString& newOwner);
+    void askCapabilities();
+    void release();
+    void send(const Posting& posting, Ticket ticket);
+
+    BusLink& m_link;
+    QList<Held> m_held;
+    QTimer m_holdLimit;
+    std::optional<Capabilities> m_capabilities;
+    bool m_holding = true;  ///< until the owner answered, or did not in time
+    quint64 m_question = 0; ///< counts them: only the last one's answer is about this owner
+    bool m_asking = false;
+};
+
+} // namespace zepa::freedesktop

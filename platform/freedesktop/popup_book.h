@@ -1,0 +1,117 @@
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include "click_context.h"
+
+#include <QHash>
+#include <QList>
+#include <QString>
+
+#include <chrono>
+#include <map>
+#include <optional>
+
+namespace zepa::freedesktop {
+
+/// Names a posting before the service has given it an id.
+using Ticket = quint64;
+
+/// How one pop-up ended.
+struct Answer
+{
+    enum class Kind { Clicked, TimedOut };
+    Kind kind = Kind::TimedOut;
+    ClickContext context;
+    quint32 id = 0;          ///< 0 when it never had one
+    QString activationToken; ///< of a click, empty for none
+};
+
+/// Pop-ups that the service shows for us, by the id that it gave them.
+///
+/// A pop-up goes through these states:
+///  - waiting: posted, its id is not known yet; answers that come for unknown ids are kept for it;
+///  - shown: its id is known;
+///  - closed: the service closed it, and a click may still follow within clickGrace;
+///  - answered: clicked, or it never had a click context; kept only so that what the service still says of its id
+///    is not taken for an answer to another pop-up.
+/// Every pop-up with a click context is answered exactly once: clicked or timed out. Answers gather here until
+/// takeAnswers(). Ids belong to one run of the service: forgetShown() when it goes away.
+///
+/// Knows no clock: times are handed in and count from any fixed moment.
+class PopupBook
+{
+public:
+    using Time = std::chrono::milliseconds;
+
+    /// A click may come this much later than the news that its pop-up was closed.
+    static constexpr Time clickGrace{200};
+    /// A pop-up of which the service never speaks again counts as timed out after this time.
+    static constexpr Time backstop = std::chrono::hours(24);
+    /// At most so many pop-ups wait for an answer; beyond that the oldest counts as timed out.
+    static constexpr int waitingLimit = 1000;
+
+    /// Notes a posting whose id is not known yet; a null context for one that wants no answer.
+    Ticket expect(ClickContext context, Time now);
+    /// Joins the ticket with the id that the service returned; answers that came early count now.
+    ///
+    /// A service that shows one pop-up for two identical postings returns the id of the earlier: the earlier counts
+    /// as timed out, the answer belongs to the later. Id 0 is no id: the same as fail().
+    void settle(Ticket ticket, quint32 id, Time now);
+    /// The service did not show the pop-up: it counts as timed out.
+    void fail(Ticket ticket);
+
+    /// The service says that the pop-up was clicked, or that it is gone.
+    void clicked(quint32 id, const QString& activationToken, Time now);
+    void closed(quint32 id, Time now);
+
+    /// The service went away: everything with an id counts as timed out and is forgotten. Those that wait for their id
+    /// keep waiting: their call ends with a reply of the next service or with an error.
+    void forgetShown();
+
+    /// Lets time pass; to be called at nextDeadline() at the latest.
+    void advance(Time now);
+    /// When advance() has something to do; nothing when no pop-up waits.
+    std::optional<Time> nextDeadline() const;
+
+    /// What was answered since the last call, in order.
+    QList<Answer> takeAnswers();
+    bool hasAnswers() const { return !m_answers.isEmpty(); }
+    int waitingCount() const { return m_waitingCount; }
+    /// Whether the service still shows the pop-up, as far as it told; an answered one too.
+    bool isShown(quint32 id) const;
+
+private:
+    struct Popup
+    {
+        ClickContext context; ///< null once answered
+        Time since{};
+        quint32 id = 0; ///< 0 while waiting for it
+        std::optional<Time> closedAt;
+    };
+    struct EarlyAnswer
+    {
+        quint32 id = 0;
+        bool clicked = false;
+        QString activationToken;
+        std::optional<Time> closedAt;
+    };
+    using Popups = std::map<Ticket, Popup>;
+
+    void answer(Popup& popup, Answer::Kind kind, const QString& activationToken = {});
+    void erase(Popups::iterator popup);
+    void applyClick(Popups::iterator popup, const QString& activationToken);
+    void applyClose(Popups::iterator popup, Time at);
+    void keepToLimits();
+    EarlyAnswer* earlyAnswer(quint32 id);
+    void dropEarlyAnswersIfUseless();
+
+    Popups m_popups; ///< oldest first
+    QHash<quint32, Ticket> m_ticketOfId;
+    QList<EarlyAnswer> m_early;
+    QList<Answer> m_answers;
+    Ticket m_lastTicket = 0;
+    int m_waitingCount = 0; ///< with an answer owed
+    int m_idlessCount = 0;  ///< still to be settled
+};
+
+} // namespace zepa::freedesktop

@@ -1,0 +1,47 @@
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include <Growl/Growl.h>
+
+#include <QByteArray>
+#include <QSet>
+#include <QString>
+
+namespace zepa::freedesktop {
+
+/// What the application registered, in values of our own: its record may be gone when a pop-up is answered.
+class Registration
+{
+public:
+    using CallBack = void (*)(CFPropertyListRef clickContext);
+
+    Registration() = default;
+    ~Registration();
+    Q_DISABLE_COPY_MOVE(Registration)
+
+    /// Reads the record; null withdraws. Cheap when names were read from this very dictionary before.
+    void set(const Growl_Delegate* delegate);
+
+    bool isSet() const { return m_set; }
+    bool isEnabled(const QString& name) const { return m_enabled.contains(name); }
+    QString applicationName() const { return m_applicationName; } ///< null when the record names none
+    QByteArray iconData() const { return m_iconData; }            ///< null when the record has none
+    CallBack clicked() const { return m_clicked; }                ///< null when nobody wants to know, as timedOut
+    CallBack timedOut() const { return m_timedOut; }
+
+private:
+    void readNames(CFDictionaryRef dictionary);
+
+    bool m_set = false;
+    QString m_applicationName;
+    QByteArray m_iconData;
+    CallBack m_clicked = nullptr;
+    CallBack m_timedOut = nullptr;
+    QSet<QString> m_enabled;
+    // Held so that no other dictionary gets its address: the same address then means the same names, unless the
+    // arrays grew, which is all that can happen to them.
+    CFDictionaryRef m_dictionary = nullptr;
+    CFIndex m_nameCount = 0;
+};
+
+} // namespace zepa::freedesktop

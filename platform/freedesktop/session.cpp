@@ -1,0 +1,133 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "session.h"
+
+#include "bus_text.h"
+#include "cf_values.h"
+
+#include <QGuiApplication>
+#include <QIcon>
+
+#include <algorithm>
+#include <utility>
+
+namespace zepa::freedesktop {
+
+namespace {
+
+/// Texts are cut here already, so that a posting that is held does not hold megabytes.
+Posting postingOf(const Growl_Notification& notification, const QString& name, const QString& applicationName)
+{
+    Posting posting;
+    posting.applicationName = applicationName.isNull() ? QCoreApplication::applicationName() : applicationName;
+    if (qobject_cast<QGuiApplication*>(QCoreApplication::instance()) != nullptr) {
+        posting.desktopEntry = QGuiApplication::desktopFileName();
+        posting.applicationIcon = QGuiApplication::windowIcon().name();
+    }
+    posting.title = busText(notification.title == nullptr ? name : toQString(notification.title), summaryLimit);
+    posting.text = busText(toQString(notification.description), bodyLimit);
+    posting.priority = notification.priority;
+    posting.sticky = notification.isSticky != 0;
+    posting.clickable = notification.clickContext != nullptr;
+    posting.clickLabel = QCoreApplication::translate("translation", "Open", "the action of clicking a pop-up");
+    return posting;
+}
+
+} // namespace
+
+Session::Session(const Registration& registration) : m_registration(registration), m_outbox(m_link)
+{
+    m_clock.start();
+    m_deadline.setSingleShot(true);
+    m_deadline.setTimerType(Qt::PreciseTimer);
+    connect(&m_deadline, &QTimer::timeout, this, [this] {
+        m_book.advance(now());
+        afterBookChanged();
+    });
+    connect(&m_outbox, &Outbox::settled, this, [this](Ticket ticket, quint32 id) {
+        m_book.settle(ticket, id, now());
+        afterBookChanged();
+    });
+    connect(&m_link, &BusLink::ownerChanged, this, [this](const QString& oldOwner) {
+        if (!oldOwner.isEmpty())
+            m_book.forgetShown();
+        afterBookChanged();
+    });
+    connect(&m_link, &BusLink::notificationClosed, this, [this](quint32 id) {
+        m_book.closed(id, now());
+        afterBookChanged();
+    });
+    connect(&m_link, &BusLink::actionInvoked, this, &Session::onActionInvoked);
+    connect(&m_link, &BusLink::activationToken, this, [this](quint32 id, const QString& token) {
+        m_tokenId = id;
+        m_token = token;
+    });
+}
+
+void Session::post(const Growl_Notification& notification)
+{
+    // 1. Names that are not registered are not shown.
+    const QString name = toQString(notification.name);
+    if (!m_registration.isSet() || name.isNull() || !m_registration.isEnabled(name))
+        return;
+    // 2. Everything of the record that is needed becomes ours.
+    Posting posting = postingOf(notification, name, m_registration.applicationName());
+    posting.icon = m_icons.icon(bytesOf(notification.iconData));
+    if (posting.icon.isNull())
+        posting.icon = m_icons.icon(m_registration.iconData());
+    // 3. The book first: whatever becomes of the call, the answer is owed from here on.
+    const Ticket ticket = m_book.expect(ClickContext(notification.clickContext, notification.clickCallback), now());
+    m_link.open();
+    m_outbox.post(std::move(posting), ticket);
+    afterBookChanged();
+}
+
+void Session::onActionInvoked(quint32 id, const QString& key)
+{
+    // The only action that is ever offered. Services that invoke it on a pop-up that offered none meet a pop-up in the
+    // book that wants no answer.
+    if (key != QStringLiteral("default"))
+        return;
+    m_book.clicked(id, m_tokenId == id ? std::exchange(m_token, {}) : QString(), now());
+    afterBookChanged();
+}
+
+void Session::afterBookChanged()
+{
+    if (m_book.hasAnswers()) {
+        m_answers += m_book.takeAnswers();
+        if (!std::exchange(m_deliveryComes, true))
+            QMetaObject::invokeMethod(this, &Session::deliverAnswers, Qt::QueuedConnection);
+    }
+    if (const auto deadline = m_book.nextDeadline())
+        m_deadline.start(std::max(PopupBook::Time(0), *deadline - now()));
+    else
+        m_deadline.stop();
+}
+
+void Session::deliverAnswers()
+{
+    m_deliveryComes = false;
+    // A call-back may post, register or run an event loop of its own: each answer leaves the list before it is told.
+    while (!m_answers.isEmpty())
+        deliver(m_answers.takeFirst());
+}
+
+void Session::deliver(const Answer& answer)
+{
+    const bool clicked = answer.kind == Answer::Kind::Clicked;
+    // Some services leave a pop-up open after its action.
+    if (clicked && m_book.isShown(answer.id))
+        m_link.closeNotification(answer.id);
+    if (!m_registration.isSet())
+        return;
+    Registration::CallBack callBack = clicked ? m_registration.clicked() : m_registration.timedOut();
+    if (clicked && answer.context.clickCallBack() != nullptr)
+        callBack = answer.context.clickCallBack();
+    if (callBack == nullptr)
+        return;
+    if (!answer.activationToken.isEmpty())
+        qputenv("XDG_ACTIVATION_TOKEN", answer.activationToken.toUtf8());
+    callBack(answer.context.get());
+}
+
+} // namespace zepa::freedesktop

@@ -1,0 +1,127 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "icon_cache.h"
+
+#include <QBuffer>
+#include <QImage>
+#include <QtEndian>
+#include <gtest/gtest.h>
+
+using zepa::freedesktop::IconCache;
+using zepa::freedesktop::NotifyImage;
+
+namespace {
+
+QByteArray png(const QImage& image)
+{
+    QByteArray bytes;
+    QBuffer buffer(&bytes);
+    buffer.open(QIODevice::WriteOnly);
+    image.save(&buffer, "PNG");
+    return bytes;
+}
+
+QByteArray plainPng(int width, int height, QRgb colour, QImage::Format format = QImage::Format_ARGB32)
+{
+    QImage image(width, height, format);
+    image.fill(QColor::fromRgba(colour));
+    return png(image);
+}
+
+/// A picture that declares a size that its bytes do not hold.
+QByteArray pngDeclaring(quint32 width, quint32 height)
+{
+    QByteArray bytes = plainPng(1, 1, 0xff000000);
+    qToBigEndian(width, bytes.data() + 16);
+    qToBigEndian(height, bytes.data() + 20);
+    quint32 crc = 0xffffffff;
+    for (int index = 12; index < 29; ++index) {
+        crc ^= static_cast<uchar>(bytes[index]);
+        for (int bit = 0; bit < 8; ++bit)
+            crc = (crc >> 1) ^ ((crc & 1) != 0 ? 0xedb88320U : 0U);
+    }
+    qToBigEndian(~crc, bytes.data() + 29);
+    return bytes;
+}
+
+} // namespace
+
+TEST(IconCache, GivesUnpaddedRedGreenBlueAlphaRows)
+{
+    const NotifyImage icon = IconCache().icon(plainPng(3, 2, qRgba(10, 20, 30, 40)));
+    EXPECT_EQ(icon.width, 3);
+    EXPECT_EQ(icon.height, 2);
+    EXPECT_EQ(icon.pixels, QByteArray("\x0a\x14\x1e\x28", 4).repeated(6));
+}
+
+TEST(IconCache, MakesAPictureWithoutAlphaOpaque)
+{
+    const NotifyImage icon = IconCache().icon(plainPng(3, 1, qRgb(1, 2, 3), QImage::Format_RGB888));
+    EXPECT_EQ(icon.pixels, QByteArray("\x01\x02\x03\xff", 4).repeated(3));
+}
+
+TEST(IconCache, ScalesToTheLongestSideAndKeepsTheAspect)
+{
+    IconCache cache;
+    EXPECT_EQ(cache.icon(plainPng(512, 256, 0xff0000ff)).width, 128);
+    EXPECT_EQ(cache.icon(plainPng(512, 256, 0xff0000ff)).height, 64);
+    EXPECT_EQ(cache.icon(plainPng(129, 129, 0xff0000ff)).height, 128);
+    EXPECT_EQ(cache.icon(plainPng(128, 128, 0xff0000ff)).pixels.size(), 128 * 128 * 4);
+    EXPECT_EQ(cache.icon(plainPng(16, 16, 0xff0000ff)).width, 16);
+}
+
+TEST(IconCache, KeepsAHairlineVisible)
+{
+    const NotifyImage icon = IconCache().icon(plainPng(1000, 1, 0xff00ff00));
+    EXPECT_EQ(icon.width, 128);
+    EXPECT_EQ(icon.height, 1);
+}
+
+TEST(IconCache, DecodesTheSameContentOnce)
+{
+    IconCache cache;
+    const QByteArray one = plainPng(32, 32, 0xff00ff00);
+    const QByteArray sameElsewhere(one.constData(), one.size());
+    EXPECT_EQ(cache.icon(one), cache.icon(sameElsewhere));
+    EXPECT_EQ(cache.decodedCount(), 1);
+    cache.icon(plainPng(32, 32, 0xff00ff01));
+    EXPECT_EQ(cache.decodedCount(), 2);
+}
+
+TEST(IconCache, GivesNoIconForBrokenData)
+{
+    IconCache cache;
+    EXPECT_TRUE(cache.icon(QByteArrayView()).isNull());
+    EXPECT_TRUE(cache.icon(QByteArray("no picture at all")).isNull());
+    EXPECT_TRUE(cache.icon(plainPng(64, 64, 0xff00ff00).left(60)).isNull());
+}
+
+TEST(IconCache, RemembersThatDataIsBroken)
+{
+    IconCache cache;
+    cache.icon(QByteArray("broken"));
+    cache.icon(QByteArray("broken"));
+    EXPECT_EQ(cache.decodedCount(), 1);
+}
+
+TEST(IconCache, RefusesAPictureThatDeclaresGigabytes)
+{
+    IconCache cache;
+    EXPECT_TRUE(cache.icon(pngDeclaring(30000, 30000)).isNull());
+    EXPECT_TRUE(cache.icon(pngDeclaring(4097, 4096)).isNull());
+    EXPECT_LT(cache.byteCount(), 1024);
+}
+
+TEST(IconCache, NeverKeepsMoreBytesThanItsLimit)
+{
+    IconCache cache;
+    const QByteArray first = plainPng(128, 128, 0xff000000);
+    cache.icon(first);
+    for (QRgb colour = 1; colour <= 400; ++colour) {
+        cache.icon(plainPng(128, 128, 0xff000000 | colour));
+        ASSERT_LE(cache.byteCount(), IconCache::byteLimit);
+    }
+    EXPECT_GT(cache.byteCount(), IconCache::byteLimit / 2);
+    const int decoded = cache.decodedCount();
+    EXPECT_FALSE(cache.icon(first).isNull());
+    EXPECT_EQ(cache.decodedCount(), decoded + 1) << "the least recently used icon was still kept";
+}
