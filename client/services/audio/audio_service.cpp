@@ -14,11 +14,10 @@ namespace {
 
 constexpr std::chrono::seconds shutdownLimit{2};
 
-std::shared_ptr<pa_mainloop> makeLoop()
+struct FreeLoop
 {
-    pa_mainloop* const loop = pa_mainloop_new();
-    return loop ? std::shared_ptr<pa_mainloop>(loop, pa_mainloop_free) : nullptr;
-}
+    void operator()(pa_mainloop* loop) const { pa_mainloop_free(loop); }
+};
 
 /// The application's signals are for its own threads; only those that report a fault of this one stay open. In force
 /// for the calling thread, and for a thread that it begins, while the object lives.
@@ -42,12 +41,10 @@ private:
 
 } // namespace
 
-AudioService::AudioService() : m_queue(std::make_shared<PlayQueue>()), m_loop(makeLoop())
+AudioService::AudioService() : m_queue(std::make_shared<PlayQueue>())
 {
-    // Used here first, so that at the program's end the category outlives this object and its thread.
-    const QLoggingCategory& category = lcZepaAudio();
-    if (!m_loop)
-        qCWarning(category) << "no sounds: the system has no room for another event loop";
+    // Made here, so that at the program's end the category outlives this object and its thread.
+    lcZepaAudio();
 }
 
 AudioService::~AudioService()
@@ -55,7 +52,6 @@ AudioService::~AudioService()
     if (!m_thread.joinable())
         return;
     m_queue->stop();
-    pa_mainloop_wakeup(m_loop.get());
     if (m_queue->waitForWorker(shutdownLimit))
         m_thread.join();
     else
@@ -70,11 +66,8 @@ AudioService& AudioService::instance()
 
 void AudioService::playFile(QString path)
 {
-    if (!m_loop || (!m_thread.joinable() && !startThread()))
-        return;
-    // One wake-up suffices until the worker has emptied the queue; more would only fill the pipe that carries them.
-    if (m_queue->push(path) == PlayQueue::Push::First)
-        pa_mainloop_wakeup(m_loop.get());
+    if (m_thread.joinable() || startThread())
+        m_queue->push(path);
 }
 
 bool AudioService::waitUntilIdle(int milliseconds)
@@ -89,9 +82,14 @@ int AudioService::unfinished() const
 
 bool AudioService::startThread()
 {
+    std::unique_ptr<pa_mainloop, FreeLoop> loop(pa_mainloop_new());
+    if (!loop || m_queue->wakeDescriptor() < 0) {
+        qCWarning(lcZepaAudio) << "no sounds: the system has no file descriptors left";
+        return false;
+    }
     const SignalsBlocked blocked;
     try {
-        m_thread = std::thread([queue = m_queue, loop = m_loop] {
+        m_thread = std::thread([queue = m_queue, loop = std::move(loop)] {
             AudioWorker(*queue, loop.get()).run();
             queue->workerEnded();
         });

@@ -9,8 +9,6 @@
 #include <memory>
 #include <thread>
 
-struct pa_mainloop;
-
 namespace zepa::audio {
 
 class PlayQueue;
@@ -45,9 +43,8 @@ public:
 private:
     bool startThread();
 
-    // Shared with the thread, which may outlive this object when it cannot be ended in time.
+    // Shared with the thread, which outlives this object when it cannot be ended in time.
     const std::shared_ptr<PlayQueue> m_queue;
-    const std::shared_ptr<pa_mainloop> m_loop;
     std::thread m_thread;
 };
 

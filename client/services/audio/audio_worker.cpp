@@ -12,8 +12,26 @@ constexpr int beatMicroseconds = 100'000;
 AudioWorker::AudioWorker(PlayQueue& queue, pa_mainloop* loop)
     : m_queue(queue)
     , m_loop(loop)
+    , m_wake(watch(queue, loop))
     , m_player(loop, [this](const QString& path, const QString& failure) { ended(path, failure); })
 {}
+
+AudioWorker::~AudioWorker()
+{
+    pa_mainloop_get_api(m_loop)->io_free(m_wake);
+}
+
+/// The loop's own pa_mainloop_wakeup() is not used: it is lost when it comes before the loop prepares to sleep.
+pa_io_event* AudioWorker::watch(PlayQueue& queue, pa_mainloop* loop)
+{
+    pa_mainloop_api* const api = pa_mainloop_get_api(loop);
+    return api->io_new(
+        api, queue.wakeDescriptor(), PA_IO_EVENT_INPUT,
+        [](pa_mainloop_api*, pa_io_event*, int, pa_io_event_flags_t, void* data) {
+            static_cast<PlayQueue*>(data)->clearWake();
+        },
+        &queue);
+}
 
 void AudioWorker::run()
 {

@@ -1,19 +1,43 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "client/services/audio/play_queue.h"
 
+#include <sys/eventfd.h>
+#include <unistd.h>
 #include <utility>
 
 namespace zepa::audio {
 
-PlayQueue::Push PlayQueue::push(const QString& path)
+PlayQueue::PlayQueue() : m_wake(::eventfd(0, EFD_NONBLOCK | EFD_CLOEXEC))
+{}
+
+PlayQueue::~PlayQueue()
+{
+    if (m_wake >= 0)
+        ::close(m_wake);
+}
+
+void PlayQueue::wake()
+{
+    ::eventfd_write(m_wake, 1);
+}
+
+void PlayQueue::clearWake()
+{
+    eventfd_t count = 0;
+    ::eventfd_read(m_wake, &count);
+}
+
+bool PlayQueue::push(const QString& path)
 {
     const std::lock_guard lock(m_mutex);
     if (m_waiting.size() >= maxWaiting) {
         m_dropped = path;
-        return Push::Full;
+        return false;
     }
     m_waiting.push_back({path, Clock::now()});
-    return m_waiting.size() == 1 ? Push::First : Push::Behind;
+    if (m_waiting.size() == 1)
+        wake();
+    return true;
 }
 
 std::optional<PlayQueue::Request> PlayQueue::take()
@@ -56,6 +80,7 @@ void PlayQueue::stop()
 {
     const std::lock_guard lock(m_mutex);
     m_stopping = true;
+    wake();
 }
 
 bool PlayQueue::isStopping() const

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QString>
+#include <QtGlobal>
 
 #include <chrono>
 #include <condition_variable>
@@ -16,6 +17,10 @@ namespace zepa::audio {
 class PlayQueue
 {
 public:
+    PlayQueue();
+    ~PlayQueue();
+    Q_DISABLE_COPY_MOVE(PlayQueue)
+
     static constexpr std::size_t maxWaiting = 32;
 
     using Clock = std::chrono::steady_clock;
@@ -24,13 +29,14 @@ public:
         QString path;
         Clock::time_point since;
     };
-    enum class Push {
-        First, ///< it is the only one that waits: the worker may be asleep
-        Behind,
-        Full ///< it was dropped: maxWaiting wait already
-    };
 
-    Push push(const QString& path);
+    /// Becomes readable when the worker should look here; -1 when the system had none to give. See clearWake().
+    int wakeDescriptor() const { return m_wake; }
+    /// Call before looking, so that what comes meanwhile wakes again.
+    void clearWake();
+
+    /// False when the file was dropped because maxWaiting wait already.
+    bool push(const QString& path);
     /// The one that waits longest. It stays counted as unfinished until finished().
     std::optional<Request> take();
     void finished();
@@ -50,6 +56,9 @@ public:
     bool waitForWorker(std::chrono::milliseconds limit);
 
 private:
+    void wake();
+
+    const int m_wake;
     mutable std::mutex m_mutex;
     std::condition_variable m_changed;
     std::deque<Request> m_waiting;
