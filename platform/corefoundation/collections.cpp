@@ -24,6 +24,7 @@ std::u16string countOf(const char16_t* noun, std::size_t count)
 
 } // namespace
 
+// No descriptions of values: CFShow says only how many a collection holds.
 const CFArrayCallBacks kCFTypeArrayCallBacks = {0, retainObject, releaseObject, nullptr, CFEqual};
 const CFDictionaryKeyCallBacks kCFTypeDictionaryKeyCallBacks = {0,       retainObject, releaseObject,
                                                                 nullptr, CFEqual,      CFHash};
@@ -97,7 +98,7 @@ CFArrayRef CFArrayCreate(CFAllocatorRef /*allocator*/, const void** values, CFIn
 {
     if (numValues < 0 || (values == nullptr && numValues > 0))
         cf::misuse("CFArrayCreate");
-    auto* array = new cf::Array(cf::ValueRules::of(callBacks));
+    auto* array = new cf::Array(cf::ValueRules::of(callBacks), cf::Array::Immutable);
     for (CFIndex i = 0; i < numValues; ++i)
         array->append(values[i]);
     return cf::referenceTo<CFArrayRef>(array);
@@ -108,12 +109,15 @@ CFMutableArrayRef CFArrayCreateMutable(CFAllocatorRef /*allocator*/, CFIndex cap
 {
     if (capacity < 0)
         cf::misuse("CFArrayCreateMutable");
-    return cf::referenceTo<CFMutableArrayRef>(new cf::Array(cf::ValueRules::of(callBacks)));
+    return cf::referenceTo<CFMutableArrayRef>(new cf::Array(cf::ValueRules::of(callBacks), cf::Array::Mutable));
 }
 
 void CFArrayAppendValue(CFMutableArrayRef array, const void* value)
 {
-    const_cast<cf::Array&>(cf::as<cf::Array>(array, "CFArrayAppendValue")).append(value);
+    auto& target = const_cast<cf::Array&>(cf::as<cf::Array>(array, "CFArrayAppendValue"));
+    if (target.change == cf::Array::Immutable)
+        cf::misuse("CFArrayAppendValue");
+    target.append(value);
 }
 
 CFIndex CFArrayGetCount(CFArrayRef array)

@@ -12,9 +12,9 @@ namespace cf {
 /// none.
 struct ValueRules
 {
-    CFRetainCallBack retain = nullptr;
-    CFReleaseCallBack release = nullptr;
-    CFEqualCallBack equal = nullptr;
+    CFArrayRetainCallBack retain = nullptr;
+    CFArrayReleaseCallBack release = nullptr;
+    CFArrayEqualCallBack equal = nullptr;
 
     template <typename CallBacks>
     static ValueRules of(const CallBacks* callBacks)
@@ -38,8 +38,9 @@ class Array : public Object
 {
 public:
     static constexpr CFTypeID typeId = ArrayType;
+    enum Change { Immutable, Mutable };
 
-    explicit Array(const ValueRules& rules_) : Object(typeId), rules(rules_) {}
+    Array(const ValueRules& rules_, Change change_) : Object(typeId), rules(rules_), change(change_) {}
     ~Array() override;
 
     bool equals(const Object& other) const override;
@@ -49,6 +50,7 @@ public:
     void append(const void* value) { values.push_back(rules.take(value)); }
 
     const ValueRules rules;
+    const Change change;
     std::vector<const void*> values;
 };
 

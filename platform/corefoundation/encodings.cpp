@@ -5,6 +5,7 @@
 #include <QString>
 #include <QStringConverter>
 
+#include <algorithm>
 #include <array>
 #include <bit>
 #include <optional>
@@ -52,9 +53,11 @@ std::optional<std::u16string> decodeUnicode(Bytes bytes, bool external)
     return units;
 }
 
-std::optional<std::u16string> decodeUtf8(Bytes bytes)
+/// A byte-order mark is left out of an external representation only.
+std::optional<std::u16string> decodeUtf8(Bytes bytes, bool external)
 {
-    QStringDecoder decoder(QStringDecoder::Utf8, QStringDecoder::Flag::Stateless);
+    const auto mark = external ? QStringDecoder::Flag::Default : QStringDecoder::Flag::ConvertInitialBom;
+    QStringDecoder decoder(QStringDecoder::Utf8, QStringDecoder::Flag::Stateless | mark);
     const QString text = decoder(QByteArrayView(bytes.data(), static_cast<qsizetype>(bytes.size())));
     if (decoder.hasError())
         return std::nullopt;
@@ -81,7 +84,7 @@ std::optional<std::u16string> decode(Bytes bytes, CFStringEncoding encoding, boo
     case kCFStringEncodingUnicode:
         return decodeUnicode(bytes, external);
     case kCFStringEncodingUTF8:
-        return decodeUtf8(bytes);
+        return decodeUtf8(bytes, external);
     case kCFStringEncodingMacRoman:
     case kCFStringEncodingASCII:
         return decodeSingleBytes(bytes, encoding);
@@ -103,19 +106,25 @@ std::optional<UInt8> encodeSingleByte(char16_t unit, CFStringEncoding encoding)
     return static_cast<UInt8>(asciiEnd + (place - macRoman.begin()));
 }
 
+/// 2 for a surrogate pair, 1 for any other unit.
+std::size_t lengthOfCharacter(const std::u16string& units, std::size_t at)
+{
+    const bool isPair =
+        at + 1 < units.size() && QChar::isHighSurrogate(units[at]) && QChar::isLowSurrogate(units[at + 1]);
+    return isPair ? 2 : 1;
+}
+
 using MaybeBytes = std::optional<std::vector<UInt8>>;
 
 /// A surrogate pair that has no place becomes one loss byte, like any character.
 MaybeBytes encodeSingleBytes(const std::u16string& units, CFStringEncoding encoding, UInt8 lossByte)
 {
     std::vector<UInt8> bytes;
-    for (std::size_t i = 0; i < units.size(); ++i) {
+    for (std::size_t i = 0; i < units.size(); i += lengthOfCharacter(units, i)) {
         const std::optional<UInt8> byte = encodeSingleByte(units[i], encoding);
         if (!byte && lossByte == 0)
             return std::nullopt;
         bytes.push_back(byte.value_or(lossByte));
-        if (i + 1 < units.size() && QChar::isHighSurrogate(units[i]) && QChar::isLowSurrogate(units[i + 1]))
-            ++i;
     }
     return bytes;
 }
@@ -128,13 +137,24 @@ MaybeBytes encodeUnicode(const std::u16string& units)
     return std::vector<UInt8>(first, first + marked.size() * sizeof(char16_t));
 }
 
+/// A lone surrogate is all that has no place in UTF-8.
 MaybeBytes encodeUtf8(const std::u16string& units, UInt8 lossByte)
 {
-    QStringEncoder encoder(QStringEncoder::Utf8, QStringEncoder::Flag::Stateless);
-    const QByteArray bytes = encoder(QStringView(units));
-    if (encoder.hasError() && lossByte == 0)
-        return std::nullopt;
-    return std::vector<UInt8>(bytes.begin(), bytes.end());
+    std::vector<UInt8> bytes;
+    std::size_t length = 0;
+    for (std::size_t i = 0; i < units.size(); i += length) {
+        length = lengthOfCharacter(units, i);
+        if (length == 1 && QChar::isSurrogate(units[i])) {
+            if (lossByte == 0)
+                return std::nullopt;
+            bytes.push_back(lossByte);
+            continue;
+        }
+        const QByteArray character =
+            QStringView(units).mid(static_cast<qsizetype>(i), static_cast<qsizetype>(length)).toUtf8();
+        bytes.insert(bytes.end(), character.begin(), character.end());
+    }
+    return bytes;
 }
 
 MaybeBytes encode(const std::u16string& units, CFStringEncoding encoding, UInt8 lossByte)

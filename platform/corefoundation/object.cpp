@@ -1,11 +1,54 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "corefoundation/object.h"
 
+#include <cstdint>
 #include <cstdio>
 #include <cstdlib>
 #include <limits>
+#include <mutex>
+#include <string>
+#include <unordered_set>
 
 namespace cf {
+
+namespace {
+
+/// The objects that exist: a reference to anything else was given up too often, or never was one.
+class LiveObjects
+{
+public:
+    void add(const void* object)
+    {
+        const std::scoped_lock lock(m_mutex);
+        m_marks.insert(markOf(object));
+    }
+    void remove(const void* object)
+    {
+        const std::scoped_lock lock(m_mutex);
+        m_marks.erase(markOf(object));
+    }
+    bool contains(const void* object) const
+    {
+        const std::scoped_lock lock(m_mutex);
+        return m_marks.count(markOf(object)) != 0;
+    }
+
+private:
+    /// Not the address itself: a leak checker would take that for a reference and find no leak any more.
+    static std::uintptr_t markOf(const void* object) { return ~reinterpret_cast<std::uintptr_t>(object); }
+
+    mutable std::mutex m_mutex;
+    std::unordered_set<std::uintptr_t> m_marks;
+};
+
+/// Never deleted: objects may be released by the last destructors of a program.
+LiveObjects& liveObjects()
+{
+    static LiveObjects& objects = *new LiveObjects;
+    return objects;
+}
+
+} // namespace
 
 void misuse(const char* what)
 {
@@ -13,7 +56,15 @@ void misuse(const char* what)
     std::abort();
 }
 
-Object::~Object() = default;
+Object::Object(CFTypeID type_, Lifetime lifetime_) : type(type_), lifetime(lifetime_)
+{
+    liveObjects().add(this);
+}
+
+Object::~Object()
+{
+    liveObjects().remove(this);
+}
 
 void Object::retain() const
 {
@@ -26,6 +77,7 @@ void Object::release() const
     if (lifetime == Constant)
         return;
     const CFIndex before = references.fetch_sub(1, std::memory_order_acq_rel);
+    // Less than 1 while the object is being destroyed, by a collection that holds itself.
     if (before < 1)
         misuse("CFRelease");
     if (before == 1)
@@ -39,7 +91,7 @@ CFIndex Object::retainCount() const
 
 const Object& objectOf(CFTypeRef reference, const char* caller)
 {
-    if (reference == nullptr)
+    if (reference == nullptr || !liveObjects().contains(reference))
         misuse(caller);
     return *static_cast<const Object*>(reference);
 }

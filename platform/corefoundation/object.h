@@ -11,13 +11,14 @@ namespace cf {
 /// Ends the program with a line that says what was misused. The real framework crashes there too, later or sooner.
 [[noreturn]] void misuse(const char* what);
 
-/// What stands behind every reference: a type, a number of references, comparison and description.
+/// What stands behind every reference: a type, a number of references, comparison and description. References are
+/// counted atomically, so immutable objects may be shared between threads; nothing else is locked.
 class Object
 {
 public:
     enum Lifetime { Counted, Constant };
 
-    explicit Object(CFTypeID type_, Lifetime lifetime_ = Counted) : type(type_), lifetime(lifetime_) {}
+    explicit Object(CFTypeID type_, Lifetime lifetime_ = Counted);
     virtual ~Object();
     Object(const Object&) = delete;
     Object& operator=(const Object&) = delete;
@@ -41,7 +42,7 @@ private:
 
 enum TypeId : CFTypeID { StringType = 7, ArrayType = 18, DictionaryType = 17, DataType = 19 };
 
-/// The object behind a reference; ends the program when there is none.
+/// The object behind a reference; ends the program when there is none, or none any more.
 const Object& objectOf(CFTypeRef reference, const char* caller);
 
 /// The same, of a certain class.

@@ -7,27 +7,21 @@
 
 namespace {
 
-/// Steps to the next element inside the current one; false at its end or at an error.
-bool entersElement(QXmlStreamReader& xml, const QString& name)
-{
-    return xml.readNextStartElement() && xml.name() == name;
-}
-
-/// Reads the one string of the document. The reader holds the error when there is none.
+/// Reads the one string of the document; the reader holds the error when there is none.
 QString readString(QXmlStreamReader& xml)
 {
-    if (!xml.readNextStartElement())
-        return {};
-    if (xml.name() == QStringLiteral("plist") && !entersElement(xml, QStringLiteral("string"))) {
-        xml.raiseError(QStringLiteral("a plist must hold one string"));
-        return {};
-    }
-    if (xml.name() != QStringLiteral("string")) {
-        xml.raiseError(
-            QStringLiteral("strings are the only property lists that are read here, not %1").arg(xml.name()));
+    xml.readNextStartElement();
+    const bool isWrapped = xml.name() == QStringLiteral("plist");
+    if (isWrapped && !xml.readNextStartElement()) {
+        xml.raiseError(QStringLiteral("an empty property list"));
         return {};
     }
-    const QString text = xml.readElementText();
+    if (!xml.hasError() && xml.name() != QStringLiteral("string"))
+        xml.raiseError(QStringLiteral("only strings are read here, not \"%1\"").arg(xml.name()));
+    QString text = xml.readElementText();
+    if (isWrapped && xml.readNextStartElement())
+        xml.raiseError(QStringLiteral("a property list holds one object, and \"%1\" is a second one").arg(xml.name()));
+    // What follows the document is read too, for its errors.
     while (!xml.atEnd())
         xml.readNext();
     return text;

@@ -5,6 +5,8 @@
 #include <functional>
 #include <map>
 #include <mutex>
+#include <string>
+#include <string_view>
 
 namespace cf {
 
@@ -52,7 +54,9 @@ CFStringRef __CFStringMakeConstantString(const char* text)
     const std::scoped_lock lock(mutex);
     const cf::String*& constant = constants[text];
     if (constant == nullptr) {
-        const std::string ascii = text;
+        const std::string_view ascii = text;
+        if (!std::all_of(ascii.begin(), ascii.end(), [](char letter) { return letter > 0; }))
+            cf::misuse("CFSTR");
         constant = new cf::String(std::u16string(ascii.begin(), ascii.end()), cf::Object::Constant);
     }
     return cf::referenceTo<CFStringRef>(constant);

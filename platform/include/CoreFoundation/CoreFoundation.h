@@ -3,7 +3,8 @@
 
 /// The part of CoreFoundation that Growl's records and the notification library use, with the names, signatures and
 /// ownership rules of the system framework: whoever creates or copies an object owns one reference on it, whoever gets
-/// one borrows it. Misuse that would crash the framework (a null where an object must be) ends the program here too.
+/// one borrows it. Misuse that would crash the framework (a null where an object must be, a reference given up twice)
+/// ends the program here too. The default allocator is the only one. References are counted atomically.
 
 #ifdef __cplusplus
 extern "C" {
@@ -29,40 +30,48 @@ typedef const struct __CFArray* CFArrayRef;
 typedef struct __CFArray* CFMutableArrayRef;
 typedef const struct __CFDictionary* CFDictionaryRef;
 
-
-typedef struct {
+typedef struct
+{
     CFIndex location;
     CFIndex length;
 } CFRange;
 
 /* Call-backs of collections: what is done to a value on its way in and out. Null pointers mean that values are kept
    as bare addresses. */
-typedef const void* (*CFRetainCallBack)(CFAllocatorRef allocator, const void* value);
-typedef void (*CFReleaseCallBack)(CFAllocatorRef allocator, const void* value);
-typedef CFStringRef (*CFCopyDescriptionCallBack)(const void* value);
-typedef Boolean (*CFEqualCallBack)(const void* one, const void* other);
-typedef CFHashCode (*CFHashCallBack)(const void* value);
-typedef struct {
+typedef const void* (*CFArrayRetainCallBack)(CFAllocatorRef allocator, const void* value);
+typedef void (*CFArrayReleaseCallBack)(CFAllocatorRef allocator, const void* value);
+typedef CFStringRef (*CFArrayCopyDescriptionCallBack)(const void* value);
+typedef Boolean (*CFArrayEqualCallBack)(const void* one, const void* other);
+typedef struct
+{
     CFIndex version;
-    CFRetainCallBack retain;
-    CFReleaseCallBack release;
-    CFCopyDescriptionCallBack copyDescription;
-    CFEqualCallBack equal;
+    CFArrayRetainCallBack retain;
+    CFArrayReleaseCallBack release;
+    CFArrayCopyDescriptionCallBack copyDescription;
+    CFArrayEqualCallBack equal;
 } CFArrayCallBacks;
-typedef struct {
+
+typedef const void* (*CFDictionaryRetainCallBack)(CFAllocatorRef allocator, const void* value);
+typedef void (*CFDictionaryReleaseCallBack)(CFAllocatorRef allocator, const void* value);
+typedef CFStringRef (*CFDictionaryCopyDescriptionCallBack)(const void* value);
+typedef Boolean (*CFDictionaryEqualCallBack)(const void* one, const void* other);
+typedef CFHashCode (*CFDictionaryHashCallBack)(const void* value);
+typedef struct
+{
     CFIndex version;
-    CFRetainCallBack retain;
-    CFReleaseCallBack release;
-    CFCopyDescriptionCallBack copyDescription;
-    CFEqualCallBack equal;
-    CFHashCallBack hash;
+    CFDictionaryRetainCallBack retain;
+    CFDictionaryReleaseCallBack release;
+    CFDictionaryCopyDescriptionCallBack copyDescription;
+    CFDictionaryEqualCallBack equal;
+    CFDictionaryHashCallBack hash;
 } CFDictionaryKeyCallBacks;
-typedef struct {
+typedef struct
+{
     CFIndex version;
-    CFRetainCallBack retain;
-    CFReleaseCallBack release;
-    CFCopyDescriptionCallBack copyDescription;
-    CFEqualCallBack equal;
+    CFDictionaryRetainCallBack retain;
+    CFDictionaryReleaseCallBack release;
+    CFDictionaryCopyDescriptionCallBack copyDescription;
+    CFDictionaryEqualCallBack equal;
 } CFDictionaryValueCallBacks;
 
 CF_EXPORT const CFAllocatorRef kCFAllocatorDefault;
@@ -79,7 +88,7 @@ enum {
 };
 enum { kCFPropertyListImmutable = 0 };
 
-/* Objects. Null traps in all of them but CFShow. */
+/* Objects. Null traps in all of them but CFShow, and so does an object that exists no more. */
 CF_EXPORT CFTypeRef CFRetain(CFTypeRef object);
 CF_EXPORT void CFRelease(CFTypeRef object);
 /* The number of references; a very large number for a constant. */
@@ -88,7 +97,8 @@ CF_EXPORT CFTypeID CFGetTypeID(CFTypeRef object);
 /* False across types. Strings compare by UTF-16 units, data by bytes, collections by their values. */
 CF_EXPORT Boolean CFEqual(CFTypeRef one, CFTypeRef other);
 CF_EXPORT CFHashCode CFHash(CFTypeRef object);
-/* Prints to standard error: a string's bare text with other than ASCII units as \uXXXX, "(null)" for null; a newline. */
+/* Prints to standard error: a string's bare text with other than ASCII units as \uXXXX, "(null)" for null; a newline.
+ */
 CF_EXPORT void CFShow(CFTypeRef object);
 
 /* Strings. */
@@ -119,7 +129,7 @@ CF_EXPORT CFIndex CFDataGetLength(CFDataRef data);
 CF_EXPORT CFTypeID CFArrayGetTypeID(void);
 CF_EXPORT CFArrayRef CFArrayCreate(CFAllocatorRef allocator, const void** values, CFIndex numValues,
                                    const CFArrayCallBacks* callBacks);
-/* `capacity` 0 means free to grow. */
+/* Empty and free to grow, whatever the capacity, which is a hint. */
 CF_EXPORT CFMutableArrayRef CFArrayCreateMutable(CFAllocatorRef allocator, CFIndex capacity,
                                                  const CFArrayCallBacks* callBacks);
 CF_EXPORT void CFArrayAppendValue(CFMutableArrayRef array, const void* value);

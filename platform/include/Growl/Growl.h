@@ -14,7 +14,8 @@
 extern "C" {
 #endif
 
-struct Growl_Delegate {
+struct Growl_Delegate
+{
     size_t size;
     CFStringRef applicationName;
     /* "AllNotifications": array of the names that may be posted; "DefaultNotifications": array of those of them that
@@ -34,7 +35,8 @@ struct Growl_Delegate {
     void (*growlNotificationTimedOut)(CFPropertyListRef clickContext);
 };
 
-struct Growl_Notification {
+struct Growl_Notification
+{
     size_t size;
     CFStringRef name;
     CFStringRef title;
