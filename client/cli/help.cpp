@@ -8,8 +8,8 @@ namespace {
 QString commonOptions()
 {
     return QStringLiteral(
-        "  --settings DIR     folder of the settings (default: $XDG_CONFIG_HOME/zepa or ~/.config/zepa)\n"
-        "  --help             this text\n");
+        "  --settings DIR            folder of the settings (default: $XDG_CONFIG_HOME/zepa or ~/.config/zepa)\n"
+        "  --help                    this text\n");
 }
 
 QString optionLine(const QCommandLineOption& option)
@@ -17,7 +17,7 @@ QString optionLine(const QCommandLineOption& option)
     QString name = QStringLiteral("--") + option.names().constFirst();
     if (!option.valueName().isEmpty())
         name += u' ' + option.valueName();
-    return QStringLiteral("  %1 %2\n").arg(name.leftJustified(18), option.description());
+    return QStringLiteral("  %1  %2\n").arg(name.leftJustified(24), option.description());
 }
 
 } // namespace
@@ -35,7 +35,7 @@ QString overview(const std::vector<CommandPointer>& commands)
         text += QStringLiteral("\n%1\n    %2\n    Example: %3\n")
                     .arg(usage(*command), command->summary(), command->example());
     text += QStringLiteral("\nOptions of every verb:\n") + commonOptions() +
-            QStringLiteral("  --version          the version of the program\n"
+            QStringLiteral("  --version                 the version of the program\n"
                            "\nExit codes:\n"
                            "  0  done; with post --wait: the pop-up was clicked\n"
                            "  1  it could not be done\n"

@@ -1,17 +1,16 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "client/cli/notification_service.h"
 
+#include "client/cli/event_wait.h"
+
 #include <Growl/Growl.h>
 
 #include <QDBusConnection>
 #include <QDBusMessage>
-#include <QDBusPendingCallWatcher>
-#include <QElapsedTimer>
-#include <QEventLoop>
+#include <QDBusPendingCall>
 #include <QStringList>
-#include <QTimer>
 
-#include <functional>
+#include <chrono>
 
 namespace zepa::cli {
 
@@ -20,23 +19,6 @@ namespace {
 using std::chrono::milliseconds;
 
 const QString serviceName = QStringLiteral("org.freedesktop.Notifications");
-
-/// Handles events until `done` says so or the time is over.
-bool handleEventsUntil(const std::function<bool()>& done, milliseconds limit)
-{
-    QEventLoop loop;
-    QTimer beat;
-    QElapsedTimer clock;
-    clock.start();
-    QObject::connect(&beat, &QTimer::timeout, &loop, [&] {
-        if (done() || clock.hasExpired(limit.count()))
-            loop.quit();
-    });
-    beat.start(milliseconds(5));
-    if (!done())
-        loop.exec();
-    return done();
-}
 
 /// Sends a call and handles events until its reply is there. An invalid message when there is none in time.
 QDBusMessage ask(const QDBusMessage& call, milliseconds limit)
@@ -67,11 +49,11 @@ bool busNamesService(const QString& method)
 
 void waitForNotificationService()
 {
-    const auto isRunning = [] { return Growl_IsRunning() != 0; };
-    if (isRunning())
-        return;
-    if (busNamesService(QStringLiteral("ListNames")) || busNamesService(QStringLiteral("ListActivatableNames")))
-        handleEventsUntil(isRunning, milliseconds(2000));
+    // Until the bus has said otherwise, a service counts as there. Ours is asked the same, later: when it has answered,
+    // the library's answer is on its way.
+    const bool isThere =
+        busNamesService(QStringLiteral("ListNames")) || busNamesService(QStringLiteral("ListActivatableNames"));
+    handleEventsUntil([isThere] { return (Growl_IsRunning() != 0) == isThere; }, milliseconds(2000));
 }
 
 QString whyNoPopup()
@@ -86,12 +68,13 @@ void flushPopups()
 {
     if (!Growl_IsRunning())
         return;
-    // A service answers calls in their order: what was sent before this question has arrived when the answer comes.
-    QDBusMessage question =
+    // A service answers questions in their order. By the first answer it has also said what it can do, which pop-ups
+    // wait for, five seconds at most; by the next ones it has got the pop-ups themselves.
+    const QDBusMessage question =
         QDBusMessage::createMethodCall(serviceName, QStringLiteral("/org/freedesktop/Notifications"), serviceName,
                                        QStringLiteral("GetServerInformation"));
-    for (int round = 0; round < 2; ++round)
-        ask(question, milliseconds(1500));
+    for (const milliseconds limit : {milliseconds(6000), milliseconds(1000), milliseconds(1000)})
+        ask(question, limit);
 }
 
 } // namespace zepa::cli

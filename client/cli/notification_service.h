@@ -6,14 +6,15 @@
 /// The desktop's notification service, from the side of a program that starts, posts and ends within a moment.
 namespace zepa::cli {
 
-/// Gives the session bus time, two seconds at most, to say whether there is a notification service; the library posts
-/// no pop-up before it knows. Events are handled meanwhile.
+/// Gives the session bus time, a few seconds at most, to say whether there is a notification service. Until then one
+/// counts as there, and a pop-up could go nowhere. Events are handled meanwhile.
 void waitForNotificationService();
 
 /// Why there would be no pop-up now; empty when a service is there.
 QString whyNoPopup();
 
-/// Waits, three seconds at most, until what was sent to the notification service has arrived there.
+/// Waits until the pop-ups that were posted are with the notification service: a moment, and eight seconds at most
+/// where it does not answer. Events are handled meanwhile.
 void flushPopups();
 
 } // namespace zepa::cli

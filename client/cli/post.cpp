@@ -129,7 +129,9 @@ int Post::run(const QCommandLineParser& line, Client& client) const
 int Post::wait(const Report& report, QEventLoop& answer)
 {
     if (!report.waits) {
-        say(QStringLiteral("not shown: %1").arg(report.whyNoPopup));
+        say(QStringLiteral("not shown: %1")
+                .arg(report.whyNoPopup.isEmpty() ? QStringLiteral("the notification service did not take it")
+                                                 : report.whyNoPopup));
         return NotShown;
     }
     const int code = answer.exec();

@@ -1,11 +1,14 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "client/cli/poster.h"
 
+#include "client/cli/event_wait.h"
 #include "client/cli/notification_service.h"
 #include "client/cli/user_action.h"
 #include "client/client.h"
+#include "client/services/audio/audio_service.h"
 #include "core/notification_module.h"
 
+#include <chrono>
 #include <memory>
 #include <utility>
 
@@ -68,6 +71,7 @@ Report announce(Client& client, const Event& event, Answers answers, std::functi
 void finishDelivering()
 {
     flushPopups();
+    handleEventsUntil([] { return audio::AudioService::instance().unfinished() == 0; }, std::chrono::seconds(10));
 }
 
 } // namespace zepa::cli

@@ -13,14 +13,27 @@ class ZepaTrayIconPrivate
 public:
     QIcon icon;
     bool visible = false;
-    /// The menu belongs to the icon and goes after it. Both are null in a program without widgets.
+    /// The menu belongs to the icon and goes after it. Both are null where there is nothing to show them
+    /// on: a program without widgets, a platform without a display.
     std::unique_ptr<QMenu> menu;
     std::unique_ptr<QSystemTrayIcon> shown;
 };
 
+namespace {
+
+/// Qt's tray icon complains on platforms that draw nothing.
+bool canShowIcons()
+{
+    static const QStringList blind{QStringLiteral("offscreen"), QStringLiteral("minimal")};
+    return qobject_cast<QApplication*>(QCoreApplication::instance()) &&
+           !blind.contains(QGuiApplication::platformName());
+}
+
+} // namespace
+
 ZepaTrayIcon::ZepaTrayIcon(QObject* parent) : QObject(parent), d(std::make_unique<ZepaTrayIconPrivate>())
 {
-    if (!qobject_cast<QApplication*>(QCoreApplication::instance()))
+    if (!canShowIcons())
         return;
     d->menu = std::make_unique<QMenu>();
     d->menu->addAction(QCoreApplication::translate("tray icon", "Show"), &zepa::ClientRequests::instance(),

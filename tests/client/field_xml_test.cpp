@@ -1,0 +1,122 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "host/field.h"
+#include "host/xml_node.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+
+namespace {
+
+QList<ZepaField> fieldTemplate()
+{
+    return {
+        ZepaField::checkBox({}, QStringLiteral("sticky"), false, {}, {}),
+        ZepaField::spinBox({}, QStringLiteral("limit"), 300, 0, 5, {}, {}),
+        ZepaField::comboBox({}, QStringLiteral("alerts"), {QStringLiteral("never"), QStringLiteral("always")}, {},
+                            QStringLiteral("never"), {}),
+        ZepaField::soundEdit({}, QStringLiteral("sound_file"), QStringLiteral("bell.wav"), {}),
+    };
+}
+
+QList<ZepaField> changed()
+{
+    QList<ZepaField> fields = fieldTemplate();
+    fields[0].setChecked(true);
+    fields[1].setIntValue(300);
+    fields[2].setSelectedId(QStringLiteral("always"));
+    fields[3].setText(QStringLiteral("/x/ding.aiff"));
+    return fields;
+}
+
+QStringList texts(const QList<ZepaField>& fields)
+{
+    QStringList list;
+    for (const ZepaField& field : fields)
+        list.append(field.getText());
+    return list;
+}
+
+ZepaXmlNode throughAFile(const ZepaXmlNode& node)
+{
+    ZepaXmlNode read({}, {}, nullptr);
+    read.setContent(node.toByteArray(-1));
+    return read;
+}
+
+TEST(FieldXml, BringsEveryValueBack)
+{
+    const ZepaXmlNode node = throughAFile(ZepaField::toXml(changed()));
+    EXPECT_EQ(texts(ZepaField::fromXml(fieldTemplate(), node)), texts(changed()));
+}
+
+TEST(FieldXml, DoesNotDependOnTheOrderOfFields)
+{
+    QList<ZepaField> fields = changed();
+    std::reverse(fields.begin(), fields.end());
+    EXPECT_EQ(texts(ZepaField::fromXml(fieldTemplate(), ZepaField::toXml(fields))), texts(changed()));
+}
+
+TEST(FieldXml, KeepsTheTemplatesValueForAMissingField)
+{
+    const ZepaXmlNode node = ZepaField::toXml({changed().at(3)});
+    const QList<ZepaField> fields = ZepaField::fromXml(fieldTemplate(), node);
+    EXPECT_EQ(texts(fields), QStringList({QStringLiteral("false"), QStringLiteral("5"), QStringLiteral("never"),
+                                          QStringLiteral("/x/ding.aiff")}));
+}
+
+TEST(FieldXml, KeepsTheTemplatesValueWhereTheStoredOneDoesNotFit)
+{
+    ZepaXmlNode node(QStringLiteral("fields"), {}, nullptr);
+    const auto add = [&node](const QString& id, const QString& value) {
+        node.addChild(QStringLiteral("field"), value).setAttribute(QStringLiteral("id"), id);
+    };
+    add(QStringLiteral("sticky"), QStringLiteral("maybe"));
+    add(QStringLiteral("limit"), QStringLiteral("301"));
+    add(QStringLiteral("alerts"), QStringLiteral("sometimes"));
+    add(QStringLiteral("unknown"), QStringLiteral("x"));
+    EXPECT_EQ(texts(ZepaField::fromXml(fieldTemplate(), node)), texts(fieldTemplate()));
+}
+
+TEST(FieldXml, TakesTheLaterOfTwoValues)
+{
+    ZepaXmlNode node = ZepaField::toXml(changed());
+    node.addChild(QStringLiteral("field"), QStringLiteral("7"))
+        .setAttribute(QStringLiteral("id"), QStringLiteral("limit"));
+    EXPECT_EQ(ZepaField::fromXml(fieldTemplate(), node).at(1).getIntValue(), 7);
+}
+
+TEST(FieldXml, PassesOverWhatIsNoField)
+{
+    ZepaXmlNode node(QStringLiteral("fields"), {}, nullptr);
+    node.addChild(QStringLiteral("note"), QStringLiteral("true"))
+        .setAttribute(QStringLiteral("id"), QStringLiteral("sticky"));
+    EXPECT_EQ(texts(ZepaField::fromXml(fieldTemplate(), node)), texts(fieldTemplate()));
+    EXPECT_EQ(texts(ZepaField::fromXml(fieldTemplate(), ZepaXmlNode({}, {}, nullptr))), texts(fieldTemplate()));
+}
+
+TEST(FieldXml, WritesNoElementForNoField)
+{
+    EXPECT_FALSE(ZepaField::toXml({ZepaField()}).hasChildNodes());
+    EXPECT_FALSE(ZepaField::toXml({}).isNull());
+    EXPECT_TRUE(ZepaField::fromXml({}, ZepaField::toXml(changed())).isEmpty());
+}
+
+TEST(FieldXml, CarriesTextsThatXmlCannotSay)
+{
+    const QChar strange[] = {QChar(0), QChar(0xD800), u'\r', QChar(0xFFFE), u'<', u'&', QChar(0xDC00), u'\n'};
+    const QString text = QString(strange, std::size(strange));
+    QList<ZepaField> fields = fieldTemplate();
+    fields[3].setText(text);
+    const ZepaField identified = ZepaField::soundEdit({}, text, text, {});
+    fields.append(identified);
+
+    const ZepaXmlNode node = throughAFile(ZepaField::toXml(fields));
+    QList<ZepaField> empty = fieldTemplate();
+    empty.append(ZepaField::soundEdit({}, text, {}, {}));
+    const QList<ZepaField> read = ZepaField::fromXml(empty, node);
+    EXPECT_EQ(read.at(3).getText(), text);
+    EXPECT_EQ(read.at(4).getText(), text);
+}
+
+} // namespace
