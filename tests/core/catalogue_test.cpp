@@ -44,8 +44,8 @@ class MarkingTranslator : public QTranslator
 public:
     QString translate(const char* context, const char* source, const char* comment, int /*n*/) const override
     {
-        return QString::fromUtf8(source) + QLatin1Char('|') + QString::fromUtf8(context) + QLatin1Char('|')
-               + QString::fromUtf8(comment);
+        return QString::fromUtf8(source) + QLatin1Char('|') + QString::fromUtf8(context) + QLatin1Char('|') +
+               QString::fromUtf8(comment);
     }
     bool isEmpty() const override { return false; }
 };
@@ -147,11 +147,11 @@ TEST_F(Catalogue, WritesNoRuleFileForATypeThatNoMethodHasADefaultFor)
 {
     module();
     ZepaNotificationModule::init();
-    EXPECT_EQ(host.ruleFiles(),
-              QStringList({QStringLiteral("alert_received_notify"), QStringLiteral("alert_sent_notify"),
-                           QStringLiteral("buddy_changed_status"), QStringLiteral("buddy_connected"),
-                           QStringLiteral("email_notify"), QStringLiteral("error_notify"),
-                           QStringLiteral("info_notify"), QStringLiteral("logged_in"),
-                           QStringLiteral("message_received"), QStringLiteral("message_received_background"),
-                           QStringLiteral("message_received_initial")}));
+    EXPECT_EQ(
+        host.ruleFiles(),
+        QStringList({QStringLiteral("alert_received_notify"), QStringLiteral("alert_sent_notify"),
+                     QStringLiteral("buddy_changed_status"), QStringLiteral("buddy_connected"),
+                     QStringLiteral("email_notify"), QStringLiteral("error_notify"), QStringLiteral("info_notify"),
+                     QStringLiteral("logged_in"), QStringLiteral("message_received"),
+                     QStringLiteral("message_received_background"), QStringLiteral("message_received_initial")}));
 }

@@ -41,10 +41,10 @@ TEST_F(Module, InstallsTheFourBuiltInMethods)
 {
     QStringList ids = module().getMethods().keys();
     ids.sort();
-    EXPECT_EQ(ids, QStringList({QStringLiteral("zepa_chat_window_notification_method"),
-                                QStringLiteral("zepa_dock_bounce_notification_method"),
-                                QStringLiteral("zepa_hint_notification"),
-                                QStringLiteral("zepa_sound_notification_method")}));
+    EXPECT_EQ(
+        ids, QStringList({QStringLiteral("zepa_chat_window_notification_method"),
+                          QStringLiteral("zepa_dock_bounce_notification_method"),
+                          QStringLiteral("zepa_hint_notification"), QStringLiteral("zepa_sound_notification_method")}));
 }
 
 TEST_F(Module, KeepsTheFirstOfTwoTypesWithOneIdentifier)

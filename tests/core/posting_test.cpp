@@ -47,8 +47,8 @@ TEST_F(Posting, ReadsTheLimitAtEveryPosting)
 TEST_F(Posting, HandsAllTextsActionAndArgumentsToEveryRule)
 {
     addRule(event, probe);
-    module().postNotification(event, QStringLiteral("a"), QStringLiteral("b"), QStringLiteral("c"),
-                              QStringLiteral("d"), ZepaPluginAction([] {}), {ZepaArg()});
+    module().postNotification(event, QStringLiteral("a"), QStringLiteral("b"), QStringLiteral("c"), QStringLiteral("d"),
+                              ZepaPluginAction([] {}), {ZepaArg()});
     ASSERT_EQ(probe.calls.size(), 1);
     const ProbeCall& call = probe.calls.first();
     EXPECT_EQ(QStringList({call.title, call.text, call.icon, call.extra}).join(QLatin1Char(' ')),

@@ -14,7 +14,10 @@ const QString id2 = QStringLiteral("two");
 class RuleTest : public testing::Test
 {
 protected:
-    RuleTest() { method.fields = {ProbeMethod::text(id1, QStringLiteral("a")), ProbeMethod::text(id2, QStringLiteral("b"))}; }
+    RuleTest()
+    {
+        method.fields = {ProbeMethod::text(id1, QStringLiteral("a")), ProbeMethod::text(id2, QStringLiteral("b"))};
+    }
 
     ZepaNotification notification{QStringLiteral("event"), QStringLiteral("Event"), QString(), QString()};
     ProbeMethod method;

@@ -53,8 +53,7 @@ TEST_F(HintPosting, RegistersAgainAtEveryPostingThatFindsGrowlRunning)
 {
     post(a, a);
     post(a, a, {}, action);
-    EXPECT_EQ(RecordingGrowl::calls.join(QLatin1Char(' ')),
-              QStringLiteral("set running set post running set post"));
+    EXPECT_EQ(RecordingGrowl::calls.join(QLatin1Char(' ')), QStringLiteral("running set post running set post"));
 }
 
 TEST_F(HintPosting, DoesNothingWhenGrowlIsNotRunningEvenWithAnAction)
@@ -64,7 +63,7 @@ TEST_F(HintPosting, DoesNothingWhenGrowlIsNotRunningEvenWithAnAction)
     const std::weak_ptr<int> watch = alive;
     method.postNotification(0, &notification, a, a, QString(), QString(), {},
                             ZepaPluginAction([alive = std::move(alive)] {}), {});
-    EXPECT_EQ(RecordingGrowl::calls.join(QLatin1Char(' ')), QStringLiteral("set running"));
+    EXPECT_EQ(RecordingGrowl::calls.join(QLatin1Char(' ')), QStringLiteral("running"));
     EXPECT_TRUE(watch.expired()) << "the action is kept";
 }
 

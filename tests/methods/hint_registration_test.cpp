@@ -115,10 +115,12 @@ TEST_F(HintRegistration, GivesUpWhatTheLastOneOwned)
     EXPECT_EQ(CFGetRetainCount(dictionary), 1);
     EXPECT_EQ(CFGetRetainCount(names), 2);
     EXPECT_EQ(CFGetRetainCount(name), 2);
-    for (CFTypeRef object : {static_cast<CFTypeRef>(dictionary), static_cast<CFTypeRef>(names), static_cast<CFTypeRef>(name)})
+    for (CFTypeRef object :
+         {static_cast<CFTypeRef>(dictionary), static_cast<CFTypeRef>(names), static_cast<CFTypeRef>(name)})
         CFRetain(object);
     method.registerNotifications({});
-    for (CFTypeRef object : {static_cast<CFTypeRef>(dictionary), static_cast<CFTypeRef>(names), static_cast<CFTypeRef>(name)}) {
+    for (CFTypeRef object :
+         {static_cast<CFTypeRef>(dictionary), static_cast<CFTypeRef>(names), static_cast<CFTypeRef>(name)}) {
         EXPECT_EQ(CFGetRetainCount(object), 1);
         CFRelease(object);
     }
@@ -136,15 +138,16 @@ TEST_F(HintRegistration, GivesUpWhatItOwnsWithTheMethod)
         dictionary = RecordingGrowl::delegate->registrationDictionary;
         names = static_cast<CFArrayRef>(CFDictionaryGetValue(dictionary, CFSTR("AllNotifications")));
         name = static_cast<CFStringRef>(CFArrayGetValueAtIndex(names, 0));
-        for (CFTypeRef object : {static_cast<CFTypeRef>(dictionary), static_cast<CFTypeRef>(names), static_cast<CFTypeRef>(name)})
+        for (CFTypeRef object :
+             {static_cast<CFTypeRef>(dictionary), static_cast<CFTypeRef>(names), static_cast<CFTypeRef>(name)})
             CFRetain(object);
     }
-    EXPECT_EQ(CFGetRetainCount(name), 1);
-    EXPECT_EQ(CFGetRetainCount(names), 1);
-    EXPECT_EQ(CFGetRetainCount(dictionary), 1);
-    CFRelease(dictionary);
-    CFRelease(names);
-    CFRelease(name);
+    // The test's own references are the last ones, from the outermost object inwards.
+    for (CFTypeRef object :
+         {static_cast<CFTypeRef>(dictionary), static_cast<CFTypeRef>(names), static_cast<CFTypeRef>(name)}) {
+        EXPECT_EQ(CFGetRetainCount(object), 1);
+        CFRelease(object);
+    }
 }
 
 TEST_F(HintRegistration, OffersAStickyBoxThatIsOffForSevenTypes)

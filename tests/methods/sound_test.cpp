@@ -19,11 +19,14 @@ protected:
     {
         ZepaNotification notification(id, id, QString(), QString());
         host.played.clear();
-        method.postNotification(0, &notification, QStringLiteral("title"), QStringLiteral("text"), QString(),
-                                QString(), config, ZepaPluginAction(), args);
+        method.postNotification(0, &notification, QStringLiteral("title"), QStringLiteral("text"), QString(), QString(),
+                                config, ZepaPluginAction(), args);
         return host.played;
     }
-    QStringList playedForAlert(const QList<ZepaArg>& args) { return played(alert, {file(QStringLiteral("/x.wav"))}, args); }
+    QStringList playedForAlert(const QList<ZepaArg>& args)
+    {
+        return played(alert, {file(QStringLiteral("/x.wav"))}, args);
+    }
 
     ZepaSoundNotificationMethod method;
     const QStringList silence;
@@ -77,8 +80,8 @@ TEST_F(Sound, DescribesTheAlertsSettingByItsThreeChoices)
     EXPECT_EQ(field.getType(), ZepaField::ComboBox);
     EXPECT_EQ(field.getId(), QStringLiteral("alerts"));
     EXPECT_TRUE(field.getLabel().isEmpty());
-    EXPECT_EQ(field.getItemIds(), QStringList({QStringLiteral("never"), QStringLiteral("always"),
-                                               QStringLiteral("buddies_only")}));
+    EXPECT_EQ(field.getItemIds(),
+              QStringList({QStringLiteral("never"), QStringLiteral("always"), QStringLiteral("buddies_only")}));
     EXPECT_EQ(field.getItemLabels(), QStringList({QStringLiteral("Mute"), QStringLiteral("Notify always"),
                                                   QStringLiteral("Notify from buddies only")}));
     EXPECT_EQ(field.getSelectedId(), QStringLiteral("buddies_only"));
@@ -139,12 +142,15 @@ TEST_F(Sound, OffersOneFieldWithTheBell)
 
 TEST_F(Sound, HasADefaultFileForNineTypesAndNoDefaultForOthers)
 {
-    const QList<std::pair<const char*, const char*>> table{
-        {"alert_received_notify", "bell.wav"},       {"email_notify", "mail.wav"},
-        {"buddy_connected", "online.wav"},           {"message_received", "message.wav"},
-        {"message_received_initial", "message.wav"}, {"message_received_background", "message.wav"},
-        {"info_notify", "file.wav"},                 {"error_notify", "file.wav"},
-        {"logged_in", "login.wav"}};
+    const QList<std::pair<const char*, const char*>> table{{"alert_received_notify", "bell.wav"},
+                                                           {"email_notify", "mail.wav"},
+                                                           {"buddy_connected", "online.wav"},
+                                                           {"message_received", "message.wav"},
+                                                           {"message_received_initial", "message.wav"},
+                                                           {"message_received_background", "message.wav"},
+                                                           {"info_notify", "file.wav"},
+                                                           {"error_notify", "file.wav"},
+                                                           {"logged_in", "login.wav"}};
     for (const auto& [id, name] : table) {
         const QList<ZepaField> config = method.getDefaultNotificationConfig(QString::fromLatin1(id));
         ASSERT_EQ(config.size(), 1) << id;

@@ -5,6 +5,7 @@
 #include "core/notification_module.h"
 #include "core/notification_rule.h"
 #include "probe_method.h"
+#include "qt_printers.h"
 #include "recording_growl.h"
 #include "recording_host.h"
 

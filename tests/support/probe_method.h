@@ -24,9 +24,7 @@ struct ProbeCall
 class ProbeMethod : public ZepaNotificationMethod
 {
 public:
-    explicit ProbeMethod(const QString& identifier = QStringLiteral("probe"))
-        : id(identifier)
-    {}
+    explicit ProbeMethod(const QString& identifier = QStringLiteral("probe")) : id(identifier) {}
 
     void postNotification(unsigned int sequence, ZepaNotification* notification, const QString& title,
                           const QString& text, const QString& icon, const QString& extra,

@@ -36,8 +36,8 @@ Boolean Growl_SetDelegate(Growl_Delegate* newDelegate)
     RecordingGrowl::calls.append(QStringLiteral("set"));
     RecordingGrowl::delegate = newDelegate;
     QStringList names;
-    const auto array = static_cast<CFArrayRef>(
-        CFDictionaryGetValue(newDelegate->registrationDictionary, CFSTR("AllNotifications")));
+    const auto array =
+        static_cast<CFArrayRef>(CFDictionaryGetValue(newDelegate->registrationDictionary, CFSTR("AllNotifications")));
     for (CFIndex i = 0; i < CFArrayGetCount(array); ++i)
         names.append(RecordingGrowl::toQString(static_cast<CFStringRef>(CFArrayGetValueAtIndex(array, i))));
     RecordingGrowl::registrations.append(names);

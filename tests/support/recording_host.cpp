@@ -89,8 +89,7 @@ ZepaChatManager* ZepaChatManager::getInstance()
 class ZepaTrayIconPrivate
 {};
 
-ZepaTrayIcon::ZepaTrayIcon(QObject* parent)
-    : QObject(parent)
+ZepaTrayIcon::ZepaTrayIcon(QObject* parent) : QObject(parent)
 {
     RecordingHost::current->iconsMade.append(this);
     RecordingHost::current->icons[this].calls.append(QStringLiteral("made"));

@@ -39,11 +39,10 @@ struct TrayIconRecord
 /// in a temporary folder. One object a test; the services that the library finds are always those of the newest.
 ///
 /// The data types (fields, XML, ...) are the reference client's own.
-class RecordingHost
-    : public ZepaSettingsManager
-    , public ZepaSettingsManagerPrivate
-    , public ZepaAudio
-    , public ZepaChatManager
+class RecordingHost : public ZepaSettingsManager,
+                      public ZepaSettingsManagerPrivate,
+                      public ZepaAudio,
+                      public ZepaChatManager
 {
 public:
     RecordingHost();
