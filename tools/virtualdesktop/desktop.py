@@ -63,10 +63,12 @@ class VirtualDesktop:
     Its parts are attributes, None where there is none: screen, window_manager, compositor, service, tray, sound.
     """
 
-    def __init__(self, folder, *, service="dunst", size="1280x800", sound=False, tray=None, wayland=False):
+    def __init__(self, folder, *, service="dunst", size="1280x800", sound=False, tray=None, wayland=False,
+                 popup_seconds=10):
         self.folder = pathlib.Path(folder)
         self.size = size
         self.service_name = service
+        self._popup_seconds = popup_seconds
         self.screen = self.window_manager = self.compositor = self.service = self.tray = self.sound = None
         self.display = None
         self._processes = []
@@ -79,6 +81,8 @@ class VirtualDesktop:
             self._start_screen()
             if wayland:
                 self._start_compositor()
+            else:
+                self._start_window_manager()
             if sound:
                 self.sound = Sound(self.start, self.env, self.folder / "run", self.folder)
             if tray:
@@ -109,7 +113,7 @@ class VirtualDesktop:
     def start_service(self):
         """Starts the notification service; again, after it was killed."""
         service = SERVICES[self.service_name]
-        service.write_config(self.env["XDG_CONFIG_HOME"])
+        service.write_config(self.env["XDG_CONFIG_HOME"], self._popup_seconds)
         if self.compositor:
             self.service = self.start(self.service_name, [service.program()], self._wayland_env, self._wayland_user)
         else:
@@ -173,6 +177,8 @@ class VirtualDesktop:
         self.screen = self._processes[-1]
         self.display = f":{number}"
         self.env["DISPLAY"] = self.display
+
+    def _start_window_manager(self):
         self.window_manager = self.start("openbox", ["openbox", "--sm-disable"])
         self.window_manager.wait_until(self._window_manager_answers)
 
