@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "objc_stand_in/recording_runtime.h"
 
-#include <objc/message.h>
 #include <objc/runtime.h>
 
 #include <set>
@@ -20,18 +19,30 @@ Handle handleOf(const std::string& name)
     return reinterpret_cast<Handle>(const_cast<char*>(names.insert(name).first->c_str()));
 }
 
-/// Every method that is called here takes at most one integer, which all calling conventions of a 64-bit machine leave
-/// in the third register; a method without one leaves something there that is not looked at.
-id recordMessage(id receiver, SEL selector, unsigned long argument)
+} // namespace
+
+Class objc_getClass(const char* name)
+{
+    return handleOf<Class>(name);
+}
+
+SEL sel_registerName(const char* name)
+{
+    return handleOf<SEL>(name);
+}
+
+// The declaration for callers, which has no type, is not included here: every method that is sent takes at most one
+// integer, and that one arrives as if it were always there. Where the method has none, it is not looked at.
+extern "C" id objc_msgSend(id receiver, SEL selector, unsigned long argument);
+
+id objc_msgSend(id receiver, SEL selector, unsigned long argument)
 {
     const std::string name = reinterpret_cast<const char*>(selector);
     std::string message = std::string(reinterpret_cast<const char*>(receiver)) + ' ' + name;
     if (name.back() == ':')
         message += std::to_string(argument);
     RecordingRuntime::messages.push_back(message);
-    if (!RecordingRuntime::throwingMessage.empty() && name == RecordingRuntime::throwingMessage)
+    if (name == RecordingRuntime::throwingMessage)
         throw std::runtime_error(message);
-    return name == "sharedApplication" ? handleOf<id>("app") : handleOf<id>("pool");
+    return handleOf<id>(name == "sharedApplication" ? "app" : "pool");
 }
-
-} // namespace

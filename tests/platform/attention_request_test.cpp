@@ -1,0 +1,106 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "attention/attention_request.h"
+#include "attention/launcher_entry.h"
+
+#include <QVariantMap>
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+struct RecordedEffects : attention::Effects
+{
+    void ask() override { done.emplace_back("ask"); }
+    void withdraw() override { done.emplace_back("withdraw"); }
+
+    std::vector<std::string> done;
+};
+
+struct AttentionRequest : testing::Test
+{
+    RecordedEffects effects;
+    attention::AttentionRequest request{effects};
+};
+
+constexpr bool active = true;
+
+} // namespace
+
+TEST_F(AttentionRequest, AsksNothingWhileTheApplicationIsActive)
+{
+    request.request(active);
+    EXPECT_THAT(effects.done, IsEmpty());
+}
+
+TEST_F(AttentionRequest, AsksOnceForARequestInTheBackground)
+{
+    request.request(!active);
+    EXPECT_THAT(effects.done, ElementsAre("ask"));
+}
+
+TEST_F(AttentionRequest, AsksAgainForASecondRequest)
+{
+    request.request(!active);
+    request.request(!active);
+    EXPECT_THAT(effects.done, ElementsAre("ask", "ask"));
+}
+
+TEST_F(AttentionRequest, IsWithdrawnOnceOnActivation)
+{
+    request.request(!active);
+    request.request(!active);
+    request.applicationActivated();
+    request.applicationActivated();
+    EXPECT_THAT(effects.done, ElementsAre("ask", "ask", "withdraw"));
+}
+
+TEST_F(AttentionRequest, HasNothingToWithdrawWithoutARequest)
+{
+    request.applicationActivated();
+    request.request(active);
+    request.applicationActivated();
+    EXPECT_THAT(effects.done, IsEmpty());
+}
+
+TEST_F(AttentionRequest, StartsAgainAfterItWasWithdrawn)
+{
+    request.request(!active);
+    request.applicationActivated();
+    request.request(!active);
+    request.applicationActivated();
+    EXPECT_THAT(effects.done, ElementsAre("ask", "withdraw", "ask", "withdraw"));
+}
+
+TEST(LauncherEntry, IsTheDesktopFilesNameWithOneEnding)
+{
+    EXPECT_EQ(attention::launcherAddress(QStringLiteral("org.example.Zepa"), QStringLiteral("Other")),
+              QStringLiteral("application://org.example.Zepa.desktop"));
+    EXPECT_EQ(attention::launcherAddress(QStringLiteral("Zepa.desktop"), QStringLiteral("Other")),
+              QStringLiteral("application://Zepa.desktop"));
+}
+
+TEST(LauncherEntry, IsTheApplicationsNameInLowerCaseWithoutADesktopFile)
+{
+    EXPECT_EQ(attention::launcherAddress(QString(), QStringLiteral("Zepa")),
+              QStringLiteral("application://zepa.desktop"));
+}
+
+TEST(LauncherEntry, IsUpdatedByASignalThatDocksKnow)
+{
+    const QDBusMessage update = attention::launcherUpdate(QStringLiteral("application://zepa.desktop"), true);
+    EXPECT_EQ(update.type(), QDBusMessage::SignalMessage);
+    EXPECT_EQ(update.path(), QStringLiteral("/com/canonical/Unity/LauncherEntry/1"));
+    EXPECT_EQ(update.interface(), QStringLiteral("com.canonical.Unity.LauncherEntry"));
+    EXPECT_EQ(update.member(), QStringLiteral("Update"));
+    const QVariantMap urgent = {{QStringLiteral("urgent"), true}};
+    EXPECT_EQ(update.arguments(), (QVariantList{QStringLiteral("application://zepa.desktop"), urgent}));
+    const QDBusMessage calm = attention::launcherUpdate(QStringLiteral("application://zepa.desktop"), false);
+    EXPECT_EQ(calm.arguments().at(1).toMap().value(QStringLiteral("urgent")), QVariant(false));
+}
