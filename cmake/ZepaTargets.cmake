@@ -35,7 +35,8 @@ function(zepa_test name)
   target_link_libraries(${name} PRIVATE ${arg_LIBRARIES} Qt6::Widgets GTest::gtest GTest::gmock)
   set(environment "XDG_RUNTIME_DIR=${CMAKE_BINARY_DIR}/test-home/run" "HOME=${CMAKE_BINARY_DIR}/test-home"
     "XDG_CONFIG_HOME=${CMAKE_BINARY_DIR}/test-home/config" "XDG_DATA_HOME=${CMAKE_BINARY_DIR}/test-home/data"
-    "XDG_CACHE_HOME=${CMAKE_BINARY_DIR}/test-home/cache" "LC_ALL=C.UTF-8" "TZ=UTC")
+    "XDG_CACHE_HOME=${CMAKE_BINARY_DIR}/test-home/cache" "LC_ALL=C.UTF-8" "TZ=UTC"
+    "LSAN_OPTIONS=print_suppressions=0:suppressions=${CMAKE_SOURCE_DIR}/tests/support/leaks.supp")
   if(arg_LABEL STREQUAL "unit")
     list(APPEND environment "QT_QPA_PLATFORM=offscreen" "DBUS_SESSION_BUS_ADDRESS=unix:path=/nonexistent")
   elseif(arg_LABEL STREQUAL "service")
