@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "tests/client/audio/sound_server.h"
 
-#include <QFile>
 #include <QStandardPaths>
 
 #include <algorithm>
@@ -94,14 +93,16 @@ void SoundServer::continueIt()
     send(m_server, SIGCONT);
 }
 
-SoundRecorder::SoundRecorder(const SoundServer& server)
+SoundRecorder::SoundRecorder(const SoundServer& server) : m_file(m_folder.filePath(QStringLiteral("recording")))
 {
+    // Into a file, since a pipe that nobody reads for a while would make the recorder lose sound.
+    m_recorder.setStandardOutputFile(m_file.fileName());
     m_recorder.setProcessChannelMode(QProcess::ForwardedErrorChannel);
     m_recorder.start(QStringLiteral("parec"),
                      {QStringLiteral("-s"), server.address(), QStringLiteral("-d"), QStringLiteral("test.monitor"),
-                      QStringLiteral("--latency-msec=5"), QStringLiteral("--format=s16le"),
+                      QStringLiteral("--latency-msec=100"), QStringLiteral("--format=s16le"),
                       QStringLiteral("--rate=44100"), QStringLiteral("--channels=1")});
-    m_begun = m_recorder.waitForStarted(patience) && m_recorder.waitForReadyRead(patience);
+    m_begun = m_recorder.waitForStarted(patience) && m_file.open(QFile::ReadOnly) && !take(0.01).empty();
 }
 
 SoundRecorder::~SoundRecorder()
@@ -110,19 +111,26 @@ SoundRecorder::~SoundRecorder()
     m_recorder.waitForFinished(patience);
 }
 
+QByteArray SoundRecorder::newBytes()
+{
+    const qint64 whole = (m_file.size() - m_file.pos()) / 2 * 2;
+    return m_file.read(whole);
+}
+
 std::vector<float> SoundRecorder::take(double seconds)
 {
-    m_bytes += m_recorder.readAllStandardOutput();
-    const qsizetype enough = m_bytes.size() + static_cast<qsizetype>(seconds * 44100) * 2;
-    while (m_bytes.size() < enough && m_recorder.waitForReadyRead(patience))
-        m_bytes += m_recorder.readAllStandardOutput();
+    QByteArray bytes = newBytes();
+    const qsizetype enough = bytes.size() + static_cast<qsizetype>(seconds * 44100) * 2;
+    for (int attempt = 0; attempt < 1000 && bytes.size() < enough; ++attempt) {
+        m_recorder.waitForFinished(20);
+        bytes += newBytes();
+    }
 
     std::vector<float> samples;
-    for (qsizetype i = 0; i + 1 < m_bytes.size(); i += 2) {
+    for (qsizetype i = 0; i + 1 < bytes.size(); i += 2) {
         qint16 sample = 0;
-        std::memcpy(&sample, m_bytes.constData() + i, 2);
+        std::memcpy(&sample, bytes.constData() + i, 2);
         samples.push_back(static_cast<float>(sample) / 32768.0F);
     }
-    m_bytes.remove(0, m_bytes.size() / 2 * 2);
     return samples;
 }

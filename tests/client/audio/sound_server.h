@@ -2,11 +2,11 @@
 #pragma once
 
 #include <QByteArray>
+#include <QFile>
 #include <QProcess>
 #include <QString>
 #include <QTemporaryDir>
 
-#include <memory>
 #include <vector>
 
 /// A private PulseAudio server with one null sink. Made without privileges or hardware; ended with the object.
@@ -47,7 +47,10 @@ public:
     std::vector<float> take(double seconds);
 
 private:
+    QByteArray newBytes();
+
+    QTemporaryDir m_folder;
+    QFile m_file;
     QProcess m_recorder;
-    QByteArray m_bytes;
     bool m_begun = false;
 };

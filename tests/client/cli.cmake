@@ -1,0 +1,23 @@
+# SPDX-License-Identifier: Apache-2.0
+# The command line: its parts, and the real program in a process of its own.
+zepa_test(client_cli_test LABEL unit
+  SOURCES
+    answer_token_test.cpp
+    field_text_test.cpp
+    output_test.cpp
+    script_test.cpp
+    user_action_test.cpp
+    watched_method_test.cpp
+  LIBRARIES zepa_cli)
+
+zepa_test(client_program_test LABEL unit
+  SOURCES
+    program.cpp
+    program_help_test.cpp
+    program_play_test.cpp
+    program_post_test.cpp
+    program_rules_test.cpp
+    program_settings_test.cpp
+  LIBRARIES Qt6::Core)
+target_compile_definitions(client_program_test PRIVATE ZEPA_PROGRAM="$<TARGET_FILE:zepa>")
+add_dependencies(client_program_test zepa)

@@ -1,0 +1,130 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "client/cli/script.h"
+
+#include <QFile>
+#include <QTemporaryDir>
+
+#include <gtest/gtest.h>
+
+namespace {
+
+using zepa::cli::Script;
+
+Script read(const QByteArray& content, const QString& folder = QStringLiteral("/nonexistent"))
+{
+    return zepa::cli::readScript(content, QStringLiteral("demo.jsonl"), folder,
+                                 {QStringLiteral("email_notify"), QStringLiteral("logged_in")});
+}
+
+std::string onlyProblem(const QByteArray& content)
+{
+    const Script script = read(content);
+    return script.problems.size() == 1
+               ? script.problems.constFirst().toStdString()
+               : std::to_string(script.problems.size()) + " problems: " + script.problems.join(u'\n').toStdString();
+}
+
+TEST(ScriptTest, ReadsEveryField)
+{
+    QTemporaryDir folder;
+    QFile picture(folder.filePath(QStringLiteral("p.png")));
+    ASSERT_TRUE(picture.open(QIODevice::WriteOnly));
+    const Script script = read(R"({"at":1.5,"type":"logged_in","title":"T","text":"X","icon":"p.png","buddy":"B",)"
+                               R"("action":"https://example.org/a?b=c"})",
+                               folder.path());
+    ASSERT_TRUE(script.problems.isEmpty()) << script.problems.constFirst().toStdString();
+    ASSERT_EQ(script.events.size(), 1);
+    const zepa::cli::Event& event = script.events.constFirst();
+    EXPECT_EQ(event.at, 1.5);
+    EXPECT_EQ(event.type, QStringLiteral("logged_in"));
+    EXPECT_EQ(event.title, QStringLiteral("T"));
+    EXPECT_EQ(event.text, QStringLiteral("X"));
+    EXPECT_EQ(event.icon, picture.fileName());
+    EXPECT_EQ(event.buddy, QStringLiteral("B"));
+    EXPECT_EQ(event.action, QStringLiteral("https://example.org/a?b=c"));
+}
+
+TEST(ScriptTest, LeavesFieldsThatAreNotGivenNull)
+{
+    const Script script = read(R"({"type":"logged_in","title":""})");
+    ASSERT_EQ(script.events.size(), 1);
+    EXPECT_FALSE(script.events[0].title.isNull());
+    EXPECT_TRUE(script.events[0].text.isNull());
+    EXPECT_TRUE(script.events[0].buddy.isNull());
+    EXPECT_TRUE(script.events[0].action.isNull());
+}
+
+TEST(ScriptTest, TakesTheTimeOfTheLineAboveWhereNoneIsGiven)
+{
+    const Script script = read("{\"type\":\"logged_in\",\"title\":\"a\"}\r\n\n"
+                               "{\"at\":2,\"type\":\"logged_in\",\"title\":\"b\"}\n"
+                               "{\"type\":\"logged_in\",\"title\":\"c\"}");
+    ASSERT_EQ(script.events.size(), 3);
+    EXPECT_EQ(script.events[0].at, 0);
+    EXPECT_EQ(script.events[1].at, 2);
+    EXPECT_EQ(script.events[2].at, 2);
+}
+
+TEST(ScriptTest, NamesFileLineFieldAndWhatIsAllowed)
+{
+    EXPECT_EQ(onlyProblem("\n\n{\"type\":\"x\",\"title\":\"a\"}"),
+              "demo.jsonl:3: field \"type\": there is no notification type \"x\"; allowed is one of: email_notify, "
+              "logged_in");
+    EXPECT_EQ(onlyProblem(R"({"title":"a"})"),
+              "demo.jsonl:1: field \"type\": it is missing; allowed is one of: email_notify, logged_in");
+    EXPECT_EQ(onlyProblem(R"({"type":"logged_in"})"),
+              "demo.jsonl:1: field \"title\": it is missing; allowed is a text");
+    EXPECT_EQ(onlyProblem(R"({"type":"logged_in","title":"a","text":7})"),
+              "demo.jsonl:1: field \"text\": 7 is no text; allowed is a text");
+    EXPECT_EQ(
+        onlyProblem(R"({"type":"logged_in","title":"a","txt":"b"})"),
+        "demo.jsonl:1: field \"txt\": there is no such field; allowed is at, type, title, text, icon, buddy, action");
+    EXPECT_EQ(onlyProblem(R"({"type":"logged_in","title":"a","icon":"p.png"})"),
+              "demo.jsonl:1: field \"icon\": there is no file /nonexistent/p.png; allowed is a picture, absolute or "
+              "beside the script");
+    EXPECT_EQ(
+        onlyProblem(R"({"type":"logged_in","title":"a","action":"no-such-program x"})"),
+        "demo.jsonl:1: field \"action\": it names the program \"no-such-program\", which is not there; allowed is "
+        "an address (https://...) or a command");
+}
+
+TEST(ScriptTest, RefusesTimesThatGoBackOrAreNone)
+{
+    EXPECT_EQ(
+        onlyProblem("{\"at\":2,\"type\":\"logged_in\",\"title\":\"a\"}\n"
+                    "{\"at\":1.5,\"type\":\"logged_in\",\"title\":\"a\"}"),
+        "demo.jsonl:2: field \"at\": 1.5 does not fit; allowed is a number of seconds from 2, the time of the line "
+        "above, to 86400");
+    for (const char* at : {"-1", "86401", "1e300", "\"1\"", "null", "true", "[]", "{}"}) {
+        const Script script = read("{\"at\":" + QByteArray(at) + ",\"type\":\"logged_in\",\"title\":\"a\"}");
+        ASSERT_EQ(script.problems.size(), 1) << at;
+        EXPECT_TRUE(script.problems[0].contains(QStringLiteral("field \"at\""))) << at;
+    }
+}
+
+TEST(ScriptTest, RefusesLinesThatAreNoObject)
+{
+    for (const QByteArray& line :
+         {QByteArray("["), QByteArray("[]"), QByteArray("7"), QByteArray("{"), QByteArray("{} {}"), QByteArray("\xFF"),
+          QByteArray("{\"type\":\"\xC3\"}"), QByteArray("# note"), QByteArray("\0", 1), QByteArray(1000000, '['),
+          QByteArray("{\"a\":").repeated(100000)}) {
+        const Script script = read(line);
+        ASSERT_EQ(script.problems.size(), 1) << line.left(20).constData();
+        EXPECT_TRUE(script.problems[0].startsWith(QStringLiteral("demo.jsonl:1: not a JSON object: ")));
+        EXPECT_LT(script.problems[0].size(), 400);
+    }
+}
+
+TEST(ScriptTest, NamesEveryProblem)
+{
+    EXPECT_EQ(read("{\"type\":1,\"title\":2,\"foo\":3}\n[]\n\n{\"type\":\"x\"}").problems.size(), 6);
+}
+
+TEST(ScriptTest, KeepsMessagesOnOneLine)
+{
+    const std::string problem = onlyProblem("{\"type\":\"x\\n\\u001b[2J\",\"title\":\"a\"}");
+    EXPECT_EQ(problem.find('\n'), std::string::npos);
+    EXPECT_EQ(problem.find('\x1b'), std::string::npos);
+}
+
+} // namespace

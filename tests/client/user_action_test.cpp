@@ -1,0 +1,75 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "client/cli/user_action.h"
+
+#include <QDir>
+#include <QElapsedTimer>
+#include <QFile>
+#include <QFileInfo>
+#include <QTemporaryDir>
+#include <QThread>
+
+#include <gtest/gtest.h>
+
+namespace {
+
+using zepa::cli::problemWithAction;
+using zepa::cli::startAction;
+
+/// A program that writes down its arguments, one a line, and the activation token behind them.
+class UserAction : public testing::Test
+{
+protected:
+    QString makeProgram(const QString& name)
+    {
+        const QString program = m_folder.filePath(name);
+        QFile file(program);
+        EXPECT_TRUE(file.open(QIODevice::WriteOnly));
+        file.write("#!/bin/sh\nfor word; do echo \"$word\"; done >" + result().toLocal8Bit() +
+                   ".part\necho \"token=$XDG_ACTIVATION_TOKEN\" >>" + result().toLocal8Bit() + ".part\nmv " +
+                   result().toLocal8Bit() + ".part " + result().toLocal8Bit() + "\n");
+        file.setPermissions(QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+        return program;
+    }
+
+    QString result() const { return m_folder.filePath(QStringLiteral("result")); }
+
+    /// What the program wrote; it runs on its own, so there is something to wait for.
+    QByteArray written() const
+    {
+        QElapsedTimer clock;
+        clock.start();
+        while (!QFileInfo::exists(result()) && !clock.hasExpired(20000))
+            QThread::msleep(5);
+        QFile file(result());
+        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("nothing");
+    }
+
+    QTemporaryDir m_folder;
+};
+
+TEST_F(UserAction, IsAnAddressOrACommandThatIsThere)
+{
+    for (const char16_t* good : {u"https://example.org", u"mailto:a@example.org", u"file:///tmp/x", u"true",
+                                 u"/bin/true", u"\"true\" x", u"x-custom:y"})
+        EXPECT_TRUE(problemWithAction(QString::fromUtf16(good)).isEmpty()) << QString::fromUtf16(good).toStdString();
+    for (const char16_t* bad : {u"", u" ", u"no-such-program", u"/nonexistent/program x", u"c:true", u"\"\""})
+        EXPECT_FALSE(problemWithAction(QString::fromUtf16(bad)).isEmpty()) << QString::fromUtf16(bad).toStdString();
+}
+
+TEST_F(UserAction, StartsACommandWithoutAShell)
+{
+    const QString program = makeProgram(QStringLiteral("program"));
+    qputenv("XDG_ACTIVATION_TOKEN", "the-token");
+    startAction(program + QStringLiteral(" one \"two words\" $(id) ;rm * 'x"));
+    EXPECT_EQ(written(), "one\ntwo words\n$(id)\n;rm\n*\n'x\ntoken=the-token\n");
+}
+
+TEST_F(UserAction, OpensAnAddressWithTheDesktopsProgram)
+{
+    makeProgram(QStringLiteral("xdg-open"));
+    qputenv("PATH", m_folder.path().toLocal8Bit() + ":" + qgetenv("PATH"));
+    startAction(QStringLiteral("https://example.org/a?b=c&d=e"));
+    EXPECT_EQ(written(), "https://example.org/a?b=c&d=e\ntoken=\n");
+}
+
+} // namespace
