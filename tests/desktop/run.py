@@ -12,11 +12,21 @@ SKIPPED = 77
 
 
 def all_tests():
+    """The tests by name. A file that cannot be loaded is a test that fails and says why."""
     found = unittest.defaultTestLoader.discover(str(pathlib.Path(__file__).parent), "*_test.py")
-    cases = [case for module in found for group in module for case in group]
-    if unittest.defaultTestLoader.errors:
-        sys.exit("\n".join(unittest.defaultTestLoader.errors))
-    return {f"{type(case).__name__}.{case.id().split('.')[-1].removeprefix('test_')}": case for case in cases}
+    return {_name(case): case for case in _cases(found)}
+
+
+def _cases(suite):
+    for part in suite:
+        if isinstance(part, unittest.TestSuite):
+            yield from _cases(part)
+        else:
+            yield part
+
+
+def _name(case):
+    return ".".join([type(case).__name__.lstrip("_"), case.id().split(".")[-1].removeprefix("test_")])
 
 
 def run(name):

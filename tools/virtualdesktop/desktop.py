@@ -6,7 +6,7 @@ import pathlib
 import pwd
 import subprocess
 
-from . import bus
+from . import bus, screen
 from .notification_services import BUS_NAME, SERVICES
 from .processes import NotReady, Process
 from .sound import Sound
@@ -18,6 +18,7 @@ _TRAYS = {
     "trayer": ["trayer", "--edge", "top", "--align", "left", "--widthtype", "pixel", "--width", "200", "--height", "32"],
     "lxqt-panel": ["lxqt-panel"],
 }
+_BACKGROUND = "#34506b"
 _PANEL = """[General]
 __userfile__=true
 panels=panel1
@@ -166,7 +167,7 @@ class VirtualDesktop:
         }
 
     def _start_bus(self):
-        config = bus.write_config(self.folder, self.folder / "run" / "bus", self._services)
+        config = bus.write_config(self.folder, self.folder / "bus", self._services)
         address = self._start_and_read("dbus-daemon", lambda fd: [
             "dbus-daemon", f"--config-file={config}", "--nofork", "--nopidfile", f"--print-address={fd}"])
         self.env["DBUS_SESSION_BUS_ADDRESS"] = address
@@ -233,22 +234,27 @@ class VirtualDesktop:
             run.mkdir(mode=0o700)
             os.chown(run, self._wayland_user.pw_uid, self._wayland_user.pw_gid)
             # The user must reach the socket of the bus and the configuration, so the folders are let through.
-            for passed in (self.folder, self.folder / "run", self.folder / "home"):
+            for passed in (self.folder, self.folder / "home"):
                 passed.chmod(0o711)
         config = self.folder / "sway.conf"
         width, height = self.size.split("x")
         config.write_text(
             f"output * mode {width}x{height}\n"
-            "output * bg #34506b solid_color\nseat * hide_cursor 0\nxwayland disable\nfocus_follows_mouse no\n")
+            f"output * bg {_BACKGROUND} solid_color\nseat * hide_cursor 0\nxwayland disable\nfocus_follows_mouse no\n")
         self._wayland_env = dict(
             self.env, XDG_RUNTIME_DIR=str(run), WLR_BACKENDS="x11", WLR_RENDERER="pixman",
             WLR_LIBINPUT_NO_DEVICES="1", SWAYSOCK=str(run / "sway.sock"), HOME="/nonexistent",
             XDG_CACHE_HOME=str(run))
         self.compositor = self.start("sway", ["sway", "--config", str(config)], self._wayland_env, self._wayland_user)
         self.compositor.wait_until(lambda: list(run.glob("wayland-?")) and self._sway_answers(run))
+        self.compositor.wait_until(self._background_is_drawn)
         socket = next(run.glob("wayland-?"))
         self._wayland_env["WAYLAND_DISPLAY"] = socket.name
         self.env.update(WAYLAND_DISPLAY=str(socket), QT_QPA_PLATFORM="wayland", SWAYSOCK=str(run / "sway.sock"))
+
+    def _background_is_drawn(self):
+        shown = screen.picture(self, self.folder / "now.png")
+        return screen.colour(shown, _BACKGROUND) == screen.Box(0, 0, *(int(number) for number in self.size.split("x")))
 
     def _sway_answers(self, run):
         asked = subprocess.run(["swaymsg", "--socket", str(run / "sway.sock"), "-t", "get_outputs"],

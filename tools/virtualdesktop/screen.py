@@ -34,7 +34,7 @@ def difference(before, after):
     """The smallest box around everything that differs between two pictures; None when nothing does."""
     ran = subprocess.run(
         ["convert", str(before), str(after), "-compose", "difference", "-composite", "-colorspace", "gray",
-         "-threshold", "2%", "-format", "%@ %[fx:maxima]", "info:"],
+         "-threshold", "2%", *_EXTENT],
         stdin=subprocess.DEVNULL, capture_output=True, text=True)
     return _box(ran.stdout)
 
@@ -42,19 +42,22 @@ def difference(before, after):
 def colour(path, name):
     """The smallest box around everything of the colour `name` (#rrggbb) in a picture; None when there is none."""
     ran = subprocess.run(
-        ["convert", str(path), "-alpha", "off", "-fuzz", "8%", "-fill", "black", "+opaque", name,
-         "-format", "%@ %[fx:maxima]", "info:"],
+        ["convert", str(path), "-alpha", "off", "-fuzz", "8%", "-fill", "black", "+opaque", name, *_EXTENT],
         stdin=subprocess.DEVNULL, capture_output=True, text=True)
     return _box(ran.stdout)
 
 
+# Prints what a trim would keep of a picture on black, and how bright it gets. A border of one pixel lets it trim a
+# picture that has only one colour.
+_EXTENT = ("-bordercolor", "black", "-border", "1", "-format", "%@ %[fx:maxima]", "info:")
+
+
 def _box(printed):
-    """The box in `%@ %[fx:maxima]`, what to keep of a picture and how bright it gets."""
     found = re.match(r"(\d+)x(\d+)\+(\d+)\+(\d+) (\S+)", printed)
     if not found or float(found[5]) == 0:
         return None
     width, height, x, y = (int(found[n]) for n in range(1, 5))
-    return Box(x, y, width, height)
+    return Box(x - 1, y - 1, width, height)
 
 
 class Watcher:
