@@ -1,0 +1,319 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "service_fixture.h"
+
+#include <QCoreApplication>
+
+namespace {
+
+class AnswersTest : public ServiceTest
+{
+protected:
+    /// Posts one more pop-up, clicks it and waits for that: by then everything before it has arrived too.
+    static void letEverythingArrive(ServiceProcess& service)
+    {
+        const int before = static_cast<int>(service.calls().size());
+        postClickable("last");
+        ASSERT_TRUE(waitForPopups(service, before + 1));
+        const int id = service.calls().last()[QStringLiteral("id")].toInt();
+        service.tell(QStringLiteral("click %1").arg(id));
+        ASSERT_TRUE(waitFor([] { return !answers().empty() && answers().back() == "clicked last"; }));
+        answers().pop_back();
+    }
+};
+
+QByteArray tokenInCallBack;
+
+void noteToken(CFPropertyListRef /*context*/)
+{
+    tokenInCallBack = qgetenv("XDG_ACTIVATION_TOKEN");
+}
+
+} // namespace
+
+TEST_F(AnswersTest, ReportsAClickOnceAndClosesThePopup)
+{
+    const auto service = startService();
+    postClickable("a");
+    ASSERT_TRUE(waitForPopups(*service, 1));
+    service->tell(QStringLiteral("click 1"));
+    ASSERT_TRUE(waitFor([&] { return !service->calls(QStringLiteral("CloseNotification")).isEmpty(); }));
+    service->tell(QStringLiteral("click 1"));
+    letEverythingArrive(*service);
+    EXPECT_EQ(answers(), Answers{"clicked a"});
+    EXPECT_EQ(service->calls(QStringLiteral("CloseNotification")).first()[QStringLiteral("id")], 1);
+}
+
+TEST_F(AnswersTest, CallsThePopupsOwnCallBackInsteadOfTheDelegates)
+{
+    const auto service = startService();
+    TestPosting posting;
+    posting.context = "a";
+    posting.clickCallBack = onOwnClick;
+    post(posting);
+    posting.context = "b";
+    post(posting);
+    ASSERT_TRUE(waitForPopups(*service, 2));
+    service->tell(QStringLiteral("click 1"));
+    service->tell(QStringLiteral("close 2"));
+    ASSERT_TRUE(waitFor([] { return answers().size() == 2; }));
+    EXPECT_EQ(answers(), (Answers{"own a", "timed out b"}));
+}
+
+TEST_F(AnswersTest, ReportsAClosedPopupAsTimedOut)
+{
+    const auto service = startService();
+    postClickable("a");
+    ASSERT_TRUE(waitForPopups(*service, 1));
+    service->tell(QStringLiteral("close 1"));
+    ASSERT_TRUE(waitFor([] { return !answers().empty(); }));
+    EXPECT_EQ(answers(), Answers{"timed out a"});
+    letEverythingArrive(*service);
+    EXPECT_EQ(answers(), Answers{"timed out a"});
+}
+
+TEST_F(AnswersTest, TakesAClickThatComesAfterTheClosing)
+{
+    const auto service = startService();
+    postClickable("a");
+    ASSERT_TRUE(waitForPopups(*service, 1));
+    service->tell(QStringLiteral("close 1\nclick 1"));
+    ASSERT_TRUE(waitFor([] { return !answers().empty(); }));
+    letEverythingArrive(*service);
+    EXPECT_EQ(answers(), Answers{"clicked a"});
+    for (const QJsonObject& call : service->calls(QStringLiteral("CloseNotification")))
+        EXPECT_NE(call[QStringLiteral("id")], 1) << "it was closed already";
+}
+
+TEST_F(AnswersTest, TakesAClickThatComesBeforeTheReply)
+{
+    const auto service = startService({QStringLiteral("click-first")});
+    postClickable("a");
+    ASSERT_TRUE(waitFor([] { return !answers().empty(); }));
+    EXPECT_EQ(answers(), Answers{"clicked a"});
+}
+
+TEST_F(AnswersTest, TakesAClosingThatComesBeforeTheReply)
+{
+    const auto service = startService({QStringLiteral("close-first")});
+    postClickable("a");
+    ASSERT_TRUE(waitFor([] { return !answers().empty(); }));
+    EXPECT_EQ(answers(), Answers{"timed out a"});
+}
+
+TEST_F(AnswersTest, TakesClosingAndClickThatBothComeBeforeTheReply)
+{
+    const auto service = startService({QStringLiteral("close-click-first")});
+    postClickable("a");
+    ASSERT_TRUE(waitFor([] { return !answers().empty(); }));
+    EXPECT_EQ(answers(), Answers{"clicked a"});
+}
+
+TEST_F(AnswersTest, AnswersEachOfTheIdenticalPopupsThatAServiceMerges)
+{
+    const auto service = startService({QStringLiteral("same-id")});
+    postClickable("a");
+    postClickable("b");
+    postClickable("c");
+    ASSERT_TRUE(waitFor([] { return answers().size() == 2; }));
+    EXPECT_EQ(answers(), (Answers{"timed out a", "timed out b"}));
+    service->tell(QStringLiteral("click 1"));
+    ASSERT_TRUE(waitFor([] { return answers().size() == 3; }));
+    EXPECT_EQ(answers().back(), "clicked c");
+}
+
+TEST_F(AnswersTest, IgnoresActionsThatWereNotOffered)
+{
+    const auto service = startService();
+    post({});
+    postClickable("b");
+    ASSERT_TRUE(waitForPopups(*service, 2));
+    service->tell(QStringLiteral("click 1\ninvoke 2 other\ninvoke 2 "));
+    letEverythingArrive(*service);
+    EXPECT_EQ(answers(), Answers{});
+    for (const QJsonObject& call : service->calls(QStringLiteral("CloseNotification")))
+        EXPECT_EQ(call[QStringLiteral("id")], 3) << "only the last was clicked";
+}
+
+TEST_F(AnswersTest, HandsTheActivationTokenOnBeforeTheCallBack)
+{
+    const auto service = startService();
+    TestPosting posting;
+    posting.context = "a";
+    posting.clickCallBack = noteToken;
+    post(posting);
+    ASSERT_TRUE(waitForPopups(*service, 1));
+    service->tell(QStringLiteral("token 1 first\ntoken 1 token-of-a\nclick 1"));
+    ASSERT_TRUE(waitFor([] { return !tokenInCallBack.isEmpty(); }));
+    EXPECT_EQ(tokenInCallBack, "token-of-a");
+}
+
+TEST_F(AnswersTest, DoesNotHandOnTheTokenOfAnotherPopup)
+{
+    qunsetenv("XDG_ACTIVATION_TOKEN");
+    const auto service = startService();
+    postClickable("a");
+    ASSERT_TRUE(waitForPopups(*service, 1));
+    service->tell(QStringLiteral("token 2 token-of-b\nclick 1"));
+    ASSERT_TRUE(waitFor([] { return !answers().empty(); }));
+    EXPECT_FALSE(qEnvironmentVariableIsSet("XDG_ACTIVATION_TOKEN"));
+}
+
+TEST_F(AnswersTest, IgnoresWhatOthersSendInTheNameOfTheService)
+{
+    const auto service = startService();
+    postClickable("a");
+    ASSERT_TRUE(waitForPopups(*service, 1));
+    forge(QStringLiteral("ActionInvoked"), {1U, QStringLiteral("default")});
+    forge(QStringLiteral("NotificationClosed"), {1U, 2U});
+    forge(QStringLiteral("ActivationToken"), {1U, QStringLiteral("forged")});
+    letEverythingArrive(*service);
+    EXPECT_EQ(answers(), Answers{});
+    service->tell(QStringLiteral("click 1"));
+    ASSERT_TRUE(waitFor([] { return !answers().empty(); }));
+    EXPECT_EQ(answers(), Answers{"clicked a"});
+    EXPECT_NE(qgetenv("XDG_ACTIVATION_TOKEN"), "forged");
+}
+
+TEST_F(AnswersTest, IgnoresSignalsOfOtherTypes)
+{
+    const auto service = startService();
+    postClickable("a");
+    ASSERT_TRUE(waitForPopups(*service, 1));
+    service->tell(QStringLiteral("wrong-signals 1"));
+    letEverythingArrive(*service);
+    EXPECT_EQ(answers(), Answers{});
+}
+
+TEST_F(AnswersTest, ReportsAPopupThatTheServiceRefusesAsTimedOut)
+{
+    const auto service = startService({QStringLiteral("refuse")});
+    postClickable("a");
+    ASSERT_TRUE(waitFor([] { return !answers().empty(); }));
+    EXPECT_EQ(answers(), Answers{"timed out a"});
+}
+
+TEST_F(AnswersTest, ReportsTheOldestAsTimedOutWhenMoreThanAThousandWait)
+{
+    const auto service = startService();
+    for (int number = 0; number < 1001; ++number)
+        postClickable(std::to_string(number));
+    ASSERT_TRUE(answers().empty()) << "call-backs come from the event loop only";
+    ASSERT_TRUE(waitFor([] { return !answers().empty(); }));
+    EXPECT_EQ(answers(), Answers{"timed out 0"});
+}
+
+TEST_F(AnswersTest, ReportsEveryWaitingPopupOnceWhenTheServiceDies)
+{
+    const auto service = startService();
+    postClickable("a");
+    postClickable("b");
+    ASSERT_TRUE(waitForPopups(*service, 2));
+    service->kill();
+    ASSERT_TRUE(waitFor([] { return answers().size() >= 2; }));
+    const auto next = startService();
+    letEverythingArrive(*next);
+    EXPECT_EQ(answers(), (Answers{"timed out a", "timed out b"}));
+}
+
+TEST_F(AnswersTest, ForgetsIdsOfAServiceThatWasRestarted)
+{
+    auto service = startService();
+    postClickable("old");
+    ASSERT_TRUE(waitForPopups(*service, 1));
+    service->kill();
+    service = startService();
+    postClickable("new");
+    ASSERT_TRUE(waitForPopups(*service, 1));
+    ASSERT_EQ(service->calls().first()[QStringLiteral("id")], 1) << "the same id once more";
+    service->tell(QStringLiteral("click 1"));
+    ASSERT_TRUE(waitFor([] { return answers().size() == 2; }));
+    EXPECT_EQ(answers(), (Answers{"timed out old", "clicked new"}));
+}
+
+TEST_F(AnswersTest, ReportsWhatAReplacedServiceShowedAsTimedOut)
+{
+    const auto service = startService();
+    postClickable("old");
+    ASSERT_TRUE(waitForPopups(*service, 1));
+    const auto next = startService({QStringLiteral("replace")});
+    ASSERT_TRUE(waitFor([] { return !answers().empty(); }));
+    postClickable("new");
+    ASSERT_TRUE(waitForPopups(*next, 1));
+    // It lives on without the name: what it says is not the service's any more.
+    service->tell(QStringLiteral("click 1"));
+    next->tell(QStringLiteral("click 1"));
+    ASSERT_TRUE(waitFor([] { return answers().size() == 2; }));
+    EXPECT_EQ(answers(), (Answers{"timed out old", "clicked new"}));
+}
+
+TEST_F(AnswersTest, ReportsPopupsOfAStuckServiceThatIsKilledAsTimedOut)
+{
+    const auto service = startService({QStringLiteral("mute")});
+    postClickable("a");
+    ASSERT_TRUE(waitFor([&] { return !service->calls(QStringLiteral("GetCapabilities")).isEmpty(); }));
+    service->stop();
+    service->kill();
+    ASSERT_TRUE(waitFor([] { return !answers().empty(); }));
+    EXPECT_EQ(answers(), Answers{"timed out a"});
+}
+
+TEST_F(AnswersTest, CallsNobodyAfterTheApplicationWithdrew)
+{
+    const auto service = startService();
+    postClickable("a");
+    TestPosting posting;
+    posting.context = "b";
+    posting.clickCallBack = onOwnClick;
+    post(posting);
+    ASSERT_TRUE(waitForPopups(*service, 2));
+    Growl_SetDelegate(nullptr);
+    postClickable("dropped");
+    service->tell(QStringLiteral("click 1\nclick 2"));
+    ASSERT_TRUE(waitFor([&] { return service->calls(QStringLiteral("CloseNotification")).size() == 2; }));
+    registerNames({QStringLiteral("Message")});
+    letEverythingArrive(*service);
+    EXPECT_EQ(answers(), Answers{});
+    EXPECT_EQ(service->calls().size(), 3);
+}
+
+TEST_F(AnswersTest, TellsTheDelegateThatIsRegisteredWhenTheAnswerComes)
+{
+    const auto service = startService();
+    postClickable("a");
+    ASSERT_TRUE(waitForPopups(*service, 1));
+    Growl_SetDelegate(nullptr);
+    registerNames({QStringLiteral("Message")});
+    service->tell(QStringLiteral("click 1"));
+    ASSERT_TRUE(waitFor([] { return !answers().empty(); }));
+    EXPECT_EQ(answers(), Answers{"clicked a"});
+}
+
+TEST_F(AnswersTest, LetsACallBackPostAndRegister)
+{
+    const auto service = startService({QStringLiteral("click-last")});
+    TestPosting posting;
+    posting.context = "a";
+    posting.clickCallBack = [](CFPropertyListRef context) {
+        onOwnClick(context);
+        registerNames({QStringLiteral("Message")});
+        postClickable("posted by the call-back");
+    };
+    post(posting);
+    ASSERT_TRUE(waitFor([] { return answers().size() == 2; }));
+    EXPECT_EQ(answers(), (Answers{"own a", "clicked posted by the call-back"}));
+}
+
+TEST_F(AnswersTest, LetsACallBackRunAnEventLoopOfItsOwn)
+{
+    const auto service = startService({QStringLiteral("click-last")});
+    TestPosting posting;
+    posting.context = "a";
+    posting.clickCallBack = [](CFPropertyListRef context) {
+        postClickable("b");
+        EXPECT_TRUE(waitFor([] { return answers() == Answers{"clicked b"}; }));
+        onOwnClick(context);
+    };
+    post(posting);
+    ASSERT_TRUE(waitFor([] { return answers().size() == 2; }));
+    EXPECT_EQ(answers(), (Answers{"clicked b", "own a"}));
+}

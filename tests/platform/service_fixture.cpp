@@ -1,0 +1,333 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "service_fixture.h"
+
+#include <QCoreApplication>
+#include <QDBusConnection>
+#include <QDBusMessage>
+#include <QDeadlineTimer>
+#include <QDir>
+#include <QFile>
+#include <QJsonDocument>
+#include <QTimer>
+
+#include <csignal>
+#include <sys/prctl.h>
+
+namespace {
+
+constexpr int patience = 30000;
+
+CFStringRef cfString(const QString& text)
+{
+    return CFStringCreateWithBytes(nullptr, reinterpret_cast<const UInt8*>(text.utf16()), text.size() * 2,
+                                   kCFStringEncodingUnicode, false);
+}
+
+CFStringRef cfString(const std::optional<QString>& text)
+{
+    return text ? cfString(*text) : nullptr;
+}
+
+void release(CFTypeRef object)
+{
+    if (object != nullptr)
+        CFRelease(object);
+}
+
+CFArrayRef cfArray(const QStringList& names)
+{
+    std::vector<const void*> values;
+    for (const QString& name : names)
+        values.push_back(cfString(name));
+    const CFArrayRef array =
+        CFArrayCreate(nullptr, values.data(), static_cast<CFIndex>(values.size()), &kCFTypeArrayCallBacks);
+    for (const void* value : values)
+        CFRelease(value);
+    return array;
+}
+
+std::string textOf(CFPropertyListRef context)
+{
+    const auto string = static_cast<CFStringRef>(context);
+    QString text(CFStringGetLength(string), Qt::Uninitialized);
+    CFStringGetCharacters(string, {0, text.size()}, reinterpret_cast<UniChar*>(text.data()));
+    return text.toStdString();
+}
+
+void tell(const std::string& what, CFPropertyListRef context, std::vector<std::string>& answers, bool inside)
+{
+    EXPECT_FALSE(inside) << "a call-back came from inside one of Growl's functions";
+    answers.push_back(what + ' ' + textOf(context));
+}
+
+/// A process that does not outlive this one, however this one ends.
+void start(QProcess& process, const QString& program, const QStringList& arguments)
+{
+    process.setProcessChannelMode(QProcess::ForwardedErrorChannel);
+    process.setChildProcessModifier([] { prctl(PR_SET_PDEATHSIG, SIGKILL); });
+    process.start(program, arguments);
+    ASSERT_TRUE(process.waitForStarted()) << program.toStdString() << " is not installed";
+}
+
+} // namespace
+
+ServiceProcess::ServiceProcess(const QStringList& options)
+{
+    start(m_process, QStringLiteral(SCRIPTED_SERVICE), options);
+}
+
+ServiceProcess::~ServiceProcess()
+{
+    kill();
+}
+
+void ServiceProcess::tell(const QString& command)
+{
+    m_process.write(command.toUtf8() + '\n');
+    m_process.waitForBytesWritten();
+}
+
+void ServiceProcess::kill()
+{
+    m_process.kill();
+    m_process.waitForFinished();
+}
+
+void ServiceProcess::stop() const
+{
+    ::kill(static_cast<pid_t>(m_process.processId()), SIGSTOP);
+}
+
+const QList<QJsonObject>& ServiceProcess::lines()
+{
+    m_rest += m_process.readAllStandardOutput();
+    for (qsizetype end = m_rest.indexOf('\n'); end >= 0; end = m_rest.indexOf('\n')) {
+        m_lines.append(QJsonDocument::fromJson(m_rest.left(end)).object());
+        m_rest.remove(0, end + 1);
+    }
+    return m_lines;
+}
+
+bool ServiceProcess::wrote(const QString& key)
+{
+    for (const QJsonObject& line : lines()) {
+        if (line.contains(key))
+            return true;
+    }
+    return false;
+}
+
+QList<QJsonObject> ServiceProcess::calls(const QString& method)
+{
+    QList<QJsonObject> result;
+    for (const QJsonObject& line : lines()) {
+        if (line[QStringLiteral("call")] == method)
+            result.append(line);
+    }
+    return result;
+}
+
+ServiceTest::ServiceTest()
+{
+    QDir().mkpath(path("services"));
+    QFile configuration(path("bus.conf"));
+    configuration.open(QIODevice::WriteOnly);
+    // The limits are those of a real session's bus: with the defaults, bursts lose pop-ups.
+    configuration.write(R"(<!DOCTYPE busconfig PUBLIC "-//freedesktop//DTD D-Bus Bus Configuration 1.0//EN"
+ "http://www.freedesktop.org/standards/dbus/1.0/busconfig.dtd">
+<busconfig>
+  <type>session</type>
+  <listen>unix:path=)" + path("bus").toUtf8() +
+                        R"(</listen>
+  <auth>EXTERNAL</auth>
+  <servicedir>)" + path("services").toUtf8() +
+                        R"(</servicedir>
+  <policy context="default">
+    <allow send_destination="*" eavesdrop="true"/>
+    <allow eavesdrop="true"/>
+    <allow own="*"/>
+  </policy>
+  <limit name="max_incoming_bytes">1000000000</limit>
+  <limit name="max_incoming_unix_fds">250000000</limit>
+  <limit name="max_outgoing_bytes">1000000000</limit>
+  <limit name="max_outgoing_unix_fds">250000000</limit>
+  <limit name="max_message_size">1000000000</limit>
+  <limit name="service_start_timeout">120000</limit>
+  <limit name="auth_timeout">240000</limit>
+  <limit name="pending_fd_timeout">150000</limit>
+  <limit name="max_completed_connections">100000</limit>
+  <limit name="max_incomplete_connections">10000</limit>
+  <limit name="max_connections_per_user">100000</limit>
+  <limit name="max_pending_service_starts">10000</limit>
+  <limit name="max_names_per_connection">50000</limit>
+  <limit name="max_match_rules_per_connection">50000</limit>
+  <limit name="max_replies_per_connection">50000</limit>
+</busconfig>
+)");
+    configuration.close();
+    qputenv("DBUS_SESSION_BUS_ADDRESS", "unix:path=" + path("bus").toUtf8());
+    startBus();
+    registerNames({QStringLiteral("Message"), QStringLiteral("Mail")});
+}
+
+ServiceTest::~ServiceTest()
+{
+    Growl_SetDelegate(nullptr);
+    QDBusConnection::disconnectFromBus(QStringLiteral("forger"));
+    killBus();
+}
+
+void ServiceTest::startBus()
+{
+    start(m_bus, QStringLiteral("dbus-daemon"),
+          {QStringLiteral("--config-file=") + path("bus.conf"), QStringLiteral("--nofork"),
+           QStringLiteral("--print-address")});
+    ASSERT_TRUE(m_bus.waitForReadyRead());
+}
+
+void ServiceTest::killBus()
+{
+    if (m_bus.state() == QProcess::NotRunning)
+        return;
+    m_bus.kill();
+    m_bus.waitForFinished();
+    QFile::remove(path("bus"));
+}
+
+QString ServiceTest::makeActivatable(const QStringList& options)
+{
+    QFile file(path("services/org.freedesktop.Notifications.service"));
+    file.open(QIODevice::WriteOnly);
+    file.write("[D-BUS Service]\nName=org.freedesktop.Notifications\nExec=" SCRIPTED_SERVICE " log=" +
+               path("activated.log").toUtf8() + ' ' + options.join(u' ').toUtf8() + '\n');
+    return path("activated.log");
+}
+
+std::unique_ptr<ServiceProcess> ServiceTest::startService(const QStringList& options)
+{
+    auto service = std::make_unique<ServiceProcess>(options);
+    EXPECT_TRUE(waitFor([&] { return service->wrote(QStringLiteral("ready")); }));
+    return service;
+}
+
+void ServiceTest::registerNames(const QStringList& all, const std::optional<QStringList>& enabled)
+{
+    const CFArrayRef allNames = cfArray(all);
+    const CFArrayRef enabledNames = enabled ? cfArray(*enabled) : nullptr;
+    const void* keys[] = {CFSTR("AllNotifications"), CFSTR("DefaultNotifications")};
+    const void* values[] = {allNames, enabledNames};
+    const CFDictionaryRef dictionary = CFDictionaryCreate(
+        nullptr, keys, values, enabled ? 2 : 1, &kCFTypeDictionaryKeyCallBacks, &kCFTypeDictionaryValueCallBacks);
+    // Gone when the call returns: what is touched later, the address sanitizer sees.
+    auto delegate = std::make_unique<Growl_Delegate>();
+    delegate->size = sizeof(Growl_Delegate);
+    delegate->applicationName = CFSTR("Test application");
+    delegate->registrationDictionary = dictionary;
+    delegate->growlNotificationWasClicked = onClicked;
+    delegate->growlNotificationTimedOut = onTimedOut;
+    insideGrowl() = true;
+    EXPECT_TRUE(Growl_SetDelegate(delegate.get()));
+    insideGrowl() = false;
+    release(dictionary);
+    release(enabledNames);
+    release(allNames);
+}
+
+void ServiceTest::post(const TestPosting& posting)
+{
+    Growl_Notification notification{};
+    notification.size = sizeof notification;
+    notification.name = cfString(posting.name);
+    notification.title = cfString(posting.title);
+    notification.description = cfString(posting.text);
+    if (!posting.icon.isNull())
+        notification.iconData =
+            CFDataCreate(nullptr, reinterpret_cast<const UInt8*>(posting.icon.constData()), posting.icon.size());
+    notification.priority = posting.priority;
+    notification.isSticky = posting.sticky ? 1 : 0;
+    if (!posting.context.empty())
+        notification.clickContext = cfString(QString::fromStdString(posting.context));
+    notification.clickCallback = posting.clickCallBack;
+    insideGrowl() = true;
+    Growl_PostNotification(&notification);
+    insideGrowl() = false;
+    release(notification.name);
+    release(notification.title);
+    release(notification.description);
+    release(notification.iconData);
+    release(notification.clickContext);
+}
+
+void ServiceTest::postClickable(const std::string& context)
+{
+    TestPosting posting;
+    posting.context = context;
+    post(posting);
+}
+
+bool ServiceTest::waitFor(const std::function<bool()>& condition)
+{
+    const QDeadlineTimer deadline(patience);
+    QTimer alarm; // wakes the loop for conditions that no event of this process announces
+    alarm.start(5);
+    while (!condition()) {
+        if (deadline.hasExpired())
+            return false;
+        QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+    }
+    return true;
+}
+
+bool ServiceTest::waitUntilAcquainted(ServiceProcess& service)
+{
+    post({});
+    return waitForPopups(service, 1);
+}
+
+bool ServiceTest::waitForPopups(ServiceProcess& service, int count)
+{
+    return waitFor([&] { return service.calls().size() >= count; });
+}
+
+void ServiceTest::forge(const QString& signal, const QVariantList& arguments)
+{
+    QDBusConnection bus =
+        QDBusConnection::connectToBus(qEnvironmentVariable("DBUS_SESSION_BUS_ADDRESS"), QStringLiteral("forger"));
+    ASSERT_TRUE(bus.isConnected());
+    QDBusMessage message = QDBusMessage::createSignal(QStringLiteral("/org/freedesktop/Notifications"),
+                                                      QStringLiteral("org.freedesktop.Notifications"), signal);
+    message.setArguments(arguments);
+    ASSERT_TRUE(bus.send(message));
+    // A reply of the bus comes after it has passed on everything before the call.
+    const QDBusMessage ping =
+        QDBusMessage::createMethodCall(QStringLiteral("org.freedesktop.DBus"), QStringLiteral("/"),
+                                       QStringLiteral("org.freedesktop.DBus.Peer"), QStringLiteral("Ping"));
+    ASSERT_EQ(bus.call(ping).type(), QDBusMessage::ReplyMessage);
+}
+
+ServiceTest::Answers& ServiceTest::answers()
+{
+    static Answers list;
+    return list;
+}
+
+bool& ServiceTest::insideGrowl()
+{
+    static bool inside = false;
+    return inside;
+}
+
+void ServiceTest::onClicked(CFPropertyListRef context)
+{
+    tell("clicked", context, answers(), insideGrowl());
+}
+
+void ServiceTest::onTimedOut(CFPropertyListRef context)
+{
+    tell("timed out", context, answers(), insideGrowl());
+}
+
+void ServiceTest::onOwnClick(CFPropertyListRef context)
+{
+    tell("own", context, answers(), insideGrowl());
+}

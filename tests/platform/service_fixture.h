@@ -1,0 +1,105 @@
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include <Growl/Growl.h>
+
+#include <QByteArray>
+#include <QJsonObject>
+#include <QList>
+#include <QProcess>
+#include <QString>
+#include <QStringList>
+#include <QTemporaryDir>
+#include <gtest/gtest.h>
+
+#include <functional>
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+/// The scripted service as a process of its own; ended with this object.
+class ServiceProcess
+{
+public:
+    explicit ServiceProcess(const QStringList& options);
+    ~ServiceProcess();
+
+    /// Says a line of the script to it.
+    void tell(const QString& command);
+    void kill();
+    /// SIGSTOP: it lives and does nothing.
+    void stop() const;
+    /// What it wrote so far, one object a line.
+    const QList<QJsonObject>& lines();
+    bool wrote(const QString& key);
+    /// The calls of one method that it got.
+    QList<QJsonObject> calls(const QString& method = QStringLiteral("Notify"));
+
+private:
+    QProcess m_process;
+    QByteArray m_rest;
+    QList<QJsonObject> m_lines;
+};
+
+/// What one test posts. Texts are UTF-16, so that what is no text can be posted too.
+struct TestPosting
+{
+    std::optional<QString> name = QStringLiteral("Message");
+    std::optional<QString> title = QStringLiteral("Title");
+    std::optional<QString> text = QStringLiteral("Text");
+    /// No click context when empty.
+    std::string context;
+    QByteArray icon;
+    int priority = 0;
+    bool sticky = false;
+    void (*clickCallBack)(CFPropertyListRef) = nullptr;
+};
+
+/// A private bus with the limits of a real session and an empty folder of services, an application registered with
+/// Growl under the names "Message" and "Mail", and a list of what it was told.
+class ServiceTest : public testing::Test
+{
+protected:
+    ServiceTest();
+    ~ServiceTest() override;
+
+    void startBus();
+    /// The bus dies without a word, and its socket goes too.
+    void killBus();
+    /// The bus can start the scripted service with these options from now on; it writes to the returned file.
+    QString makeActivatable(const QStringList& options);
+    /// Returns when it owns its name.
+    std::unique_ptr<ServiceProcess> startService(const QStringList& options = {});
+
+    /// Registers with these names, "DefaultNotifications" only when given.
+    static void registerNames(const QStringList& all, const std::optional<QStringList>& enabled = std::nullopt);
+    static void post(const TestPosting& posting);
+    /// Posts with a click context.
+    static void postClickable(const std::string& context);
+
+    /// Lets the event loop run until it holds; false when it does not within half a minute.
+    static bool waitFor(const std::function<bool()>& condition);
+    /// Until the service has said what it can do: no pop-up reaches it before. It shows one then, with id 1.
+    static bool waitUntilAcquainted(ServiceProcess& service);
+    /// Until the service got so many pop-ups.
+    static bool waitForPopups(ServiceProcess& service, int count);
+
+    /// Emits a signal in the service's name from a connection that does not own it.
+    void forge(const QString& signal, const QVariantList& arguments);
+
+    using Answers = std::vector<std::string>;
+    /// "clicked CONTEXT", "timed out CONTEXT", "own CONTEXT" (the pop-up's own call-back), in order.
+    static Answers& answers();
+    /// Whether a call of Growl's functions is running.
+    static bool& insideGrowl();
+    static void onClicked(CFPropertyListRef context);
+    static void onTimedOut(CFPropertyListRef context);
+    static void onOwnClick(CFPropertyListRef context);
+
+private:
+    QString path(const char* file) const { return m_folder.filePath(QLatin1String(file)); }
+
+    QTemporaryDir m_folder;
+    QProcess m_bus;
+};
