@@ -3,24 +3,36 @@
 
 #include <algorithm>
 #include <cmath>
+#include <cstdlib>
 
 namespace {
 
 constexpr float audible = 1.0F / 32768.0F;
+constexpr std::size_t piece = 2205;
+constexpr std::ptrdiff_t around = 882;
 
-double correlation(const std::vector<float>& recording, std::size_t from, const std::vector<float>& source)
+struct Products
 {
     double both = 0;
-    double one = 0;
-    double other = 0;
-    for (std::size_t i = 0; i < source.size(); ++i) {
-        const double heard = from + i < recording.size() ? recording[from + i] : 0.0;
-        const double meant = source[i];
-        both += heard * meant;
-        one += heard * heard;
-        other += meant * meant;
+    double heard = 0;
+    double meant = 0;
+};
+
+/// Of `count` samples of the source at `at` with the recording at `from`.
+Products products(const std::vector<float>& recording, std::ptrdiff_t from, const std::vector<float>& source,
+                  std::size_t at, std::size_t count)
+{
+    Products sums;
+    const auto size = static_cast<std::ptrdiff_t>(recording.size());
+    for (std::size_t i = 0; i < count; ++i) {
+        const std::ptrdiff_t place = from + static_cast<std::ptrdiff_t>(i);
+        const double heard = place >= 0 && place < size ? recording[static_cast<std::size_t>(place)] : 0.0;
+        const double meant = source[at + i];
+        sums.both += heard * meant;
+        sums.heard += heard * heard;
+        sums.meant += meant * meant;
     }
-    return one > 0 && other > 0 ? std::abs(both) / std::sqrt(one * other) : 0;
+    return sums;
 }
 
 } // namespace
@@ -34,10 +46,25 @@ std::size_t beginOfSound(const std::vector<float>& recording)
 
 double likeness(const std::vector<float>& recording, const std::vector<float>& source)
 {
-    constexpr std::size_t around = 882;
-    const std::size_t begin = beginOfSound(recording);
-    double best = 0;
-    for (std::size_t from = begin - std::min(begin, around); from < begin + around && from < recording.size(); ++from)
-        best = std::max(best, correlation(recording, from, source));
-    return best;
+    Products all;
+    auto shift =
+        static_cast<std::ptrdiff_t>(beginOfSound(recording)) - static_cast<std::ptrdiff_t>(beginOfSound(source));
+    for (std::size_t at = 0; at < source.size(); at += piece) {
+        const std::size_t count = std::min(piece, source.size() - at);
+        Products best;
+        std::ptrdiff_t bestShift = shift;
+        for (std::ptrdiff_t tried = shift - around; tried <= shift + around; ++tried) {
+            const Products here = products(recording, static_cast<std::ptrdiff_t>(at) + tried, source, at, count);
+            if (here.both > best.both) {
+                best = here;
+                bestShift = tried;
+            }
+            best.meant = here.meant;
+        }
+        shift = bestShift;
+        all.both += best.both;
+        all.heard += best.heard;
+        all.meant += best.meant;
+    }
+    return all.heard > 0 && all.meant > 0 ? all.both / std::sqrt(all.heard * all.meant) : 0;
 }

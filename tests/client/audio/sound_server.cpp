@@ -100,7 +100,7 @@ SoundRecorder::SoundRecorder(const SoundServer& server) : m_file(m_folder.filePa
     m_recorder.setProcessChannelMode(QProcess::ForwardedErrorChannel);
     m_recorder.start(QStringLiteral("parec"),
                      {QStringLiteral("-s"), server.address(), QStringLiteral("-d"), QStringLiteral("test.monitor"),
-                      QStringLiteral("--latency-msec=100"), QStringLiteral("--format=s16le"),
+                      QStringLiteral("--latency-msec=5"), QStringLiteral("--format=s16le"),
                       QStringLiteral("--rate=44100"), QStringLiteral("--channels=1")});
     m_begun = m_recorder.waitForStarted(patience) && m_file.open(QFile::ReadOnly) && !take(0.01).empty();
 }
