@@ -1,0 +1,242 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "client/ui/chat_history.h"
+
+#include "client/ui/image_markers.h"
+#include "client/ui/message_text.h"
+#include "client/ui/sealed_document.h"
+#include "client/ui/theme_pictures.h"
+
+#include <QAbstractTextDocumentLayout>
+#include <QEvent>
+#include <QFileInfo>
+#include <QFontMetrics>
+#include <QLocale>
+#include <QMimeData>
+#include <QScrollBar>
+#include <QTextBlock>
+#include <QTextDocument>
+#include <QUrl>
+
+#include <cmath>
+
+namespace zepa {
+
+namespace {
+
+/// A name that is nobody's file.
+QString pictureName(int number)
+{
+    return QStringLiteral("picture:%1").arg(number);
+}
+
+constexpr int informationSignNumber = 0;
+/// The shape of a picture is free up to this width, in heights.
+constexpr int widestPicture = 4;
+
+constexpr QChar beginIsolate = u'\u2068';
+constexpr QChar endIsolate = u'\u2069';
+
+/// Keeps the direction of `name` from turning what stands around it.
+QString isolated(const QString& name)
+{
+    return beginIsolate + name + endIsolate;
+}
+
+} // namespace
+
+ChatHistory::ChatHistory(QWidget* parent) : QTextEdit(parent), m_style(palette())
+{
+    setDocument(new SealedDocument(this));
+    setReadOnly(true);
+    setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
+    setTabChangesFocus(true);
+    setUndoRedoEnabled(false);
+    setWordWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
+    setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    document()->setDocumentMargin(4);
+    // A selection up to the end does not grow with the next line.
+    QTextCursor caret = textCursor();
+    caret.setKeepPositionOnInsert(true);
+    setTextCursor(caret);
+    addInformationSign();
+
+    QScrollBar* bar = verticalScrollBar();
+    connect(bar, &QScrollBar::valueChanged, this,
+            [this, bar](int value) { m_following = value >= bar->maximum() - signHeight(); });
+    connect(bar, &QScrollBar::rangeChanged, this, [this, bar](int, int maximum) {
+        if (m_following)
+            bar->setValue(maximum);
+    });
+}
+
+void ChatHistory::append(const ChatLine& line)
+{
+    const QString text = messageText(line.text);
+    const QString time = QLocale().toString(line.time.time(), QLocale::ShortFormat);
+    QTextCursor cursor(document());
+    cursor.movePosition(QTextCursor::End);
+    cursor.beginEditBlock();
+    const QTextBlockFormat block = m_style.block(line.kind, directionOf(text, layoutDirection()));
+    if (m_empty)
+        cursor.setBlockFormat(block);
+    else
+        cursor.insertBlock(block, QTextCharFormat());
+    m_empty = false;
+    // The time comes first: no mark in the text can move what stands before it.
+    if (line.kind == ChatLine::Kind::Information) {
+        insertInformationSign(cursor);
+        cursor.insertText(u' ' + time + QStringLiteral("  "), m_style.time());
+    } else {
+        cursor.insertText(isolated(nameText(line.author)), m_style.author(line.kind));
+        cursor.insertText(QStringLiteral("  ") + time + QChar(QChar::LineSeparator), m_style.time());
+    }
+    insertText(cursor, text, line.kind);
+    cursor.endEditBlock();
+    forgetOldLines();
+}
+
+void ChatHistory::insertText(QTextCursor& cursor, const QString& text, ChatLine::Kind kind)
+{
+    const QTextCharFormat format = m_style.text(kind);
+    const QList<MessagePart> parts = splitAtImageMarkers(text);
+    const QStringList folders =
+        parts.size() > 1 || (!parts.isEmpty() && parts.first().isMarker()) ? currentThemeFolders() : QStringList();
+    int pictures = 0;
+    for (const MessagePart& part : parts) {
+        const bool shown = part.isMarker() && pictures < mostPictures &&
+                           insertPicture(cursor, pictureFile(part.address, folders), format);
+        if (shown)
+            ++pictures;
+        else
+            cursor.insertText(part.text, format);
+    }
+}
+
+bool ChatHistory::insertPicture(QTextCursor& cursor, const QString& file, const QTextCharFormat& format)
+{
+    if (file.isEmpty())
+        return false;
+    const qreal ratio = devicePixelRatioF();
+    const QSizeF most(pictureHeight() * widestPicture, pictureHeight());
+    int number = m_pictures.value(file);
+    if (number == 0) {
+        const QImage picture = readPicture(file, (most * ratio).toSize());
+        if (picture.isNull())
+            return false;
+        number = int(m_pictures.size()) + 1;
+        m_pictures.insert(file, number);
+        document()->addResource(QTextDocument::ImageResource, QUrl(pictureName(number)), picture);
+    }
+    const auto picture = document()->resource(QTextDocument::ImageResource, QUrl(pictureName(number))).value<QImage>();
+    QSizeF size = picture.size();
+    if (size.width() > most.width() || size.height() > most.height())
+        size.scale(most, Qt::KeepAspectRatio);
+    QTextImageFormat image;
+    image.merge(format);
+    image.setName(pictureName(number));
+    image.setWidth(qMax(1.0, size.width()));
+    image.setHeight(qMax(1.0, size.height()));
+    image.setVerticalAlignment(QTextCharFormat::AlignMiddle);
+    image.setProperty(QTextFormat::ImageAltText, nameText(QFileInfo(file).completeBaseName()));
+    cursor.insertImage(image);
+    return true;
+}
+
+void ChatHistory::insertInformationSign(QTextCursor& cursor)
+{
+    QTextImageFormat image;
+    image.setName(pictureName(informationSignNumber));
+    image.setWidth(signHeight());
+    image.setHeight(signHeight());
+    image.setVerticalAlignment(QTextCharFormat::AlignMiddle);
+    image.setProperty(QTextFormat::ImageAltText, tr("Information:"));
+    cursor.insertImage(image);
+}
+
+void ChatHistory::addInformationSign()
+{
+    const int pixels = int(std::ceil(signHeight() * devicePixelRatioF()));
+    document()->addResource(QTextDocument::ImageResource, QUrl(pictureName(informationSignNumber)),
+                            m_style.informationSign(pixels));
+}
+
+int ChatHistory::pictureHeight() const
+{
+    return 2 * fontMetrics().height();
+}
+
+int ChatHistory::signHeight() const
+{
+    return fontMetrics().ascent();
+}
+
+void ChatHistory::forgetOldLines()
+{
+    if (document()->blockCount() <= mostLines && document()->characterCount() <= mostUnits)
+        return;
+    // A tenth at once: what stays has to move, which a line a time would cost at every line.
+    int keptUnits = document()->characterCount();
+    QTextBlock kept = document()->begin();
+    while (kept.next().isValid() && (document()->blockCount() - kept.blockNumber() > mostLines - mostLines / 10 ||
+                                     keptUnits > mostUnits - mostUnits / 10)) {
+        keptUnits -= kept.length();
+        kept = kept.next();
+    }
+    const int removedHeight = int(document()->documentLayout()->blockBoundingRect(kept).top());
+    const int place = verticalScrollBar()->value();
+    const bool following = m_following;
+
+    QTextCursor cursor(document());
+    cursor.setPosition(kept.position(), QTextCursor::KeepAnchor);
+    const QTextBlockFormat format = kept.blockFormat();
+    cursor.beginEditBlock();
+    cursor.removeSelectedText();
+    cursor.setBlockFormat(format);
+    cursor.endEditBlock();
+
+    m_following = following;
+    verticalScrollBar()->setValue(following ? verticalScrollBar()->maximum() : qMax(0, place - removedHeight));
+}
+
+QString ChatHistory::textAloud(const QTextCursor& selection) const
+{
+    QString text = selection.selectedText();
+    text.replace(QChar::ParagraphSeparator, u'\n').replace(QChar::LineSeparator, u'\n');
+    QTextCursor picture(document());
+    for (qsizetype at = text.lastIndexOf(QChar::ObjectReplacementCharacter); at >= 0;
+         at = at > 0 ? text.lastIndexOf(QChar::ObjectReplacementCharacter, at - 1) : -1) {
+        picture.setPosition(selection.selectionStart() + int(at) + 1);
+        text.replace(at, 1, picture.charFormat().stringProperty(QTextFormat::ImageAltText));
+    }
+    return text.removeIf([](QChar c) { return c == beginIsolate || c == endIsolate; });
+}
+
+QString ChatHistory::lastLineAloud() const
+{
+    QTextCursor line(document()->lastBlock());
+    line.movePosition(QTextCursor::EndOfBlock, QTextCursor::KeepAnchor);
+    return textAloud(line);
+}
+
+QMimeData* ChatHistory::createMimeDataFromSelection() const
+{
+    auto* copied = new QMimeData;
+    copied->setText(textAloud(textCursor()));
+    return copied;
+}
+
+void ChatHistory::changeEvent(QEvent* event)
+{
+    QTextEdit::changeEvent(event);
+    if (event->type() == QEvent::PaletteChange || event->type() == QEvent::FontChange)
+        restyle();
+}
+
+void ChatHistory::restyle()
+{
+    m_style = LineStyle(palette());
+    addInformationSign();
+    m_style.recolour(*document());
+}
+
+} // namespace zepa

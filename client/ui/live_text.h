@@ -1,0 +1,20 @@
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include <QWidget>
+
+namespace zepa {
+
+/// Speaks to screen readers: a notification, one pixel large, whose name is what was said last.
+class LiveText : public QWidget
+{
+    Q_OBJECT
+
+public:
+    explicit LiveText(QWidget* parent = nullptr);
+
+    /// Has `text` read aloud. The same text twice is read twice.
+    void say(const QString& text);
+};
+
+} // namespace zepa
