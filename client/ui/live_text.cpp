@@ -21,6 +21,7 @@ LiveText::LiveText(QWidget* parent) : QWidget(parent)
 {
     // Installing the same factory again does nothing.
     QAccessible::installFactory(makeInterface);
+    setObjectName(QStringLiteral("live"));
     setFocusPolicy(Qt::NoFocus);
     setFixedSize(1, 1);
 }

@@ -37,7 +37,8 @@ QString pictureFile(const QString& address, const QStringList& themeFolders)
 {
     if (address.startsWith(QStringLiteral("qrc:/"))) {
         const QString built = QDir::cleanPath(address.sliced(3));
-        return QFileInfo(built).isFile() ? built : QString();
+        // Enough ".." lead out of what is built in and to a file of the working directory.
+        return built.startsWith(QStringLiteral(":/")) && QFileInfo(built).isFile() ? built : QString();
     }
     // Qt also has ":/" for what is built in; here a path is one of the file system.
     if (!QDir::isAbsolutePath(address) || address.startsWith(u':') || address.contains(QChar::Null))

@@ -1,0 +1,99 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "client/ui/chat_history.h"
+
+#include "client/ui/message_text.h"
+
+#include <QCoreApplication>
+#include <QScrollBar>
+#include <QTextBlock>
+#include <QTextDocument>
+#include <gtest/gtest.h>
+
+using zepa::ChatHistory;
+using zepa::ChatLine;
+
+namespace {
+
+class History : public testing::Test
+{
+protected:
+    void SetUp() override
+    {
+        history.resize(300, 200);
+        history.show();
+    }
+
+    void add(const QString& text, int times = 1)
+    {
+        for (int i = 0; i < times; ++i)
+            history.append({ChatLine::Kind::Incoming, QStringLiteral("Anna"), text, QDateTime::currentDateTime()});
+    }
+    bool isAtEnd() { return history.verticalScrollBar()->value() == history.verticalScrollBar()->maximum(); }
+
+    ChatHistory history;
+};
+
+} // namespace
+
+TEST_F(History, TheViewStaysAtTheEndOnlyWhenItWasThere)
+{
+    add(QStringLiteral("line"), 50);
+    EXPECT_GT(history.verticalScrollBar()->maximum(), 0);
+    EXPECT_TRUE(isAtEnd());
+    history.verticalScrollBar()->setValue(10);
+    add(QStringLiteral("line"), 5);
+    EXPECT_EQ(history.verticalScrollBar()->value(), 10);
+}
+
+TEST_F(History, ALineAddedTouchesOnlyTheEnd)
+{
+    int early = 0;
+    QObject::connect(history.document(), &QTextDocument::contentsChange, &history, [&](int from, int, int added) {
+        if (from + added + 2 < history.document()->characterCount())
+            ++early;
+    });
+    add(QStringLiteral("line"), 1000);
+    EXPECT_EQ(history.document()->blockCount(), 1000);
+    EXPECT_EQ(early, 0);
+}
+
+TEST_F(History, TheOldestLinesGoWhenThereAreTooMany)
+{
+    add(QStringLiteral("old"));
+    add(QStringLiteral("new"), ChatHistory::mostLines);
+    EXPECT_LE(history.document()->blockCount(), ChatHistory::mostLines);
+    EXPECT_FALSE(history.toPlainText().contains(QStringLiteral("old")));
+    EXPECT_TRUE(isAtEnd());
+}
+
+TEST_F(History, TheTextOfAllLinesIsBounded)
+{
+    add(QString(10 * 1024 * 1024, u'x'), ChatHistory::mostUnits / int(zepa::longestMessage) + 10);
+    EXPECT_LE(history.document()->characterCount(), ChatHistory::mostUnits);
+}
+
+TEST_F(History, EachLineHasItsOwnDirection)
+{
+    add(QStringLiteral("hello"));
+    add(QStringLiteral("\u05e9\u05dc\u05d5\u05dd"));
+    EXPECT_EQ(history.document()->firstBlock().blockFormat().layoutDirection(), Qt::LeftToRight);
+    EXPECT_EQ(history.document()->lastBlock().blockFormat().layoutDirection(), Qt::RightToLeft);
+}
+
+TEST_F(History, AVeryLongWordIsWrapped)
+{
+    add(QString(500, u'w'));
+    EXPECT_EQ(history.horizontalScrollBar()->maximum(), 0);
+    EXPECT_GT(history.document()->lastBlock().layout()->lineCount(), 5);
+}
+
+TEST_F(History, AnotherPaletteGivesTheOldLinesItsColours)
+{
+    add(QStringLiteral("hello"));
+    QPalette dark;
+    dark.setColor(QPalette::Base, Qt::black);
+    dark.setColor(QPalette::Text, Qt::white);
+    history.setPalette(dark);
+    const QTextCharFormat format = (--history.document()->lastBlock().end()).fragment().charFormat();
+    EXPECT_EQ(format.foreground().color(), QColor(Qt::white));
+}

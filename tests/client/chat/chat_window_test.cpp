@@ -1,0 +1,127 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "client/services/chat_manager.h"
+#include "client/services/settings.h"
+#include "client/ui/chat_history.h"
+#include "client/ui/chat_window.h"
+
+#include <QAccessible>
+#include <QDir>
+#include <QImage>
+#include <QLineEdit>
+#include <QSignalSpy>
+#include <QTemporaryDir>
+#include <QTest>
+#include <QTextBlock>
+#include <gtest/gtest.h>
+
+using zepa::ChatManager;
+using zepa::ChatWindow;
+
+namespace {
+
+class ChatWindows : public testing::Test
+{
+protected:
+    void SetUp() override
+    {
+        qputenv("XDG_DATA_HOME", folder.path().toUtf8());
+        QDir().mkpath(theme + QStringLiteral("icons"));
+        QImage bell(24, 24, QImage::Format_RGB32);
+        bell.fill(Qt::green);
+        ASSERT_TRUE(bell.save(theme + QStringLiteral("icons/bell.png")));
+        settings = std::make_unique<zepa::Settings>(folder.filePath(QStringLiteral("settings")));
+        window = ChatManager::instance().open(anna);
+        history = window->findChild<zepa::ChatHistory*>();
+        input = window->findChild<QLineEdit*>();
+    }
+    void TearDown() override { ChatManager::instance().closeAll(); }
+
+    QTemporaryDir folder;
+    QString theme = folder.filePath(QStringLiteral("zepa/themes/icons/default/"));
+    std::unique_ptr<zepa::Settings> settings;
+    ZepaBuddy anna{QStringLiteral("anna@example.org"), QStringLiteral("Anna"), ZepaBuddy::Contact};
+    ZepaBuddy bert{QStringLiteral("bert@example.org"), QStringLiteral("Bert"), ZepaBuddy::Contact};
+    ChatWindow* window = nullptr;
+    zepa::ChatHistory* history = nullptr;
+    QLineEdit* input = nullptr;
+};
+
+} // namespace
+
+TEST_F(ChatWindows, AskingForAWindowOpensNone)
+{
+    EXPECT_EQ(ZepaChatManager::getInstance()->getChatWindow(bert), nullptr);
+    EXPECT_EQ(ZepaChatManager::getInstance()->getChatWindow(anna), window);
+}
+
+TEST_F(ChatWindows, ABuddyHasOneWindow)
+{
+    EXPECT_EQ(ChatManager::instance().open(anna), window);
+    EXPECT_NE(ChatManager::instance().open(bert), window);
+}
+
+TEST_F(ChatWindows, AClosedWindowIsForgotten)
+{
+    QTest::keyClick(input, Qt::Key_Escape);
+    EXPECT_FALSE(window->isVisible());
+    EXPECT_EQ(ChatManager::instance().getChatWindow(anna), nullptr);
+}
+
+TEST_F(ChatWindows, EnterSendsWhatWasWrittenAndShowsIt)
+{
+    QSignalSpy sent(&ChatManager::instance(), &ChatManager::messageEntered);
+    QTest::keyClicks(input, QStringLiteral("hello"));
+    QTest::keyClick(input, Qt::Key_Return);
+    QTest::keyClick(input, Qt::Key_Return);
+    ASSERT_EQ(sent.count(), 1);
+    EXPECT_EQ(sent.at(0).at(1).toString(), QStringLiteral("hello"));
+    EXPECT_TRUE(history->toPlainText().endsWith(QStringLiteral("hello")));
+    EXPECT_TRUE(input->text().isEmpty());
+}
+
+TEST_F(ChatWindows, AnInformationLineIsSetApartFromMessages)
+{
+    window->receiveMessage(QStringLiteral("hello"));
+    window->notifyMessage(QStringLiteral("Anna is away"));
+    const QTextBlock message = history->document()->firstBlock();
+    const QTextBlock line = history->document()->lastBlock();
+    EXPECT_EQ(line.blockFormat().alignment(), Qt::AlignHCenter);
+    EXPECT_NE(message.blockFormat().alignment(), Qt::AlignHCenter);
+    EXPECT_TRUE((--line.end()).fragment().charFormat().fontItalic());
+    EXPECT_TRUE(line.begin().fragment().charFormat().isImageFormat());
+}
+
+TEST_F(ChatWindows, APictureOfTheThemeIsShownAndAnyOtherMarkerIsText)
+{
+    const auto pictures = [this] { return history->toPlainText().count(QChar(QChar::ObjectReplacementCharacter)); };
+    window->receiveMessage(QStringLiteral("see image:") + theme + QStringLiteral("icons/bell.png:image"));
+    EXPECT_EQ(pictures(), 1);
+    window->receiveMessage(QStringLiteral("see image:/etc/passwd:image <img src=\"/etc/passwd\">"));
+    EXPECT_EQ(pictures(), 1);
+    EXPECT_TRUE(history->toPlainText().endsWith(QStringLiteral("image:/etc/passwd:image <img src=\"/etc/passwd\">")));
+}
+
+TEST_F(ChatWindows, TheDocumentFetchesNothing)
+{
+    const QUrl file = QUrl::fromLocalFile(theme + QStringLiteral("icons/bell.png"));
+    EXPECT_FALSE(history->document()->resource(QTextDocument::ImageResource, file).isValid());
+}
+
+TEST_F(ChatWindows, NewLinesAreReadAloudAndCanBeReadBack)
+{
+    QAccessibleInterface* live = QAccessible::queryAccessibleInterface(window->findChild<QWidget*>(QStringLiteral("live")));
+    ASSERT_TRUE(live);
+    EXPECT_EQ(live->role(), QAccessible::Notification);
+    window->receiveMessage(QStringLiteral("hello"));
+    const QString spoken = live->text(QAccessible::Name);
+    EXPECT_TRUE(spoken.startsWith(QStringLiteral("Anna")) && spoken.endsWith(QStringLiteral("hello")));
+    window->notifyMessage(QStringLiteral("image:") + theme + QStringLiteral("icons/bell.png:image rang"));
+    EXPECT_TRUE(live->text(QAccessible::Name).endsWith(QStringLiteral("bell rang")));
+
+    QAccessibleInterface* accessible = QAccessible::queryAccessibleInterface(history);
+    ASSERT_TRUE(accessible && accessible->textInterface());
+    QAccessibleTextInterface* text = accessible->textInterface();
+    EXPECT_TRUE(text->text(0, text->characterCount()).contains(QStringLiteral("hello")));
+    EXPECT_EQ(accessible->text(QAccessible::Name), QStringLiteral("Conversation with Anna"));
+    EXPECT_EQ(QAccessible::queryAccessibleInterface(input)->text(QAccessible::Name), QStringLiteral("Message to Anna"));
+}
