@@ -56,6 +56,12 @@ QDBusMessage busCall(const QString& method)
 BusLink::BusLink()
 {
     qDBusRegisterMetaType<NotifyImage>();
+    m_failure.setSingleShot(true);
+    m_failure.setInterval(0);
+    connect(&m_failure, &QTimer::timeout, this, [this] {
+        for (const auto& [number, message] : std::exchange(m_failed, {}))
+            finish(number, message);
+    });
 }
 
 BusLink::~BusLink()
@@ -169,8 +175,8 @@ void BusLink::send(const QDBusMessage& message, Reply reply)
               : QDBusPendingCall::fromError(QDBusError(QDBusError::Disconnected, QStringLiteral("no bus")));
     // A watcher of a call that failed at once says nothing.
     if (pending.isFinished()) {
-        QMetaObject::invokeMethod(
-            this, [this, number, pending] { finish(number, pending.reply()); }, Qt::QueuedConnection);
+        m_failed.emplace(number, pending.reply());
+        m_failure.start();
         return;
     }
     auto* watcher = new QDBusPendingCallWatcher(pending, this);

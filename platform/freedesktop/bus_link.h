@@ -6,6 +6,7 @@
 #include <QElapsedTimer>
 #include <QObject>
 #include <QString>
+#include <QTimer>
 #include <QVariantList>
 
 #include <functional>
@@ -81,6 +82,8 @@ private:
     std::optional<bool> m_activatable;
     std::map<quint64, Reply> m_replies; ///< still owed, by the number of the call
     quint64 m_lastCall = 0;
+    std::map<quint64, QDBusMessage> m_failed; ///< ended before they were sent, to be told by m_failure
+    QTimer m_failure;
 };
 
 } // namespace zepa::freedesktop

@@ -48,7 +48,7 @@ NotifyImage IconCache::icon(QByteArrayView encoded)
     ++m_decodedCount;
     const QByteArray key = encoded.toByteArray();
     auto decoded = std::make_unique<NotifyImage>(decode(key));
-    const NotifyImage result = *decoded;
+    NotifyImage result = *decoded;
     m_icons.insert(key, decoded.release(), key.size() + result.pixels.size());
     return result;
 }

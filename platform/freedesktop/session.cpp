@@ -39,6 +39,10 @@ Session::Session(const Registration& registration) : m_registration(registration
     m_clock.start();
     m_deadline.setSingleShot(true);
     m_deadline.setTimerType(Qt::PreciseTimer);
+    // Never at once: nobody is called back from inside one of Growl's functions.
+    m_delivery.setSingleShot(true);
+    m_delivery.setInterval(0);
+    connect(&m_delivery, &QTimer::timeout, this, &Session::deliverAnswers);
     connect(&m_deadline, &QTimer::timeout, this, [this] {
         m_book.advance(now());
         afterBookChanged();
@@ -95,8 +99,7 @@ void Session::afterBookChanged()
 {
     if (m_book.hasAnswers()) {
         m_answers += m_book.takeAnswers();
-        if (!std::exchange(m_deliveryComes, true))
-            QMetaObject::invokeMethod(this, &Session::deliverAnswers, Qt::QueuedConnection);
+        m_delivery.start();
     }
     if (const auto deadline = m_book.nextDeadline())
         m_deadline.start(std::max(PopupBook::Time(0), *deadline - now()));
@@ -106,7 +109,6 @@ void Session::afterBookChanged()
 
 void Session::deliverAnswers()
 {
-    m_deliveryComes = false;
     // A call-back may post, register or run an event loop of its own: each answer leaves the list before it is told.
     while (!m_answers.isEmpty())
         deliver(m_answers.takeFirst());

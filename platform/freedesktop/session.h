@@ -44,7 +44,7 @@ private:
     PopupBook m_book;
     QTimer m_deadline;
     QList<Answer> m_answers; ///< to be delivered, in order
-    bool m_deliveryComes = false;
+    QTimer m_delivery;
     quint32 m_tokenId = 0; ///< the pop-up that the last activation token is for
     QString m_token;
 };

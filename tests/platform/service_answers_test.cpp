@@ -5,21 +5,7 @@
 
 namespace {
 
-class AnswersTest : public ServiceTest
-{
-protected:
-    /// Posts one more pop-up, clicks it and waits for that: by then everything before it has arrived too.
-    static void letEverythingArrive(ServiceProcess& service)
-    {
-        const int before = static_cast<int>(service.calls().size());
-        postClickable("last");
-        ASSERT_TRUE(waitForPopups(service, before + 1));
-        const int id = service.calls().last()[QStringLiteral("id")].toInt();
-        service.tell(QStringLiteral("click %1").arg(id));
-        ASSERT_TRUE(waitFor([] { return !answers().empty() && answers().back() == "clicked last"; }));
-        answers().pop_back();
-    }
-};
+using AnswersTest = ServiceTest;
 
 QByteArray tokenInCallBack;
 
@@ -207,7 +193,7 @@ TEST_F(AnswersTest, ReportsEveryWaitingPopupOnceWhenTheServiceDies)
     const auto service = startService();
     postClickable("a");
     postClickable("b");
-    ASSERT_TRUE(waitForPopups(*service, 2));
+    letEverythingArrive(*service);
     service->kill();
     ASSERT_TRUE(waitFor([] { return answers().size() >= 2; }));
     const auto next = startService();
@@ -219,7 +205,7 @@ TEST_F(AnswersTest, ForgetsIdsOfAServiceThatWasRestarted)
 {
     auto service = startService();
     postClickable("old");
-    ASSERT_TRUE(waitForPopups(*service, 1));
+    letEverythingArrive(*service);
     service->kill();
     service = startService();
     postClickable("new");
@@ -234,7 +220,7 @@ TEST_F(AnswersTest, ReportsWhatAReplacedServiceShowedAsTimedOut)
 {
     const auto service = startService();
     postClickable("old");
-    ASSERT_TRUE(waitForPopups(*service, 1));
+    letEverythingArrive(*service);
     const auto next = startService({QStringLiteral("replace")});
     ASSERT_TRUE(waitFor([] { return !answers().empty(); }));
     postClickable("new");

@@ -127,7 +127,7 @@ TEST_F(BusTest, ReportsWaitingPopupsAsTimedOutWhenTheBusGoesAway)
 {
     const auto service = startService();
     postClickable("shown");
-    ASSERT_TRUE(waitForPopups(*service, 1));
+    letEverythingArrive(*service);
     service->stop();
     postClickable("waits for its id");
     killBus();

@@ -10,6 +10,7 @@
 #include <QJsonDocument>
 #include <QTimer>
 
+#include <algorithm>
 #include <csignal>
 #include <sys/prctl.h>
 
@@ -287,6 +288,25 @@ bool ServiceTest::waitUntilAcquainted(ServiceProcess& service)
 bool ServiceTest::waitForPopups(ServiceProcess& service, int count)
 {
     return waitFor([&] { return service.calls().size() >= count; });
+}
+
+void ServiceTest::letEverythingArrive(ServiceProcess& service)
+{
+    static int count = 0;
+    TestPosting posting;
+    posting.title = QStringLiteral("last %1").arg(++count);
+    posting.context = "last";
+    post(posting);
+    const auto isIt = [&](const QJsonObject& call) { return call[QStringLiteral("summary")] == *posting.title; };
+    ASSERT_TRUE(waitFor([&] {
+        const QList<QJsonObject> calls = service.calls();
+        return std::any_of(calls.begin(), calls.end(), isIt);
+    }));
+    const QList<QJsonObject> calls = service.calls();
+    const QJsonObject call = *std::find_if(calls.begin(), calls.end(), isIt);
+    service.tell(QStringLiteral("click %1").arg(call[QStringLiteral("id")].toInt()));
+    ASSERT_TRUE(waitFor([] { return !answers().empty() && answers().back() == "clicked last"; }));
+    answers().pop_back();
 }
 
 void ServiceTest::forge(const QString& signal, const QVariantList& arguments)

@@ -85,6 +85,10 @@ protected:
     /// Until the service got so many pop-ups.
     static bool waitForPopups(ServiceProcess& service, int count);
 
+    /// Posts one more pop-up, clicks it and waits for that: by then everything before it has arrived too. Leaves no
+    /// trace in answers().
+    static void letEverythingArrive(ServiceProcess& service);
+
     /// Emits a signal in the service's name from a connection that does not own it.
     void forge(const QString& signal, const QVariantList& arguments);
 
