@@ -33,6 +33,14 @@ constexpr int informationSignNumber = 0;
 /// The shape of a picture is free up to this width, in heights.
 constexpr int widestPicture = 4;
 
+QString shownTime(QTime time)
+{
+    // Without a language, the short form has seconds.
+    const QLocale locale;
+    return locale.language() == QLocale::C ? time.toString(QStringLiteral("HH:mm"))
+                                           : locale.toString(time, QLocale::ShortFormat);
+}
+
 constexpr QChar beginIsolate = u'\u2068';
 constexpr QChar endIsolate = u'\u2069';
 
@@ -54,10 +62,6 @@ ChatHistory::ChatHistory(QWidget* parent) : QTextEdit(parent), m_style(palette()
     setWordWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     document()->setDocumentMargin(4);
-    // A selection up to the end does not grow with the next line.
-    QTextCursor caret = textCursor();
-    caret.setKeepPositionOnInsert(true);
-    setTextCursor(caret);
     addInformationSign();
 
     QScrollBar* bar = verticalScrollBar();
@@ -72,7 +76,7 @@ ChatHistory::ChatHistory(QWidget* parent) : QTextEdit(parent), m_style(palette()
 void ChatHistory::append(const ChatLine& line)
 {
     const QString text = messageText(line.text);
-    const QString time = QLocale().toString(line.time.time(), QLocale::ShortFormat);
+    const QString time = shownTime(line.time.time());
     QTextCursor cursor(document());
     cursor.movePosition(QTextCursor::End);
     cursor.beginEditBlock();

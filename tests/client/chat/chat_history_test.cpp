@@ -97,3 +97,9 @@ TEST_F(History, AnotherPaletteGivesTheOldLinesItsColours)
     const QTextCharFormat format = (--history.document()->lastBlock().end()).fragment().charFormat();
     EXPECT_EQ(format.foreground().color(), QColor(Qt::white));
 }
+
+TEST_F(History, ANewLineSelectsNothing)
+{
+    add(QStringLiteral("hello"), 3);
+    EXPECT_FALSE(history.textCursor().hasSelection());
+}

@@ -109,7 +109,8 @@ TEST_F(ChatWindows, TheDocumentFetchesNothing)
 
 TEST_F(ChatWindows, NewLinesAreReadAloudAndCanBeReadBack)
 {
-    QAccessibleInterface* live = QAccessible::queryAccessibleInterface(window->findChild<QWidget*>(QStringLiteral("live")));
+    QAccessibleInterface* live =
+        QAccessible::queryAccessibleInterface(window->findChild<QWidget*>(QStringLiteral("live")));
     ASSERT_TRUE(live);
     EXPECT_EQ(live->role(), QAccessible::Notification);
     window->receiveMessage(QStringLiteral("hello"));
