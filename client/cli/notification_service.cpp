@@ -26,7 +26,8 @@ QDBusMessage ask(const QDBusMessage& call, milliseconds limit)
     const QDBusConnection bus = QDBusConnection::sessionBus();
     if (!bus.isConnected())
         return {};
-    const QDBusPendingCall pending = bus.asyncCall(call, static_cast<int>(limit.count()));
+    // Our own limit comes first: the bus's would look like an answer.
+    const QDBusPendingCall pending = bus.asyncCall(call, static_cast<int>(limit.count()) + 1000);
     handleEventsUntil([&pending] { return pending.isFinished(); }, limit);
     return pending.isFinished() ? pending.reply() : QDBusMessage();
 }
@@ -70,11 +71,13 @@ void flushPopups()
         return;
     // A service answers questions in their order. By the first answer it has also said what it can do, which pop-ups
     // wait for, five seconds at most; by the next ones it has got the pop-ups themselves.
-    const QDBusMessage question =
-        QDBusMessage::createMethodCall(serviceName, QStringLiteral("/org/freedesktop/Notifications"), serviceName,
-                                       QStringLiteral("GetServerInformation"));
-    for (const milliseconds limit : {milliseconds(6000), milliseconds(1000), milliseconds(1000)})
-        ask(question, limit);
+    const QDBusMessage question = QDBusMessage::createMethodCall(
+        serviceName, QStringLiteral("/org/freedesktop/Notifications"), serviceName, QStringLiteral("GetCapabilities"));
+    for (int round = 0; round < 3; ++round) {
+        // Any answer will do. Without one the pop-ups have left all the same, and wait in the service's queue.
+        if (ask(question, milliseconds(6000)).type() == QDBusMessage::InvalidMessage)
+            return;
+    }
 }
 
 } // namespace zepa::cli

@@ -13,7 +13,7 @@ void waitForNotificationService();
 /// Why there would be no pop-up now; empty when a service is there.
 QString whyNoPopup();
 
-/// Waits until the pop-ups that were posted are with the notification service: a moment, and eight seconds at most
+/// Waits until the pop-ups that were posted are with the notification service: a moment, and six seconds at most
 /// where it does not answer. Events are handled meanwhile.
 void flushPopups();
 

@@ -35,7 +35,7 @@ enum class Answers { AsTheEventSays, Always };
 /// loop, or in the moment in which the client ends.
 Report announce(Client& client, const Event& event, Answers answers, std::function<void(Answer)> answered);
 
-/// Waits until what was announced is with the desktop: pop-ups sent (eight seconds at most), sounds played (ten
+/// Waits until what was announced is with the desktop: pop-ups sent (six seconds at most), sounds played (ten
 /// seconds at most). Events are handled meanwhile. To be called before a program ends.
 void finishDelivering();
 

@@ -23,7 +23,7 @@ public:
     /// Reads the settings in `folder` (absolute or relative to the working directory) and makes the folder with its
     /// "notifications/" when it is not there. Values change later only through store().
     explicit Settings(const QString& folder);
-    ~Settings();
+    virtual ~Settings();
     Q_DISABLE_COPY_MOVE(Settings)
 
     /// Whether the folder is there and rule files can be written; if not, everything has its initial value.

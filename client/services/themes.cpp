@@ -54,7 +54,7 @@ QString themeFolder(ThemeKind kind, const QString& name)
         if (!isName(wanted))
             continue;
         for (const QString& parent : {userThemes() + subfolder(kind), installed}) {
-            const QString folder = parent + wanted + u'/';
+            QString folder = parent + wanted + u'/';
             if (QFileInfo(folder).isDir())
                 return folder;
         }

@@ -56,9 +56,9 @@ QList<ZepaXmlNode> ZepaXmlNode::getChildNodes() const
 {
     QList<ZepaXmlNode> nodes;
     nodes.reserve(d->children.size());
-    for (const ZepaXmlNodeData::Pointer& child : std::as_const(d->children)) {
+    for (ZepaXmlNodeData::Pointer child : std::as_const(d->children)) {
         ZepaXmlNode node(*this);
-        node.d = child;
+        node.d.swap(child);
         nodes.append(node);
     }
     return nodes;

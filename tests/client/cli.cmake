@@ -21,3 +21,13 @@ zepa_test(client_program_test LABEL unit
   LIBRARIES Qt6::Core)
 target_compile_definitions(client_program_test PRIVATE ZEPA_PROGRAM="$<TARGET_FILE:zepa>")
 add_dependencies(client_program_test zepa)
+
+zepa_test(client_program_bus_test LABEL service
+  SOURCES
+    program.cpp
+    program_service_test.cpp
+    ${PROJECT_SOURCE_DIR}/tests/platform/service_fixture.cpp
+  LIBRARIES zepa_platform Qt6::DBus)
+target_compile_definitions(client_program_bus_test PRIVATE
+  ZEPA_PROGRAM="$<TARGET_FILE:zepa>" SCRIPTED_SERVICE="$<TARGET_FILE:scripted_service>")
+add_dependencies(client_program_bus_test zepa scripted_service)

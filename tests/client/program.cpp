@@ -3,43 +3,63 @@
 
 #include <QFile>
 #include <QJsonDocument>
-#include <QProcess>
+
+#include <csignal>
+#include <sys/prctl.h>
 
 QJsonArray Outcome::json() const
 {
     return QJsonDocument::fromJson(out.toUtf8()).array();
 }
 
-Outcome Program::run(const QStringList& arguments, const QByteArray& input)
+Outcome ProgramRunner::run(const QStringList& arguments, const QByteArray& input)
 {
-    return runBare(arguments + QStringList{QStringLiteral("--settings"), path(QStringLiteral("settings"))}, input);
+    return finish(*start(arguments, input));
 }
 
-Outcome Program::runBare(const QStringList& arguments, const QByteArray& input)
+Outcome ProgramRunner::runBare(const QStringList& arguments, const QByteArray& input)
 {
-    QProcess process;
-    process.setProcessEnvironment(environment);
-    process.setWorkingDirectory(m_folder.path());
-    process.start(QStringLiteral(ZEPA_PROGRAM), arguments);
-    process.write(input);
-    process.closeWriteChannel();
+    return finish(*startBare(arguments, input));
+}
+
+std::unique_ptr<QProcess> ProgramRunner::start(const QStringList& arguments, const QByteArray& input)
+{
+    const QStringList settings{QStringLiteral("--settings"), inFolder(QStringLiteral("settings"))};
+    return startBare(arguments + settings, input);
+}
+
+std::unique_ptr<QProcess> ProgramRunner::startBare(const QStringList& arguments, const QByteArray& input)
+{
+    auto process = std::make_unique<QProcess>();
+    process->setProcessEnvironment(environment);
+    process->setWorkingDirectory(m_folder.path());
+    process->setChildProcessModifier([] { prctl(PR_SET_PDEATHSIG, SIGKILL); });
+    process->start(QStringLiteral(ZEPA_PROGRAM), arguments);
+    process->write(input);
+    process->closeWriteChannel();
+    return process;
+}
+
+Outcome ProgramRunner::finish(QProcess& process)
+{
     Outcome outcome;
-    if (process.waitForFinished(60000) && process.exitStatus() == QProcess::NormalExit)
+    const bool isOver = process.state() == QProcess::NotRunning || process.waitForFinished(60000);
+    if (isOver && process.exitStatus() == QProcess::NormalExit)
         outcome.code = process.exitCode();
     outcome.out = QString::fromUtf8(process.readAllStandardOutput());
     outcome.err = QString::fromUtf8(process.readAllStandardError());
     return outcome;
 }
 
-void Program::write(const QString& name, const QByteArray& content) const
+void ProgramRunner::write(const QString& name, const QByteArray& content) const
 {
-    QFile file(path(name));
+    QFile file(inFolder(name));
     ASSERT_TRUE(file.open(QIODevice::WriteOnly));
     file.write(content);
 }
 
-QByteArray Program::read(const QString& name) const
+QByteArray ProgramRunner::read(const QString& name) const
 {
-    QFile file(path(name));
+    QFile file(inFolder(name));
     return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
 }

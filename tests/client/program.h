@@ -3,12 +3,15 @@
 
 #include <QByteArray>
 #include <QJsonArray>
+#include <QProcess>
 #include <QProcessEnvironment>
 #include <QString>
 #include <QStringList>
 #include <QTemporaryDir>
 
 #include <gtest/gtest.h>
+
+#include <memory>
 
 /// What a run of the program left behind.
 struct Outcome
@@ -21,22 +24,32 @@ struct Outcome
     QJsonArray json() const;
 };
 
-/// The real program with a settings folder of the test's own: no display, no session bus, no sound server.
-class Program : public testing::Test
+/// Runs the real program with a folder of its own for settings and files, which is the working directory, too.
+class ProgramRunner
 {
-protected:
-    /// Runs `zepa ARGUMENTS --settings FOLDER` with `input` on its standard input.
+public:
+    /// Runs `zepa ARGUMENTS --settings FOLDER` with `input` on its standard input, to the end.
     Outcome run(const QStringList& arguments, const QByteArray& input = {});
     /// Runs `zepa ARGUMENTS` as they stand.
     Outcome runBare(const QStringList& arguments, const QByteArray& input = {});
 
-    QString path(const QString& name) const { return m_folder.filePath(name); }
-    QString ruleFile(const QString& type) const { return path(QStringLiteral("settings/notifications/") + type); }
+    /// The same in two steps: what comes between can happen while the program runs.
+    std::unique_ptr<QProcess> start(const QStringList& arguments, const QByteArray& input = {});
+    static Outcome finish(QProcess& process);
+
+    QString inFolder(const QString& name) const { return m_folder.filePath(name); }
+    QString ruleFile(const QString& type) const { return inFolder(QStringLiteral("settings/notifications/") + type); }
     void write(const QString& name, const QByteArray& content) const;
     QByteArray read(const QString& name) const;
 
     QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
 
 private:
+    std::unique_ptr<QProcess> startBare(const QStringList& arguments, const QByteArray& input);
+
     QTemporaryDir m_folder;
 };
+
+/// No display, no session bus, no sound server.
+class Program : public testing::Test, protected ProgramRunner
+{};

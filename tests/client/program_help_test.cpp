@@ -61,26 +61,26 @@ TEST_F(Program, WrongCommandLinesAreRefusedWithAReasonAndChangeNothing)
         {QStringLiteral("types"), QStringLiteral("--settings"), QString()},
         {QStringLiteral("types"), QStringLiteral("--settings")},
     };
-    environment.insert(QStringLiteral("XDG_CONFIG_HOME"), path(QStringLiteral("config")));
+    environment.insert(QStringLiteral("XDG_CONFIG_HOME"), inFolder(QStringLiteral("config")));
     for (const QStringList& arguments : wrong) {
         const Outcome outcome = runBare(arguments);
         const std::string said = arguments.join(u' ').toStdString() + ": " + outcome.err.toStdString();
         EXPECT_EQ(outcome.code, 2) << said;
         EXPECT_TRUE(outcome.out.isEmpty()) << said;
         EXPECT_TRUE(outcome.err.startsWith(QStringLiteral("zepa: "))) << said;
-        EXPECT_FALSE(QFile::exists(path(QStringLiteral("config")))) << said;
+        EXPECT_FALSE(QFile::exists(inFolder(QStringLiteral("config")))) << said;
     }
 }
 
 TEST_F(Program, TakesTheSettingsOptionBeforeTheVerb)
 {
     const Outcome outcome =
-        runBare({QStringLiteral("--settings"), path(QStringLiteral("mine")), QStringLiteral("types")});
+        runBare({QStringLiteral("--settings"), inFolder(QStringLiteral("mine")), QStringLiteral("types")});
     EXPECT_EQ(outcome.code, 0);
-    EXPECT_TRUE(QFile::exists(path(QStringLiteral("mine/notifications"))));
-    EXPECT_EQ(runBare({QStringLiteral("--settings=") + path(QStringLiteral("other")), QStringLiteral("types")}).code,
-              0);
-    EXPECT_TRUE(QFile::exists(path(QStringLiteral("other/notifications"))));
+    EXPECT_TRUE(QFile::exists(inFolder(QStringLiteral("mine/notifications"))));
+    EXPECT_EQ(
+        runBare({QStringLiteral("--settings=") + inFolder(QStringLiteral("other")), QStringLiteral("types")}).code, 0);
+    EXPECT_TRUE(QFile::exists(inFolder(QStringLiteral("other/notifications"))));
 }
 
 } // namespace

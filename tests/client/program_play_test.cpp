@@ -81,9 +81,9 @@ TEST_F(ProgramPlay, ReadsAFileAndThePicturesBesideIt)
     write(QStringLiteral("script.jsonl"), R"({"type": "message_received", "title": "x", "icon": "a.png"})");
     EXPECT_EQ(run({QStringLiteral("play"), QStringLiteral("script.jsonl")}).code, 0);
     write(QStringLiteral("script.jsonl"), R"({"type": "message_received", "title": "x", "icon": "b.png"})");
-    const Outcome outcome = run({QStringLiteral("play"), path(QStringLiteral("script.jsonl"))});
+    const Outcome outcome = run({QStringLiteral("play"), inFolder(QStringLiteral("script.jsonl"))});
     EXPECT_EQ(outcome.code, 2);
-    EXPECT_TRUE(outcome.err.contains(path(QStringLiteral("b.png")))) << outcome.err.toStdString();
+    EXPECT_TRUE(outcome.err.contains(inFolder(QStringLiteral("b.png")))) << outcome.err.toStdString();
 }
 
 TEST_F(ProgramPlay, RefusesAScriptThatCannotBeRead)

@@ -175,7 +175,7 @@ TEST_F(ProgramRules, AreShownThoughTheSettingsFolderIsNoFolder)
 
 TEST_F(ProgramRules, SurviveDamagedRuleFiles)
 {
-    ASSERT_TRUE(QDir().mkpath(path(QStringLiteral("settings/notifications"))));
+    ASSERT_TRUE(QDir().mkpath(inFolder(QStringLiteral("settings/notifications"))));
     for (const QByteArray& damage :
          {QByteArray(), QByteArray("<rules>"), QByteArray(1000000, '<'), QByteArray("<a>").repeated(1000000)}) {
         write(QStringLiteral("settings/notifications/message_received"), damage);

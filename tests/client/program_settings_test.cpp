@@ -56,7 +56,7 @@ TEST_F(ProgramSettings, RefuseOtherValuesAndNamesWithWhatIsAllowed)
     EXPECT_EQ(unknown.code, 2);
     EXPECT_TRUE(unknown.err.contains(limit)) << unknown.err.toStdString();
     EXPECT_EQ(run(set({QStringLiteral("nope"), QStringLiteral("1")})).code, 2);
-    EXPECT_FALSE(QFileInfo::exists(path(QStringLiteral("settings/settings.ini"))));
+    EXPECT_FALSE(QFileInfo::exists(inFolder(QStringLiteral("settings/settings.ini"))));
 }
 
 TEST_F(ProgramSettings, ThatCannotBeWrittenAreAFailureThatNamesTheFile)
@@ -69,10 +69,10 @@ TEST_F(ProgramSettings, ThatCannotBeWrittenAreAFailureThatNamesTheFile)
 
 TEST_F(ProgramSettings, LieInTheUsersConfigurationFolderByDefault)
 {
-    environment.insert(QStringLiteral("XDG_CONFIG_HOME"), path(QStringLiteral("config")));
+    environment.insert(QStringLiteral("XDG_CONFIG_HOME"), inFolder(QStringLiteral("config")));
     EXPECT_EQ(runBare(set({limit, QStringLiteral("9")})).code, 0);
     EXPECT_TRUE(read(QStringLiteral("config/zepa/settings.ini")).contains("duplicated_notifications_time=9"));
-    EXPECT_TRUE(QFileInfo(path(QStringLiteral("config/zepa/notifications"))).isDir());
+    EXPECT_TRUE(QFileInfo(inFolder(QStringLiteral("config/zepa/notifications"))).isDir());
 }
 
 } // namespace

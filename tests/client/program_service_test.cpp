@@ -1,0 +1,147 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "program.h"
+#include "tests/platform/service_fixture.h"
+
+#include <QFile>
+#include <QFileInfo>
+#include <QJsonDocument>
+#include <QJsonObject>
+
+namespace {
+
+QStringList postAnna(const QStringList& rest)
+{
+    return QStringList{QStringLiteral("post"), QStringLiteral("message_received"), QStringLiteral("--title"),
+                       QStringLiteral("Anna")} +
+           rest;
+}
+
+const QString wait = QStringLiteral("--wait");
+
+/// The real program on a private bus with a notification service that does what the test tells it.
+class ProgramOnBus : public ServiceTest, protected ProgramRunner
+{
+protected:
+    /// A program that leaves the activation token that it found in the file "ran".
+    QString action()
+    {
+        write(QStringLiteral("action"), "#!/bin/sh\necho \"token=$XDG_ACTIVATION_TOKEN\" >ran.part\nmv ran.part ran\n");
+        QFile::setPermissions(inFolder(QStringLiteral("action")),
+                              QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+        return inFolder(QStringLiteral("action"));
+    }
+};
+
+TEST_F(ProgramOnBus, PostSaysThatThePopUpWasClickedAndRunsTheAction)
+{
+    const auto service = startService();
+    const auto program = start(postAnna({wait, QStringLiteral("--action"), action()}));
+    ASSERT_TRUE(waitForPopups(*service, 1));
+    EXPECT_FALSE(QFileInfo::exists(inFolder(QStringLiteral("ran"))));
+    service->tell(QStringLiteral("token 1 the-token"));
+    service->tell(QStringLiteral("click 1"));
+    const Outcome outcome = finish(*program);
+    EXPECT_EQ(outcome.code, 0) << outcome.err.toStdString();
+    EXPECT_EQ(outcome.lines().constLast(), QStringLiteral("clicked"));
+    EXPECT_TRUE(waitFor([this] { return QFileInfo::exists(inFolder(QStringLiteral("ran"))); }));
+    EXPECT_EQ(read(QStringLiteral("ran")), "token=the-token\n");
+}
+
+TEST_F(ProgramOnBus, PostWaitsForAnAnswerWithoutAnActionToo)
+{
+    const auto service = startService({QStringLiteral("click-last")});
+    EXPECT_EQ(run(postAnna({wait})).lines().constLast(), QStringLiteral("clicked"));
+}
+
+TEST_F(ProgramOnBus, PostSaysThatThePopUpWentAwayWithoutAClick)
+{
+    const auto service = startService();
+    const auto program = start(postAnna({wait, QStringLiteral("--action"), action()}));
+    ASSERT_TRUE(waitForPopups(*service, 1));
+    service->tell(QStringLiteral("close 1"));
+    const Outcome outcome = finish(*program);
+    EXPECT_EQ(outcome.code, 3);
+    EXPECT_EQ(outcome.lines().constLast(), QStringLiteral("timed out"));
+    EXPECT_FALSE(QFileInfo::exists(inFolder(QStringLiteral("ran"))));
+}
+
+TEST_F(ProgramOnBus, PostEndsWhenTheServiceRefusesOrDies)
+{
+    {
+        const auto service = startService({QStringLiteral("refuse")});
+        EXPECT_EQ(run(postAnna({wait})).code, 3);
+    }
+    const auto service = startService();
+    const auto program = start(postAnna({wait}));
+    ASSERT_TRUE(waitForPopups(*service, 1));
+    service->kill();
+    EXPECT_EQ(finish(*program).code, 3);
+}
+
+TEST_F(ProgramOnBus, PostWithoutWaitEndsWhenTheServiceHasThePopUp)
+{
+    const auto service = startService({QStringLiteral("late-capabilities")});
+    const Outcome outcome = run(postAnna({QStringLiteral("--text"), QStringLiteral("Lunch?")}));
+    EXPECT_EQ(outcome.code, 0);
+    EXPECT_FALSE(outcome.err.contains(QStringLiteral("no pop-up"))) << outcome.err.toStdString();
+    // The program has ended: what it did not send by now never comes.
+    ASSERT_TRUE(waitForPopups(*service, 1));
+    const QString call = QString::fromUtf8(QJsonDocument(service->calls().constFirst()).toJson());
+    EXPECT_TRUE(call.contains(QStringLiteral("Lunch?"))) << call.toStdString();
+}
+
+TEST_F(ProgramOnBus, PostReachesAServiceThatTheBusHasToStart)
+{
+    const QString log = makeActivatable({});
+    EXPECT_EQ(run(postAnna({})).code, 0);
+    EXPECT_TRUE(waitFor([&log] {
+        QFile file(log);
+        return file.open(QIODevice::ReadOnly) && file.readAll().contains("Anna");
+    }));
+}
+
+TEST_F(ProgramOnBus, PostReachesAServiceThatNeverSaysWhatItCanDo)
+{
+    const auto service = startService({QStringLiteral("mute-capabilities")});
+    EXPECT_EQ(run(postAnna({})).code, 0);
+    EXPECT_TRUE(waitForPopups(*service, 1));
+}
+
+TEST_F(ProgramOnBus, PostSaysThatThereIsNoService)
+{
+    const Outcome outcome = run(postAnna({wait}));
+    EXPECT_EQ(outcome.code, 4);
+    EXPECT_EQ(outcome.lines().constLast(), QStringLiteral("not shown: no notification service"));
+}
+
+TEST_F(ProgramOnBus, PlayTellsWhichPopUpsWereAnswered)
+{
+    const auto service = startService();
+    const QByteArray script = R"({"type": "message_received", "title": "first", "action": "true"}
+{"type": "message_received", "title": "second", "action": "true"}
+{"type": "message_received", "title": "third"}
+{"type": "message_received", "title": "fourth", "action": "true"}
+)";
+    const auto program = start({QStringLiteral("play"), QStringLiteral("-"), wait, QStringLiteral("3")}, script);
+    ASSERT_TRUE(waitForPopups(*service, 4));
+    service->tell(QStringLiteral("click 2"));
+    service->tell(QStringLiteral("close 1"));
+    const Outcome outcome = finish(*program);
+    EXPECT_EQ(outcome.code, 0);
+    EXPECT_TRUE(outcome.out.contains(QStringLiteral("answered   message_received  \"second\"  clicked")))
+        << outcome.out.toStdString();
+    EXPECT_TRUE(outcome.out.contains(QStringLiteral("answered   message_received  \"first\"  timed out")));
+    EXPECT_TRUE(outcome.lines().constLast().endsWith(QStringLiteral("1 clicked, 1 timed out, 1 unanswered")))
+        << outcome.lines().constLast().toStdString();
+}
+
+TEST_F(ProgramOnBus, PlayEndsWithTheLastAnswer)
+{
+    const auto service = startService({QStringLiteral("click-last")});
+    const Outcome outcome = run({QStringLiteral("play"), QStringLiteral("-"), wait},
+                                R"({"type": "message_received", "title": "first", "action": "true"})");
+    EXPECT_TRUE(outcome.lines().constLast().endsWith(QStringLiteral("1 clicked, 0 timed out, 0 unanswered")))
+        << outcome.out.toStdString();
+}
+
+} // namespace
