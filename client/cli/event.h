@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include "host/buddy.h"
+
 #include <QString>
 
 namespace zepa::cli {
@@ -15,6 +17,9 @@ struct Event
     QString icon;   ///< path of a picture
     QString buddy;  ///< name of the person it is about
     QString action; ///< address or command
+
+    /// The buddy as a contact of the user's.
+    ZepaBuddy person() const { return {buddy, buddy, ZepaBuddy::Contact}; }
 };
 
 } // namespace zepa::cli

@@ -24,7 +24,7 @@ void Journal::posted(double seconds, const Event& event, const Report& report)
     ++m_delivered;
     QString how = report.methods.join(QStringLiteral(", "));
     QJsonObject json{{QStringLiteral("methods"), QJsonArray::fromStringList(report.methods)}};
-    if (!report.whyNoPopup.isEmpty()) {
+    if (report.asksForPopup && !report.whyNoPopup.isEmpty()) {
         how += QStringLiteral(" (%1: no pop-up shown)").arg(report.whyNoPopup);
         json.insert(QStringLiteral("no_popup"), report.whyNoPopup);
     }

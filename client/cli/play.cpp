@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
+#include "client/cli/chats.h"
 #include "client/cli/commands.h"
 #include "client/cli/lookup.h"
 #include "client/cli/notification_service.h"
@@ -33,7 +34,7 @@ class Play final : public Command
 {
 public:
     QString name() const override { return QStringLiteral("play"); }
-    QString arguments() const override { return QStringLiteral("SCRIPT [--wait [SECONDS]] [--json]"); }
+    QString arguments() const override { return QStringLiteral("SCRIPT [--wait [SECONDS]] [--chats] [--json]"); }
     QString summary() const override
     {
         return QStringLiteral("Plays a script of events, one JSON object a line; - reads standard input.");
@@ -60,6 +61,7 @@ public:
         return {{QStringLiteral("wait"),
                  QStringLiteral("at the end, wait for answers that are missing, at most SECONDS"),
                  QStringLiteral("[SECONDS]")},
+                {QStringLiteral("chats"), QStringLiteral("open the chat windows of everybody in the script")},
                 {QStringLiteral("json"), QStringLiteral("for programs: one JSON object a line")}};
     }
     qsizetype fewestArguments() const override { return 1; }
@@ -120,7 +122,10 @@ int Play::run(const QCommandLineParser& line, Client& client) const
 
     waitForNotificationService();
     Journal journal(line.isSet(QStringLiteral("json")) ? Journal::Form::Json : Journal::Form::ForPeople);
-    const int waiting = Player(client, script.events, journal).play(patience);
+    const bool showsChats = line.isSet(QStringLiteral("chats"));
+    if (showsChats)
+        openChats(script.events);
+    const int waiting = Player(client, script.events, journal, showsChats ? showInChat : nullptr).play(patience);
     finishDelivering();
     journal.summary(waiting);
     return Success;

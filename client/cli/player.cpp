@@ -17,8 +17,8 @@ std::chrono::milliseconds milliseconds(double seconds)
 
 } // namespace
 
-Player::Player(Client& client, QList<Event> events, Journal& journal)
-    : m_client(client), m_events(std::move(events)), m_journal(journal)
+Player::Player(Client& client, QList<Event> events, Journal& journal, std::function<void(const Event&)> before)
+    : m_client(client), m_events(std::move(events)), m_journal(journal), m_before(std::move(before))
 {
     m_next.setSingleShot(true);
     m_next.setTimerType(Qt::PreciseTimer);
@@ -49,6 +49,8 @@ void Player::announceDue()
         if (early > 0)
             return m_next.start(milliseconds(early) + std::chrono::milliseconds(1));
         ++m_announced;
+        if (m_before)
+            m_before(event);
         const auto answered = [this, event, listening = m_listening](Answer answer) {
             if (!*listening)
                 return;

@@ -9,6 +9,7 @@
 #include <QList>
 #include <QTimer>
 
+#include <functional>
 #include <memory>
 #include <optional>
 
@@ -22,7 +23,8 @@ namespace zepa::cli {
 class Player
 {
 public:
-    Player(Client& client, QList<Event> events, Journal& journal);
+    /// `before` is called with each event right before it is announced; it may be empty.
+    Player(Client& client, QList<Event> events, Journal& journal, std::function<void(const Event&)> before = {});
 
     /// Plays everything and returns when the last event is announced. With `patience`, in seconds, it waits that long
     /// for the answers that are missing then. Returns how many are missing in the end.
@@ -35,6 +37,7 @@ private:
     Client& m_client;
     const QList<Event> m_events;
     Journal& m_journal;
+    const std::function<void(const Event&)> m_before;
     QElapsedTimer m_clock;
     QTimer m_next;
     QEventLoop m_loop;

@@ -120,7 +120,7 @@ int Post::run(const QCommandLineParser& line, Client& client) const
     int code = Success;
     if (waits)
         code = wait(report, answer);
-    else if (!report.methods.isEmpty() && !report.whyNoPopup.isEmpty())
+    else if (report.asksForPopup && !report.whyNoPopup.isEmpty())
         complain(QStringLiteral("%1: no pop-up shown").arg(report.whyNoPopup));
     finishDelivering();
     return code;

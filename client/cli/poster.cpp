@@ -22,7 +22,7 @@ QList<ZepaArg> argumentsOf(const Event& event)
 {
     if (event.buddy.isNull())
         return {};
-    return {ZepaArg::fromBuddy(ZepaBuddy(event.buddy, event.buddy, ZepaBuddy::Contact))};
+    return {ZepaArg::fromBuddy(event.person())};
 }
 
 std::function<void()> workOf(const Event& event)
@@ -51,11 +51,12 @@ Report announce(Client& client, const Event& event, Answers answers, std::functi
 
     Report report;
     report.methods = client.deliveries().take();
+    report.asksForPopup = report.methods.contains(popupMethod);
     const bool hasRules = !client.module().getRules(client.module().getNotifications().value(event.type)).isEmpty();
     report.isRepeat = report.methods.isEmpty() && hasRules;
     if (report.isRepeat)
         report.whyNoPopup = QStringLiteral("dropped as a repeat");
-    else if (!report.methods.contains(popupMethod))
+    else if (!report.asksForPopup)
         report.whyNoPopup = QStringLiteral("no rule for %1 and %2").arg(event.type, popupMethod);
     else
         report.whyNoPopup = whyNoPopup();

@@ -22,6 +22,8 @@ struct Report
     QStringList methods;
     /// Nothing was called though there are rules: the same type and title was posted a moment ago.
     bool isRepeat = false;
+    /// The pop-up method was among them.
+    bool asksForPopup = false;
     /// A pop-up waits for its answer.
     bool waits = false;
     /// Why nothing was shown by a pop-up; empty when a pop-up was asked for and a service is there.

@@ -111,4 +111,15 @@ TEST_F(ProgramPlay, TakesWaitWithAndWithoutSeconds)
     EXPECT_EQ(play(good, {QStringLiteral("--wait=nan")}).code, 2);
 }
 
+TEST_F(ProgramPlay, OpensChatWindowsAlsoWhereNobodySeesThem)
+{
+    const Outcome outcome = play(R"({"type": "message_received", "title": "Anna", "text": "Hi", "buddy": "Anna"}
+{"type": "message_sent", "title": "Anna", "text": "Hello", "buddy": "Anna"}
+{"type": "alert_received_notify", "title": "Anna", "text": "Anna rings", "buddy": "Anna"})",
+                                 {QStringLiteral("--chats")});
+    EXPECT_EQ(outcome.code, 0) << outcome.err.toStdString();
+    EXPECT_TRUE(outcome.lines().constLast().startsWith(QStringLiteral("summary: 3 posted, 2 delivered")))
+        << outcome.out.toStdString();
+}
+
 } // namespace
