@@ -207,6 +207,7 @@ TEST_F(AnswersTest, ForgetsIdsOfAServiceThatWasRestarted)
     postClickable("old");
     letEverythingArrive(*service);
     service->kill();
+    ASSERT_TRUE(waitFor([] { return answers() == Answers{"timed out old"}; }));
     service = startService();
     postClickable("new");
     ASSERT_TRUE(waitForPopups(*service, 1));
