@@ -20,7 +20,7 @@ qsizetype plainUnits(QStringView text)
     const QChar c = text.front();
     if (c.isHighSurrogate())
         return text.size() > 1 && text[1].isLowSurrogate() ? 2 : 0;
-    if (c.isLowSurrogate() || c.unicode() >= 0xFFFE || c == u'\r')
+    if (c.isLowSurrogate() || c.unicode() >= 0xFFFE)
         return 0;
     return c.unicode() >= 0x20 || c == u'\t' || c == u'\n' ? 1 : 0;
 }
