@@ -3,8 +3,33 @@
 #include "client/cli/output.h"
 #include "client/client.h"
 #include "client/environment.h"
+#include "client/services/client_requests.h"
 
 #include <QApplication>
+#include <QWidget>
+
+namespace {
+
+/// What the status icon's menu asks for.
+void obeyRequests()
+{
+    using zepa::ClientRequests;
+    QObject::connect(&ClientRequests::instance(), &ClientRequests::show, qApp, [] {
+        const QWidgetList windows = QApplication::topLevelWidgets();
+        for (QWidget* window : windows) {
+            if (!window->isVisible() || window->windowType() == Qt::Popup)
+                continue;
+            window->setWindowState(window->windowState() & ~Qt::WindowMinimized);
+            window->raise();
+            window->activateWindow();
+        }
+    });
+    // Whoever waits for an answer goes on as if there was none.
+    QObject::connect(&ClientRequests::instance(), &ClientRequests::quit, qApp,
+                     [] { QCoreApplication::exit(zepa::cli::NotClicked); });
+}
+
+} // namespace
 
 int main(int argc, char** argv)
 {
@@ -26,6 +51,8 @@ int main(int argc, char** argv)
     QApplication::setApplicationVersion(QStringLiteral(ZEPA_VERSION));
     QApplication::setDesktopFileName(QStringLiteral("zepa"));
     QApplication::setQuitOnLastWindowClosed(false);
+
+    obeyRequests();
 
     Client client(line.settingsFolder());
     if (!client.settings().isUsable())
