@@ -10,6 +10,7 @@
 #include <QCommandLineParser>
 #include <QEventLoop>
 #include <QImageReader>
+#include <QPointer>
 
 #include <functional>
 #include <optional>
@@ -108,8 +109,13 @@ int Post::run(const QCommandLineParser& line, Client& client) const
     waitForNotificationService();
     QEventLoop answer;
     std::function<void(Answer)> answered;
-    if (waits)
-        answered = [&answer](Answer given) { answer.exit(given == Answer::Clicked ? Success : NotClicked); };
+    if (waits) {
+        // The user may quit first: then the answer comes when the client ends, and the loop is gone.
+        answered = [loop = QPointer<QEventLoop>(&answer)](Answer given) {
+            if (loop)
+                loop->exit(given == Answer::Clicked ? Success : NotClicked);
+        };
+    }
     const Report report = announce(client, *event, waits ? Answers::Always : Answers::AsTheEventSays, answered);
     if (report.methods.isEmpty())
         complain(
