@@ -56,11 +56,11 @@ class Sound:
             samples.byteswap()
         return samples
 
-    def save(self, path):
-        """Writes all that is recorded by now as a wav file."""
+    def save(self, path, start=0):
+        """Writes what is recorded by now, from the sample `start` on, as a wav file."""
         os.makedirs(os.path.dirname(os.path.abspath(path)), exist_ok=True)
         with wave.open(str(path), "wb") as out:
             out.setnchannels(1)
             out.setsampwidth(2)
             out.setframerate(RATE)
-            out.writeframes(self.samples().tobytes())
+            out.writeframes(self.samples(start).tobytes())
