@@ -16,7 +16,7 @@ public:
     ZepaNotification(const QString& id, const QString& name, const QString& extra, const QString& description);
     ~ZepaNotification();
     ZepaNotification(const ZepaNotification&) = default;
-    ZepaNotification& operator=(const ZepaNotification&) = default;
+    ZepaNotification& operator=(const ZepaNotification&) = delete;
 
     const QString& getId() const { return id; }
     const QString& getName() const { return name; }

@@ -41,6 +41,7 @@ ZepaNotificationModule::ZepaNotificationModule()
 ZepaNotificationModule::~ZepaNotificationModule()
 {
     instance = nullptr;
+    endRunningPostings();
     delete trayIcon;
     qDeleteAll(trayIcons);
     qDeleteAll(rules);
@@ -148,7 +149,7 @@ void ZepaNotificationModule::removeNotificationRule(ZepaNotificationRule* rule)
         return;
     rules.remove(notification, rule);
     storeNotificationRules(notification);
-    if (runningPostings > 0)
+    if (innermostPosting != nullptr)
         removedRules.append(rule);
     else
         delete rule;

@@ -35,7 +35,7 @@ public:
     /// Install translators before: the texts are translated here. A second call changes nothing.
     ZEPA_NOTIFICATION_EXPORT static void init();
     /// Takes everything down; a later getInstance() makes a fresh module. Writes no file and tells no method that was
-    /// installed from outside. Not to be called from inside a method that is being called.
+    /// installed from outside. A posting that is under way meanwhile ends with the method that it is calling.
     ZEPA_NOTIFICATION_EXPORT ~ZepaNotificationModule();
     ZepaNotificationModule(const ZepaNotificationModule&) = delete;
     ZepaNotificationModule& operator=(const ZepaNotificationModule&) = delete;
@@ -134,9 +134,11 @@ private:
     QHash<QString, QTime> lastPostings;
     QHash<QString, ZepaTrayIcon*> trayIcons;
 
-    /// How many postings are under way, one inside the other, and the rules that were removed meanwhile: those are
+    void endRunningPostings();
+
+    /// The postings that are under way, one inside the other, and the rules that were removed meanwhile: those are
     /// still called by the snapshots that hold them, and are deleted when the outermost posting ends.
-    int runningPostings = 0;
+    RunningPosting* innermostPosting = nullptr;
     QList<ZepaNotificationRule*> removedRules;
 
     static ZepaNotificationModule* instance;

@@ -3,23 +3,36 @@
 #include "core/notification_rule.h"
 #include "host/settings_manager_private.h"
 
-/// Keeps removed rules alive while a posting runs; when the outermost one ends, by whatever way, they are deleted.
+#include <utility>
+
+/// A posting that is under way. While there is one, removed rules stay alive; when the outermost one ends, by whatever
+/// way, they are deleted. Knows when the module goes away in the middle of it.
 class ZepaNotificationModule::RunningPosting
 {
 public:
-    explicit RunningPosting(ZepaNotificationModule& owner) : module(owner) { ++module.runningPostings; }
+    explicit RunningPosting(ZepaNotificationModule& owner) : module(&owner), outer(owner.innermostPosting)
+    {
+        owner.innermostPosting = this;
+    }
     ~RunningPosting()
     {
-        if (--module.runningPostings > 0)
+        if (module == nullptr)
             return;
-        qDeleteAll(module.removedRules);
-        module.removedRules.clear();
+        module->innermostPosting = outer;
+        if (outer == nullptr)
+            qDeleteAll(std::exchange(module->removedRules, {}));
     }
     RunningPosting(const RunningPosting&) = delete;
     RunningPosting& operator=(const RunningPosting&) = delete;
 
+    /// False once the module is gone, and with it every rule.
+    bool hasModule() const { return module != nullptr; }
+    void loseModule() { module = nullptr; }
+    RunningPosting* getOuter() const { return outer; }
+
 private:
-    ZepaNotificationModule& module;
+    ZepaNotificationModule* module;
+    RunningPosting* const outer;
 };
 
 namespace {
@@ -61,9 +74,19 @@ void ZepaNotificationModule::postNotification(const QString& id, const QString& 
     const QList<ZepaNotificationRule*> snapshot = rules.values(notification);
     // A method may post again, which counts up: all rules of this posting keep the number that it began with.
     const unsigned int number = sequence;
-    for (ZepaNotificationRule* rule : snapshot)
+    for (ZepaNotificationRule* rule : snapshot) {
         (*rule)(number, title, text, icon, extra, action, args);
+        if (!running.hasModule())
+            return;
+    }
     ++sequence;
+}
+
+void ZepaNotificationModule::endRunningPostings()
+{
+    for (RunningPosting* posting = innermostPosting; posting != nullptr; posting = posting->getOuter())
+        posting->loseModule();
+    qDeleteAll(std::exchange(removedRules, {}));
 }
 
 void ZepaNotificationModule::forgetOldPostings(const ZepaField& limit)

@@ -2,6 +2,8 @@
 #include "core/notification_module.h"
 #include "host/tray_icon.h"
 
+#include <utility>
+
 ZepaTrayIcon* ZepaNotificationModule::getTrayIcon() const
 {
     return trayIcon;
@@ -40,8 +42,7 @@ ZepaTrayIcon* ZepaNotificationModule::removeTrayIcon(const QString& name)
 {
     if (name.isEmpty()) {
         // Although an empty name is an ordinary key elsewhere, here it means all of them.
-        qDeleteAll(trayIcons);
-        trayIcons.clear();
+        qDeleteAll(std::exchange(trayIcons, {}));
         return nullptr;
     }
     return trayIcons.take(name);

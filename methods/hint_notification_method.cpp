@@ -244,10 +244,11 @@ void ZepaHintNotificationMethod::postNotification(unsigned int sequence, ZepaNot
     // Never sticky with an action, whatever the rule says: this is meant.
     const Owned<CFPropertyListRef> context = makeClickContext(sequence);
     popup.clickContext = context.get();
-    // Equal contexts may be one and the same object: the table holds one reference on each of its keys.
+    // The table holds one reference on each of its keys. Where equal contexts are one and the same object, the earlier
+    // entry gives its place, and its reference, to this one.
     if (!pendingActions.contains(context.get()))
         CFRetain(context.get());
-    pendingActions.insert(context.get(), action);
+    const ZepaPluginAction replaced = std::exchange(pendingActions[context.get()], action);
     Growl_PostNotification(&popup);
 }
 

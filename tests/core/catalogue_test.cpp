@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
+#include "marking_translator.h"
 #include "module_test.h"
-
-#include <QCoreApplication>
-#include <QTranslator>
 
 #include <array>
 
@@ -36,18 +34,6 @@ constexpr std::array expectedTypes{
     Expected{"conf_message_received", "Conference message received", "Conference message received"},
     Expected{"conf_message_bg_received", "Conference message received (Background)",
              "Conference message received (Background)"},
-};
-
-/// Marks what it translates with the context and the comment that it was asked with.
-class MarkingTranslator : public QTranslator
-{
-public:
-    QString translate(const char* context, const char* source, const char* comment, int /*n*/) const override
-    {
-        return QString::fromUtf8(source) + QLatin1Char('|') + QString::fromUtf8(context) + QLatin1Char('|') +
-               QString::fromUtf8(comment);
-    }
-    bool isEmpty() const override { return false; }
 };
 
 using Catalogue = ModuleTest;
@@ -91,11 +77,9 @@ TEST_F(Catalogue, LeavesEveryThirdTextEmptyAndDescribesMailByItsName)
 
 TEST_F(Catalogue, TranslatesNameAndDescriptionUnderCommentsOfTheirOwn)
 {
-    MarkingTranslator translator;
     module();
-    ASSERT_TRUE(QCoreApplication::installTranslator(&translator));
+    const MarkingTranslator::Installed translator;
     ZepaNotificationModule::init();
-    QCoreApplication::removeTranslator(&translator);
     const ZepaNotification* alert = type(QStringLiteral("alert_sent_notify"));
     EXPECT_EQ(alert->getName(), QStringLiteral("Alert sent|translation|notification event"));
     EXPECT_EQ(alert->getDescription(), QStringLiteral("Alert sent|translation|notification event description"));

@@ -316,3 +316,50 @@ TEST_F(Module, SurvivesAMethodThatInstallsAnotherWhileTypesAreRegistered)
     EXPECT_EQ(installer.inner.lists, QList<QStringList>({{event}}));
     EXPECT_TRUE(installer.inner.registered.isEmpty());
 }
+
+TEST_F(Module, MakesTheMainIconFirstAndShowsItBeforeTheMethodsAreInstalled)
+{
+    // The first registration is that of the pop-up method's constructor, the second that of its installation.
+    QList<QStringList> seen;
+    RecordingGrowl::whileRegistering = [&] { seen.append(host.icons[host.iconsMade.value(0)].calls); };
+    module();
+    EXPECT_EQ(seen, QList<QStringList>({{QStringLiteral("made")},
+                                        {QStringLiteral("made"), QStringLiteral("icon"), QStringLiteral("visible")}}));
+}
+
+TEST_F(Module, IsNoLongerTheInstanceWhenItsIconsGoAndDeletesTheMainOneFirst)
+{
+    const ZepaNotificationModule* old = &module();
+    const ZepaTrayIcon* main = module().getTrayIcon();
+    const ZepaTrayIcon* mail = module().setTrayIcon(QStringLiteral("mail"), QIcon());
+    QList<const ZepaTrayIcon*> deleted;
+    ZepaNotificationModule* fresh = nullptr;
+    host.whenIconIsDeleted = [&](const ZepaTrayIcon* icon) {
+        deleted.append(icon);
+        fresh = ZepaNotificationModule::getInstance();
+    };
+    closeModule();
+    host.whenIconIsDeleted = nullptr;
+    EXPECT_EQ(deleted, QList<const ZepaTrayIcon*>({main, mail}));
+    EXPECT_NE(fresh, old);
+    delete fresh;
+}
+
+TEST_F(Module, TellsAMethodOfATypeBeforeItGivesItTheDefaultRule)
+{
+    class Looking : public ProbeMethod
+    {
+    public:
+        void registerNotification(ZepaNotification* notification) override
+        {
+            rulesThen = ZepaNotificationModule::getInstance()->getRules(notification).size();
+        }
+        qsizetype rulesThen = -1;
+    };
+    Looking looking;
+    looking.setDefaultNotificationConfig(event, {});
+    module().installNotificationMethod(&looking);
+    registerType(event);
+    EXPECT_EQ(looking.rulesThen, 0);
+    EXPECT_EQ(module().getRules(type(event)).size(), 1);
+}

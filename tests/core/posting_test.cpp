@@ -224,3 +224,21 @@ TEST_F(Posting, LetsAMethodsExceptionThroughWithoutCounting)
     post(event, title);
     EXPECT_EQ(second.calls.size(), 1);
 }
+
+TEST_F(Posting, EndsWithTheMethodThatTakesTheModuleDown)
+{
+    ZepaNotificationRule* removed = addRule(event, probe);
+    addRule(event, second);
+    ProbeMethod inner(QStringLiteral("inner"));
+    addRule(other, probe);
+    addRule(other, inner);
+    second.whenCalled = [&] {
+        module().removeNotificationRule(removed);
+        post(other, QStringLiteral("inside"));
+    };
+    inner.whenCalled = [&] { closeModule(); };
+    post(event, title);
+    EXPECT_EQ(inner.calls.size(), 1);
+    EXPECT_TRUE(probe.calls.isEmpty());
+    EXPECT_TRUE(module().getNotifications().isEmpty());
+}

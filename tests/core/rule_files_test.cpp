@@ -33,7 +33,6 @@ protected:
     {
         return element(QStringLiteral("probe"), {ProbeMethod::text(setting, value)});
     }
-    /// The rules of the built-in methods have no part in these tests: `event` is none of their types' defaults here.
     qsizetype ruleCount(const QString& id = event) { return module().getRules(type(id)).size(); }
 
     ProbeMethod probe;
@@ -203,6 +202,31 @@ TEST_F(RuleFiles, OfTypesWithRulesAloneAreWrittenForNull)
     module().storeNotificationRules(nullptr);
     EXPECT_TRUE(host.readRuleFile(QStringLiteral("with")).contains("probe"));
     EXPECT_EQ(host.readRuleFile(QStringLiteral("without")), QByteArray("untouched"));
+}
+
+TEST_F(RuleFiles, AreWrittenOnceForEachRuleOfATypeForNull)
+{
+    // What a method is asked for its identifier is what an element needs: one for each rule, each time it is written.
+    class Counting : public ProbeMethod
+    {
+    public:
+        QString getId() const override
+        {
+            ++asked;
+            return ProbeMethod::getId();
+        }
+        mutable int asked = 0;
+    };
+    Counting counting;
+    registerType(other);
+    for (int i = 0; i < 3; ++i)
+        addRule(other, counting);
+    counting.asked = 0;
+    module().storeNotificationRules(type(other));
+    EXPECT_EQ(counting.asked, 3);
+    counting.asked = 0;
+    module().storeNotificationRules(nullptr);
+    EXPECT_EQ(counting.asked, 9);
 }
 
 TEST_F(RuleFiles, HoldAnEmptyRulesElementAfterTheLastRuleIsRemovedAndKeepDefaultsAway)

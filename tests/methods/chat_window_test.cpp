@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
+#include "marking_translator.h"
 #include "methods/chat_window_notification_method.h"
 #include "module_test.h"
 
@@ -102,4 +103,11 @@ TEST_F(ChatWindow, NamesTheMethod)
     EXPECT_EQ(method.getId(), QStringLiteral("zepa_chat_window_notification_method"));
     EXPECT_EQ(method.getActionName(), QStringLiteral("display information in chat window"));
     EXPECT_TRUE(method.getActionIcon().isNull());
+}
+
+TEST_F(ChatWindow, TranslatesTheNameOfTheMethodUnderItsContextAndComment)
+{
+    const MarkingTranslator::Installed translator;
+    EXPECT_EQ(method.getActionName(),
+              QStringLiteral("display information in chat window|translation|action description"));
 }

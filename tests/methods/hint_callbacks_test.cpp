@@ -201,3 +201,14 @@ TEST_F(HintCallbacks, AnAnswerThatComesInsideAPostingFindsTheAction)
     post(count);
     EXPECT_EQ(runs, 1);
 }
+
+TEST_F(HintCallbacks, AClickRunsTheActionsInTheOrderOfTheTable)
+{
+    // A hash that is filled with the same keys in the same order is walked in the same order as the table.
+    QHash<const void*, QString> names;
+    QStringList order;
+    for (const QString& name : {QStringLiteral("a"), QStringLiteral("b"), QStringLiteral("c"), QStringLiteral("d")})
+        names.insert(postNumber(7, [&order, name] { order.append(name); }), name);
+    notificationClicked(CFSTR("7"));
+    EXPECT_EQ(order, QStringList(names.values()));
+}

@@ -1,8 +1,24 @@
 // SPDX-License-Identifier: Apache-2.0
+#include "marking_translator.h"
 #include "methods/hint_notification_method.h"
 #include "module_test.h"
 
-#include <algorithm>
+#include <dlfcn.h>
+
+namespace {
+
+QList<CFMutableArrayRef> mutableArrays;
+
+} // namespace
+
+// Notes what is made, and has the platform make it. The program's definition comes before those of its libraries.
+CFMutableArrayRef CFArrayCreateMutable(CFAllocatorRef allocator, CFIndex capacity, const CFArrayCallBacks* callBacks)
+{
+    static const auto make =
+        reinterpret_cast<decltype(&CFArrayCreateMutable)>(dlsym(RTLD_NEXT, "CFArrayCreateMutable"));
+    mutableArrays.append(make(allocator, capacity, callBacks));
+    return mutableArrays.last();
+}
 
 namespace {
 
@@ -175,4 +191,27 @@ TEST_F(HintRegistration, NamesTheMethod)
     EXPECT_EQ(method.getId(), QStringLiteral("zepa_hint_notification"));
     EXPECT_EQ(method.getActionName(), QStringLiteral("Display a Growl notification"));
     EXPECT_TRUE(method.getActionIcon().isNull());
+}
+
+TEST_F(HintRegistration, TranslatesItsTextsUnderTheirContextsAndComments)
+{
+    const MarkingTranslator::Installed translator;
+    const ZepaHintNotificationMethod method;
+    EXPECT_EQ(method.getActionName(), QStringLiteral("Display a Growl notification|translation|growl - Mac OS X system "
+                                                     "wide notification method"));
+    EXPECT_EQ(method.fields.first().getLabel(),
+              QStringLiteral("Sticky|translation|sticky notification, stays visible until user accepts it"));
+}
+
+// An array that nothing reads, fills or releases: this is odd and meant.
+TEST_F(HintRegistration, MakesOneIdleArrayAndNeverReleasesIt)
+{
+    mutableArrays.clear();
+    {
+        ZepaHintNotificationMethod method;
+        method.registerNotifications({});
+    }
+    ASSERT_EQ(mutableArrays.size(), 1);
+    EXPECT_EQ(CFArrayGetCount(mutableArrays.first()), 0);
+    EXPECT_EQ(CFGetRetainCount(mutableArrays.first()), 1);
 }

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
+#include "marking_translator.h"
 #include "methods/sound_notification_method.h"
 #include "module_test.h"
 
@@ -174,4 +175,18 @@ TEST_F(Sound, IsHeardForAPostingThroughTheModule)
     ZepaNotificationModule::init();
     post(QStringLiteral("message_received"), QStringLiteral("title"));
     EXPECT_EQ(host.played, QStringList({QStringLiteral("/themes/a/message.wav")}));
+}
+
+TEST_F(Sound, TranslatesItsTextsUnderTheirContextsAndComments)
+{
+    const MarkingTranslator::Installed translator;
+    const ZepaSoundNotificationMethod translated;
+    EXPECT_EQ(translated.getActionName(), QStringLiteral("play sound|translation|nc"));
+    EXPECT_EQ(translated.fields.first().getLabel(), QStringLiteral("sound file|translation|nc"));
+    playedForAlert({});
+    EXPECT_EQ(
+        host.settingsRead.first().getItemLabels(),
+        QStringList({QStringLiteral("Mute|translation|turn off all"),
+                     QStringLiteral("Notify always|translation|turn on all"),
+                     QStringLiteral("Notify from buddies only|translation|turn on only from contacts at my list")}));
 }

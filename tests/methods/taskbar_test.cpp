@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
+#include "marking_translator.h"
 #include "methods/taskbar_notification_method.h"
 #include "module_test.h"
-#include "recording_attention.h"
 
 namespace {
 
@@ -54,4 +54,10 @@ TEST_F(Taskbar, NamesTheMethod)
     EXPECT_EQ(method.getId(), QStringLiteral("zepa_dock_bounce_notification_method"));
     EXPECT_EQ(method.getActionName(), QStringLiteral("Bounce dock icon"));
     EXPECT_TRUE(method.getActionIcon().isNull());
+}
+
+TEST_F(Taskbar, TranslatesTheNameOfTheMethodUnderItsContextAndComment)
+{
+    const MarkingTranslator::Installed translator;
+    EXPECT_EQ(ZepaTaskbarNotificationMethod().getActionName(), QStringLiteral("Bounce dock icon|translation|nc"));
 }

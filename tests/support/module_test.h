@@ -6,6 +6,7 @@
 #include "core/notification_rule.h"
 #include "probe_method.h"
 #include "qt_printers.h"
+#include "recording_attention.h"
 #include "recording_growl.h"
 #include "recording_host.h"
 
@@ -17,7 +18,11 @@
 class ModuleTest : public testing::Test
 {
 protected:
-    ModuleTest() { RecordingGrowl::reset(); }
+    ModuleTest()
+    {
+        RecordingGrowl::reset();
+        RecordingAttention::requests = 0;
+    }
     ~ModuleTest() override
     {
         closeModule();

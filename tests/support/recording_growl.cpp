@@ -6,6 +6,7 @@ QStringList RecordingGrowl::calls;
 Growl_Delegate* RecordingGrowl::delegate = nullptr;
 QList<QStringList> RecordingGrowl::registrations;
 QList<RecordedPopup> RecordingGrowl::popups;
+std::function<void()> RecordingGrowl::whileRegistering;
 std::function<void()> RecordingGrowl::whilePosting;
 
 void RecordingGrowl::reset()
@@ -19,6 +20,7 @@ void RecordingGrowl::reset()
     delegate = nullptr;
     registrations.clear();
     popups.clear();
+    whileRegistering = nullptr;
     whilePosting = nullptr;
 }
 
@@ -41,6 +43,8 @@ Boolean Growl_SetDelegate(Growl_Delegate* newDelegate)
     for (CFIndex i = 0; i < CFArrayGetCount(array); ++i)
         names.append(RecordingGrowl::toQString(static_cast<CFStringRef>(CFArrayGetValueAtIndex(array, i))));
     RecordingGrowl::registrations.append(names);
+    if (RecordingGrowl::whileRegistering)
+        RecordingGrowl::whileRegistering();
     return true;
 }
 

@@ -42,6 +42,8 @@ struct RecordingGrowl
     /// The names of each registration, in order. Null strings stand for nothing registered.
     static QList<QStringList> registrations;
     static QList<RecordedPopup> popups;
+    /// Called inside Growl_SetDelegate, when set.
+    static std::function<void()> whileRegistering;
     /// Called inside Growl_PostNotification, when set.
     static std::function<void()> whilePosting;
 

@@ -97,8 +97,11 @@ ZepaTrayIcon::ZepaTrayIcon(QObject* parent) : QObject(parent)
 
 ZepaTrayIcon::~ZepaTrayIcon()
 {
-    if (RecordingHost::current != nullptr)
-        RecordingHost::current->icons[this].calls.append(QStringLiteral("deleted"));
+    if (RecordingHost::current == nullptr)
+        return;
+    RecordingHost::current->icons[this].calls.append(QStringLiteral("deleted"));
+    if (RecordingHost::current->whenIconIsDeleted)
+        RecordingHost::current->whenIconIsDeleted(this);
 }
 
 void ZepaTrayIcon::setIcon(const QIcon& icon)

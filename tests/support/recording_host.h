@@ -15,6 +15,8 @@
 #include <QStringList>
 #include <QTemporaryDir>
 
+#include <functional>
+
 class ZepaTrayIcon;
 
 /// A chat window that keeps its lines.
@@ -79,6 +81,8 @@ public:
     QHash<QString, RecordingChatWindow*> windows;
     QStringList windowsAskedFor;
     QHash<const ZepaTrayIcon*, TrayIconRecord> icons;
+    /// Called when an icon is deleted, when set.
+    std::function<void(const ZepaTrayIcon*)> whenIconIsDeleted;
     /// Icons in the order in which they were made.
     QList<const ZepaTrayIcon*> iconsMade;
 };

@@ -1,0 +1,24 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "client/services/settings.h"
+#include "core/notification_module.h"
+
+#include <QApplication>
+#include <QDir>
+
+#include <memory>
+
+int main(int argc, char** argv)
+{
+    QApplication app(argc, argv);
+    // The host's services. Here they are the reference client's; yours are bodies for the headers in host/.
+    const zepa::Settings settings(QDir::tempPath() + u"/zepa-embedding"_qs);
+    const std::unique_ptr<ZepaNotificationModule> module(ZepaNotificationModule::getInstance());
+    // Delivery methods of your own go here, before init(): module->installNotificationMethod(&yours);
+    ZepaNotificationModule::init();
+
+    const ZepaArg ann = ZepaArg::fromBuddy(ZepaBuddy(u"ann"_qs, u"Ann"_qs, ZepaBuddy::Contact));
+    const ZepaPluginAction answer([] { QApplication::quit(); });
+    module->postNotification(u"message_received"_qs, u"Ann"_qs, u"Shall we meet at eight?"_qs, QString(), QString(),
+                             answer, {ann});
+    return QApplication::exec(); // until the pop-up is clicked
+}
