@@ -3,6 +3,8 @@
 
 import json
 import subprocess
+import sys
+import tempfile
 
 _METHODS = {
     "zepa_hint_notification": "pop-up",
@@ -17,12 +19,12 @@ class Play:
 
     def __init__(self, zepa, script, settings, env):
         self.reports = []
-        self._zepa = [zepa, "--settings", str(settings)]
-        self._env = env
+        self._complaints = tempfile.TemporaryFile("w+")
         # Pop-ups nobody answers have long gone after a minute; then the demo ends without them.
         self._popen = subprocess.Popen(
-            [zepa, "play", str(script), "--json", "--wait", "60", "--settings", str(settings)],
-            env=env, stdin=subprocess.DEVNULL, stdout=subprocess.PIPE, text=True)
+            [zepa, "play", str(script), "--json", "--chats", "--wait", "60", "--settings", str(settings)],
+            env=env, stdin=subprocess.DEVNULL, stdout=subprocess.PIPE, stderr=self._complaints,
+            text=True)
 
     def __iter__(self):
         """Each report, told to the person as it comes."""
@@ -36,13 +38,18 @@ class Play:
             yield report
 
     def finish(self):
-        """The exit code."""
+        """The exit code. When it is not 0, whatever zepa complained of is shown."""
         try:
-            return self._popen.wait(90)
+            code = self._popen.wait(90)
+            if code != 0:
+                self._complaints.seek(0)
+                print(self._complaints.read(), file=sys.stderr)
+            return code
         finally:
             if self._popen.poll() is None:
                 self._popen.kill()
             self._popen.stdout.close()
+            self._complaints.close()
 
 
 def _parsed(line):

@@ -6,7 +6,7 @@ import pathlib
 import pwd
 import subprocess
 
-from . import bus, screen
+from . import bus, panel, screen
 from .notification_services import BUS_NAME, SERVICES
 from .processes import NotReady, Process
 from .sound import Sound
@@ -19,45 +19,6 @@ _TRAYS = {
     "lxqt-panel": ["lxqt-panel"],
 }
 _BACKGROUND = "#34506b"
-_PANEL = """[General]
-__userfile__=true
-panels=panel1
-
-[panel1]
-alignment=-1
-animation-duration=0
-desktop=0
-hidable=false
-iconSize=22
-lineCount=1
-lockPanel=true
-opacity=100
-panelSize=34
-plugins=taskbar, tray, statusnotifier, worldclock
-position=Bottom
-reserve-space=true
-width=100
-width-percent=true
-
-[taskbar]
-alignment=Left
-buttonWidth=260
-type=taskbar
-
-[tray]
-alignment=Right
-type=tray
-
-[statusnotifier]
-alignment=Right
-type=statusnotifier
-
-[worldclock]
-alignment=Right
-type=worldclock
-"""
-
-
 class VirtualDesktop:
     """A desktop in the folder `folder`, which the caller removes. `env` is the environment of programs on it.
 
@@ -190,9 +151,7 @@ class VirtualDesktop:
 
     def _start_tray(self, name):
         if name == "lxqt-panel":
-            config = pathlib.Path(self.env["XDG_CONFIG_HOME"], "lxqt", "panel.conf")
-            config.parent.mkdir(parents=True, exist_ok=True)
-            config.write_text(_PANEL)
+            panel.write_config(self.env["XDG_CONFIG_HOME"], self.env["XDG_DATA_HOME"])
         self.tray = self.start(name, _TRAYS[name])
         if name == "lxqt-panel":
             self.tray.wait_until(lambda: bus.has_owner("org.kde.StatusNotifierWatcher", self.env))

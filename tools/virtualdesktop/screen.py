@@ -39,12 +39,18 @@ def difference(before, after):
     return _box(ran.stdout)
 
 
-def colour(path, name):
-    """The smallest box around everything of the colour `name` (#rrggbb) in a picture; None when there is none."""
+def colour(path, name, within=None):
+    """The smallest box around everything of the colour `name` (#rrggbb) in a picture, or in the box `within` of it.
+
+    None when there is none.
+    """
+    part = within or Box(0, 0, 0, 0)
+    crop = ["-crop", f"{part.width}x{part.height}+{part.x}+{part.y}", "+repage"] if within else []
     ran = subprocess.run(
-        ["convert", str(path), "-alpha", "off", "-fuzz", "8%", "-fill", "black", "+opaque", name, *_EXTENT],
+        ["convert", str(path), *crop, "-alpha", "off", "-fuzz", "8%", "-fill", "black", "+opaque", name, *_EXTENT],
         stdin=subprocess.DEVNULL, capture_output=True, text=True)
-    return _box(ran.stdout)
+    found = _box(ran.stdout)
+    return found and dataclasses.replace(found, x=found.x + part.x, y=found.y + part.y)
 
 
 # Prints what a trim would keep of a picture on black, and how bright it gets. A border of one pixel lets it trim a
