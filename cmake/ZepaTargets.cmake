@@ -35,12 +35,10 @@ function(zepa_test name)
   target_link_libraries(${name} PRIVATE ${arg_LIBRARIES} Qt6::Widgets GTest::gtest GTest::gmock)
   set(environment "XDG_RUNTIME_DIR=${CMAKE_BINARY_DIR}/test-home/run" "HOME=${CMAKE_BINARY_DIR}/test-home"
     "XDG_CONFIG_HOME=${CMAKE_BINARY_DIR}/test-home/config" "XDG_DATA_HOME=${CMAKE_BINARY_DIR}/test-home/data"
-    "XDG_CACHE_HOME=${CMAKE_BINARY_DIR}/test-home/cache" "LC_ALL=C.UTF-8" "TZ=UTC"
+    "XDG_CACHE_HOME=${CMAKE_BINARY_DIR}/test-home/cache" "LC_ALL=C.UTF-8" "TZ=UTC" "QT_QPA_PLATFORM=offscreen"
     "LSAN_OPTIONS=print_suppressions=0:suppressions=${CMAKE_SOURCE_DIR}/tests/support/leaks.supp")
   if(arg_LABEL STREQUAL "unit")
-    list(APPEND environment "QT_QPA_PLATFORM=offscreen" "DBUS_SESSION_BUS_ADDRESS=unix:path=/nonexistent")
-  elseif(arg_LABEL STREQUAL "service")
-    list(APPEND environment "QT_QPA_PLATFORM=offscreen")
+    list(APPEND environment "DBUS_SESSION_BUS_ADDRESS=unix:path=/nonexistent")
   endif()
   list(APPEND environment ${arg_ENVIRONMENT})
   gtest_discover_tests(${name} NO_PRETTY_VALUES DISCOVERY_MODE PRE_TEST DISCOVERY_TIMEOUT 60 TEST_PREFIX "${name}."

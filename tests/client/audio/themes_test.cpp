@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
 // The themes that come with the program: complete, and made by the scripts that lie beside them.
 #include "client/services/audio/sound_decoder.h"
+#include "client/services/settings.h"
 #include "core/notification_module.h"
-#include "host/settings_manager.h"
 #include "tests/client/audio/likeness.h"
 #include "tests/client/audio/sound_files.h"
 
@@ -150,6 +150,8 @@ TEST(PictureThemes, AreWhatTheirScriptDraws)
 
 TEST(PictureThemes, HaveAPictureForEachTypeOfTheCatalogue)
 {
+    const QTemporaryDir folder;
+    const zepa::Settings settings(folder.path());
     ZepaNotificationModule* const module = ZepaNotificationModule::getInstance();
     ZepaNotificationModule::init();
     const QStringList types = module->getNotifications().keys();
@@ -180,8 +182,9 @@ TEST(PictureThemes, HaveThePresencesInThreeSizes)
 
 TEST(Themes, AreWhereTheSettingsLookForThem)
 {
-    ZepaSettingsManager* const settings = ZepaSettingsManager::getInstance();
-    EXPECT_TRUE(QFile::exists(settings->getCurrentThemeDir() + QStringLiteral("icons/speaker.png")));
-    EXPECT_TRUE(QFile::exists(settings->getCurrentRosterThemeDir() + QStringLiteral("icons/unavail.png")));
-    EXPECT_TRUE(QFile::exists(settings->getCurrentSoundThemeDir() + QStringLiteral("bell.wav")));
+    const QTemporaryDir folder;
+    const zepa::Settings settings(folder.path());
+    EXPECT_TRUE(QFile::exists(settings.getCurrentThemeDir() + QStringLiteral("icons/speaker.png")));
+    EXPECT_TRUE(QFile::exists(settings.getCurrentRosterThemeDir() + QStringLiteral("icons/unavail.png")));
+    EXPECT_TRUE(QFile::exists(settings.getCurrentSoundThemeDir() + QStringLiteral("bell.wav")));
 }
