@@ -19,7 +19,7 @@ def _symbols(library, *options):
 
 def _readable(names):
     ran = subprocess.run(["c++filt"], input="\n".join(sorted(names)), capture_output=True, text=True, check=True)
-    return sorted(ran.stdout.splitlines())
+    return sorted(set(ran.stdout.splitlines()))
 
 
 def export_problems(build):

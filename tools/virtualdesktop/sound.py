@@ -27,17 +27,20 @@ class Sound:
             "--realtime=no", "--high-priority=no",
             f"--load=module-native-protocol-unix socket={socket} auth-anonymous=1",
             f"--load=module-null-sink sink_name={SINK} rate={RATE} channels=2 format=s16le"]
-        self.server = None
-        self.recorder = None
-        self.start_server()
         self._raw.touch()
-        self.recorder = start(
-            "parec", ["sh", "-c", 'exec parec "$@" >"$0"', str(self._raw), "-d", f"{SINK}.monitor", "--latency-msec=5",
-                      "--format=s16le", f"--rate={RATE}", "--channels=1"], env)
-        # The recorder's first data comes about two seconds after its start; what is played before that is lost.
-        self.recorder.wait_until(lambda: self._raw.stat().st_size > 0)
+        self.restart()
 
-    def start_server(self):
+    def restart(self):
+        """Starts the server and the recorder; again, after the server was killed. The recording goes on."""
+        self._start_server()
+        self.recorder = self._start(
+            "parec", ["sh", "-c", 'exec parec "$@" >>"$0"', str(self._raw), "-d", f"{SINK}.monitor",
+                      "--latency-msec=5", "--format=s16le", f"--rate={RATE}", "--channels=1"], self._env)
+        # The recorder's first data comes about two seconds after its start; what is played before that is lost.
+        size = self._raw.stat().st_size
+        self.recorder.wait_until(lambda: self._raw.stat().st_size > size)
+
+    def _start_server(self):
         self.server = self._start("pulseaudio", self._command, self._env)
         self.server.wait_until(lambda: subprocess.run(
             ["pactl", "info"], env=self._env, stdin=subprocess.DEVNULL, capture_output=True).returncode == 0)
