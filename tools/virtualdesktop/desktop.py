@@ -155,16 +155,20 @@ class VirtualDesktop:
         self.tray = self.start(name, _TRAYS[name])
         if name == "lxqt-panel":
             self.tray.wait_until(lambda: bus.has_owner("org.kde.StatusNotifierWatcher", self.env))
-        self.tray.wait_until(self._status_area_has_owner)
+            self.tray.wait_until(self._panel_is_drawn)
+        else:
+            self.tray.wait_until(self._trayer_is_there)
 
-    def _status_area_has_owner(self):
-        """Whether somebody holds the selection through which XEmbed icons find their host.
+    def _panel_is_drawn(self):
+        width, height = (int(number) for number in self.size.split("x"))
+        at_the_bottom = screen.Box(0, height - panel.HEIGHT, width, panel.HEIGHT)
+        shown = screen.picture(self, self.folder / "now.png")
+        found = screen.colour(shown, panel.COLOUR, at_the_bottom)
+        return found is not None and found.x == 0 and found.height >= panel.HEIGHT - 4
 
-        There is no tool that asks for the owner of a selection; the host's own window is looked for instead.
-        """
-        tree = subprocess.run(["xwininfo", "-root", "-tree"], env=self.env, stdin=subprocess.DEVNULL,
-                              capture_output=True, text=True).stdout
-        return '"panel"' in tree or "lxqt-panel" in tree
+    def _trayer_is_there(self):
+        """Whether its window is; no tool asks for the owner of the selection through which icons find their host."""
+        return '"panel"' in self.run("xwininfo", "-root", "-tree")
 
     def _start_and_read(self, name, command):
         """Starts a program that writes one line to a descriptor when it is ready; returns the line."""

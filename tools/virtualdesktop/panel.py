@@ -3,7 +3,9 @@
 
 import pathlib
 
-_PANEL = """[General]
+COLOUR = "#1f2d3a"
+HEIGHT = 34
+_PANEL = f"""[General]
 __userfile__=true
 panels=panel1
 
@@ -16,7 +18,7 @@ iconSize=22
 lineCount=1
 lockPanel=true
 opacity=100
-panelSize=34
+panelSize={HEIGHT}
 plugins=taskbar, tray, statusnotifier, worldclock
 position=Bottom
 reserve-space=true
@@ -42,12 +44,12 @@ alignment=Right
 type=worldclock
 """
 
-_LOOKS = """
-#BackgroundWidget { background: #1f2d3a; }
-* { color: #eceff1; }
-LXQtTaskButton { border: 1px solid #546e7a; border-radius: 3px; padding: 2px 6px; background: #2c3f51; }
-LXQtTaskButton:checked { background: #4a90d9; }
-LXQtTaskButton[urgent="true"] { background: #c2410c; border-color: #fb923c; }
+_LOOKS = f"""
+#BackgroundWidget {{ background: {COLOUR}; }}
+* {{ color: #eceff1; }}
+LXQtTaskButton {{ border: 1px solid #546e7a; border-radius: 3px; padding: 2px 6px; background: #2c3f51; }}
+LXQtTaskButton:checked {{ background: #4a90d9; }}
+LXQtTaskButton[urgent="true"] {{ background: #c2410c; border-color: #fb923c; }}
 """
 
 

@@ -5,7 +5,10 @@ import dataclasses
 import re
 import subprocess
 
-from .processes import wait_until
+from .processes import NotReady, wait_until
+
+__all__ = ["Box", "NotReady", "Watcher", "click", "colour", "difference", "picture", "wait_until", "window_box",
+           "windows"]
 
 
 @dataclasses.dataclass(frozen=True)

@@ -1,0 +1,134 @@
+# SPDX-License-Identifier: Apache-2.0
+"""The icon in the status area: seen on the screen, for both kinds of hosts, and read from the session bus."""
+
+import subprocess
+
+import gi
+import numpy
+
+from support import ROOT, DesktopTest, screen
+
+gi.require_version("Gio", "2.0")
+from gi.repository import Gio, GLib  # noqa: E402  (the version is asked for first)
+
+ICONS = ROOT / "client" / "themes" / "roster" / "default" / "icons"
+# Each picture once; those with a size in their name are the same again.
+PICTURES = [path for path in sorted(ICONS.glob("*.png")) if "-" not in path.stem]
+WATCHER = ("org.kde.StatusNotifierWatcher", "/StatusNotifierWatcher", "org.kde.StatusNotifierWatcher")
+
+
+def grey(path, width, height, *options):
+    """A picture as an array of brightness."""
+    raw = subprocess.run(["convert", str(path), *options, "-resize", f"{width}x{height}!", "-colorspace", "gray",
+                          "-depth", "8", "gray:-"], stdin=subprocess.DEVNULL, check=True, capture_output=True).stdout
+    return numpy.frombuffer(raw, dtype="u1").astype(float)
+
+
+def likeness(one, other):
+    """1 when two pictures are the same up to brightness and contrast; 0 when they have nothing in common."""
+    one, other = one - one.mean(), other - other.mean()
+    size = numpy.linalg.norm(one) * numpy.linalg.norm(other)
+    return float(one @ other / size) if size else 0.0
+
+
+class StatusIcon:
+    """The tests of both kinds; a class below names the host and where on the screen its icons are."""
+
+    def setUp(self):
+        super().setUp()
+        self.watcher = screen.Watcher(self.desktop)
+
+    def start(self):
+        """Starts a client that stays."""
+        return self.start_zepa("post", "message_received", "--title", "Ann", "--action", "true", "--wait")
+
+    def icon(self):
+        """Where in the area the icon is; None while there is none. Leaves part.png and before-part.png."""
+        crop = f"{self.area.width}x{self.area.height}+{self.area.x}+{self.area.y}"
+        folder = self.desktop.folder
+        for source, target in ((self.watcher.now(), "part.png"), (folder / "before.png", "before-part.png")):
+            self.desktop.run("convert", str(source), "-crop", crop, "+repage", str(folder / target))
+        return screen.difference(folder / "before-part.png", folder / "part.png")
+
+    def likenesses(self):
+        """How much the icon looks like each of the theme's pictures; empty while there is no icon."""
+        box = self.icon()
+        if not box or min(box.width, box.height) < 12:
+            return {}
+        shown = grey(self.desktop.folder / "part.png", 32, 32, "-crop",
+                     f"{box.width}x{box.height}+{box.x}+{box.y}", "+repage")
+        background = self.desktop.run("convert", str(self.desktop.folder / "before-part.png"), "-format",
+                                      f"%[pixel:p{{{box.x},{box.y}}}]", "info:")
+        return {path.stem: likeness(shown, grey(path, 32, 32, "-trim", "+repage", "-background", background,
+                                                "-flatten"))
+                for path in PICTURES}
+
+    def test_the_icon_shows_the_picture_of_an_unavailable_presence(self):
+        self.start()
+        likenesses = {}
+
+        def recognised():
+            nonlocal likenesses
+            likenesses = self.likenesses()
+            return likenesses.get("unavail", 0) > 0.85
+
+        try:
+            screen.wait_until(recognised, "the picture in the status area")
+        except screen.NotReady:
+            self.fail(f"not recognised: {likenesses}")
+        self.assertEqual(max(likenesses, key=likenesses.get), "unavail", likenesses)
+
+    def test_the_icon_goes_with_the_client(self):
+        client = self.start()
+        screen.wait_until(self.icon, "the icon in the status area")
+        client.stop()
+        screen.wait_until(lambda: self.icon() is None, "the status area without the icon")
+
+
+class StatusIconInTrayer(StatusIcon, DesktopTest):
+    """XEmbed: the icon is a window in the host's window."""
+
+    options = {"service": "dunst", "tray": "trayer", "popup_seconds": 120}
+    area = screen.Box(0, 0, 200, 32)
+
+
+class StatusIconInPanel(StatusIcon, DesktopTest):
+    """StatusNotifierItem: the icon is an object on the session bus that the panel draws."""
+
+    options = {"service": "dunst", "tray": "lxqt-panel", "popup_seconds": 120}
+    # Without the clock in the corner.
+    area = screen.Box(1000, 766, 247, 34)
+
+    def setUp(self):
+        super().setUp()
+        self.bus = Gio.DBusConnection.new_for_address_sync(
+            self.desktop.env["DBUS_SESSION_BUS_ADDRESS"],
+            Gio.DBusConnectionFlags.AUTHENTICATION_CLIENT | Gio.DBusConnectionFlags.MESSAGE_BUS_CONNECTION, None, None)
+        self.addCleanup(self.bus.close_sync)
+
+    def read(self, name, path, interface, property_name):
+        answer = self.bus.call_sync(name, path, "org.freedesktop.DBus.Properties", "Get",
+                                    GLib.Variant("(ss)", (interface, property_name)), None, Gio.DBusCallFlags.NONE,
+                                    5000, None)
+        return answer.unpack()[0]
+
+    def items(self):
+        return self.read(*WATCHER, "RegisteredStatusNotifierItems")
+
+    def test_the_item_on_the_bus_has_the_theme_s_picture_and_a_menu(self):
+        self.start()
+        name, _, path = screen.wait_until(self.items, "an item")[0].partition("/")
+        path = f"/{path}" if path else "/StatusNotifierItem"
+
+        def item(property_name):
+            return self.read(name, path, "org.kde.StatusNotifierItem", property_name)
+
+        self.assertNotEqual(item("Menu"), "/")
+        width, height, pixels = max(item("IconPixmap"))
+        argb = numpy.frombuffer(bytes(pixels), dtype="u1").reshape(height, width, 4).astype(float)
+        red, green, blue = (argb[:, :, channel] for channel in (1, 2, 3))
+        shown = ((0.2126 * red + 0.7152 * green + 0.0722 * blue) * argb[:, :, 0] / 255).ravel()
+        flat = ("-background", "black", "-flatten")
+        likenesses = {path.stem: likeness(shown, grey(path, width, height, *flat)) for path in PICTURES}
+        self.assertGreater(likenesses["unavail"], 0.95, likenesses)
+        self.assertEqual(max(likenesses, key=likenesses.get), "unavail", likenesses)
