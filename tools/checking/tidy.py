@@ -6,6 +6,7 @@ import hashlib
 import json
 import os
 import pathlib
+import shlex
 import subprocess
 
 from sources import ROOMS, ROOT
@@ -20,7 +21,7 @@ def problems(build):
     stamps.mkdir(exist_ok=True)
 
     def check(entry):
-        stamp = stamps / _digest(entry, headers.get(entry["output"], []))
+        stamp = stamps / _digest(entry, headers.get(_object(entry), []))
         if stamp.exists():
             return []
         ran = subprocess.run(["clang-tidy", "--quiet", "-p", str(build), entry["file"]],
@@ -33,6 +34,11 @@ def problems(build):
     with concurrent.futures.ThreadPoolExecutor(os.cpu_count()) as pool:
         found = [line for lines in pool.map(check, entries) for line in lines]
     return list(dict.fromkeys(found))
+
+
+def _object(entry):
+    words = shlex.split(entry["command"])
+    return words[words.index("-o") + 1]
 
 
 def _is_ours(entry):

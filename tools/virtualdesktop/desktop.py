@@ -18,6 +18,7 @@ _TRAYS = {
     "trayer": ["trayer", "--edge", "top", "--align", "left", "--widthtype", "pixel", "--width", "200", "--height", "32"],
     "lxqt-panel": ["lxqt-panel"],
 }
+_TRAYER_COLOUR = "#dcdad5"
 _BACKGROUND = "#34506b"
 class VirtualDesktop:
     """A desktop in the folder `folder`, which the caller removes. `env` is the environment of programs on it.
@@ -157,7 +158,7 @@ class VirtualDesktop:
             self.tray.wait_until(lambda: bus.has_owner("org.kde.StatusNotifierWatcher", self.env))
             self.tray.wait_until(self._panel_is_drawn)
         else:
-            self.tray.wait_until(self._trayer_is_there)
+            self.tray.wait_until(self._trayer_is_drawn)
 
     def _panel_is_drawn(self):
         width, height = (int(number) for number in self.size.split("x"))
@@ -166,9 +167,14 @@ class VirtualDesktop:
         found = screen.colour(shown, panel.COLOUR, at_the_bottom)
         return found is not None and found.x == 0 and found.height >= panel.HEIGHT - 4
 
-    def _trayer_is_there(self):
-        """Whether its window is; no tool asks for the owner of the selection through which icons find their host."""
-        return '"panel"' in self.run("xwininfo", "-root", "-tree")
+    def _trayer_is_drawn(self):
+        shown = screen.picture(self, self.folder / "now.png")
+        found = screen.colour(shown, _TRAYER_COLOUR)
+        drawn = found is not None and found.x == 0 and found.y == 0 and found.width == 200
+        if not drawn:
+            # Now and then it misses the order to draw itself, and would stay black.
+            self.run("xrefresh")
+        return drawn
 
     def _start_and_read(self, name, command):
         """Starts a program that writes one line to a descriptor when it is ready; returns the line."""
