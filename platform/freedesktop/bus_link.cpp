@@ -51,6 +51,11 @@ QDBusMessage busCall(const QString& method)
     return QDBusMessage::createMethodCall(busName(), busPath(), busName(), method);
 }
 
+QString noOwnerError()
+{
+    return QStringLiteral("org.freedesktop.DBus.Error.NameHasNoOwner");
+}
+
 } // namespace
 
 BusLink::BusLink()
@@ -150,10 +155,11 @@ void BusLink::askOwner()
     QDBusMessage message = busCall(QStringLiteral("GetNameOwner"));
     message.setArguments({serviceName()});
     send(message, [this](const QDBusMessage& reply) {
-        if (!m_bus)
+        // News that came meanwhile are newer, and a bus that did not answer has not said that there is no owner.
+        const bool owned = reply.type() == QDBusMessage::ReplyMessage;
+        if (!m_bus || m_ownerKnown || (!owned && reply.errorName() != noOwnerError()))
             return;
         m_ownerKnown = true;
-        const bool owned = reply.type() == QDBusMessage::ReplyMessage;
         setOwner(owned ? reply.arguments().value(0).toString() : QString());
     });
 }

@@ -36,7 +36,10 @@ void Outbox::onOwnerChanged(const QString& newOwner)
 {
     m_capabilities.reset();
     m_holding = true;
-    if (!newOwner.isEmpty())
+    // The owner that was asked is gone, and its error is no answer of the next one.
+    ++m_question;
+    m_asking = false;
+    if (!newOwner.isEmpty() || !m_held.isEmpty())
         askCapabilities();
 }
 
@@ -68,7 +71,9 @@ void Outbox::release()
 
 void Outbox::send(const Posting& posting, Ticket ticket)
 {
-    const NotifyCall call = notifyCall(posting, m_capabilities.value_or(Capabilities{}));
+    // Of a service that has not answered, markup is assumed: seen as plain text it is ugly, the other way round a text
+    // from outside would be run as markup.
+    const NotifyCall call = notifyCall(posting, m_capabilities.value_or(Capabilities{.bodyMarkup = true}));
     m_link.call(QStringLiteral("Notify"), call.arguments(), [this, ticket](const QDBusMessage& reply) {
         const QVariant id = reply.arguments().value(0);
         const bool shown = reply.type() == QDBusMessage::ReplyMessage && id.metaType() == QMetaType::fromType<uint>() &&

@@ -17,8 +17,8 @@ class BusLink;
 /// Postings on their way to the service, in their order.
 ///
 /// They are held until the service has said what it can do, which is asked again for each owner of the name, and for
-/// BusLink::callLimit at most: then they go out as to a service that can do nothing. From then on no posting to this
-/// owner is held; it is asked again beside the next one that finds no question open.
+/// BusLink::callLimit at most: then they go out as to a service that understands markup. From then on no posting to
+/// this owner is held; it is asked again beside the next one that finds no question open.
 class Outbox : public QObject
 {
     Q_OBJECT

@@ -60,10 +60,8 @@ void PopupBook::fail(Ticket ticket)
 void PopupBook::clicked(quint32 id, const QString& activationToken, Time now)
 {
     if (const auto popup = m_popups.find(m_ticketOfId.value(id)); popup != m_popups.end()) {
-        advance(now);
-        // The grace may just have ended.
-        if (const auto still = m_popups.find(m_ticketOfId.value(id)); still != m_popups.end())
-            applyClick(still, activationToken);
+        // As long as advance() has not ended the grace: a busy main thread is no reason to lose a click that was there.
+        applyClick(popup, activationToken);
     } else if (EarlyAnswer* early = earlyAnswer(id)) {
         if (!early->closedAt || now < *early->closedAt + clickGrace) {
             early->clicked = true;

@@ -52,8 +52,12 @@ Session::Session(const Registration& registration) : m_registration(registration
         afterBookChanged();
     });
     connect(&m_link, &BusLink::ownerChanged, this, [this](const QString& oldOwner) {
+        m_tokens.clear();
         if (!oldOwner.isEmpty())
             m_book.forgetShown();
+        // What is still to be told is told, but its ids mean other pop-ups from now on.
+        for (Answer& answer : m_answers)
+            answer.id = 0;
         afterBookChanged();
     });
     connect(&m_link, &BusLink::notificationClosed, this, [this](quint32 id) {
@@ -62,8 +66,10 @@ Session::Session(const Registration& registration) : m_registration(registration
     });
     connect(&m_link, &BusLink::actionInvoked, this, &Session::onActionInvoked);
     connect(&m_link, &BusLink::activationToken, this, [this](quint32 id, const QString& token) {
-        m_tokenId = id;
-        m_token = token;
+        // One for each click; a service that sends them without clicks gains nothing.
+        if (m_tokens.size() >= tokenLimit)
+            m_tokens.clear();
+        m_tokens.insert(id, token);
     });
 }
 
@@ -91,7 +97,7 @@ void Session::onActionInvoked(quint32 id, const QString& key)
     // book that wants no answer.
     if (key != QStringLiteral("default"))
         return;
-    m_book.clicked(id, m_tokenId == id ? std::exchange(m_token, {}) : QString(), now());
+    m_book.clicked(id, m_tokens.take(id), now());
     afterBookChanged();
 }
 
@@ -109,9 +115,14 @@ void Session::afterBookChanged()
 
 void Session::deliverAnswers()
 {
-    // A call-back may post, register or run an event loop of its own: each answer leaves the list before it is told.
-    while (!m_answers.isEmpty())
-        deliver(m_answers.takeFirst());
+    if (m_answers.isEmpty())
+        return;
+    // A call-back may post, register or run an event loop of its own: the answer leaves the list before it is told, and
+    // the others do not wait for it.
+    const Answer answer = m_answers.takeFirst();
+    if (!m_answers.isEmpty())
+        m_delivery.start();
+    deliver(answer);
 }
 
 void Session::deliver(const Answer& answer)
@@ -127,7 +138,10 @@ void Session::deliver(const Answer& answer)
         callBack = answer.context.clickCallBack();
     if (callBack == nullptr)
         return;
-    if (!answer.activationToken.isEmpty())
+    // An earlier click's token would raise the wrong window, or none.
+    if (clicked && answer.activationToken.isEmpty())
+        qunsetenv("XDG_ACTIVATION_TOKEN");
+    else if (clicked)
         qputenv("XDG_ACTIVATION_TOKEN", answer.activationToken.toUtf8());
     callBack(answer.context.get());
 }

@@ -8,6 +8,7 @@
 #include "registration.h"
 
 #include <QElapsedTimer>
+#include <QHash>
 #include <QList>
 #include <QObject>
 #include <QTimer>
@@ -45,8 +46,8 @@ private:
     QTimer m_deadline;
     QList<Answer> m_answers; ///< to be delivered, in order
     QTimer m_delivery;
-    quint32 m_tokenId = 0; ///< the pop-up that the last activation token is for
-    QString m_token;
+    QHash<quint32, QString> m_tokens; ///< activation tokens of clicks that are still to come, by pop-up
+    static constexpr qsizetype tokenLimit = 100;
 };
 
 } // namespace zepa::freedesktop

@@ -105,8 +105,17 @@ TEST_F(PopupBookTest, IgnoresAClickAfterTheGrace)
 {
     show("a", 7);
     m_book.closed(7, 100ms);
+    m_book.advance(300ms);
     m_book.clicked(7, {}, 300ms);
     EXPECT_EQ(answers(), Answers{"timed out a"});
+}
+
+TEST_F(PopupBookTest, TakesAClickThatWasHeldUpAsLongAsTheGraceWasNotEnded)
+{
+    show("a", 7);
+    m_book.closed(7, 100ms);
+    m_book.clicked(7, {}, 400ms);
+    EXPECT_EQ(answers(), Answers{"clicked a"});
 }
 
 TEST_F(PopupBookTest, DoesNotProlongTheGraceWhenAPopupIsClosedTwice)

@@ -168,7 +168,7 @@ TEST_F(PostingTest, DoesNotWaitForEverForWhatTheServiceCanDo)
     ASSERT_TRUE(waitForPopups(*service, 2));
     post(posting);
     ASSERT_TRUE(waitForPopups(*service, 3));
-    EXPECT_EQ(service->calls()[2][QStringLiteral("body")], QStringLiteral("<"));
+    EXPECT_EQ(service->calls()[2][QStringLiteral("body")], QStringLiteral("&lt;"));
 }
 
 TEST_F(PostingTest, ShowsPopupsThoughTheServiceSaysWhatItCanDoInTypesOfItsOwn)
