@@ -14,6 +14,24 @@ void noteToken(CFPropertyListRef /*context*/)
     tokenInCallBack = qgetenv("XDG_ACTIVATION_TOKEN");
 }
 
+bool otherIsToldMeanwhile = false;
+
+/// Opens the fixture's waiting to a call-back.
+class Waiting : public ServiceTest
+{
+public:
+    static bool untilAnswered()
+    {
+        return waitFor([] { return !answers().empty(); });
+    }
+};
+
+/// Runs an event loop of its own, as a dialog does, until the other pop-up is answered.
+void waitForTheOther(CFPropertyListRef /*context*/)
+{
+    otherIsToldMeanwhile = Waiting::untilAnswered();
+}
+
 } // namespace
 
 TEST_F(AnswersTest, ReportsAClickOnceAndClosesThePopup)
@@ -142,6 +160,40 @@ TEST_F(AnswersTest, DoesNotHandOnTheTokenOfAnotherPopup)
     service->tell(QStringLiteral("token 2 token-of-b\nclick 1"));
     ASSERT_TRUE(waitFor([] { return !answers().empty(); }));
     EXPECT_FALSE(qEnvironmentVariableIsSet("XDG_ACTIVATION_TOKEN"));
+}
+
+TEST_F(AnswersTest, DoesNotHandOnAnEarlierClicksTokenAndKeepsEachUntilItsOwnClick)
+{
+    const auto service = startService();
+    TestPosting posting;
+    posting.clickCallBack = noteToken;
+    for (const char* context : {"a", "b", "c"}) {
+        posting.context = context;
+        post(posting);
+    }
+    ASSERT_TRUE(waitForPopups(*service, 3));
+    service->tell(QStringLiteral("token 1 token-of-a\ntoken 2 token-of-b\nclick 1"));
+    ASSERT_TRUE(waitFor([] { return tokenInCallBack == "token-of-a"; }));
+    service->tell(QStringLiteral("click 2"));
+    ASSERT_TRUE(waitFor([] { return tokenInCallBack == "token-of-b"; }));
+    service->tell(QStringLiteral("click 3"));
+    ASSERT_TRUE(waitFor([] { return tokenInCallBack.isEmpty(); }));
+}
+
+TEST_F(AnswersTest, DoNotWaitForACallBackThatRunsAnEventLoopOfItsOwn)
+{
+    const auto service = startService();
+    TestPosting posting;
+    posting.context = "a";
+    posting.clickCallBack = waitForTheOther;
+    post(posting);
+    postClickable("b");
+    ASSERT_TRUE(waitForPopups(*service, 2));
+    service->tell(QStringLiteral("click 1\nclick 2"));
+    ASSERT_TRUE(waitFor([] { return !answers().empty(); }));
+    letEverythingArrive(*service);
+    EXPECT_EQ(answers(), Answers{"clicked b"});
+    EXPECT_TRUE(otherIsToldMeanwhile);
 }
 
 TEST_F(AnswersTest, IgnoresWhatOthersSendInTheNameOfTheService)
