@@ -10,6 +10,7 @@ import time
 import exports
 import formatting
 import include_table
+import self_test
 import tidy
 from results import Results
 from sources import ROOT
@@ -30,7 +31,7 @@ def _parse():
         prog="tools/check", allow_abbrev=False,
         description="Builds, runs every test, and ends with a line \"N passed, M failed\".")
     parser.add_argument("--sanitize", action="store_true",
-                        help="unit and service tests under the address, undefined-behaviour and leak sanitizers instead")
+                        help="unit and service tests under the address, undefined and leak sanitizers instead")
     parser.add_argument("--tidy", action="store_true", help="clang-tidy besides")
     parser.add_argument("--all", action="store_true", help="everything above in one go, as for every change")
     parser.add_argument("-R", metavar="REGEX", action="append", default=[], help="only the tests whose name matches")
@@ -46,6 +47,7 @@ def _selection(options):
 def _check_debug(options, results):
     """Everything that looks at the ordinary build; with -R only its tests."""
     if not options.R:
+        results.add("checks: the checks see what they are there for", self_test.problems())
         results.add("format: sources look as .clang-format says", formatting.problems())
         results.add("includes: every room includes only what the table allows", include_table.problems())
     built = _run_tests("debug", "", _selection(options), results)

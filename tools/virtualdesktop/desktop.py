@@ -15,7 +15,8 @@ from .sound import Sound
 _DROPPED = ("XDG_", "DBUS_", "QT_", "GTK_", "GDK_", "PULSE_", "WAYLAND_", "SWAY", "WLR_", "XAUTHORITY", "DESKTOP_",
             "SESSION_MANAGER", "AT_SPI_")
 _TRAYS = {
-    "trayer": ["trayer", "--edge", "top", "--align", "left", "--widthtype", "pixel", "--width", "200", "--height", "32"],
+    "trayer": ["trayer", "--edge", "top", "--align", "left", "--widthtype", "pixel", "--width", "200",
+               "--height", "32"],
     "lxqt-panel": ["lxqt-panel"],
 }
 _TRAYER_COLOUR = "#dcdad5"
