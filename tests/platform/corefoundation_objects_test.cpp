@@ -4,11 +4,16 @@
 #include <gtest/gtest.h>
 
 #include <limits>
+#include <string>
 #include <thread>
 
 namespace {
 
-constexpr const char* trap = "CoreFoundation: ";
+/// The whole beginning of the message: a sanitizer's report would name the function too.
+std::string trapIn(const std::string& function)
+{
+    return "CoreFoundation: " + function + " was called";
+}
 
 std::string shown(CFTypeRef object)
 {
@@ -98,7 +103,7 @@ TEST(CFConstant, EqualsAStringOfTheSameUnits)
 
 TEST(CFConstantDeathTest, IsAsciiOnly)
 {
-    EXPECT_DEATH(CFSTR("\xc3\xa9"), trap);
+    EXPECT_DEATH(CFSTR("\xc3\xa9"), trapIn("CFSTR"));
 }
 
 TEST(CFShow, PrintsABareText)
@@ -131,39 +136,39 @@ TEST(CFShow, SaysWhatACollectionOrDataIs)
 
 TEST(CFObjectDeathTest, TrapsWhereNullIsNoObject)
 {
-    EXPECT_DEATH(CFRetain(nullptr), "CFRetain");
-    EXPECT_DEATH(CFRelease(nullptr), "CFRelease");
-    EXPECT_DEATH(CFGetRetainCount(nullptr), "CFGetRetainCount");
-    EXPECT_DEATH(CFGetTypeID(nullptr), "CFGetTypeID");
-    EXPECT_DEATH(CFHash(nullptr), "CFHash");
-    EXPECT_DEATH(CFEqual(nullptr, CFSTR("a")), "CFEqual");
-    EXPECT_DEATH(CFEqual(CFSTR("a"), nullptr), "CFEqual");
-    EXPECT_DEATH(CFEqual(nullptr, nullptr), "CFEqual");
+    EXPECT_DEATH(CFRetain(nullptr), trapIn("CFRetain"));
+    EXPECT_DEATH(CFRelease(nullptr), trapIn("CFRelease"));
+    EXPECT_DEATH(CFGetRetainCount(nullptr), trapIn("CFGetRetainCount"));
+    EXPECT_DEATH(CFGetTypeID(nullptr), trapIn("CFGetTypeID"));
+    EXPECT_DEATH(CFHash(nullptr), trapIn("CFHash"));
+    EXPECT_DEATH(CFEqual(nullptr, CFSTR("a")), trapIn("CFEqual"));
+    EXPECT_DEATH(CFEqual(CFSTR("a"), nullptr), trapIn("CFEqual"));
+    EXPECT_DEATH(CFEqual(nullptr, nullptr), trapIn("CFEqual"));
 }
 
 TEST(CFObjectDeathTest, TrapsOnAReferenceGivenUpTwice)
 {
     const CFStringRef string = newString(u"a");
     CFRelease(string);
-    EXPECT_DEATH(CFRelease(string), "CFRelease");
-    EXPECT_DEATH(CFRetain(string), "CFRetain");
-    EXPECT_DEATH(CFShow(string), "CFShow");
-    EXPECT_DEATH(CFStringGetLength(string), "CFStringGetLength");
+    EXPECT_DEATH(CFRelease(string), trapIn("CFRelease"));
+    EXPECT_DEATH(CFRetain(string), trapIn("CFRetain"));
+    EXPECT_DEATH(CFShow(string), trapIn("CFShow"));
+    EXPECT_DEATH(CFStringGetLength(string), trapIn("CFStringGetLength"));
 }
 
 TEST(CFObjectDeathTest, TrapsOnWhatNeverWasAnObject)
 {
     const int number = 0;
-    EXPECT_DEATH(CFRetain(&number), "CFRetain");
+    EXPECT_DEATH(CFRetain(&number), trapIn("CFRetain"));
 }
 
 TEST(CFObjectDeathTest, TrapsOnAnObjectOfAnotherType)
 {
     const OwnedData data(newData("a"));
     const CFTypeRef notAString = data.get();
-    EXPECT_DEATH(CFStringGetLength(static_cast<CFStringRef>(notAString)), "CFStringGetLength");
-    EXPECT_DEATH(CFArrayGetCount(static_cast<CFArrayRef>(notAString)), "CFArrayGetCount");
-    EXPECT_DEATH(CFDictionaryGetCount(static_cast<CFDictionaryRef>(notAString)), "CFDictionaryGetCount");
+    EXPECT_DEATH(CFStringGetLength(static_cast<CFStringRef>(notAString)), trapIn("CFStringGetLength"));
+    EXPECT_DEATH(CFArrayGetCount(static_cast<CFArrayRef>(notAString)), trapIn("CFArrayGetCount"));
+    EXPECT_DEATH(CFDictionaryGetCount(static_cast<CFDictionaryRef>(notAString)), trapIn("CFDictionaryGetCount"));
     const CFTypeRef notData = CFSTR("a");
-    EXPECT_DEATH(CFDataGetLength(static_cast<CFDataRef>(notData)), "CFDataGetLength");
+    EXPECT_DEATH(CFDataGetLength(static_cast<CFDataRef>(notData)), trapIn("CFDataGetLength"));
 }
