@@ -154,10 +154,10 @@ void BusLink::askOwner()
 {
     QDBusMessage message = busCall(QStringLiteral("GetNameOwner"));
     message.setArguments({serviceName()});
-    send(message, [this](const QDBusMessage& reply) {
+    send(message, [this, news = m_ownerNews](const QDBusMessage& reply) {
         // News that came meanwhile are newer, and a bus that did not answer has not said that there is no owner.
         const bool owned = reply.type() == QDBusMessage::ReplyMessage;
-        if (!m_bus || m_ownerKnown || (!owned && reply.errorName() != noOwnerError()))
+        if (!m_bus || news != m_ownerNews || (!owned && reply.errorName() != noOwnerError()))
             return;
         m_ownerKnown = true;
         setOwner(owned ? reply.arguments().value(0).toString() : QString());
@@ -209,6 +209,7 @@ void BusLink::setOwner(const QString& owner)
 
 void BusLink::onNameOwnerChanged(const QString& /*name*/, const QString& /*oldOwner*/, const QString& newOwner)
 {
+    ++m_ownerNews;
     m_ownerKnown = true;
     setOwner(newOwner);
 }
@@ -243,6 +244,7 @@ void BusLink::onDisconnected()
     qCInfo(freedesktopLog) << "the session bus went away";
     QDBusConnection::disconnectFromBus(m_bus->name());
     m_bus.reset();
+    ++m_ownerNews;
     m_ownerKnown = false;
     m_activatable.reset();
     setOwner(QString());

@@ -79,6 +79,7 @@ private:
     QElapsedTimer m_lastAttempt;
     QString m_owner;
     bool m_ownerKnown = false;
+    quint64 m_ownerNews = 0; ///< counts what the bus told unasked
     std::optional<bool> m_activatable;
     std::map<quint64, Reply> m_replies; ///< still owed, by the number of the call
     quint64 m_lastCall = 0;
