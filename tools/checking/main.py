@@ -32,12 +32,11 @@ def _parse():
         description="Builds, runs every test, and ends with a line \"N passed, M failed\".")
     parser.add_argument("--sanitize", action="store_true",
                         help="unit and service tests under the address, undefined and leak sanitizers instead")
-    parser.add_argument("--tidy", action="store_true", help="clang-tidy besides")
-    parser.add_argument("--all", action="store_true", help="everything above in one go, as for every change")
+    parser.add_argument("--tidy", action="store_true", help="clang-tidy over all sources besides")
+    parser.add_argument("--all", action="store_true",
+                        help="what runs for every change: the sanitizers too, and clang-tidy but for the tests")
     parser.add_argument("-R", metavar="REGEX", action="append", default=[], help="only the tests whose name matches")
-    options = parser.parse_args()
-    options.tidy = options.tidy or options.all
-    return options
+    return parser.parse_args()
 
 
 def _selection(options):
@@ -57,9 +56,10 @@ def _check_debug(options, results):
     results.add("exports: the library offers exactly the listed symbols", exports.export_problems(build))
     results.add("unresolved: the library asks only for what the host, the platform and Qt bring",
                 exports.unresolved_problems(build))
-    if options.tidy:
+    if options.tidy or options.all:
         _announce("clang-tidy")
-        results.add("tidy: clang-tidy finds nothing", tidy.problems(build))
+        rooms = tidy.ROOMS if options.tidy else tidy.PRODUCT
+        results.add(f"tidy: clang-tidy finds nothing in {', '.join(rooms)}", tidy.problems(build, rooms))
 
 
 def _run_tests(preset, prefix, selection, results):

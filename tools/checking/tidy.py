@@ -12,8 +12,13 @@ import subprocess
 from sources import ROOMS, ROOT
 
 
-def problems(build):
-    entries = [entry for entry in json.loads((build / "compile_commands.json").read_text()) if _is_ours(entry)]
+# What users run. The tests are as many sources again, and take as long.
+PRODUCT = ("core", "methods", "host", "platform", "client")
+
+
+def problems(build, rooms=ROOMS):
+    compiled = json.loads((build / "compile_commands.json").read_text())
+    entries = [entry for entry in compiled if _room(entry) in rooms]
     if not entries:
         return ["Nothing is compiled."]
     headers = _headers(build)
@@ -41,9 +46,9 @@ def _object(entry):
     return words[words.index("-o") + 1]
 
 
-def _is_ours(entry):
+def _room(entry):
     path = pathlib.Path(entry["file"])
-    return ROOT in path.parents and path.relative_to(ROOT).parts[0] in ROOMS
+    return path.relative_to(ROOT).parts[0] if ROOT in path.parents else None
 
 
 def _headers(build):
