@@ -19,6 +19,7 @@ class PlayQueue;
 /// together sound together, at most eight; at most 32 more wait; beyond that, and after five seconds of waiting, a
 /// sound is dropped. Whatever is not heard gets one line in the log category "zepa.audio" that names the file and says
 /// why.
+// NOLINTNEXTLINE(cppcoreguidelines-virtual-class-destructor): a final class is never deleted through an heir.
 class ZEPA_CLIENT_EXPORT AudioService final : public ZepaAudio
 {
 public:

@@ -19,8 +19,9 @@ struct DecodedSound
 /// Sounds for notifications are short. What is above one of these limits is not played at all.
 struct SoundLimits
 {
-    static constexpr qint64 fileBytes = 64 * 1024 * 1024;
-    static constexpr std::size_t samples = 4 * 1024 * 1024; ///< frames times channels: 47 s of 44.1 kHz stereo, 16 MiB
+    static constexpr qint64 fileBytes = qint64{64} * 1024 * 1024;
+    /// Frames times channels: 47 s of 44.1 kHz stereo, 16 MiB.
+    static constexpr std::size_t samples = std::size_t{4} * 1024 * 1024;
     static constexpr int channels = 8;
     static constexpr int minRate = 4000;
     static constexpr int maxRate = 192000;
