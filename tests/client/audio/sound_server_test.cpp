@@ -49,7 +49,7 @@ protected:
     /// A file that sounds that long, made for the test.
     QString tone(double seconds)
     {
-        const QString file = path("tone.wav");
+        QString file = path("tone.wav");
         const auto frames = static_cast<int>(seconds * 44100);
         EXPECT_TRUE(soundfiles::write(file, SF_FORMAT_WAV | SF_FORMAT_PCM_16, soundfiles::sweep(frames)));
         return file;
