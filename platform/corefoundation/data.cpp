@@ -27,7 +27,7 @@ std::u16string Data::description() const
     return text + u">";
 }
 
-CFDataRef makeData(std::vector<UInt8> bytes)
+CFDataRef createData(std::vector<UInt8> bytes)
 {
     return referenceTo<CFDataRef>(new Data(std::move(bytes)));
 }
@@ -43,7 +43,7 @@ CFDataRef CFDataCreate(CFAllocatorRef /*allocator*/, const UInt8* bytes, CFIndex
 {
     if (length < 0 || (bytes == nullptr && length > 0))
         cf::misuse("CFDataCreate");
-    return cf::makeData(length == 0 ? std::vector<UInt8>() : std::vector<UInt8>(bytes, bytes + length));
+    return cf::createData(length == 0 ? std::vector<UInt8>() : std::vector<UInt8>(bytes, bytes + length));
 }
 
 const UInt8* CFDataGetBytePtr(CFDataRef data)

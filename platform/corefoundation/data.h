@@ -24,6 +24,6 @@ public:
 };
 
 /// New data; the caller owns the reference.
-CFDataRef makeData(std::vector<UInt8> bytes);
+CFDataRef createData(std::vector<UInt8> bytes);
 
 } // namespace cf

@@ -181,7 +181,7 @@ CFStringRef CFStringCreateWithBytes(CFAllocatorRef /*allocator*/, const UInt8* b
         cf::misuse("CFStringCreateWithBytes");
     std::optional<std::u16string> units =
         decode(Bytes(bytes, static_cast<std::size_t>(numBytes)), encoding, isExternalRepresentation != 0);
-    return units ? cf::makeString(std::move(*units)) : nullptr;
+    return units ? cf::createString(std::move(*units)) : nullptr;
 }
 
 CFDataRef CFStringCreateExternalRepresentation(CFAllocatorRef /*allocator*/, CFStringRef string,
@@ -189,5 +189,5 @@ CFDataRef CFStringCreateExternalRepresentation(CFAllocatorRef /*allocator*/, CFS
 {
     const cf::String& text = cf::as<cf::String>(string, "CFStringCreateExternalRepresentation");
     MaybeBytes bytes = encode(text.units, encoding, lossByte);
-    return bytes ? cf::makeData(std::move(*bytes)) : nullptr;
+    return bytes ? cf::createData(std::move(*bytes)) : nullptr;
 }

@@ -38,8 +38,8 @@ CFPropertyListRef CFPropertyListCreateFromXMLData(CFAllocatorRef /*allocator*/, 
     QXmlStreamReader xml(QByteArray(reinterpret_cast<const char*>(bytes.data()), static_cast<qsizetype>(bytes.size())));
     const QString text = readString(xml);
     if (!xml.hasError())
-        return cf::makeString(text.toStdU16String());
+        return cf::createString(text.toStdU16String());
     if (errorString != nullptr)
-        *errorString = cf::makeString(xml.errorString().toStdU16String());
+        *errorString = cf::createString(xml.errorString().toStdU16String());
     return nullptr;
 }

@@ -20,7 +20,7 @@ CFHashCode String::hash() const
     return std::hash<std::u16string>()(units);
 }
 
-CFStringRef makeString(std::u16string units)
+CFStringRef createString(std::u16string units)
 {
     return referenceTo<CFStringRef>(new String(std::move(units)));
 }

@@ -26,6 +26,6 @@ public:
 };
 
 /// A new string; the caller owns the reference.
-CFStringRef makeString(std::u16string units);
+CFStringRef createString(std::u16string units);
 
 } // namespace cf

@@ -24,6 +24,9 @@ CFDictionaryRef newDictionary(std::array<const void*, Size> keys, std::array<con
 
 } // namespace
 
+// Misuse is what some of these tests are about, and what the analyzer finds there.
+// NOLINTBEGIN(clang-analyzer-osx.cocoa.RetainCount,clang-analyzer-osx.coreFoundation.CFRetainRelease,clang-analyzer-osx.coreFoundation.containers.OutOfBounds)
+
 TEST(CFData, HoldsACopyOfTheBytes)
 {
     std::string bytes("a\0b", 3);
@@ -255,3 +258,5 @@ TEST(CFDictionaryDeathTest, TrapsOnImpossibleSizes)
     EXPECT_DEATH(CFDictionaryCreate(allocator, nullptr, values, 1, nullptr, nullptr), "CFDictionaryCreate");
     EXPECT_DEATH(CFDictionaryCreate(allocator, values, nullptr, 1, nullptr, nullptr), "CFDictionaryCreate");
 }
+
+// NOLINTEND(clang-analyzer-osx.cocoa.RetainCount,clang-analyzer-osx.coreFoundation.CFRetainRelease,clang-analyzer-osx.coreFoundation.containers.OutOfBounds)
