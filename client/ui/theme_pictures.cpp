@@ -50,7 +50,7 @@ QString pictureFile(const QString& address, const QStringList& themeFolders)
         // The words first: merely asking about a path can reach for a network drive.
         if (!isInside(path, folder) && !isInside(path, realFolder))
             continue;
-        const QString real = QFileInfo(path).canonicalFilePath();
+        QString real = QFileInfo(path).canonicalFilePath();
         if (isInside(real, realFolder) && QFileInfo(real).isFile())
             return real;
     }
@@ -69,7 +69,7 @@ QImage readPicture(const QString& file, const QSize& most)
     const QSize size = reader.size();
     if (size.isEmpty() || qint64(size.width()) * size.height() > mostPicturePixels)
         return {};
-    const QImage picture = reader.read();
+    QImage picture = reader.read();
     if (picture.isNull() || (picture.width() <= most.width() && picture.height() <= most.height()))
         return picture;
     const QSize fitting = picture.size().scaled(most, Qt::KeepAspectRatio).expandedTo(QSize(1, 1));

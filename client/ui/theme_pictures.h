@@ -12,9 +12,9 @@
 namespace zepa {
 
 /// The largest picture file that is read, in bytes.
-inline constexpr qint64 largestPictureFile = 4 * 1024 * 1024;
+inline constexpr qint64 largestPictureFile = qint64{4} * 1024 * 1024;
 /// The most pixels that are decoded; a picture that says it has more is not read.
-inline constexpr qint64 mostPicturePixels = 4 * 1024 * 1024;
+inline constexpr qint64 mostPicturePixels = qint64{4} * 1024 * 1024;
 
 /// The folders of the themes that are current now, from the settings service.
 ZEPA_CLIENT_EXPORT QStringList currentThemeFolders();
