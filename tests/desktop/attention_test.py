@@ -119,9 +119,11 @@ class Attention(AttentionTest):
         self.activate(self.other)
         probe.wait_for("inactive")
         self.assertFalse(self.asks(probe.windows[0]))
-        # What is heard is the second request, and no withdrawal before it: updates keep their order.
+        # Updates keep their order: one of the first request would be heard before these of the second.
         probe.tell("request")
-        self.wait_until_heard([True])
+        self.activate(probe)
+        screen.wait_until(lambda: False in self.heard(), "docks should have heard of the end")
+        self.assertEqual(self.heard(), [True, False])
 
     def test_an_application_without_windows_tells_docks_only(self):
         probe = Probe(self, 0)
