@@ -13,14 +13,14 @@ class ZepaXmlNode;
 
 /// One setting of a rule or of the client: an identifier, a type, a value, and what a dialog needs to show it.
 ///
-/// A value type: copies are independent and cheap. The four factories make the four types; a default-constructed
+/// A value type: copies are independent and cheap. The five factories make the five types; a default-constructed
 /// field has type 0 and stands for "no field". An accessor that does not fit the field's type gives a null string, 0,
 /// false or an empty list; a setter that does not fit changes nothing.
 class ZEPA_HOST_EXPORT ZepaField
 {
 public:
     /// Type codes as getType() returns them; 0 is fixed, the others are the client's own.
-    enum Type { NoType = 0, CheckBox = 1, ComboBox = 2, SpinBox = 3, SoundEdit = 4 };
+    enum Type { NoType = 0, CheckBox = 1, ComboBox = 2, SpinBox = 3, SoundEdit = 4, TextEdit = 5 };
 
     ZepaField();
     ZepaField(const ZepaField& other);
@@ -42,6 +42,10 @@ public:
     /// A sound file, absolute or relative to the sound theme; it is the field's text. `text` is a longer explanation.
     static ZepaField soundEdit(const QString& label, const QString& id, const QString& file, const QString& text);
 
+    /// One line of any text. `text` is a longer explanation. The library itself makes none of these; it is here for
+    /// delivery methods from outside.
+    static ZepaField textEdit(const QString& label, const QString& id, const QString& value, const QString& text);
+
     QString getId() const;
     /// 0 for a default-constructed field, never 0 for a field from a factory.
     int getType() const;
@@ -49,8 +53,9 @@ public:
     /// The longer explanation given to the factory.
     QString getDescription() const;
 
-    /// The text value: the file of a sound field, the selected identifier of a combo box, the number of a spin box in
-    /// decimal, "true" or "false" of a check box, null of a field without type. Never the explanation.
+    /// The text value: the line of a text field, the file of a sound field, the selected identifier of a combo box, the
+    /// number of a spin box in decimal, "true" or "false" of a check box, null of a field without type. Never the
+    /// explanation.
     QString getText() const;
     void setText(const QString& text);
     bool isChecked() const;

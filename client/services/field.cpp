@@ -16,7 +16,7 @@ public:
     QString id;
     QString label;
     QString description;
-    /// The value of a sound field and the selected identifier of a combo box.
+    /// The value of a text or sound field and the selected identifier of a combo box.
     QString text;
     bool checked = false;
     int number = 0;
@@ -76,6 +76,13 @@ ZepaField ZepaField::soundEdit(const QString& label, const QString& id, const QS
     return field;
 }
 
+ZepaField ZepaField::textEdit(const QString& label, const QString& id, const QString& value, const QString& text)
+{
+    ZepaField field(new ZepaFieldData(TextEdit, label, id, text));
+    field.d->text = value;
+    return field;
+}
+
 QString ZepaField::getId() const
 {
     return d ? d->id : QString();
@@ -105,6 +112,7 @@ QString ZepaField::getText() const
         return QString::number(d->number);
     case ComboBox:
     case SoundEdit:
+    case TextEdit:
         return d->text;
     default:
         return {};
@@ -129,6 +137,7 @@ void ZepaField::setText(const QString& text)
         setSelectedId(text);
         break;
     case SoundEdit:
+    case TextEdit:
         d->text = text;
         break;
     default:

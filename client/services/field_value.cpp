@@ -16,6 +16,7 @@ bool fieldAllows(const ZepaField& field, const QString& text)
     case ZepaField::ComboBox:
         return field.getItemIds().contains(text);
     case ZepaField::SoundEdit:
+    case ZepaField::TextEdit:
         return true;
     default:
         return false;
@@ -33,6 +34,8 @@ QString allowedValues(const ZepaField& field)
         return QStringLiteral("one of: %1").arg(field.getItemIds().join(QStringLiteral(", ")));
     case ZepaField::SoundEdit:
         return QStringLiteral("a sound file, absolute or in the sound theme's folder");
+    case ZepaField::TextEdit:
+        return QStringLiteral("any text");
     default:
         return QStringLiteral("nothing");
     }

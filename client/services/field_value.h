@@ -10,8 +10,8 @@
 namespace zepa {
 
 /// Whether `field` may hold the value that `text` spells: "true" or "false" for a check box, a whole number within
-/// the bounds for a spin box, one of the item identifiers for a combo box, anything for a sound file. A field without
-/// type allows nothing.
+/// the bounds for a spin box, one of the item identifiers for a combo box, anything for a sound file and a text. A
+/// field without type allows nothing.
 ZEPA_CLIENT_EXPORT bool fieldAllows(const ZepaField& field, const QString& text);
 
 /// What fieldAllows() lets pass, in words for an error message: "a whole number from 0 to 300".

@@ -141,6 +141,24 @@ TEST(SoundEdit, HasTheFileAsItsTextAndTheExplanationApart)
     EXPECT_TRUE(field.getSelectedId().isNull());
 }
 
+TEST(TextEdit, TakesAnyText)
+{
+    ZepaField field = ZepaField::textEdit(QStringLiteral("command"), QStringLiteral("command"), QStringLiteral("beep"),
+                                          QStringLiteral("runs"));
+    EXPECT_EQ(field.getType(), ZepaField::TextEdit);
+    EXPECT_EQ(field.getId(), QStringLiteral("command"));
+    EXPECT_EQ(field.getLabel(), QStringLiteral("command"));
+    EXPECT_EQ(field.getDescription(), QStringLiteral("runs"));
+    EXPECT_EQ(field.getText(), QStringLiteral("beep"));
+    for (const QString& text : {QString(), QStringLiteral("a \"b\" \n%1"), QStringLiteral("true")}) {
+        EXPECT_TRUE(zepa::fieldAllows(field, text));
+        field.setText(text);
+        EXPECT_EQ(field.getText(), text);
+    }
+    EXPECT_TRUE(field.getSelectedId().isNull());
+    EXPECT_EQ(zepa::allowedValues(field), QStringLiteral("any text"));
+}
+
 TEST(Field, SettersOfAnotherTypeChangeNothing)
 {
     ZepaField sound = soundField();
