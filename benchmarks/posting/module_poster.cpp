@@ -1,0 +1,73 @@
+// SPDX-License-Identifier: Apache-2.0
+// Posts through the library: one notification type with one rule, of the pop-up method.
+#include "poster.h"
+#include "qt_loop.h"
+
+#include "client/services/settings.h"
+#include "core/notification_module.h"
+#include "host/plugin_action.h"
+
+#include <QApplication>
+#include <QString>
+
+#include <memory>
+
+namespace {
+
+class ModulePoster : public Poster
+{
+public:
+    explicit ModulePoster(const QString& settingsFolder) : m_settings(settingsFolder) {}
+
+    void start() override
+    {
+        m_module.reset(ZepaNotificationModule::getInstance());
+        ZepaNotificationModule::init();
+        addType();
+    }
+    void prepare(const std::string& title, const std::string& text, const std::string& icon) override
+    {
+        m_title = QString::fromStdString(title);
+        m_text = QString::fromStdString(text);
+        m_icon = QString::fromStdString(icon);
+    }
+    void post() override
+    {
+        m_module->postNotification(QStringLiteral("measured"), m_title, m_text, m_icon, QString(), ZepaPluginAction(),
+                                   {});
+    }
+    void settle(int microseconds) override { runEventLoop(microseconds); }
+    /// Every title is a new one, which the module remembers for a while: what that costs is measured elsewhere.
+    void refresh() override
+    {
+        m_module.reset();
+        m_module.reset(ZepaNotificationModule::getInstance());
+        addType();
+    }
+
+private:
+    void addType()
+    {
+        m_module->registerNotification(QStringLiteral("measured"), QStringLiteral("Measured"), QString(), QString());
+        const QString method = QStringLiteral("zepa_hint_notification");
+        QList<ZepaField> config;
+        if (m_module->getNotificationRule(QStringLiteral("measured"), method) == nullptr)
+            m_module->addNotificationRule(QStringLiteral("measured"), method, config);
+    }
+
+    zepa::Settings m_settings;
+    std::unique_ptr<ZepaNotificationModule> m_module;
+    QString m_title;
+    QString m_text;
+    QString m_icon;
+};
+
+} // namespace
+
+int main(int argc, char** argv)
+{
+    QApplication application(argc, argv);
+    QGuiApplication::setDesktopFileName(QStringLiteral("zepa"));
+    ModulePoster poster(QString::fromLocal8Bit(argc > 1 ? argv[1] : "."));
+    return runPoster(poster);
+}
