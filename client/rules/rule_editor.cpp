@@ -1,0 +1,323 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "client/rules/rule_editor.h"
+
+#include "client/client.h"
+#include "client/rules/method_titles.h"
+#include "client/rules/rule_file_check.h"
+#include "client/services/field_value.h"
+#include "client/services/global_settings.h"
+#include "core/notification.h"
+#include "core/notification_method.h"
+#include "core/notification_module.h"
+
+#include <QDir>
+
+#include <algorithm>
+
+namespace zepa {
+
+namespace {
+
+/// Where in `rules` the rule stands that is number `index` of its method; -1 when there are fewer.
+qsizetype placeOf(const QList<RuleState>& rules, const QString& method, qsizetype index)
+{
+    for (qsizetype place = 0; place < rules.size(); ++place) {
+        if (rules[place].method == method && index-- == 0)
+            return place;
+    }
+    return -1;
+}
+
+bool sameButForOrder(const QList<RuleState>& a, const QList<RuleState>& b)
+{
+    return a.size() == b.size() && std::is_permutation(a.cbegin(), a.cend(), b.cbegin());
+}
+
+/// The setting of the whole client with that identifier; without type when there is none.
+ZepaField findSetting(const QString& id)
+{
+    const QList<ZepaField> all = globalSettings();
+    const auto found =
+        std::find_if(all.cbegin(), all.cend(), [&id](const ZepaField& field) { return field.getId() == id; });
+    return found == all.cend() ? ZepaField() : *found;
+}
+
+} // namespace
+
+RuleEditor::RuleEditor(Client& client, QObject* parent) : QObject(parent), m_client(client)
+{
+    remember();
+}
+
+QList<RuleState> RuleEditor::rules(const QString& type, const QString& method) const
+{
+    QList<RuleState> rules = rulesOf(module(), type);
+    rules.removeIf([&method](const RuleState& rule) { return rule.method != method; });
+    return rules;
+}
+
+ZepaField RuleEditor::setting(const ZepaField& field) const
+{
+    return m_client.settings().readGlobalSetting(field);
+}
+
+void RuleEditor::add(const QString& type, const QString& method)
+{
+    QList<RuleState> after = rulesOf(module(), type);
+    after.prepend({method, initialFields(module(), type, method)});
+    edit(tr("Add: %1").arg(pairName(type, method)), type, after);
+}
+
+void RuleEditor::remove(const QString& type, const QString& method, qsizetype index)
+{
+    QList<RuleState> after = rulesOf(module(), type);
+    const qsizetype place = placeOf(after, method, index);
+    if (place < 0)
+        return;
+    after.removeAt(place);
+    edit(tr("Remove: %1").arg(pairName(type, method)), type, after);
+}
+
+void RuleEditor::toggle(const QString& type, const QString& method)
+{
+    if (module().getNotificationRule(type, method))
+        remove(type, method);
+    else
+        add(type, method);
+}
+
+void RuleEditor::change(const QString& type, const QString& method, qsizetype index, const QString& field,
+                        const QString& value)
+{
+    QList<RuleState> after = rulesOf(module(), type);
+    const qsizetype place = placeOf(after, method, index);
+    if (place < 0)
+        return;
+    for (ZepaField& candidate : after[place].fields) {
+        if (candidate.getId() != field || candidate.getText() == value || !fieldAllows(candidate, value))
+            continue;
+        candidate.setText(value);
+        const bool ticks = candidate.getType() == ZepaField::SpinBox;
+        edit(tr("Change: %1, %2").arg(pairName(type, method), candidate.getLabel()), type, after,
+             ticks ? QStringLiteral("%1/%2/%3/%4").arg(type, method, QString::number(index), field) : QString());
+        return;
+    }
+}
+
+void RuleEditor::restoreDefaults(const QString& type)
+{
+    if (!hasDefaults(type))
+        edit(tr("Restore defaults: %1").arg(typeName(type)), type, defaultRulesOf(module(), type));
+}
+
+bool RuleEditor::hasDefaults(const QString& type) const
+{
+    return sameButForOrder(rulesOf(module(), type), defaultRulesOf(module(), type));
+}
+
+void RuleEditor::changeSetting(const ZepaField& field, const QString& value)
+{
+    refresh();
+    const QString before = setting(field).getText();
+    if (before == value || !fieldAllows(field, value))
+        return;
+    EditStep step{tr("Change: %1").arg(field.getLabel()), SettingChange{field.getId(), before, value}, {}};
+    if (field.getType() == ZepaField::SpinBox)
+        step.mergeKey = field.getId();
+    if (!carryOut(step, false))
+        return;
+    m_history.add(step);
+    Q_EMIT historyChanged();
+}
+
+QString RuleEditor::undoText() const
+{
+    return m_history.canUndo() ? m_history.toUndo().text : QString();
+}
+
+QString RuleEditor::redoText() const
+{
+    return m_history.canRedo() ? m_history.toRedo().text : QString();
+}
+
+void RuleEditor::undo()
+{
+    refresh();
+    if (!m_history.canUndo() || !carryOut(m_history.toUndo(), true))
+        return;
+    const QString text = m_history.toUndo().text;
+    m_history.undone();
+    Q_EMIT historyChanged();
+    Q_EMIT said(tr("Undone: %1").arg(text));
+}
+
+void RuleEditor::redo()
+{
+    refresh();
+    if (!m_history.canRedo() || !carryOut(m_history.toRedo(), false))
+        return;
+    const QString text = m_history.toRedo().text;
+    m_history.redone();
+    Q_EMIT historyChanged();
+    Q_EMIT said(tr("Done again: %1").arg(text));
+}
+
+void RuleEditor::retry()
+{
+    for (const QString& type : std::as_const(m_notStored))
+        module().storeNotificationRules(module().getNotifications().value(type));
+    checkFiles({});
+    if (m_notStored.isEmpty())
+        Q_EMIT said(tr("All rules are stored now."));
+}
+
+void RuleEditor::refresh()
+{
+    bool history = false;
+    const QStringList types = module().getNotifications().keys();
+    QStringList methods = module().getMethods().keys();
+    methods.sort();
+    if (methods != m_methods || types.size() != m_rules.size()) {
+        remember();
+        m_history = {};
+        Q_EMIT tableChanged();
+        Q_EMIT historyChanged();
+        return;
+    }
+    for (const QString& type : types) {
+        if (!rememberType(type))
+            continue;
+        m_history.forget(type);
+        history = true;
+        Q_EMIT rulesChanged(type);
+    }
+    const QList<ZepaField> settings = globalSettings();
+    for (const ZepaField& field : settings) {
+        const QString value = setting(field).getText();
+        if (m_settings.value(field.getId()) == value)
+            continue;
+        m_settings.insert(field.getId(), value);
+        m_history.forget(field.getId());
+        history = true;
+        Q_EMIT settingChanged(field.getId());
+    }
+    if (!history)
+        return;
+    Q_EMIT historyChanged();
+    Q_EMIT said(tr("Rules or settings were changed from outside of this window."));
+}
+
+void RuleEditor::edit(const QString& text, const QString& type, const QList<RuleState>& after, const QString& mergeKey)
+{
+    refresh();
+    const EditStep step{text, RuleChange{type, rulesOf(module(), type), after}, mergeKey};
+    if (!module().getNotifications().contains(type) || !carryOut(step, false))
+        return;
+    m_history.add(step);
+    Q_EMIT historyChanged();
+}
+
+/// False when nothing was changed; problem() tells why.
+bool RuleEditor::carryOut(const EditStep& step, bool back)
+{
+    return std::visit([this, back](const auto& change) { return carryOut(change, back); }, step.change);
+}
+
+bool RuleEditor::carryOut(const RuleChange& change, bool back)
+{
+    if (!mayStoreRules(folder(), change.type)) {
+        setProblem(tr("The rules of “%1” cannot be written, so nothing was changed. Allow yourself to write the file "
+                      "%2 and try again.")
+                       .arg(typeName(change.type), QDir::toNativeSeparators(ruleFilePath(folder(), change.type))));
+        return false;
+    }
+    applyRules(module(), change.type, back ? change.before : change.after);
+    checkFiles({change.type});
+    rememberType(change.type);
+    Q_EMIT rulesChanged(change.type);
+    return true;
+}
+
+bool RuleEditor::carryOut(const SettingChange& change, bool back)
+{
+    const ZepaField field = findSetting(change.setting);
+    if (!m_client.settings().store(field, back ? change.before : change.after)) {
+        setProblem(tr("The setting “%1” cannot be written, so it was not changed. The file is %2.")
+                       .arg(field.getLabel(), QDir::toNativeSeparators(m_client.settings().settingsFile())));
+        return false;
+    }
+    // What a rule file lacks is still wrong after a setting could be written.
+    if (m_notStored.isEmpty())
+        setProblem({});
+    m_settings.insert(change.setting, setting(field).getText());
+    Q_EMIT settingChanged(change.setting);
+    return true;
+}
+
+/// Looks at the files of all types, since the module rewrites more of them than the type that was changed.
+void RuleEditor::checkFiles(const QStringList& types)
+{
+    m_notStored = typesNotStored(module(), folder(), m_notStored + types);
+    if (m_notStored.isEmpty()) {
+        setProblem({});
+        return;
+    }
+    QStringList names;
+    for (const QString& id : std::as_const(m_notStored))
+        names.append(typeName(id));
+    setProblem(tr("These rules are in use, but could not be written and are lost when the client ends: %1. Is the disk "
+                  "full? The files are in %2.")
+                   .arg(names.join(tr(", ")), QDir::toNativeSeparators(folder() + QStringLiteral("notifications"))));
+}
+
+void RuleEditor::setProblem(const QString& problem)
+{
+    m_problem = problem;
+    Q_EMIT problemChanged();
+}
+
+void RuleEditor::remember()
+{
+    m_rules.clear();
+    const QStringList types = module().getNotifications().keys();
+    for (const QString& type : types)
+        rememberType(type);
+    const QList<ZepaField> settings = globalSettings();
+    for (const ZepaField& field : settings)
+        m_settings.insert(field.getId(), setting(field).getText());
+    m_methods = module().getMethods().keys();
+    m_methods.sort();
+}
+
+/// Whether the rules are others than when they were last looked at.
+bool RuleEditor::rememberType(const QString& type)
+{
+    QList<RuleState> now = rulesOf(module(), type);
+    const bool differs = m_rules.value(type) != now;
+    m_rules.insert(type, std::move(now));
+    return differs;
+}
+
+QString RuleEditor::pairName(const QString& type, const QString& method) const
+{
+    const ZepaNotificationMethod* found = module().getMethods().value(method);
+    return tr("%1, %2").arg(typeName(type), found ? methodTitle(*found) : method);
+}
+
+QString RuleEditor::typeName(const QString& type) const
+{
+    const ZepaNotification* found = module().getNotifications().value(type);
+    return found ? found->getName() : type;
+}
+
+ZepaNotificationModule& RuleEditor::module() const
+{
+    return m_client.module();
+}
+
+QString RuleEditor::folder() const
+{
+    return m_client.settings().getSettingsDir();
+}
+
+} // namespace zepa

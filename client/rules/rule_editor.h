@@ -1,0 +1,112 @@
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include "client/rules/edit_history.h"
+#include "client/rules/rule_state.h"
+#include "host/field.h"
+
+#include <QHash>
+#include <QList>
+#include <QObject>
+#include <QString>
+#include <QStringList>
+
+class ZepaNotificationModule;
+
+namespace zepa {
+
+class Client;
+
+/// Changes rules and settings of the whole client for a window, and can take every change back.
+///
+/// All goes through the public operations of the module and of the settings, and is on disk when a call returns. The
+/// module is silent when a file cannot be written, so the files are compared with what they should hold after each
+/// change: problem() says what is wrong. The client must outlive this object.
+///
+/// A pair of type and method may have several rules; `index` counts them from the newest, 0, on. All of them act. The
+/// module calls the newest first; which one that is changes with every start of the client, since files are written
+/// newest first and read as oldest first.
+class RuleEditor : public QObject
+{
+    Q_OBJECT
+
+public:
+    explicit RuleEditor(Client& client, QObject* parent = nullptr);
+
+    /// The rules of the pair, newest first.
+    QList<RuleState> rules(const QString& type, const QString& method) const;
+    /// The setting that `field` describes, with its current value.
+    ZepaField setting(const ZepaField& field) const;
+
+    /// Adds a rule with the method's default settings for the type, in front of the others.
+    void add(const QString& type, const QString& method);
+    /// Removes one rule of the pair.
+    void remove(const QString& type, const QString& method, qsizetype index = 0);
+    /// Removes the newest rule of the pair; adds one when there is none.
+    void toggle(const QString& type, const QString& method);
+    /// Gives one field of a rule the value that `value` spells, as ZepaField::getText() does. A value that the field
+    /// does not allow changes nothing.
+    void change(const QString& type, const QString& method, qsizetype index, const QString& field,
+                const QString& value);
+    /// Gives the type the rules that it had when the client was new.
+    void restoreDefaults(const QString& type);
+    /// Whether restoreDefaults() would change nothing but the order.
+    bool hasDefaults(const QString& type) const;
+    void changeSetting(const ZepaField& field, const QString& value);
+
+    /// What undo() would take back and redo() do again, in words; empty when there is nothing.
+    QString undoText() const;
+    QString redoText() const;
+    /// Takes the last change back, the order of rules included.
+    void undo();
+    void redo();
+
+    /// What could not be written, in words for the user; empty when all is well.
+    const QString& problem() const { return m_problem; }
+    /// Whether a change is in memory and not in its file: retry() may help. Else the change was not made at all.
+    bool canRetry() const { return !m_notStored.isEmpty(); }
+    /// Writes again what could not be written.
+    void retry();
+
+public Q_SLOTS:
+    /// Looks whether someone else changed rules or settings meanwhile, and tells by the signals. Steps that could only
+    /// be undone over such a change are forgotten.
+    void refresh();
+
+Q_SIGNALS:
+    /// The rules of this type are others than before.
+    void rulesChanged(const QString& type);
+    void settingChanged(const QString& setting);
+    /// Types or methods came or went.
+    void tableChanged();
+    /// undoText() or redoText() may be others.
+    void historyChanged();
+    void problemChanged();
+    /// Something to tell the user, translated.
+    void said(const QString& text);
+
+private:
+    void edit(const QString& text, const QString& type, const QList<RuleState>& after, const QString& mergeKey = {});
+    bool carryOut(const EditStep& step, bool back);
+    bool carryOut(const RuleChange& change, bool back);
+    bool carryOut(const SettingChange& change, bool back);
+    void checkFiles(const QStringList& types);
+    void setProblem(const QString& problem);
+    void remember();
+    bool rememberType(const QString& type);
+    QString pairName(const QString& type, const QString& method) const;
+    QString typeName(const QString& type) const;
+    ZepaNotificationModule& module() const;
+    QString folder() const;
+
+    Client& m_client;
+    EditHistory m_history;
+    QString m_problem;
+    /// Types whose rules are in memory and not in their files.
+    QStringList m_notStored;
+    QHash<QString, QList<RuleState>> m_rules;
+    QHash<QString, QString> m_settings;
+    QStringList m_methods;
+};
+
+} // namespace zepa

@@ -1,0 +1,80 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "client/rules/rule_file_check.h"
+
+#include "client/rules/rule_state.h"
+#include "core/notification_method.h"
+#include "core/notification_module.h"
+#include "core/notification_rule.h"
+#include "host/xml_node.h"
+
+#include <QFile>
+#include <QFileInfo>
+
+namespace zepa {
+
+namespace {
+
+/// What is far above any rule file that the module writes need not be read to know that it is none.
+constexpr qint64 largestRuleFile = qint64{64} * 1024 * 1024;
+
+QByteArray contentOf(const QString& path)
+{
+    QFile file(path);
+    if (!QFileInfo(path).isFile() || file.size() > largestRuleFile || !file.open(QIODevice::ReadOnly))
+        return {};
+    return file.readAll();
+}
+
+} // namespace
+
+QString ruleFilePath(const QString& settingsFolder, const QString& typeId)
+{
+    return settingsFolder + QStringLiteral("notifications/") + typeId;
+}
+
+bool mayStoreRules(const QString& settingsFolder, const QString& typeId)
+{
+    const QFileInfo file(ruleFilePath(settingsFolder, typeId));
+    if (file.exists())
+        return file.isFile() && file.isWritable();
+    const QFileInfo folder(file.path());
+    return folder.isDir() && folder.isWritable();
+}
+
+bool rulesAreStored(const ZepaNotificationModule& module, const QString& settingsFolder, const QString& typeId)
+{
+    ZepaXmlNode root{QString(), QString(), nullptr};
+    root.setContent(contentOf(ruleFilePath(settingsFolder, typeId)));
+    if (root.isNull())
+        return false;
+
+    const QList<ZepaXmlNode> elements = root.getChildNodes();
+    const QList<ZepaNotificationRule*> rules = module.getRules(module.getNotifications().value(typeId));
+    if (elements.size() != rules.size())
+        return false;
+    for (qsizetype i = 0; i < rules.size(); ++i) {
+        const ZepaNotificationMethod& method = *rules[i]->getMethod();
+        if (elements[i].name() != method.getId() || !elements[i].hasChildNodes())
+            return false;
+        const ZepaNotificationRule stored(rules[i]->getNotification(), rules[i]->getMethod(),
+                                          ZepaField::fromXml(method.fields, elements[i].getChildNodes().constFirst()));
+        if (stateOf(stored) != stateOf(*rules[i]))
+            return false;
+    }
+    return true;
+}
+
+QStringList typesNotStored(const ZepaNotificationModule& module, const QString& settingsFolder,
+                           const QStringList& alsoTypeIds)
+{
+    QStringList missing;
+    const auto& types = module.getNotifications();
+    for (auto type = types.cbegin(); type != types.cend(); ++type) {
+        const bool concerned = alsoTypeIds.contains(type.key()) || !module.getRules(type.value()).isEmpty();
+        if (concerned && !rulesAreStored(module, settingsFolder, type.key()))
+            missing.append(type.key());
+    }
+    return missing;
+}
+
+} // namespace zepa

@@ -1,0 +1,173 @@
+// SPDX-License-Identifier: Apache-2.0
+// What the model of the settings window does to rules and settings, with the real module and real files.
+#include "real_client.h"
+
+#include "client/services/global_settings.h"
+#include "qt_printers.h"
+
+using namespace zepa;
+using namespace zepa::test;
+
+namespace {
+
+class RuleEditorTest : public RealClient
+{
+protected:
+    static ZepaField globalField(const QString& id)
+    {
+        const QList<ZepaField> all = globalSettings();
+        for (const ZepaField& field : all) {
+            if (field.getId() == id)
+                return field;
+        }
+        return {};
+    }
+};
+
+const QString repeats = QStringLiteral("duplicated_notifications_time");
+
+} // namespace
+
+TEST_F(RuleEditorTest, AddsTheMethodsDefaultForTheType)
+{
+    editor->remove(QStringLiteral("email_notify"), sound);
+    editor->add(QStringLiteral("email_notify"), sound);
+    EXPECT_EQ(rules(QStringLiteral("email_notify")).constFirst(),
+              QStringLiteral("zepa_sound_notification_method sound_file=mail.wav"));
+}
+
+TEST_F(RuleEditorTest, AddsAMethodWithoutADefaultForTheTypeWithItsInitialValues)
+{
+    editor->add(typing, sound);
+    EXPECT_EQ(rules(typing), QStringList{QStringLiteral("zepa_sound_notification_method sound_file=bell.wav")});
+}
+
+TEST_F(RuleEditorTest, TogglesARuleOnAndOffAgain)
+{
+    editor->toggle(typing, popup);
+    EXPECT_EQ(rules(typing), QStringList{QStringLiteral("zepa_hint_notification sticky=false")});
+    editor->toggle(typing, popup);
+    EXPECT_EQ(rules(typing), QStringList());
+}
+
+TEST_F(RuleEditorTest, TogglingAPairWithTwoRulesRemovesTheNewest)
+{
+    editor->add(typing, popup);
+    editor->add(typing, popup);
+    editor->change(typing, popup, 0, QStringLiteral("sticky"), QStringLiteral("true"));
+    editor->toggle(typing, popup);
+    EXPECT_EQ(rules(typing), QStringList{QStringLiteral("zepa_hint_notification sticky=false")});
+}
+
+TEST_F(RuleEditorTest, KeepsEachChangeForTheNextStart)
+{
+    editor->add(typing, popup);
+    editor->change(typing, popup, 0, QStringLiteral("sticky"), QStringLiteral("true"));
+    EXPECT_EQ(rulesAfterRestart(typing), QStringList{QStringLiteral("zepa_hint_notification sticky=true")});
+    editor->remove(typing, popup);
+    EXPECT_EQ(rulesAfterRestart(typing), QStringList());
+}
+
+TEST_F(RuleEditorTest, ChangesTheOlderOfTwoRulesAndLeavesTheNewerWhereItIs)
+{
+    editor->add(typing, popup);
+    editor->add(typing, sound);
+    editor->add(typing, popup);
+    editor->change(typing, popup, 1, QStringLiteral("sticky"), QStringLiteral("true"));
+    EXPECT_EQ(rules(typing), (QStringList{QStringLiteral("zepa_hint_notification sticky=false"),
+                                          QStringLiteral("zepa_sound_notification_method sound_file=bell.wav"),
+                                          QStringLiteral("zepa_hint_notification sticky=true")}));
+}
+
+TEST_F(RuleEditorTest, RemovesTheOlderOfTwoRules)
+{
+    editor->add(typing, popup);
+    editor->add(typing, popup);
+    editor->change(typing, popup, 0, QStringLiteral("sticky"), QStringLiteral("true"));
+    editor->remove(typing, popup, 1);
+    EXPECT_EQ(rules(typing), QStringList{QStringLiteral("zepa_hint_notification sticky=true")});
+}
+
+TEST_F(RuleEditorTest, RefusesAValueThatTheFieldDoesNotAllow)
+{
+    editor->add(typing, popup);
+    const QByteArray before = stored(typing);
+    editor->change(typing, popup, 0, QStringLiteral("sticky"), QStringLiteral("perhaps"));
+    editor->changeSetting(globalField(repeats), QStringLiteral("301"));
+    EXPECT_EQ(stored(typing), before);
+    EXPECT_EQ(editor->setting(globalField(repeats)).getText(), QStringLiteral("5"));
+    EXPECT_EQ(editor->undoText(), QStringLiteral("Add: Typing started, Pop-up"));
+}
+
+TEST_F(RuleEditorTest, IgnoresTypesAndMethodsThatAreNotThere)
+{
+    QSignalSpy history(editor.get(), &RuleEditor::historyChanged);
+    editor->toggle(QStringLiteral("nobody"), popup);
+    editor->toggle(typing, QStringLiteral("nobody"));
+    editor->remove(typing, popup, 3);
+    EXPECT_EQ(rules(typing), QStringList());
+    EXPECT_EQ(history.count(), 0);
+    EXPECT_FALSE(QFile::exists(ruleFile(QStringLiteral("nobody"))));
+}
+
+TEST_F(RuleEditorTest, RestoresTheDefaultsOfOneType)
+{
+    const QStringList atFirst = sorted(rules(message));
+    ASSERT_FALSE(atFirst.isEmpty());
+    EXPECT_TRUE(editor->hasDefaults(message));
+    editor->toggle(message, popup);
+    editor->change(message, sound, 0, QStringLiteral("sound_file"), QStringLiteral("bell.wav"));
+    editor->add(typing, popup);
+    EXPECT_FALSE(editor->hasDefaults(message));
+    editor->restoreDefaults(message);
+    EXPECT_EQ(sorted(rules(message)), atFirst);
+    EXPECT_TRUE(editor->hasDefaults(message));
+    EXPECT_EQ(rules(typing).size(), 1);
+    EXPECT_EQ(rulesAfterRestart(message), atFirst);
+}
+
+TEST_F(RuleEditorTest, RestoringDefaultsThatAreThereIsNoStep)
+{
+    editor->restoreDefaults(message);
+    EXPECT_EQ(editor->undoText(), QString());
+}
+
+TEST_F(RuleEditorTest, ChangesASettingOfTheWholeClientOnDisk)
+{
+    QSignalSpy changed(editor.get(), &RuleEditor::settingChanged);
+    editor->changeSetting(globalField(repeats), QStringLiteral("30"));
+    EXPECT_EQ(changed, QList<QVariantList>{{repeats}});
+    restart();
+    EXPECT_EQ(editor->setting(globalField(repeats)).getIntValue(), 30);
+}
+
+TEST_F(RuleEditorTest, TellsWhichTypeChanged)
+{
+    QSignalSpy changed(editor.get(), &RuleEditor::rulesChanged);
+    editor->add(typing, popup);
+    EXPECT_EQ(changed, QList<QVariantList>{{typing}});
+}
+
+TEST_F(RuleEditorTest, SeesChangesThatSomeoneElseMade)
+{
+    QSignalSpy changed(editor.get(), &RuleEditor::rulesChanged);
+    QSignalSpy setting(editor.get(), &RuleEditor::settingChanged);
+    QList<ZepaField> config;
+    client->module().addNotificationRule(typing, popup, config);
+    client->settings().store(globalField(repeats), QStringLiteral("9"));
+    editor->refresh();
+    EXPECT_EQ(changed, QList<QVariantList>{{typing}});
+    EXPECT_EQ(setting, QList<QVariantList>{{repeats}});
+    editor->refresh();
+    EXPECT_EQ(changed.count(), 1);
+}
+
+TEST_F(RuleEditorTest, SeesATypeThatWasRegisteredLater)
+{
+    QSignalSpy table(editor.get(), &RuleEditor::tableChanged);
+    client->module().registerNotification(QStringLiteral("lunch"), QStringLiteral("Lunch"), {}, {});
+    editor->refresh();
+    EXPECT_EQ(table.count(), 1);
+    editor->add(QStringLiteral("lunch"), popup);
+    EXPECT_EQ(rules(QStringLiteral("lunch")).size(), 1);
+}
