@@ -1,0 +1,31 @@
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include <QString>
+
+#include <functional>
+
+class ZepaNotificationModule;
+
+namespace zepa {
+
+class RuleBackup;
+
+/// What became of a change of rules.
+enum class SafeChange {
+    Stored,            ///< on the disk, with a copy
+    StoredWithoutCopy, ///< on the disk; nothing more can be changed before there is room for a copy
+    NotStored,         ///< made in the module only: the files hold what they held before
+    Refused            ///< not made: the type's file cannot be written, or a file has no copy that could be put back
+};
+
+/// Calls `edit`, which changes the rules of that type through the module's operations, as many as it takes, and sees to
+/// it that the disk has them. The way for all changes of rules: whatever was stored once is there after a crash at any
+/// moment and on a full disk, and a change that was cut off is there as a whole or not at all.
+SafeChange changeSafely(ZepaNotificationModule& module, RuleBackup& backup, const QString& typeId,
+                        const std::function<void()>& edit);
+
+/// What is wrong, in words for the user; empty for Stored.
+QString problemWith(SafeChange change, const QString& typeId);
+
+} // namespace zepa

@@ -1,0 +1,58 @@
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include "client/rules/rule_backup.h"
+
+#include <QDir>
+#include <QFile>
+#include <QTemporaryDir>
+#include <gtest/gtest.h>
+
+#include <memory>
+
+/// A settings folder with rule files, and one start of the client after the other on it.
+class RuleFolderTest : public testing::Test
+{
+protected:
+    RuleFolderTest() { QDir(m_folder.path()).mkdir(QStringLiteral("notifications")); }
+
+    QString path(const QString& name) const { return m_folder.filePath(name); }
+    QString rule(const QString& type) const { return path(QStringLiteral("notifications/") + type); }
+    QString copy(const QString& type) const { return path(QStringLiteral("rules-backup/copies/") + type); }
+
+    static void write(const QString& path, const QByteArray& content)
+    {
+        QFile file(path);
+        ASSERT_TRUE(file.open(QIODevice::WriteOnly | QIODevice::Truncate)) << path.toStdString();
+        file.write(content);
+    }
+    /// Null when there is no such file.
+    static QByteArray read(const QString& path)
+    {
+        QFile file(path);
+        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+    }
+    /// What was set aside, oldest first.
+    QStringList aside() const
+    {
+        return QDir(path(QStringLiteral("rules-backup/set-aside"))).entryList(QDir::Files | QDir::Hidden, QDir::Name);
+    }
+
+    /// A start as the client does it, with nothing in between where the module would be made.
+    std::unique_ptr<zepa::RuleBackup> start()
+    {
+        auto backup = std::make_unique<zepa::RuleBackup>(m_folder.path() + u'/');
+        backup->restore();
+        backup->started();
+        return backup;
+    }
+    /// The same for a start that is cut off before the module has registered its types.
+    void startAndDie() { zepa::RuleBackup(m_folder.path() + u'/').restore(); }
+
+    const QString message = QStringLiteral("message_received");
+    const QByteArray oneRule = "<rules><m><fields><field id=\"a\">1</field></fields></m></rules>";
+    const QByteArray otherRule = "<rules><m><fields><field id=\"a\">2</field></fields></m></rules>";
+    const QByteArray noRule = "<rules/>";
+
+    QTemporaryDir m_folder;
+};
