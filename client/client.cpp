@@ -5,16 +5,22 @@
 
 namespace zepa {
 
-Client::Client(const QString& settingsFolder) : m_settings(settingsFolder)
+Client::Client(const QString& settingsFolder, Start when)
+    : m_settings(settingsFolder), m_ruleBackup(m_settings.getSettingsDir())
 {
-    startUp();
+    if (when == Start::Now)
+        start();
 }
 
 // The module goes first, by the order of the members: its rules call our methods, and it asks for the settings.
 Client::~Client() = default;
 
-void Client::startUp()
+void Client::start()
 {
+    if (hasStarted())
+        return;
+    // Before anything reads rule files: to the library, what a crash left is a type without rules.
+    m_ruleBackup.restore();
     // The settings stand already: the module reads the roster theme while it is made, and looks for rule files in
     // their folder.
     m_module.reset(ZepaNotificationModule::getInstance());
@@ -23,6 +29,7 @@ void Client::startUp()
     watchMethods();
     // Now that all methods are known, the types: for each one the module reads its rules, or writes the defaults.
     ZepaNotificationModule::init();
+    m_ruleBackup.started();
 }
 
 void Client::watchMethods()

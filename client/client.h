@@ -3,6 +3,7 @@
 
 #include "client/methods/delivery_log.h"
 #include "client/methods/watched_method.h"
+#include "client/rules/rule_backup.h"
 #include "client/services/settings.h"
 
 #include <QString>
@@ -19,22 +20,33 @@ namespace zepa {
 class Client
 {
 public:
-    /// Starts everything with the settings in that folder. Look at settings().isUsable() first: without it, rules have
-    /// their defaults and nothing that changes is kept.
-    explicit Client(const QString& settingsFolder);
+    /// Starting touches the disk, the session bus and the status area. A window that is to be there at once is shown
+    /// first, with the settings alone.
+    enum class Start { Now, Later };
+
+    /// Reads the settings in that folder, and starts. Look at settings().isUsable(): without it, rules have their
+    /// defaults and nothing that changes is kept.
+    explicit Client(const QString& settingsFolder, Start start = Start::Now);
     ~Client();
     Q_DISABLE_COPY_MOVE(Client)
 
+    /// Makes the module ready; does nothing the second time.
+    void start();
+    bool hasStarted() const { return m_module != nullptr; }
+
     Settings& settings() { return m_settings; }
+    /// Only once the client has started.
     ZepaNotificationModule& module() { return *m_module; }
+    /// Protects the rule files. Changes of rules go through changeSafely(); what a start had to mend is in news().
+    RuleBackup& ruleBackup() { return m_ruleBackup; }
     /// Every delivery goes through here.
     DeliveryLog& deliveries() { return m_deliveries; }
 
 private:
-    void startUp();
     void watchMethods();
 
     Settings m_settings;
+    RuleBackup m_ruleBackup;
     DeliveryLog m_deliveries;
     std::vector<std::unique_ptr<WatchedMethod>> m_watched;
     std::unique_ptr<ZepaNotificationModule> m_module;

@@ -3,14 +3,27 @@
 #include "client/cli/output.h"
 #include "client/client.h"
 #include "client/environment.h"
+#include "client/rules/rule_backup.h"
 #include "client/services/client_requests.h"
+#include "client/ui/main/main_window.h"
 
 #include <QApplication>
 #include <QWidget>
 
 namespace {
 
-/// What the status icon's menu asks for.
+/// The client with its window, until the user quits.
+int runWindow(zepa::Client& client)
+{
+    using zepa::ClientRequests;
+    zepa::MainWindow window(client);
+    QObject::connect(&ClientRequests::instance(), &ClientRequests::show, &window, &zepa::MainWindow::bringToFront);
+    QObject::connect(&ClientRequests::instance(), &ClientRequests::quit, qApp, &QCoreApplication::quit);
+    window.show();
+    return QCoreApplication::exec();
+}
+
+/// What the status icon's menu asks of a command that has no window of its own.
 void obeyRequests()
 {
     using zepa::ClientRequests;
@@ -39,10 +52,12 @@ int main(int argc, char** argv)
     for (int i = 1; i < argc; ++i)
         arguments.append(QString::fromLocal8Bit(argv[i]));
     const cli::CommandLine line(arguments);
-    if (!line.command())
+    if (!line.command() && !line.opensWindow())
         return line.code();
 
-    prepareEnvironment(line.command()->reachesTheUser());
+    const bool reachesTheUser = line.opensWindow() || line.command()->reachesTheUser();
+    const bool platformIsChosen = qEnvironmentVariableIsSet("QT_QPA_PLATFORM");
+    prepareEnvironment(reachesTheUser);
     // Qt has options of its own; none of the words on our command line is meant for it.
     int count = 1;
     QApplication app(count, argv);
@@ -52,14 +67,26 @@ int main(int argc, char** argv)
     QApplication::setDesktopFileName(QStringLiteral("zepa"));
     QApplication::setQuitOnLastWindowClosed(false);
 
-    obeyRequests();
+    // Somebody who chose a platform that shows nothing knows why.
+    if (line.opensWindow() && !hasDisplay() && !platformIsChosen) {
+        cli::complain(QStringLiteral("no display: there is nowhere to open the window; zepa --help shows what works "
+                                     "without one"));
+        return cli::WrongUsage;
+    }
 
-    Client client(line.settingsFolder());
+    Client client(line.settingsFolder(), line.opensWindow() ? Client::Start::Later : Client::Start::Now);
     if (!client.settings().isUsable())
         cli::complain(QStringLiteral("the settings folder %1 cannot be written: rules have their defaults, and nothing "
                                      "that changes is kept")
                           .arg(cli::onOneLine(client.settings().getSettingsDir())));
-    if (line.command()->reachesTheUser() && !hasDisplay())
+    if (line.opensWindow())
+        return runWindow(client);
+
+    const QStringList news = client.ruleBackup().news();
+    for (const QString& sentence : news)
+        cli::complain(cli::onOneLine(sentence));
+    obeyRequests();
+    if (reachesTheUser && !hasDisplay())
         cli::complain(QStringLiteral("no display: no status icon, no chat window, no attention request"));
     return line.command()->run(line.parser(), client);
 }

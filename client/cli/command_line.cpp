@@ -30,7 +30,7 @@ CommandLine::CommandLine(const QStringList& arguments)
 
     QStringList rest = arguments;
     choose(rest);
-    if (m_command)
+    if (m_command || m_opensWindow)
         parse(rest);
 }
 
@@ -56,8 +56,9 @@ void CommandLine::choose(QStringList& arguments)
     }
 
     const QStringList words = arguments.mid(at);
-    if (words.isEmpty())
-        return fail(QStringLiteral("no verb is given"));
+    m_opensWindow = words.isEmpty();
+    if (m_opensWindow)
+        return;
     for (const CommandPointer& command : m_commands) {
         const qsizetype length = command->name().count(u' ') + 1;
         if (firstWords(words, length) != command->name())
@@ -76,9 +77,11 @@ void CommandLine::choose(QStringList& arguments)
 
 void CommandLine::parse(const QStringList& arguments)
 {
-    m_parser.addOptions(m_command->options());
-    const bool understood = m_parser.parse(QStringList{QStringLiteral("zepa")} + m_command->normalised(arguments));
-    if (m_parser.isSet(helpOption)) {
+    if (m_command)
+        m_parser.addOptions(m_command->options());
+    const bool understood = m_parser.parse(QStringList{QStringLiteral("zepa")} +
+                                           (m_command ? m_command->normalised(arguments) : arguments));
+    if (m_command && m_parser.isSet(helpOption)) {
         say(manual(*m_command).trimmed());
         m_command = nullptr;
         return;
@@ -87,6 +90,8 @@ void CommandLine::parse(const QStringList& arguments)
         return fail(onOneLine(m_parser.errorText()));
     if (m_parser.isSet(settingsOption) && m_parser.value(settingsOption).isEmpty())
         return fail(QStringLiteral("--settings needs the name of a folder"));
+    if (!m_command)
+        return;
     const qsizetype count = m_parser.positionalArguments().size();
     if (count < m_command->fewestArguments())
         return fail(QStringLiteral("something is missing"));
@@ -101,6 +106,7 @@ void CommandLine::fail(const QString& problem)
     complain(m_command ? QStringLiteral("usage: %1").arg(usage(*m_command))
                        : QStringLiteral("zepa --help shows what it can do"));
     m_command = nullptr;
+    m_opensWindow = false;
     m_code = WrongUsage;
 }
 

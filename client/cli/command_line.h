@@ -19,9 +19,12 @@ public:
     /// `arguments` without the program's name.
     explicit CommandLine(const QStringList& arguments);
 
-    /// The command to run; null when the answer is already said (help, version, an error) and code() is all there is.
+    /// The command to run; null when there is no verb (see opensWindow()) or the answer is already said (help,
+    /// version, an error) and code() is all there is.
     const Command* command() const { return m_command; }
     int code() const { return m_code; }
+    /// Without a verb the program opens its window.
+    bool opensWindow() const { return m_opensWindow; }
 
     const QCommandLineParser& parser() const { return m_parser; }
     /// What --settings names, or the user's own folder.
@@ -35,6 +38,7 @@ private:
     std::vector<CommandPointer> m_commands;
     QCommandLineParser m_parser;
     const Command* m_command = nullptr;
+    bool m_opensWindow = false;
     int m_code = Success;
 };
 

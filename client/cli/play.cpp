@@ -2,11 +2,12 @@
 #include "client/cli/chats.h"
 #include "client/cli/commands.h"
 #include "client/cli/lookup.h"
-#include "client/cli/notification_service.h"
 #include "client/cli/output.h"
 #include "client/cli/player.h"
 #include "client/cli/script.h"
 #include "client/client.h"
+#include "client/posting/announce.h"
+#include "client/posting/notification_service.h"
 
 #include <QCommandLineParser>
 #include <QDir>
@@ -121,13 +122,13 @@ int Play::run(const QCommandLineParser& line, Client& client) const
         return WrongUsage;
 
     waitForNotificationService();
-    Journal journal(line.isSet(QStringLiteral("json")) ? Journal::Form::Json : Journal::Form::ForPeople);
+    PlayLog log(line.isSet(QStringLiteral("json")) ? PlayLog::Form::Json : PlayLog::Form::ForPeople);
     const bool showsChats = line.isSet(QStringLiteral("chats"));
     if (showsChats)
         openChats(script.events);
-    const int waiting = Player(client, script.events, journal, showsChats ? showInChat : nullptr).play(patience);
+    const int waiting = Player(client, script.events, log, showsChats ? showInChat : nullptr).play(patience);
     finishDelivering();
-    journal.summary(waiting);
+    log.summary(waiting);
     return Success;
 }
 

@@ -2,6 +2,7 @@
 #include "client/cli/player.h"
 
 #include "client/cli/poster.h"
+#include "client/posting/announce.h"
 
 #include <chrono>
 #include <utility>
@@ -17,8 +18,8 @@ std::chrono::milliseconds milliseconds(double seconds)
 
 } // namespace
 
-Player::Player(Client& client, QList<Event> events, Journal& journal, std::function<void(const Event&)> before)
-    : m_client(client), m_events(std::move(events)), m_journal(journal), m_before(std::move(before))
+Player::Player(Client& client, QList<Event> events, PlayLog& log, std::function<void(const Event&)> before)
+    : m_client(client), m_events(std::move(events)), m_log(log), m_before(std::move(before))
 {
     m_next.setSingleShot(true);
     m_next.setTimerType(Qt::PreciseTimer);
@@ -54,14 +55,14 @@ void Player::announceDue()
         const auto answered = [this, event, listening = m_listening](Answer answer) {
             if (!*listening)
                 return;
-            m_journal.answered(seconds(), event, answer);
+            m_log.answered(seconds(), event, answer);
             --m_waiting;
             if (m_waiting == 0 && m_announced == m_events.size())
                 m_loop.quit();
         };
-        const Report report = announce(m_client, event, Answers::AsTheEventSays, answered);
+        const Report report = announce(m_client, postingOf(event, Answers::AsTheEventSays), answered);
         m_waiting += report.waits ? 1 : 0;
-        m_journal.posted(seconds(), event, report);
+        m_log.posted(seconds(), event, report);
     }
     m_loop.quit();
 }

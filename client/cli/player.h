@@ -2,7 +2,7 @@
 #pragma once
 
 #include "client/cli/event.h"
-#include "client/cli/journal.h"
+#include "client/cli/play_log.h"
 
 #include <QElapsedTimer>
 #include <QEventLoop>
@@ -24,7 +24,7 @@ class Player
 {
 public:
     /// `before` is called with each event right before it is announced; it may be empty.
-    Player(Client& client, QList<Event> events, Journal& journal, std::function<void(const Event&)> before = {});
+    Player(Client& client, QList<Event> events, PlayLog& log, std::function<void(const Event&)> before = {});
 
     /// Plays everything and returns when the last event is announced. With `patience`, in seconds, it waits that long
     /// for the answers that are missing then. Returns how many are missing in the end.
@@ -36,7 +36,7 @@ private:
 
     Client& m_client;
     const QList<Event> m_events;
-    Journal& m_journal;
+    PlayLog& m_log;
     const std::function<void(const Event&)> m_before;
     QElapsedTimer m_clock;
     QTimer m_next;

@@ -1,11 +1,12 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "client/cli/commands.h"
 #include "client/cli/lookup.h"
-#include "client/cli/notification_service.h"
 #include "client/cli/output.h"
 #include "client/cli/poster.h"
 #include "client/cli/user_action.h"
 #include "client/client.h"
+#include "client/posting/announce.h"
+#include "client/posting/notification_service.h"
 
 #include <QCommandLineParser>
 #include <QEventLoop>
@@ -63,7 +64,8 @@ public:
 
 private:
     static std::optional<Event> readEvent(const QCommandLineParser& line, Client& client);
-    static int wait(const Report& report, QEventLoop& answer);
+    /// `whyNot` is why there is no pop-up, as far as that is known.
+    static int wait(const Report& report, const QString& whyNot, QEventLoop& answer);
 };
 
 /// The event on the command line; nothing, after a message, when something is wrong with it.
@@ -116,28 +118,32 @@ int Post::run(const QCommandLineParser& line, Client& client) const
                 loop->exit(given == Answer::Clicked ? Success : NotClicked);
         };
     }
-    const Report report = announce(client, *event, waits ? Answers::Always : Answers::AsTheEventSays, answered);
-    if (report.methods.isEmpty())
+    const Report report =
+        announce(client, postingOf(*event, waits ? Answers::Always : Answers::AsTheEventSays), answered);
+    const QString reason = whyNoPopup(*event, report);
+    if (report.fate == Fate::Repeat)
+        complain(QStringLiteral("dropped as a repeat: the same type and title was announced at most %1 s ago")
+                     .arg(report.repeatLimit));
+    else if (report.calls.isEmpty())
         complain(
             QStringLiteral("no rule for %1: nothing was announced; zepa rule set %1 METHOD adds one").arg(event->type));
     else
-        say(QStringLiteral("delivered by %1").arg(report.methods.join(QStringLiteral(", "))));
+        say(QStringLiteral("delivered by %1").arg(report.methods().join(QStringLiteral(", "))));
 
     int code = Success;
     if (waits)
-        code = wait(report, answer);
-    else if (report.asksForPopup && !report.whyNoPopup.isEmpty())
-        complain(QStringLiteral("%1: no pop-up shown").arg(report.whyNoPopup));
+        code = wait(report, reason, answer);
+    else if (report.popup != PopupState::NotAsked && !reason.isEmpty())
+        complain(QStringLiteral("%1: no pop-up shown").arg(reason));
     finishDelivering();
     return code;
 }
 
-int Post::wait(const Report& report, QEventLoop& answer)
+int Post::wait(const Report& report, const QString& whyNot, QEventLoop& answer)
 {
     if (!report.waits) {
         say(QStringLiteral("not shown: %1")
-                .arg(report.whyNoPopup.isEmpty() ? QStringLiteral("the notification service did not take it")
-                                                 : report.whyNoPopup));
+                .arg(whyNot.isEmpty() ? QStringLiteral("the notification service did not take it") : whyNot));
         return NotShown;
     }
     const int code = answer.exec();

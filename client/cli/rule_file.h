@@ -3,14 +3,15 @@
 
 #include <QString>
 
+#include <functional>
+
 namespace zepa {
 class Client;
 }
 
 namespace zepa::cli {
 
-/// Whether the rule file of that type can be written; if not, after a message that names the file. The library passes
-/// over files that it cannot write, so a command that changes rules asks first.
-bool canWriteRules(Client& client, const QString& typeId);
+/// Changes the rules of the type with `edit`, so that they are on the disk. Gives the exit code; what is wrong is said.
+int changeRules(Client& client, const QString& typeId, const std::function<void()>& edit);
 
 } // namespace zepa::cli

@@ -43,10 +43,7 @@ public:
                          .arg(type, method));
             return Failure;
         }
-        if (!canWriteRules(client, type))
-            return Failure;
-        client.module().removeNotificationRule(type, method);
-        return Success;
+        return changeRules(client, type, [&] { client.module().removeNotificationRule(type, method); });
     }
 };
 

@@ -67,10 +67,8 @@ public:
                 return WrongUsage;
             }
         }
-        if (!canWriteRules(client, type))
-            return Failure;
-        client.module().updateNotificationRule(type, method->getId(), fields);
-        return Success;
+        return changeRules(client, type,
+                           [&] { client.module().updateNotificationRule(type, method->getId(), fields); });
     }
 };
 

@@ -15,7 +15,7 @@ void WatchedMethod::postNotification(unsigned int sequence, ZepaNotification* no
                                      const QList<ZepaField>& config, const ZepaPluginAction& action,
                                      const QList<ZepaArg>& args)
 {
-    m_log.delivered(getId());
+    m_log.delivered({getId(), config, m_names.contains(notification->getName())});
     m_watched.postNotification(sequence, notification, title, text, icon, extra, config, action, args);
 }
 
@@ -38,13 +38,20 @@ QString WatchedMethod::getActionIcon() const
 void WatchedMethod::registerNotification(ZepaNotification* notification)
 {
     copyDefaults(*notification);
+    // The pop-up method registers every type there is then, also those that a shorter list left out.
+    m_told.insert(notification->getName());
+    m_names = m_told;
     m_watched.registerNotification(notification);
 }
 
 void WatchedMethod::registerNotifications(const QList<ZepaNotification*>& notifications)
 {
-    for (const ZepaNotification* notification : notifications)
+    m_names.clear();
+    for (const ZepaNotification* notification : notifications) {
         copyDefaults(*notification);
+        m_names.insert(notification->getName());
+    }
+    m_told.unite(m_names);
     m_watched.registerNotifications(notifications);
 }
 

@@ -4,6 +4,8 @@
 #include "client/methods/delivery_log.h"
 #include "core/notification_method.h"
 
+#include <QSet>
+
 namespace zepa {
 
 /// Stands in front of another delivery method: everything goes through to it, and each posting is noted in a log.
@@ -30,6 +32,10 @@ private:
 
     ZepaNotificationMethod& m_watched;
     DeliveryLog& m_log;
+    /// The display names of all types that the other method was ever told of, and of those it was told of last:
+    /// pop-ups are registered under them.
+    QSet<QString> m_told;
+    QSet<QString> m_names;
 };
 
 } // namespace zepa

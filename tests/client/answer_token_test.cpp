@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-#include "client/cli/answer_token.h"
+#include "client/posting/answer_token.h"
 
 #include <gtest/gtest.h>
 
@@ -8,8 +8,8 @@
 
 namespace {
 
-using zepa::cli::Answer;
-using zepa::cli::AnswerToken;
+using zepa::Answer;
+using zepa::AnswerToken;
 
 struct Listener
 {

@@ -48,7 +48,6 @@ TEST_F(Program, VersionIsOneLine)
 TEST_F(Program, WrongCommandLinesAreRefusedWithAReasonAndChangeNothing)
 {
     const QList<QStringList> wrong{
-        {},
         {QStringLiteral("nope")},
         {QStringLiteral("rule")},
         {QStringLiteral("rule"), QStringLiteral("nope")},

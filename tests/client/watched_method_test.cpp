@@ -62,7 +62,8 @@ TEST_F(WatchedMethodTest, LooksLikeTheOther)
 
 TEST_F(WatchedMethodTest, HandsEverythingOnAndNotesIt)
 {
-    EXPECT_TRUE(m_log.take().isEmpty());
+    const zepa::DeliveryLog::Recording recording(m_log);
+    EXPECT_TRUE(recording.deliveries().isEmpty());
     m_watched.postNotification(7, &m_with, QStringLiteral("a"), QStringLiteral("b"), QStringLiteral("c"),
                                QStringLiteral("d"), m_probe.fields, ZepaPluginAction([] {}),
                                {ZepaArg::fromBuddy(ZepaBuddy({}, QStringLiteral("Anna"), 1))});
@@ -71,8 +72,9 @@ TEST_F(WatchedMethodTest, HandsEverythingOnAndNotesIt)
     EXPECT_EQ(m_probe.configSize, 1);
     EXPECT_TRUE(m_probe.actionIsValid);
     EXPECT_EQ(m_probe.buddy, QStringLiteral("Anna"));
-    EXPECT_EQ(m_log.take(), QStringList(QStringLiteral("probe")));
-    EXPECT_TRUE(m_log.take().isEmpty());
+    ASSERT_EQ(recording.deliveries().size(), 1);
+    EXPECT_EQ(recording.deliveries().constFirst().methodId, QStringLiteral("probe"));
+    EXPECT_EQ(recording.deliveries().constFirst().config.size(), 1);
 }
 
 TEST_F(WatchedMethodTest, HasTheOthersDefaultsFromTheMomentATypeIsAnnounced)

@@ -8,7 +8,7 @@
 #include <functional>
 #include <memory>
 
-namespace zepa::cli {
+namespace zepa {
 
 /// What became of a pop-up. A time-out and a pop-up that the user closed are one and the same to the library.
 enum class Answer { Clicked, TimedOut };
@@ -38,4 +38,4 @@ private:
     std::function<void(Answer)> m_answered;
 };
 
-} // namespace zepa::cli
+} // namespace zepa

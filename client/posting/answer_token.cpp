@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: Apache-2.0
-#include "client/cli/answer_token.h"
+#include "client/posting/answer_token.h"
 
 #include <utility>
 
-namespace zepa::cli {
+namespace zepa {
 
 AnswerToken::AnswerToken(std::function<void()> work) : m_work(std::move(work))
 {}
@@ -32,4 +32,4 @@ void AnswerToken::run()
         answered(Answer::Clicked);
 }
 
-} // namespace zepa::cli
+} // namespace zepa

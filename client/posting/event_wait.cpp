@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: Apache-2.0
-#include "client/cli/event_wait.h"
+#include "client/posting/event_wait.h"
 
 #include <QElapsedTimer>
 #include <QEventLoop>
 #include <QTimer>
 
-namespace zepa::cli {
+namespace zepa {
 
 bool handleEventsUntil(const std::function<bool()>& done, std::chrono::milliseconds limit)
 {
@@ -24,4 +24,4 @@ bool handleEventsUntil(const std::function<bool()>& done, std::chrono::milliseco
     return done();
 }
 
-} // namespace zepa::cli
+} // namespace zepa

@@ -2,7 +2,8 @@
 #pragma once
 
 #include "client/cli/event.h"
-#include "client/cli/poster.h"
+#include "client/posting/answer_token.h"
+#include "client/posting/report.h"
 
 #include <QJsonObject>
 #include <QString>
@@ -11,12 +12,12 @@ namespace zepa::cli {
 
 /// Tells what happens while a script is played, one line each, for people or as JSON objects for programs, and adds
 /// it up at the end.
-class Journal
+class PlayLog
 {
 public:
     enum class Form { ForPeople, Json };
 
-    explicit Journal(Form form) : m_form(form) {}
+    explicit PlayLog(Form form) : m_form(form) {}
 
     /// `seconds` are from the start of the script.
     void posted(double seconds, const Event& event, const Report& report);

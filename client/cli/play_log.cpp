@@ -1,37 +1,40 @@
 // SPDX-License-Identifier: Apache-2.0
-#include "client/cli/journal.h"
+#include "client/cli/play_log.h"
 
 #include "client/cli/output.h"
+#include "client/cli/poster.h"
 
 #include <utility>
 
 namespace zepa::cli {
 
-void Journal::posted(double seconds, const Event& event, const Report& report)
+void PlayLog::posted(double seconds, const Event& event, const Report& report)
 {
     ++m_posted;
     tell(seconds, QStringLiteral("posted"), event, {}, {});
-    if (report.isRepeat) {
+    if (report.fate == Fate::Repeat) {
         ++m_repeats;
         return tell(seconds, QStringLiteral("dropped"), event, QStringLiteral("a repeat"),
                     {{QStringLiteral("reason"), QStringLiteral("repeat")}});
     }
-    if (report.methods.isEmpty()) {
+    if (report.calls.isEmpty()) {
         ++m_withoutRule;
         return tell(seconds, QStringLiteral("dropped"), event, QStringLiteral("no rule"),
                     {{QStringLiteral("reason"), QStringLiteral("no rule")}});
     }
     ++m_delivered;
-    QString how = report.methods.join(QStringLiteral(", "));
-    QJsonObject json{{QStringLiteral("methods"), QJsonArray::fromStringList(report.methods)}};
-    if (report.asksForPopup && !report.whyNoPopup.isEmpty()) {
-        how += QStringLiteral(" (%1: no pop-up shown)").arg(report.whyNoPopup);
-        json.insert(QStringLiteral("no_popup"), report.whyNoPopup);
+    const QStringList methods = report.methods();
+    QString how = methods.join(QStringLiteral(", "));
+    QJsonObject json{{QStringLiteral("methods"), QJsonArray::fromStringList(methods)}};
+    if (report.popup != PopupState::NotAsked && report.popup != PopupState::Asked) {
+        const QString why = whyNoPopup(event, report);
+        how += QStringLiteral(" (%1: no pop-up shown)").arg(why);
+        json.insert(QStringLiteral("no_popup"), why);
     }
     tell(seconds, QStringLiteral("delivered"), event, how, json);
 }
 
-void Journal::answered(double seconds, const Event& event, Answer answer)
+void PlayLog::answered(double seconds, const Event& event, Answer answer)
 {
     const bool clicked = answer == Answer::Clicked;
     ++(clicked ? m_clicked : m_timedOut);
@@ -39,7 +42,7 @@ void Journal::answered(double seconds, const Event& event, Answer answer)
     tell(seconds, QStringLiteral("answered"), event, how, {{QStringLiteral("answer"), how}});
 }
 
-void Journal::summary(int waiting)
+void PlayLog::summary(int waiting)
 {
     if (m_form == Form::Json)
         return sayJsonLine({{QStringLiteral("event"), QStringLiteral("summary")},
@@ -61,7 +64,7 @@ void Journal::summary(int waiting)
             .arg(waiting));
 }
 
-void Journal::tell(double seconds, const QString& what, const Event& event, const QString& how, QJsonObject json)
+void PlayLog::tell(double seconds, const QString& what, const Event& event, const QString& how, QJsonObject json)
 {
     if (m_form == Form::Json) {
         json.insert(QStringLiteral("event"), what);

@@ -4,9 +4,9 @@
 #include <chrono>
 #include <functional>
 
-namespace zepa::cli {
+namespace zepa {
 
 /// Handles events until `done` says so, at once when it does already; false when `limit` passed before.
 bool handleEventsUntil(const std::function<bool()>& done, std::chrono::milliseconds limit);
 
-} // namespace zepa::cli
+} // namespace zepa

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
-#include "client/cli/notification_service.h"
+#include "client/posting/notification_service.h"
 
-#include "client/cli/event_wait.h"
+#include "client/posting/event_wait.h"
 
 #include <Growl/Growl.h>
 
@@ -12,7 +12,7 @@
 
 #include <chrono>
 
-namespace zepa::cli {
+namespace zepa {
 
 namespace {
 
@@ -57,14 +57,6 @@ void waitForNotificationService()
     handleEventsUntil([isThere] { return (Growl_IsRunning() != 0) == isThere; }, milliseconds(2000));
 }
 
-QString whyNoPopup()
-{
-    if (Growl_IsRunning())
-        return {};
-    return QDBusConnection::sessionBus().isConnected() ? QStringLiteral("no notification service")
-                                                       : QStringLiteral("no session bus, so no notification service");
-}
-
 void flushPopups()
 {
     if (!Growl_IsRunning())
@@ -80,4 +72,4 @@ void flushPopups()
     }
 }
 
-} // namespace zepa::cli
+} // namespace zepa

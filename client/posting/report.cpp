@@ -1,0 +1,98 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "client/posting/report.h"
+
+#include "client/client.h"
+#include "client/posting/posting.h"
+#include "core/notification_module.h"
+#include "host/chat_manager.h"
+
+#include <Growl/Growl.h>
+
+#include <QDBusConnection>
+#include <QFileInfo>
+
+#include <algorithm>
+
+namespace zepa {
+
+namespace {
+
+constexpr char16_t popupMethod[] = u"zepa_hint_notification";
+constexpr char16_t soundMethod[] = u"zepa_sound_notification_method";
+constexpr char16_t chatMethod[] = u"zepa_chat_window_notification_method";
+
+Fate fateOf(Client& client, const Posting& posting, bool wasCalled)
+{
+    if (wasCalled)
+        return Fate::Delivered;
+    const ZepaNotificationModule& module = client.module();
+    ZepaNotification* type = module.getNotifications().value(posting.type);
+    if (!type)
+        return Fate::UnknownType;
+    return module.getRules(type).isEmpty() ? Fate::NoRule : Fate::Repeat;
+}
+
+PopupState popupOf(const Delivery& call)
+{
+    if (!Growl_IsRunning())
+        return QDBusConnection::sessionBus().isConnected() ? PopupState::NoService : PopupState::NoBus;
+    return call.isRegistered ? PopupState::Asked : PopupState::NotRegistered;
+}
+
+SoundState soundOf(const Settings& settings, const Posting& posting, const Delivery& call)
+{
+    if (posting.type == QStringLiteral("alert_received_notify")) {
+        const ZepaField alerts =
+            ZepaField::comboBox({}, QStringLiteral("alerts"),
+                                {QStringLiteral("never"), QStringLiteral("always"), QStringLiteral("buddies_only")}, {},
+                                QStringLiteral("buddies_only"), {});
+        const QString allowed = settings.readGlobalSetting(alerts).getSelectedId();
+        const bool isStranger = !posting.buddy || posting.buddy->getType() == ZepaBuddy::NotOnContactList;
+        if (allowed == QStringLiteral("never"))
+            return SoundState::MutedForAll;
+        if (allowed == QStringLiteral("buddies_only") && isStranger)
+            return SoundState::MutedForStrangers;
+    }
+    const QString file = call.config.isEmpty() ? QString() : call.config.constFirst().getText();
+    const QString path = QFileInfo(file).isRelative() ? settings.getCurrentSoundThemeDir() + file : file;
+    return QFileInfo(path).isFile() ? SoundState::Asked : SoundState::NoFile;
+}
+
+ChatState chatOf(const Posting& posting)
+{
+    if (!posting.buddy)
+        return ChatState::NoBuddy;
+    return ZepaChatManager::getInstance()->getChatWindow(*posting.buddy) ? ChatState::Written : ChatState::NoWindow;
+}
+
+} // namespace
+
+QStringList Report::methods() const
+{
+    QStringList ids;
+    for (const Delivery& call : calls)
+        ids.append(call.methodId);
+    return ids;
+}
+
+Report reportOn(Client& client, const Posting& posting, const QList<Delivery>& calls)
+{
+    Report report;
+    report.calls = calls;
+    report.fate = fateOf(client, posting, !calls.isEmpty());
+    report.repeatLimit = client.settings()
+                             .readGlobalSetting(ZepaField::spinBox({}, QStringLiteral("duplicated_notifications_time"),
+                                                                   300, 0, 5, {}, {}))
+                             .getIntValue();
+    for (const Delivery& call : calls) {
+        if (call.methodId == popupMethod)
+            report.popup = popupOf(call);
+        else if (call.methodId == soundMethod)
+            report.sound = std::max(report.sound, soundOf(client.settings(), posting, call));
+        else if (call.methodId == chatMethod)
+            report.chat = chatOf(posting);
+    }
+    return report;
+}
+
+} // namespace zepa
