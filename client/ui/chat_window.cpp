@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "client/ui/chat_window.h"
 
+#include "client/ui/accessible_role.h"
 #include "client/ui/chat_header.h"
 #include "client/ui/chat_history.h"
 #include "client/ui/live_text.h"
@@ -23,6 +24,7 @@ ChatWindow::ChatWindow(const ZepaBuddy& buddy, QWidget* parent)
     , m_live(new LiveText(this))
     , m_input(new QLineEdit(this))
 {
+    setAccessibleRole(*this, QAccessible::Window);
     auto* sendButton = new QPushButton(tr("&Send"), this);
     m_input->setMaxLength(int(longestMessage));
     m_input->setPlaceholderText(tr("Write a message"));

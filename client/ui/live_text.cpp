@@ -1,26 +1,15 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "client/ui/live_text.h"
 
+#include "client/ui/accessible_role.h"
+
 #include <QAccessible>
-#include <QAccessibleWidget>
 
 namespace zepa {
 
-namespace {
-
-QAccessibleInterface* makeInterface(const QString& className, QObject* object)
-{
-    if (className != QString::fromLatin1(LiveText::staticMetaObject.className()))
-        return nullptr;
-    return new QAccessibleWidget(qobject_cast<QWidget*>(object), QAccessible::Notification);
-}
-
-} // namespace
-
 LiveText::LiveText(QWidget* parent) : QWidget(parent)
 {
-    // Installing the same factory again does nothing.
-    QAccessible::installFactory(makeInterface);
+    setAccessibleRole(*this, QAccessible::Notification);
     setObjectName(QStringLiteral("live"));
     setFocusPolicy(Qt::NoFocus);
     setFixedSize(1, 1);
