@@ -11,7 +11,7 @@ namespace zepa::cli {
 
 namespace {
 
-std::chrono::milliseconds milliseconds(double seconds)
+std::chrono::milliseconds inMilliseconds(double seconds)
 {
     return std::chrono::milliseconds(static_cast<qint64>(seconds * 1000));
 }
@@ -35,7 +35,7 @@ int Player::play(std::optional<double> patience)
         QTimer end;
         end.setSingleShot(true);
         QObject::connect(&end, &QTimer::timeout, &m_loop, &QEventLoop::quit);
-        end.start(milliseconds(*patience));
+        end.start(inMilliseconds(*patience));
         m_loop.exec();
     }
     *m_listening = false;
@@ -48,7 +48,7 @@ void Player::announceDue()
         const Event& event = m_events[m_announced];
         const double early = event.at - seconds();
         if (early > 0)
-            return m_next.start(milliseconds(early) + std::chrono::milliseconds(1));
+            return m_next.start(inMilliseconds(early) + std::chrono::milliseconds(1));
         ++m_announced;
         if (m_before)
             m_before(event);
