@@ -5,5 +5,5 @@ zepa_test(client_chat_text_test LABEL unit
   LIBRARIES zepa_client)
 find_package(Qt6 6.4 REQUIRED COMPONENTS Test)
 zepa_test(client_chat_window_test LABEL unit
-  SOURCES chat/chat_window_test.cpp chat/chat_history_test.cpp
+  SOURCES chat/chat_window_test.cpp chat/chat_window_hostile_test.cpp chat/chat_history_test.cpp
   LIBRARIES zepa_client Qt6::Test)

@@ -3,10 +3,18 @@
 
 #include <gtest/gtest.h>
 
+#include <utility>
+
 using zepa::directionOf;
 using zepa::longestMessage;
 using zepa::messageText;
 using zepa::nameText;
+
+namespace {
+
+constexpr QChar replacement(QChar::ReplacementCharacter);
+
+} // namespace
 
 TEST(MessageText, OrdinaryTextStaysAsItIs)
 {
@@ -16,11 +24,33 @@ TEST(MessageText, OrdinaryTextStaysAsItIs)
 
 TEST(MessageText, WhatHasNoMeaningIsReplaced)
 {
-    const QString replaced(4, QChar(QChar::ReplacementCharacter));
-    EXPECT_EQ(messageText(QString::fromUtf16(u"\0\x1b\x7f\x9b", 4)), replaced);
-    const char16_t odd[] = {0xd800, 0xdc00 + 0x400 - 1 - 0x3ff, u'a', 0xdc00, 0xfdd0, 0xfffc, 0xd800};
-    const QString text = messageText(QString::fromUtf16(odd + 2, 5));
-    EXPECT_EQ(text, u'a' + replaced);
+    EXPECT_EQ(messageText(QString::fromUtf16(u"\0\x1b\x7f\x9b", 4)), QString(4, replacement));
+    EXPECT_EQ(messageText(QString(QChar(0xfdd0)) + QChar(0xffff)), QString(2, replacement));
+    EXPECT_EQ(messageText(QStringLiteral("\U0001fffe")), QString(replacement));
+    EXPECT_EQ(messageText(QString(QChar::ObjectReplacementCharacter)), QString(replacement));
+}
+
+TEST(MessageText, HalvesOfCharactersAreReplacedAndWholeOnesStay)
+{
+    const QChar high(0xd83d);
+    const QChar low(0xde00);
+    const QString smiley = QString(high) + low;
+    ASSERT_TRUE(smiley.isValidUtf16());
+    EXPECT_EQ(messageText(smiley), smiley);
+    const std::pair<QString, QString> halves[] = {
+        {QString(high), QString(replacement)},
+        {QString(low), QString(replacement)},
+        {QString(high) + u'a', QString(replacement) + u'a'},
+        {u'a' + QString(low), u'a' + QString(replacement)},
+        {QString(low) + high, QString(2, replacement)},
+        {high + smiley, replacement + smiley},
+        {smiley + low, smiley + replacement},
+    };
+    for (const auto& [sent, shown] : halves) {
+        ASSERT_FALSE(sent.isValidUtf16());
+        EXPECT_EQ(messageText(sent), shown);
+        EXPECT_EQ(nameText(sent), shown);
+    }
 }
 
 TEST(MessageText, EveryKindOfLineBreakIsOne)

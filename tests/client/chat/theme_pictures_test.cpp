@@ -7,6 +7,9 @@
 #include <QTemporaryDir>
 #include <gtest/gtest.h>
 
+#include <sys/stat.h>
+#include <sys/sysmacros.h>
+
 using zepa::pictureFile;
 using zepa::readPicture;
 
@@ -109,4 +112,21 @@ TEST_F(ThemePictures, WhatIsNoPlainPictureIsNotRead)
     ASSERT_TRUE(text.resize(zepa::largestPictureFile + 1));
     text.close();
     EXPECT_TRUE(readPicture(text.fileName(), QSize(64, 64)).isNull());
+}
+
+TEST_F(ThemePictures, NoPipeOrDeviceOfTheThemeIsAllowed)
+{
+    const QString pipe = theme + QStringLiteral("icons/pipe.png");
+    ASSERT_EQ(mkfifo(QFile::encodeName(pipe).constData(), 0600), 0);
+    EXPECT_EQ(allowed(pipe), QString());
+    ASSERT_TRUE(QFile::link(pipe, theme + QStringLiteral("icons/to-pipe.png")));
+    EXPECT_EQ(allowed(theme + QStringLiteral("icons/to-pipe.png")), QString());
+
+    const QString device = theme + QStringLiteral("icons/zero.png");
+    if (mknod(QFile::encodeName(device).constData(), S_IFCHR | 0600, makedev(1, 5)) == 0)
+        EXPECT_EQ(allowed(device), QString());
+    else
+        RecordProperty("device", "not tried: only an administrator can make one");
+    ASSERT_TRUE(QFile::link(QStringLiteral("/dev/zero"), theme + QStringLiteral("icons/to-zero.png")));
+    EXPECT_EQ(allowed(theme + QStringLiteral("icons/to-zero.png")), QString());
 }
