@@ -26,6 +26,7 @@ void Client::start()
     m_module.reset(ZepaNotificationModule::getInstance());
     // Methods from outside come before init(). Installing one later makes the module read the rule files again, and
     // every rule in them that belongs to another method would then be there twice.
+    m_outside.installIn(*m_module);
     watchMethods();
     // Now that all methods are known, the types: for each one the module reads its rules, or writes the defaults.
     ZepaNotificationModule::init();

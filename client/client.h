@@ -2,6 +2,7 @@
 #pragma once
 
 #include "client/methods/delivery_log.h"
+#include "client/methods/outside_methods.h"
 #include "client/methods/watched_method.h"
 #include "client/rules/rule_backup.h"
 #include "client/services/settings.h"
@@ -41,6 +42,8 @@ public:
     RuleBackup& ruleBackup() { return m_ruleBackup; }
     /// Every delivery goes through here.
     DeliveryLog& deliveries() { return m_deliveries; }
+    /// The delivery methods that this client brings beside the library's own.
+    const OutsideMethods& outsideMethods() const { return m_outside; }
 
 private:
     void watchMethods();
@@ -48,6 +51,7 @@ private:
     Settings m_settings;
     RuleBackup m_ruleBackup;
     DeliveryLog m_deliveries;
+    OutsideMethods m_outside;
     std::vector<std::unique_ptr<WatchedMethod>> m_watched;
     std::unique_ptr<ZepaNotificationModule> m_module;
 };

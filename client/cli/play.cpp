@@ -127,7 +127,7 @@ int Play::run(const QCommandLineParser& line, Client& client) const
     if (showsChats)
         openChats(script.events);
     const int waiting = Player(client, script.events, log, showsChats ? showInChat : nullptr).play(patience);
-    finishDelivering();
+    finishDelivering(client);
     log.summary(waiting);
     return Success;
 }

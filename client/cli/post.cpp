@@ -135,7 +135,7 @@ int Post::run(const QCommandLineParser& line, Client& client) const
         code = wait(report, reason, answer);
     else if (report.popup != PopupState::NotAsked && !reason.isEmpty())
         complain(QStringLiteral("%1: no pop-up shown").arg(reason));
-    finishDelivering();
+    finishDelivering(client);
     return code;
 }
 

@@ -40,10 +40,11 @@ Report announce(Client& client, const Posting& posting, std::function<void(Answe
     return report;
 }
 
-void finishDelivering()
+void finishDelivering(const Client& client)
 {
     flushPopups();
     handleEventsUntil([] { return audio::AudioService::instance().unfinished() == 0; }, std::chrono::seconds(10));
+    handleEventsUntil([&client] { return client.outsideMethods().unspoken() == 0; }, std::chrono::seconds(30));
 }
 
 } // namespace zepa

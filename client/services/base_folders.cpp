@@ -26,4 +26,9 @@ QString dataFolder()
     return folder("XDG_DATA_HOME", QStringLiteral("/.local/share"));
 }
 
+QString stateFolder()
+{
+    return folder("XDG_STATE_HOME", QStringLiteral("/.local/state"));
+}
+
 } // namespace zepa

@@ -13,5 +13,7 @@ namespace zepa {
 ZEPA_CLIENT_EXPORT QString configFolder();
 /// $XDG_DATA_HOME/zepa/, by default ~/.local/share/zepa/.
 ZEPA_CLIENT_EXPORT QString dataFolder();
+/// $XDG_STATE_HOME/zepa/, by default ~/.local/state/zepa/: for logs.
+ZEPA_CLIENT_EXPORT QString stateFolder();
 
 } // namespace zepa

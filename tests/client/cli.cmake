@@ -14,6 +14,7 @@ zepa_test(client_program_test LABEL unit
   SOURCES
     program.cpp
     program_help_test.cpp
+    program_methods_test.cpp
     program_play_test.cpp
     program_post_test.cpp
     program_rules_test.cpp

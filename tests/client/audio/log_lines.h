@@ -5,7 +5,7 @@
 
 #include <mutex>
 
-/// Collects the warnings of the category "zepa.audio" while it lives; one at a time.
+/// Collects the lines of the client's log categories ("zepa.audio", ...) while it lives; one at a time.
 class LogLines
 {
 public:
@@ -23,7 +23,7 @@ public:
 private:
     static void take(QtMsgType type, const QMessageLogContext& context, const QString& text)
     {
-        if (QLatin1String(context.category) != QLatin1String("zepa.audio"))
+        if (!QLatin1String(context.category).startsWith(QLatin1String("zepa.")))
             return s_before ? s_before(type, context, text) : void();
         const std::lock_guard lock(s_mutex);
         s_lines.append(text);

@@ -1,0 +1,88 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "client/methods/log_file/log_file_method.h"
+
+#include "client/methods/log_file/log_line.h"
+#include "client/methods/log_file/log_writer.h"
+#include "client/methods/rule_setting.h"
+#include "client/services/base_folders.h"
+#include "core/notification.h"
+#include "host/settings_manager.h"
+
+#include <QCoreApplication>
+#include <QDateTime>
+#include <QDir>
+
+namespace zepa {
+
+namespace {
+
+const QString fileId = QStringLiteral("file");
+const QString sizeId = QStringLiteral("size");
+const QString olderFilesId = QStringLiteral("older_files");
+
+/// Empty when the setting is.
+QString absolutePath(const QString& file)
+{
+    if (file.isEmpty())
+        return {};
+    if (file.startsWith(QStringLiteral("~/")))
+        return QDir::homePath() + file.sliced(1);
+    return QDir(stateFolder()).absoluteFilePath(file);
+}
+
+QString now()
+{
+    return QDateTime::currentDateTime()
+        .toOffsetFromUtc(QDateTime::currentDateTime().offsetFromUtc())
+        .toString(Qt::ISODateWithMs);
+}
+
+} // namespace
+
+LogFileMethod::LogFileMethod()
+{
+    fields = {
+        ZepaField::textEdit(QCoreApplication::translate("zepa", "File"), fileId, QStringLiteral("notifications.log"),
+                            QCoreApplication::translate("zepa", "A name without a folder is a file in "
+                                                                "~/.local/state/zepa.")),
+        ZepaField::spinBox(QCoreApplication::translate("zepa", "Largest size"), sizeId, 1024 * 1024, 1, 1024,
+                           QCoreApplication::translate("zepa", "When it is reached, a new file begins."),
+                           QCoreApplication::translate("zepa", " KB")),
+        ZepaField::spinBox(QCoreApplication::translate("zepa", "Older files kept"), olderFilesId, 99, 0, 3,
+                           QCoreApplication::translate("zepa", "They have .1, .2 and so on behind their names."), {}),
+    };
+}
+
+void LogFileMethod::postNotification(unsigned int /*sequence*/, ZepaNotification* notification, const QString& title,
+                                     const QString& text, const QString& /*icon*/, const QString& /*extra*/,
+                                     const QList<ZepaField>& config, const ZepaPluginAction& /*action*/,
+                                     const QList<ZepaArg>& /*args*/)
+{
+    const QString file = absolutePath(ruleSetting(config, fileId).getText());
+    if (file.isEmpty())
+        return m_faults.failed(getId(), QStringLiteral("a rule names no file"));
+    const LogTarget target{file, qint64{1024} * ruleSetting(config, sizeId).getIntValue(),
+                           ruleSetting(config, olderFilesId).getIntValue()};
+    const QString problem = appendToLog(target, logLine({now(), notification->getId(), title, text}));
+    if (problem.isEmpty())
+        m_faults.succeeded(file);
+    else
+        m_faults.failed(file, problem);
+}
+
+QString LogFileMethod::getId() const
+{
+    return QStringLiteral("zepa_log_file_notification_method");
+}
+
+QString LogFileMethod::getActionName() const
+{
+    return QCoreApplication::translate("zepa", "write to a file");
+}
+
+QString LogFileMethod::getActionIcon() const
+{
+    return ZepaSettingsManager::getInstance()->getCurrentThemeDir() + QStringLiteral("icons/log.png");
+}
+
+} // namespace zepa

@@ -1,0 +1,112 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "client/methods/log_file/log_writer.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+
+#include <cerrno>
+#include <cstdio>
+#include <cstring>
+#include <fcntl.h>
+#include <sys/file.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+namespace zepa {
+
+namespace {
+
+/// An open file, closed with the object.
+class OpenFile
+{
+public:
+    explicit OpenFile(const QByteArray& path)
+        // Not blocking, for the sake of pipes without a reader.
+        : m_descriptor(
+              ::open(path.constData(), O_WRONLY | O_APPEND | O_CREAT | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC, 0600))
+    {}
+    ~OpenFile()
+    {
+        if (m_descriptor >= 0)
+            ::close(m_descriptor);
+    }
+    Q_DISABLE_COPY_MOVE(OpenFile)
+
+    /// -1 when there is none; errno says why.
+    int descriptor() const { return m_descriptor; }
+
+private:
+    const int m_descriptor;
+};
+
+QString reason(int error)
+{
+    return error == ELOOP ? QStringLiteral("is a symbolic link")
+                          : QString::fromLocal8Bit(std::strerror(error)); // NOLINT(concurrency-mt-unsafe): one thread
+}
+
+/// FILE.1 and so on make room for the file; the oldest goes. False when the file is still there.
+bool rotate(const LogTarget& target)
+{
+    const auto older = [&target](int number) {
+        return number == 0 ? QFile::encodeName(target.file)
+                           : QFile::encodeName(target.file + u'.' + QString::number(number));
+    };
+    if (target.olderFiles == 0)
+        return ::unlink(older(0).constData()) == 0;
+    for (int number = target.olderFiles; number > 1; --number)
+        std::rename(older(number - 1).constData(), older(number).constData());
+    return std::rename(older(0).constData(), older(1).constData()) == 0;
+}
+
+bool isStillAt(const struct stat& one, const QByteArray& path)
+{
+    struct stat other = {};
+    return ::lstat(path.constData(), &other) == 0 && one.st_dev == other.st_dev && one.st_ino == other.st_ino;
+}
+
+/// Half a line would swallow the next one: `before` is the size to go back to, -1 when another program may have
+/// written meanwhile.
+QString write(int descriptor, const QByteArray& line, off_t before)
+{
+    const ssize_t written = ::write(descriptor, line.constData(), static_cast<size_t>(line.size()));
+    if (written == line.size())
+        return {};
+    const int error = written < 0 ? errno : ENOSPC;
+    if (written > 0 && before >= 0 && ::ftruncate(descriptor, before) != 0)
+        return reason(errno);
+    return reason(error);
+}
+
+} // namespace
+
+QString appendToLog(const LogTarget& target, const QByteArray& line)
+{
+    QDir().mkpath(QFileInfo(target.file).absolutePath());
+    const QByteArray path = QFile::encodeName(target.file);
+    // Another program may take the file away between our opening and our lock, and so do we when it is full.
+    constexpr int mostAttempts = 8;
+    for (int attempt = 0; attempt < mostAttempts; ++attempt) {
+        const OpenFile file(path);
+        struct stat state = {};
+        if (file.descriptor() < 0 || ::fstat(file.descriptor(), &state) != 0)
+            return reason(errno);
+        if (!S_ISREG(state.st_mode))
+            return QStringLiteral("is not a regular file");
+        // Whoever holds the lock writes one line and may rotate; without it, we only add ours.
+        if (::flock(file.descriptor(), LOCK_EX | LOCK_NB) != 0)
+            return write(file.descriptor(), line, -1);
+        if (!isStillAt(state, path))
+            continue;
+        if (::fstat(file.descriptor(), &state) != 0)
+            return reason(errno);
+        if (state.st_size == 0 || state.st_size + line.size() <= target.mostBytes)
+            return write(file.descriptor(), line, state.st_size);
+        if (!rotate(target))
+            return reason(errno);
+    }
+    return QStringLiteral("is taken away again and again");
+}
+
+} // namespace zepa

@@ -1,0 +1,50 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "client/methods/speech/speech_text.h"
+
+#include "client/ui/image_markers.h"
+
+namespace zepa {
+
+namespace {
+
+QString withoutMarkers(const QString& text)
+{
+    QString words;
+    const QList<MessagePart> parts = splitAtImageMarkers(text);
+    for (const MessagePart& part : parts)
+        words += part.isMarker() ? QStringLiteral(" ") : part.text;
+    return words;
+}
+
+QString withoutControls(QString text)
+{
+    for (QChar& character : text) {
+        if (character.category() == QChar::Other_Control)
+            character = u' ';
+    }
+    return text;
+}
+
+/// Cuts behind the last whole word; a text that is one long word is cut within it, never within a character.
+QString shortened(const QString& text)
+{
+    if (text.size() <= longestSpeech)
+        return text;
+    const qsizetype blank = text.lastIndexOf(u' ', longestSpeech);
+    if (blank > 0)
+        return text.first(blank);
+    return text.first(text[longestSpeech - 1].isHighSurrogate() ? longestSpeech - 1 : longestSpeech);
+}
+
+} // namespace
+
+QString speakable(const QString& text)
+{
+    QString words = withoutControls(withoutMarkers(text)).simplified();
+    // Two brackets would begin a text in the speaker's own phonetic letters.
+    while (words.contains(QStringLiteral("[[")))
+        words.replace(QStringLiteral("[["), QStringLiteral("[ ["));
+    return shortened(words);
+}
+
+} // namespace zepa

@@ -1,0 +1,70 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "client/methods/outside_methods.h"
+
+#include "client/services/field_value.h"
+#include "client/services/settings.h"
+#include "core/notification_module.h"
+#include "core/notification_rule.h"
+#include "qt_printers.h"
+
+#include <QFile>
+#include <QTemporaryDir>
+
+#include <gtest/gtest.h>
+
+#include <memory>
+
+namespace {
+
+const QStringList ours{QStringLiteral("zepa_command_notification_method"),
+                       QStringLiteral("zepa_log_file_notification_method"),
+                       QStringLiteral("zepa_speech_notification_method")};
+
+class OutsideMethods : public testing::Test
+{
+protected:
+    OutsideMethods()
+    {
+        methods.installIn(*module);
+        ZepaNotificationModule::init();
+    }
+
+    const QTemporaryDir m_folder;
+    const zepa::Settings m_settings{m_folder.path()};
+    zepa::OutsideMethods methods;
+    const std::unique_ptr<ZepaNotificationModule> module{ZepaNotificationModule::getInstance()};
+};
+
+TEST_F(OutsideMethods, AreInstalledAndHaveNoRuleUntilTheUserAddsOne)
+{
+    const auto types = module->getNotifications().values();
+    ASSERT_EQ(types.size(), 18);
+    for (const QString& id : ours) {
+        ASSERT_TRUE(module->getMethods().contains(id)) << id.toStdString();
+        for (ZepaNotification* type : types) {
+            const auto rules = module->getRules(type);
+            for (const ZepaNotificationRule* rule : rules)
+                EXPECT_NE(rule->getMethod()->getId(), id);
+        }
+    }
+}
+
+TEST_F(OutsideMethods, HaveANameAPictureAndFieldsThatADialogCanShow)
+{
+    for (const QString& id : ours) {
+        const ZepaNotificationMethod& method = *module->getMethods().value(id);
+        EXPECT_FALSE(method.getActionName().isEmpty());
+        EXPECT_TRUE(QFile::exists(method.getActionIcon())) << method.getActionIcon().toStdString();
+        EXPECT_FALSE(method.fields.isEmpty());
+        QStringList ids;
+        for (const ZepaField& field : method.fields) {
+            EXPECT_FALSE(field.getLabel().isEmpty());
+            EXPECT_TRUE(zepa::fieldAllows(field, field.getText())) << field.getId().toStdString();
+            EXPECT_EQ(field.getItemIds().size(), field.getItemLabels().size());
+            ids.append(field.getId());
+        }
+        EXPECT_EQ(ids.removeDuplicates(), 0);
+    }
+}
+
+} // namespace

@@ -1,0 +1,164 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "client/methods/speech/speech_method.h"
+
+#include "posting_support.h"
+#include "qt_printers.h"
+#include "tests/client/audio/log_lines.h"
+
+#include <QDir>
+#include <QStandardPaths>
+#include <QTemporaryDir>
+
+#include <optional>
+
+#include <sys/wait.h>
+
+namespace {
+
+/// The method with an espeak-ng of the test's own first in PATH.
+class Speech : public testing::Test
+{
+protected:
+    Speech() { qputenv("PATH", (m_folder.path() + u':' + qEnvironmentVariable("PATH")).toUtf8()); }
+
+    QByteArray path(const char* name) const { return m_folder.filePath(QString::fromLatin1(name)).toUtf8(); }
+    QString file(const char* name) const { return m_folder.filePath(QString::fromLatin1(name)); }
+    /// What it does when it is asked to speak.
+    void speaker(const QByteArray& body) const { writeScript(file("espeak-ng"), body); }
+    /// Notes its arguments and what it is to say.
+    void recordingSpeaker() const
+    {
+        speaker("echo \"$*\" >> " + path("arguments") + "; { cat; echo; } >> " + path("said"));
+    }
+    bool allIsSaid() const
+    {
+        return handleEventsUntil([this] { return method->unfinished() == 0; });
+    }
+
+    std::optional<zepa::SpeechMethod> method{std::in_place};
+    MethodCall call{*method};
+    LogLines log;
+
+private:
+    QTemporaryDir m_folder;
+};
+
+TEST_F(Speech, GetsTheTextOnItsInputAndTheSettingsAsArguments)
+{
+    recordingSpeaker();
+    call.set("voice", QStringLiteral("de"));
+    call.set("speed", QStringLiteral("200"));
+    call.post(QStringLiteral("--version; $(x)"), QStringLiteral("Gr\u00fc\u00dfe image:/x.png:image"));
+    EXPECT_EQ(method->unfinished(), 1) << "the caller does not wait for it";
+    EXPECT_TRUE(allIsSaid());
+    EXPECT_EQ(contentOf(file("arguments")), QByteArrayLiteral("--stdin -b 1 -s 200 -v de\n"));
+    EXPECT_EQ(contentOf(file("said")), QByteArrayLiteral("--version; $(x)\n\nGr\xc3\xbc\xc3\x9f\x65\n"));
+    EXPECT_TRUE(log.lines().isEmpty());
+}
+
+TEST_F(Speech, ReadsWhatTheRuleNames)
+{
+    recordingSpeaker();
+    call.set("content", QStringLiteral("title"));
+    call.post(QStringLiteral("Ann"), QStringLiteral("Lunch?"));
+    call.set("content", QStringLiteral("text"));
+    call.post(QStringLiteral("Ann"), QStringLiteral("Lunch?"));
+    call.post(QStringLiteral("Ann"), QStringLiteral(" \n"));
+    EXPECT_TRUE(allIsSaid());
+    EXPECT_EQ(contentOf(file("said")), QByteArrayLiteral("Ann\nLunch?\n"));
+    EXPECT_EQ(contentOf(file("arguments")), QByteArrayLiteral("--stdin -b 1 -s 175\n").repeated(2));
+}
+
+TEST_F(Speech, SaysOneTextAfterTheOtherAndDropsWhatIsTooMuch)
+{
+    speaker("test -e " + path("speaking") + " && echo both >> " + path("said") + "\ntouch " + path("speaking") +
+            "\nwhile ! test -e " + path("gate") + "; do sleep 0.02; done\n{ cat; echo; } >> " + path("said") + "\nrm " +
+            path("speaking"));
+    constexpr int fitting = 1 + zepa::Speaker::mostWaiting;
+    for (int i = 0; i < fitting + 3; ++i)
+        call.post(QString::number(i));
+    EXPECT_EQ(method->unfinished(), fitting);
+    EXPECT_EQ(log.lines(), QStringList{QStringLiteral("\"espeak-ng\": too much to say: a text was dropped")});
+    QFile(file("gate")).open(QIODevice::WriteOnly);
+    EXPECT_TRUE(allIsSaid());
+    EXPECT_EQ(contentOf(file("said")), QByteArrayLiteral("0\n1\n2\n3\n4\n5\n6\n7\n8\n"));
+}
+
+TEST_F(Speech, WithoutASpeakerIsSaidOnceAndDoesNoHarm)
+{
+    qputenv("PATH", path("nowhere"));
+    for (int i = 0; i < 3; ++i)
+        call.post(QStringLiteral("secret"));
+    EXPECT_TRUE(allIsSaid());
+    EXPECT_EQ(log.lines(), QStringList{QStringLiteral("\"espeak-ng\": cannot be started: nothing is spoken")});
+}
+
+TEST_F(Speech, GoesOnAfterASpeakerThatFailsOrCrashes)
+{
+    speaker("case \"$*\" in *bad*) exit 1;; *dead*) kill -9 $$;; esac\n{ cat; echo; } >> " + path("said"));
+    for (const QString& voice : {QStringLiteral("bad"), QStringLiteral("dead"), QStringLiteral("bad"), QString()}) {
+        call.set("voice", voice);
+        call.post(QStringLiteral("hello"));
+    }
+    EXPECT_TRUE(allIsSaid());
+    EXPECT_EQ(contentOf(file("said")), QByteArrayLiteral("hello\n"));
+    EXPECT_EQ(log.lines(), (QStringList{
+                               QStringLiteral("\"espeak-ng -v bad\": could not speak: is there such a voice?"),
+                               QStringLiteral("\"espeak-ng -v dead\": was ended while it spoke"),
+                           }));
+}
+
+TEST_F(Speech, FallsSilentWhenTheClientEnds)
+{
+    speaker("echo $$ > " + path("unfinished") + "; mv " + path("unfinished") + " " + path("process") +
+            "\nexec sleep 1000");
+    call.post(QStringLiteral("hello"));
+    ASSERT_TRUE(handleEventsUntil([this] { return QFile::exists(file("process")); }));
+    method.reset();
+    EXPECT_EQ(::kill(contentOf(file("process")).trimmed().toInt(), 0), -1);
+    EXPECT_EQ(errno, ESRCH);
+    EXPECT_TRUE(log.lines().isEmpty());
+}
+
+/// The real speaker, which writes what it would say into a file.
+class RealSpeech : public Speech
+{
+protected:
+    void SetUp() override
+    {
+        const QString real = QStandardPaths::findExecutable(QStringLiteral("espeak-ng"));
+        if (real.isEmpty())
+            GTEST_SKIP() << "espeak-ng is not installed";
+        speaker("exec " + real.toUtf8() + " -w " + path("spoken.wav") + " \"$@\"");
+    }
+    qsizetype spokenBytes()
+    {
+        EXPECT_TRUE(allIsSaid());
+        return contentOf(file("spoken.wav")).size();
+    }
+};
+
+TEST_F(RealSpeech, LastsLongerForALongerTextAndShorterAtMoreSpeed)
+{
+    call.post(QStringLiteral("Ann"), QStringLiteral("Lunch?"));
+    const qsizetype few = spokenBytes();
+    EXPECT_GT(few, 20'000) << "half a second at least, 22050 samples of two bytes a second";
+    call.post(QStringLiteral("Ann"), QStringLiteral("Shall we have lunch together at eight o'clock in the evening?"));
+    const qsizetype many = spokenBytes();
+    EXPECT_GT(many, 2 * few);
+    call.set("speed", QStringLiteral("400"));
+    call.post(QStringLiteral("Ann"), QStringLiteral("Shall we have lunch together at eight o'clock in the evening?"));
+    EXPECT_LT(spokenBytes(), many * 2 / 3);
+    EXPECT_TRUE(log.lines().isEmpty());
+}
+
+TEST_F(RealSpeech, RefusesAVoiceThatIsNotThere)
+{
+    call.set("voice", QStringLiteral("nosuchvoice"));
+    call.post(QStringLiteral("Ann"));
+    EXPECT_TRUE(allIsSaid());
+    EXPECT_EQ(log.lines(),
+              QStringList{QStringLiteral("\"espeak-ng -v nosuchvoice\": could not speak: is there such a voice?")});
+}
+
+} // namespace
