@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include "client/journal/journal.h"
 #include "client/methods/delivery_log.h"
 #include "client/methods/outside_methods.h"
 #include "client/methods/watched_method.h"
@@ -42,6 +43,8 @@ public:
     RuleBackup& ruleBackup() { return m_ruleBackup; }
     /// Every delivery goes through here.
     DeliveryLog& deliveries() { return m_deliveries; }
+    /// What was announced, and what became of it.
+    Journal& journal() { return m_journal; }
     /// The delivery methods that this client brings beside the library's own.
     const OutsideMethods& outsideMethods() const { return m_outside; }
 
@@ -51,6 +54,7 @@ private:
     Settings m_settings;
     RuleBackup m_ruleBackup;
     DeliveryLog m_deliveries;
+    Journal m_journal;
     OutsideMethods m_outside;
     std::vector<std::unique_ptr<WatchedMethod>> m_watched;
     std::unique_ptr<ZepaNotificationModule> m_module;

@@ -14,6 +14,7 @@ namespace zepa {
 struct Delivery
 {
     QString methodId;
+    QString methodName; ///< short and translated
     /// The settings of the rule that called; they are all that a method learns about the rule.
     QList<ZepaField> config;
     /// The method was told of the posting's type, and no list without it has come since.

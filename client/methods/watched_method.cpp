@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "client/methods/watched_method.h"
 
+#include "client/rules/method_titles.h"
 #include "core/notification.h"
 
 namespace zepa {
@@ -15,7 +16,7 @@ void WatchedMethod::postNotification(unsigned int sequence, ZepaNotification* no
                                      const QList<ZepaField>& config, const ZepaPluginAction& action,
                                      const QList<ZepaArg>& args)
 {
-    m_log.delivered({getId(), config, m_names.contains(notification->getName())});
+    m_log.delivered({getId(), methodTitle(m_watched), config, m_names.contains(notification->getName())});
     m_watched.postNotification(sequence, notification, title, text, icon, extra, config, action, args);
 }
 

@@ -2,10 +2,14 @@
 #include "client/posting/announce.h"
 
 #include "client/client.h"
+#include "client/journal/journal.h"
 #include "client/posting/event_wait.h"
 #include "client/posting/notification_service.h"
 #include "client/services/audio/audio_service.h"
+#include "core/notification.h"
 #include "core/notification_module.h"
+
+#include <QPointer>
 
 #include <chrono>
 #include <memory>
@@ -33,9 +37,18 @@ Report announce(Client& client, const Posting& posting, std::function<void(Answe
 
     Report report = reportOn(client, posting, recording.deliveries());
     // Our own copy of the action is gone: who is left is the library, and it waits for an answer.
-    if (const auto token = kept.lock()) {
-        report.waits = true;
-        token->onAnswer(std::move(answered));
+    const auto token = kept.lock();
+    report.waits = token != nullptr;
+    const ZepaNotification* type = client.module().getNotifications().value(posting.type);
+    const int number = client.journal().add(posting, type ? type->getName() : posting.type, report);
+    if (token) {
+        token->onAnswer(
+            [journal = QPointer<Journal>(&client.journal()), number, done = std::move(answered)](Answer answer) {
+                if (journal)
+                    journal->answered(number, answer);
+                if (done)
+                    done(answer);
+            });
     }
     return report;
 }

@@ -1,0 +1,140 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "client/journal/journal.h"
+
+#include "client/journal/journal_text.h"
+#include "client/posting/posting.h"
+#include "client/ui/message_text.h"
+
+#include <QCoreApplication>
+
+namespace zepa {
+
+namespace {
+
+/// The module's own key: without a separator, which is meant there.
+QString keyOf(const QString& type, const QString& title)
+{
+    return type + title;
+}
+
+} // namespace
+
+int Journal::add(const Posting& posting, const QString& typeName, const Report& report)
+{
+    JournalEntry entry;
+    entry.number = ++m_lastNumber;
+    entry.time = QDateTime::currentDateTime();
+    entry.type = posting.type;
+    entry.typeName = typeName;
+    entry.title = posting.title;
+    entry.text = posting.text.left(longestMessage);
+    if (posting.buddy) {
+        entry.who = posting.buddy->getName();
+        entry.isFromStranger = posting.buddy->getType() == ZepaBuddy::NotOnContactList;
+    }
+    entry.report = report;
+    const auto blocker = blockerOf(entry);
+    if (report.fate == Fate::Repeat)
+        entry.earlier = blocker;
+    else if (report.fate == Fate::Delivered || !blocker)
+        m_accepted.insert(keyOf(entry.type, entry.title), {entry.number, entry.time, entry.type, entry.title});
+
+    while (m_entries.size() >= capacity)
+        forgetOldest();
+    const int row = int(m_entries.size());
+    beginInsertRows({}, row, row);
+    m_entries.append(entry);
+    endInsertRows();
+    return entry.number;
+}
+
+/// The posting that the module still remembers when it gets this one. Where no method is called in any case, the
+/// report cannot tell a repeat: then this decides, by the module's own arithmetic.
+std::optional<JournalEntry::Earlier> Journal::blockerOf(const JournalEntry& entry) const
+{
+    const auto found = m_accepted.constFind(keyOf(entry.type, entry.title));
+    if (found == m_accepted.cend())
+        return std::nullopt;
+    if (entry.report.fate == Fate::Repeat)
+        return *found;
+    const int seconds = found->time.time().msecsTo(entry.time.time()) / 1000;
+    return seconds > entry.report.repeatLimit ? std::nullopt : std::optional(*found);
+}
+
+void Journal::answered(int number, Answer answer)
+{
+    const int row = m_entries.isEmpty() ? -1 : number - m_entries.constFirst().number;
+    if (row < 0 || row >= m_entries.size())
+        return;
+    m_entries[row].answer = answer;
+    Q_EMIT dataChanged(index(row, 0), index(row, ColumnCount - 1));
+}
+
+void Journal::clear()
+{
+    beginResetModel();
+    m_entries.clear();
+    m_accepted.clear();
+    endResetModel();
+}
+
+void Journal::forgetOldest()
+{
+    beginRemoveRows({}, 0, 0);
+    const JournalEntry oldest = m_entries.takeFirst();
+    const auto accepted = m_accepted.constFind(keyOf(oldest.type, oldest.title));
+    if (accepted != m_accepted.cend() && accepted->number == oldest.number)
+        m_accepted.erase(accepted);
+    endRemoveRows();
+}
+
+int Journal::rowCount(const QModelIndex& parent) const
+{
+    return parent.isValid() ? 0 : int(m_entries.size());
+}
+
+int Journal::columnCount(const QModelIndex& parent) const
+{
+    return parent.isValid() ? 0 : int(ColumnCount);
+}
+
+QVariant Journal::data(const QModelIndex& index, int role) const
+{
+    if (!index.isValid())
+        return {};
+    const JournalEntry& entry = m_entries.at(index.row());
+    if (role == Qt::ToolTipRole)
+        return whyNoPopup(entry).toHtmlEscaped();
+    if (role != Qt::DisplayRole)
+        return {};
+    switch (index.column()) {
+    case Time:
+        return entry.time.time().toString(QStringLiteral("HH:mm:ss"));
+    case Type:
+        return entry.typeName;
+    case Title:
+        return nameText(entry.title);
+    case Who:
+        return nameText(entry.who);
+    case VerdictColumn:
+        return verdictText(entry.verdict());
+    case Methods:
+        return methodsText(entry);
+    default:
+        return {};
+    }
+}
+
+QVariant Journal::headerData(int section, Qt::Orientation orientation, int role) const
+{
+    if (role != Qt::DisplayRole || orientation != Qt::Horizontal)
+        return {};
+    static constexpr const char* titles[] = {
+        QT_TRANSLATE_NOOP("zepa", "Time"),    QT_TRANSLATE_NOOP("zepa", "Event"),
+        QT_TRANSLATE_NOOP("zepa", "Title"),   QT_TRANSLATE_NOOP("zepa", "About"),
+        QT_TRANSLATE_NOOP("zepa", "Pop-up?"), QT_TRANSLATE_NOOP("zepa", "Methods called")};
+    static_assert(std::size(titles) == ColumnCount);
+    return QCoreApplication::translate("zepa", titles[section]);
+}
+
+} // namespace zepa
