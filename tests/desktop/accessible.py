@@ -189,7 +189,7 @@ class Node:
 
     @property
     def box(self):
-        """Where it is on the screen."""
+        """Where it is on the screen; not for programs that QT_SCALE_FACTOR enlarges, whose Qt says it unscaled."""
         return screen.Box(*self._ask("org.a11y.atspi.Component", "GetExtents", GLib.Variant("(u)", (_ON_THE_SCREEN,))))
 
     def all(self):

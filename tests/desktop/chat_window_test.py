@@ -3,9 +3,10 @@
 
 import json
 
-from accessible import AccessibleTest
-from support import DesktopTest
+from accessible import AccessibleTest, press, write
+from support import DesktopTest, screen
 
+GREEN = "#00e000"
 LATER = 100
 
 
@@ -50,3 +51,88 @@ class ChatWindowAloud(AccessibleTest, ChatTest):
         self.assertIn("editable", message.states)
         message.wait_for_state("focused")
         self.assertEqual(window.find("label", "not available").role, "label")
+
+    def test_the_same_line_twice_is_announced_twice(self):
+        line = {"type": "alert_received_notify", "text": "Ann knocks"}
+        client = self.chat(line | {"at": 3}, line | {"at": 3.1, "title": "again"})
+        self.application(client).find("frame", "Ann")
+        self.accessibility.listen()
+        announced = []
+
+        def twice():
+            announced[:] = self.accessibility.events("state-changed", "showing")
+            return len([event for event in announced if event.node.role == "notification"]) == 2
+
+        screen.wait_until(twice, "the line should be announced twice")
+
+
+class ChatWindowByKeyboard(AccessibleTest, ChatTest):
+    """Real keys, on the way from the X server to the window."""
+
+    def setUp(self):
+        super().setUp()
+        lines = [{"at": 0, "title": f"{number}", "text": f"line {number}"} for number in range(60)]
+        self.client = self.chat(*lines)
+        self.window = self.application(self.client).find("frame", "Ann")
+        self.message = self.window.find("text", "Message to Ann")
+        self.history = self.window.find("text", "Conversation with Ann")
+        screen.wait_until(lambda: "line 59" in self.history.text, "all lines")
+        self.message.wait_for_state("focused")
+
+    def test_the_tab_key_goes_round_from_the_message_over_the_button_to_the_history(self):
+        order = [self.message, self.window.find("push button", "Send"), self.history]
+        for following in [*order[1:], order[0]]:
+            press(self.desktop, "Tab")
+            following.wait_for_state("focused")
+        for following in reversed(order):
+            press(self.desktop, "shift+Tab")
+            following.wait_for_state("focused")
+
+    def test_page_up_and_page_down_move_the_history_while_the_message_is_written(self):
+        bar = max(self.history.find_all("scroll bar"), key=lambda bar: bar.value)
+        end = bar.value
+        self.assertGreater(end, 0)
+        press(self.desktop, "Prior")
+        screen.wait_until(lambda: bar.value < end, "the history should have moved up")
+        once = bar.value
+        press(self.desktop, "Prior")
+        screen.wait_until(lambda: bar.value < once, "the history should have moved up again")
+        press(self.desktop, "Next", "Next")
+        screen.wait_until(lambda: bar.value == end, "the history should be at its end")
+        self.assertIn("focused", self.message.states)
+
+    def test_a_message_is_written_and_sent_by_keys_and_by_the_mouse(self):
+        write(self.desktop, "by keys")
+        screen.wait_until(lambda: self.message.text == "by keys", "what is written")
+        press(self.desktop, "Return")
+        screen.wait_until(lambda: self.history.text.endswith("by keys"), "the sent line")
+        self.assertEqual(self.message.text, "")
+        write(self.desktop, "by the mouse")
+        self.window.find("push button", "Send").click()
+        screen.wait_until(lambda: self.history.text.endswith("by the mouse"), "the sent line")
+        self.message.wait_for_state("focused")
+
+    def test_escape_closes_the_window(self):
+        press(self.desktop, "Escape")
+        application = self.application(self.client)
+        screen.wait_until(lambda: not application.find_all("frame", "Ann"), "the window should be gone")
+
+
+class ChatWindowAtTwiceTheSize(ChatTest):
+    def test_the_window_and_its_pictures_are_twice_as_large(self):
+        pictures = self.desktop.folder / "home/.local/share/zepa/themes/icons/default/icons"
+        pictures.mkdir(parents=True)
+        self.desktop.run("convert", "-size", "200x200", f"xc:{GREEN}", str(pictures / "green.png"))
+        windows, shown = [], []
+        for scale in (1, 2):
+            self.desktop.env["QT_SCALE_FACTOR"] = str(scale)
+            client = self.chat({"text": f"Look: image:{pictures}/green.png:image"})
+            now = self.desktop.folder / f"scale-{scale}.png"
+            shown.append(screen.wait_until(lambda: screen.colour(screen.picture(self.desktop, now), GREEN),
+                                           "the picture in the chat window"))
+            windows.append(screen.window_box(self.desktop, screen.windows(self.desktop, "--name", "^Ann")[0]))
+            self.assertTrue(windows[-1].holds(shown[-1]), (windows, shown))
+            client.stop()
+        for one, two in (windows, shown):
+            self.assertAlmostEqual(two.width / one.width, 2, delta=0.1)
+            self.assertAlmostEqual(two.height / one.height, 2, delta=0.1)

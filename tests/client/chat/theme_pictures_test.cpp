@@ -101,6 +101,24 @@ TEST_F(ThemePictures, ALargePictureIsScaledDownAndAHugeOneIsNotRead)
     EXPECT_EQ(readPicture(theme + QStringLiteral("icons/bell.png"), QSize(64, 64)).size(), QSize(32, 32));
 }
 
+TEST_F(ThemePictures, AScaledPictureKeepsItsColoursHoweverItIsStored)
+{
+    for (const QImage::Format format : {QImage::Format_Mono, QImage::Format_Indexed8, QImage::Format_RGB32,
+                                        QImage::Format_ARGB32, QImage::Format_RGBA64}) {
+        QImage picture(200, 200, format);
+        if (picture.depth() <= 8)
+            picture.setColorTable({qRgb(0, 200, 0), qRgb(0, 0, 0)});
+        if (picture.colorCount() > 0)
+            picture.fill(0U);
+        else
+            picture.fill(QColor(0, 200, 0));
+        ASSERT_TRUE(picture.save(theme + QStringLiteral("green.png")));
+        const QImage read = readPicture(theme + QStringLiteral("green.png"), QSize(64, 64));
+        ASSERT_EQ(read.size(), QSize(64, 64));
+        EXPECT_EQ(read.pixelColor(31, 32), QColor(0, 200, 0)) << format;
+    }
+}
+
 TEST_F(ThemePictures, WhatIsNoPlainPictureIsNotRead)
 {
     QFile text(theme + QStringLiteral("text.png"));
