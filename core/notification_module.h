@@ -13,6 +13,7 @@
 #include <QString>
 #include <QTime>
 
+class LocalClock;
 class ZepaNotification;
 class ZepaNotificationMethod;
 class ZepaNotificationRule;
@@ -120,7 +121,7 @@ private:
     ZepaNotificationModule();
     QString getRuleFile(const ZepaNotification* notification) const;
     void addDefaultRule(ZepaNotification* notification, ZepaNotificationMethod* method);
-    void forgetOldPostings(const ZepaField& limit);
+    void forgetOldPostings(const ZepaField& limit, LocalClock& clock);
 
     ZepaTrayIcon* trayIcon;
     ZepaNotificationMethod* hintMethod;

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
+#include "core/local_clock.h"
 #include "core/notification_module.h"
 #include "core/notification_rule.h"
 #include "host/settings_manager_private.h"
@@ -45,14 +46,6 @@ ZepaField repeatLimit()
     return ZepaSettingsManagerPrivate::settingsMgrPrivInstance->readGlobalSetting(field);
 }
 
-/// Whole seconds from `from` to `to`, truncated towards zero. QTime::secsTo() would truncate both times first and
-/// count 0.9 s to 1.1 s as one second.
-int secondsBetween(QTime from, QTime to)
-{
-    constexpr int millisecondsPerSecond = 1000;
-    return from.msecsTo(to) / millisecondsPerSecond;
-}
-
 } // namespace
 
 void ZepaNotificationModule::postNotification(const QString& id, const QString& title, const QString& text,
@@ -61,10 +54,11 @@ void ZepaNotificationModule::postNotification(const QString& id, const QString& 
 {
     // No separator between the two: "a" + "bc" and "ab" + "c" count as the same. This is meant.
     const QString key = id + title;
-    forgetOldPostings(repeatLimit());
+    LocalClock clock;
+    forgetOldPostings(repeatLimit(), clock);
     if (lastPostings.contains(key))
         return;
-    lastPostings.insert(key, QTime::currentTime());
+    lastPostings.insert(key, QTime::fromMSecsSinceStartOfDay(clock.now()));
 
     ZepaNotification* notification = notifications.value(id);
     if (notification == nullptr)
@@ -89,12 +83,15 @@ void ZepaNotificationModule::endRunningPostings()
     qDeleteAll(std::exchange(removedRules, {}));
 }
 
-void ZepaNotificationModule::forgetOldPostings(const ZepaField& limit)
+void ZepaNotificationModule::forgetOldPostings(const ZepaField& limit, LocalClock& clock)
 {
+    constexpr int millisecondsPerSecond = 1000;
     for (auto entry = lastPostings.begin(); entry != lastPostings.end();) {
-        // Times of day without a date, and this is meant: after midnight the difference is negative, and the entry
-        // stays until the clock has passed its time of day again.
-        if (secondsBetween(*entry, QTime::currentTime()) > limit.getIntValue())
+        // Whole seconds, truncated towards zero. QTime::secsTo() would truncate both times first and count 0.9 s to
+        // 1.1 s as one second. Times of day without a date, and this is meant: after midnight the difference is
+        // negative, and the entry stays until the clock has passed its time of day again.
+        const int elapsed = (clock.now() - entry->msecsSinceStartOfDay()) / millisecondsPerSecond;
+        if (elapsed > limit.getIntValue())
             entry = lastPostings.erase(entry);
         else
             ++entry;

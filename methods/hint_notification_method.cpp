@@ -3,11 +3,13 @@
 
 #include "core/notification.h"
 #include "core/notification_module.h"
+#include "methods/picture_cache.h"
 
 #include <QBuffer>
 #include <QCoreApplication>
 #include <QPixmap>
 
+#include <memory>
 #include <utility>
 #include <vector>
 
@@ -105,7 +107,9 @@ const CFStringRef& allNotificationsKey()
 } // namespace
 
 ZepaHintNotificationMethod::ZepaHintNotificationMethod()
-    : growlDelegate{}, notificationArray(CFArrayCreateMutable(kCFAllocatorDefault, 0, &kCFTypeArrayCallBacks))
+    : growlDelegate{}
+    , notificationArray(CFArrayCreateMutable(kCFAllocatorDefault, 0, &kCFTypeArrayCallBacks))
+    , pictures(std::make_unique<PictureCache>(qPixmapToCFDataRef))
 {
     hnminstance = this;
     liveInstance = this;
@@ -227,7 +231,7 @@ void ZepaHintNotificationMethod::postNotification(unsigned int sequence, ZepaNot
     const Owned<CFStringRef> name(qStringToCFStringRef(notification->getName()));
     const Owned<CFStringRef> heading(qStringToCFStringRef(withoutImageMarker(title)));
     const Owned<CFStringRef> body(qStringToCFStringRef(withoutImageMarker(text)));
-    const Owned<CFDataRef> picture(qPixmapToCFDataRef(QPixmap(icon)));
+    const Owned<CFDataRef> picture(pictures->picture(icon));
 
     Growl_Notification popup{};
     popup.size = sizeof(popup);

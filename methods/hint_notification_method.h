@@ -9,6 +9,10 @@
 
 #include <QHash>
 
+#include <memory>
+
+class PictureCache;
+
 /// Shows a notification as a pop-up through Growl. A click on it runs the posting's action.
 ///
 /// Growl knows the client as "Zepa", and the notification types by their display names. Setting of a rule: "sticky",
@@ -48,6 +52,7 @@ private:
     CFMutableArrayRef notificationArray;
     /// Actions of the pop-ups that wait for an answer, by click context; holds one reference on each context.
     QHash<const void*, ZepaPluginAction> pendingActions;
+    const std::unique_ptr<PictureCache> pictures;
 };
 
 /// The method that the call-backs work on: the one made last. Null before the first; never cleared.

@@ -31,7 +31,8 @@ public:
 ///   post COUNT MICROSECONDS  posts so often, and runs the event loop for that long after each
 ///   refresh                  calls Poster::refresh()
 ///
-/// The first line printed is "ready NANOSECONDS", what start() took. The answer to "post" holds a word for each posting,
-/// "BEGIN:CALL:BUSY": when it began on the system's monotonic clock, how long the caller waited for the call, and how
-/// much processor time its thread used until the event loop had run; all in nanoseconds. Returns at the end of input.
+/// The first line printed is "ready NANOSECONDS", what start() took. The answer to "post" holds a word for each
+/// posting, "BEGIN:CALL:BUSY": when it began on the system's monotonic clock, how long the caller waited for the call,
+/// and how much processor time its thread used until the event loop had run; all in nanoseconds. Returns at the end of
+/// input.
 int runPoster(Poster& poster);

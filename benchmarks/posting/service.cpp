@@ -28,8 +28,10 @@ class Service : public QDBusVirtualObject
 {
 public:
     Service(const QString& file, const QString& delay)
-        : m_bus(QDBusConnection::sessionBus()), m_log(file), m_never(delay == QStringLiteral("never")),
-          m_delay(delay.toInt())
+        : m_bus(QDBusConnection::sessionBus())
+        , m_log(file)
+        , m_never(delay == QStringLiteral("never"))
+        , m_delay(delay.toInt())
     {
         m_log.open(QIODevice::WriteOnly | QIODevice::Append | QIODevice::Unbuffered);
         m_bus.registerVirtualObject(QStringLiteral("/org/freedesktop/Notifications"), this);

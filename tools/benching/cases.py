@@ -5,6 +5,7 @@ import dataclasses
 import typing
 
 import posting_cases
+import process_cases
 
 
 @dataclasses.dataclass(frozen=True)
@@ -14,6 +15,7 @@ class Case:
     run: typing.Callable
 
 
+_IN_PROCESS = ("bench_in_process",)
 _POSTERS = ("bench_service", "limit_poster", "module_poster")
 
 CASES = {
@@ -23,4 +25,13 @@ CASES = {
     "first": Case("the first posting of a process", _POSTERS, posting_cases.first),
     "end-to-end": Case("from posting to the moment at which the service has the message", _POSTERS,
                        posting_cases.end_to_end),
+    "dropped": Case("postings that reach nobody", _IN_PROCESS, process_cases.dropped),
+    "rules": Case("a posting with 0 to 64 rules", _IN_PROCESS, process_cases.rules),
+    "keys": Case("a posting beside 0 to 100,000 remembered ones", _IN_PROCESS, process_cases.keys),
+    "other-ways": Case("a sound, a line in a chat window, an attention request", _IN_PROCESS,
+                       process_cases.other_ways),
+    "start": Case("getInstance() and init()", ("bench_service", "start_probe"), process_cases.start),
+    "types": Case("18 to 5,000 further types", ("start_probe",), process_cases.types),
+    "edit": Case("a rule edit with 18 to 1,000 types", _IN_PROCESS, process_cases.edit),
+    "memory": Case("what is kept in memory", ("bench_service", "memory_base", "memory_probe"), process_cases.memory),
 }

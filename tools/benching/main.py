@@ -39,6 +39,11 @@ class Context:
         self._folders += 1
         return self.folder / f"folder-{self._folders}"
 
+    def fresh_folder_made(self):
+        folder = self.fresh_folder()
+        folder.mkdir()
+        return folder
+
     @staticmethod
     def announce(what):
         print(f"   {what}", file=sys.stderr, flush=True)

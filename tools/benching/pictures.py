@@ -16,6 +16,10 @@ def write_all(folder):
         _write(folder / f"256-{number}.png", 256, 3 + number)
 
 
+def write_one(path, side):
+    _write(path, side, 1)
+
+
 def _write(path, side, seed):
     y, x = numpy.mgrid[0:side, 0:side]
     grain = numpy.random.default_rng(seed).integers(0, 8, (side, side))

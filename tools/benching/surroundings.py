@@ -24,7 +24,7 @@ def environment(folder, **more):
     for path in (home, run):
         path.mkdir(exist_ok=True)
     run.chmod(0o700)
-    env.update(HOME=str(home), XDG_RUNTIME_DIR=str(run), XDG_CONFIG_HOME=str(home / "config"),
+    env.update(HOME=str(home), TMPDIR=str(folder), XDG_RUNTIME_DIR=str(run), XDG_CONFIG_HOME=str(home / "config"),
                XDG_DATA_HOME=str(home / "data"), XDG_CACHE_HOME=str(home / "cache"), LC_ALL="C.UTF-8",
                TZ=":/etc/localtime", QT_QPA_PLATFORM="offscreen", GSETTINGS_BACKEND="memory", GIO_USE_VFS="local",
                DBUS_SESSION_BUS_ADDRESS="unix:path=/nonexistent")

@@ -1,0 +1,55 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "fixture.h"
+
+#include <QHash>
+#include <QTime>
+
+namespace {
+
+/// An explicit instantiation may name private members: this is how the table is filled without posting.
+QHash<QString, QTime>& rememberedPostings(ZepaNotificationModule& module);
+
+template <QHash<QString, QTime> ZepaNotificationModule::*member>
+struct Reach
+{
+    friend QHash<QString, QTime>& rememberedPostings(ZepaNotificationModule& module) { return module.*member; }
+};
+
+template struct Reach<&ZepaNotificationModule::lastPostings>;
+
+} // namespace
+
+Fixture::Fixture() : m_settings(m_folder.path())
+{
+    // Nothing is forgotten while something is measured.
+    m_settings.store(
+        ZepaField::spinBox(QString(), QStringLiteral("duplicated_notifications_time"), 300, 0, 5, QString(), QString()),
+        QStringLiteral("300"));
+    m_module.reset(ZepaNotificationModule::getInstance());
+    m_module->installNotificationMethod(&m_idle);
+}
+
+void Fixture::registerTypes(int count)
+{
+    for (int i = 0; i < count; ++i)
+        m_module->registerNotification(typeId(i), QStringLiteral("Type %1").arg(i), QString(), QString());
+}
+
+void Fixture::post(const QString& id, const QString& title)
+{
+    m_module->postNotification(id, title, QStringLiteral("Shall we have lunch together at noon?"), QString(), QString(),
+                               ZepaPluginAction(), {});
+}
+
+void Fixture::rememberPostings(int count)
+{
+    QHash<QString, QTime>& table = rememberedPostings(*m_module);
+    table.reserve(count);
+    for (int i = 0; i < count; ++i)
+        table.insert(QStringLiteral("message_receivedPosting number %1").arg(100'000 + i), QTime::currentTime());
+}
+
+void Fixture::forgetPostings()
+{
+    rememberedPostings(*m_module).clear();
+}

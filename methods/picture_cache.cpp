@@ -1,0 +1,45 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "methods/picture_cache.h"
+
+#include <QFileInfo>
+#include <QImage>
+#include <QPixmap>
+
+#include <algorithm>
+#include <memory>
+#include <utility>
+
+CFDataRef PictureCache::picture(const QString& path)
+{
+    if (path.isEmpty())
+        return nullptr;
+    const QFileInfo file(path);
+    // Without its ending in the path a picture is found too, and of that file nothing is known here.
+    const bool isKnown = file.isFile();
+    const State state = isKnown ? stateOf(file) : State();
+    if (const Entry* entry = isKnown ? pictures.object(path) : nullptr; entry != nullptr && entry->file == state)
+        return static_cast<CFDataRef>(CFRetain(entry->encoded));
+
+    // By way of an image: a pixmap made from the path comes from Qt's own cache, which looks at whole seconds.
+    const CFDataRef encoded = encodePicture(QPixmap::fromImage(QImage(path)));
+    if (encoded == nullptr || !isKnown || !isSettled(state)) {
+        pictures.remove(path);
+        return encoded;
+    }
+    CFRetain(encoded);
+    pictures.insert(path, std::make_unique<Entry>(encoded, state).release(), CFDataGetLength(encoded));
+    return encoded;
+}
+
+PictureCache::State PictureCache::stateOf(const QFileInfo& file)
+{
+    return {file.size(), file.lastModified(), file.metadataChangeTime()};
+}
+
+/// A file that has just been written may be written once more within the same tick of the file system's clock.
+bool PictureCache::isSettled(const State& state)
+{
+    constexpr int longestTick = 100;
+    const QDateTime latest = state.changed.isValid() ? std::max(state.modified, state.changed) : state.modified;
+    return latest.msecsTo(QDateTime::currentDateTimeUtc()) > longestTick;
+}

@@ -1,0 +1,55 @@
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include <CoreFoundation/CoreFoundation.h>
+
+#include <QCache>
+#include <QDateTime>
+#include <QString>
+
+class QFileInfo;
+class QPixmap;
+
+/// Picture files as Growl takes them: each is loaded and encoded once, and again when the file has changed.
+class PictureCache
+{
+public:
+    /// Makes new data from a picture; null for a null picture.
+    using Encode = CFDataRef (*)(const QPixmap& picture);
+
+    /// What is kept in bytes. The least recently used pictures go first.
+    static constexpr qsizetype byteLimit = qsizetype(8) * 1024 * 1024;
+
+    explicit PictureCache(Encode encode) : encodePicture(encode), pictures(byteLimit) {}
+
+    /// The encoded picture in the file at `path`, a reference for the caller to give up; null when there is none that
+    /// can be read.
+    CFDataRef picture(const QString& path);
+
+private:
+    /// What changes when a file's content does.
+    struct State
+    {
+        qint64 size = 0;
+        QDateTime modified;
+        QDateTime changed; ///< also when the one before was set back
+
+        friend bool operator==(const State&, const State&) = default;
+    };
+    struct Entry
+    {
+        Entry(CFDataRef data, State state) : encoded(data), file(std::move(state)) {}
+        ~Entry() { CFRelease(encoded); }
+        Entry(const Entry&) = delete;
+        Entry& operator=(const Entry&) = delete;
+
+        CFDataRef encoded;
+        State file;
+    };
+
+    static State stateOf(const QFileInfo& file);
+    static bool isSettled(const State& state);
+
+    const Encode encodePicture;
+    QCache<QString, Entry> pictures;
+};
