@@ -14,6 +14,7 @@ from gi.repository import Gio, GLib  # noqa: E402  (the version is asked for fir
 ICONS = ROOT / "client" / "themes" / "roster" / "default" / "icons"
 # Each picture once; those with a size in their name are the same again.
 PICTURES = [path for path in sorted(ICONS.glob("*.png")) if "-" not in path.stem]
+ITEM = "org.kde.StatusNotifierItem"
 WATCHER = ("org.kde.StatusNotifierWatcher", "/StatusNotifierWatcher", "org.kde.StatusNotifierWatcher")
 
 
@@ -85,6 +86,47 @@ class StatusIcon:
         screen.wait_until(lambda: self.icon() is None, "the status area without the icon")
 
 
+class IconOfAWindow:
+    """What is done with the icon of a client that has a window: a class below says how a host does it."""
+
+    def setUp(self):
+        super().setUp()
+        self.client = self.start_zepa()
+        self.window = screen.wait_until(self.windows, "the main window")[0]
+        screen.wait_until(lambda: self.active() == self.window, "the main window should be the active one")
+
+    def windows(self):
+        return screen.windows(self.desktop, "--name", "^Zepa$")
+
+    def active(self):
+        ran = subprocess.run(["xdotool", "getactivewindow"], env=self.desktop.env, stdin=subprocess.DEVNULL,
+                             capture_output=True, text=True)
+        return ran.stdout.strip()
+
+    def minimise(self):
+        self.desktop.run("xdotool", "windowminimize", "--sync", self.window)
+        screen.wait_until(lambda: not self.windows(), "the main window should be minimised")
+
+    def wait_until_shown(self):
+        screen.wait_until(lambda: self.windows() == [self.window], "the main window should be shown")
+        screen.wait_until(lambda: self.active() == self.window, "the main window should be the active one")
+
+    def test_a_click_brings_the_window_back(self):
+        self.minimise()
+        self.click_icon()
+        self.wait_until_shown()
+
+    def test_show_in_the_menu_brings_the_window_back(self):
+        self.minimise()
+        self.choose("Show")
+        self.wait_until_shown()
+
+    def test_quit_in_the_menu_ends_the_client(self):
+        self.choose("Quit")
+        self.client.finish(0)
+        self.assertEqual(self.windows(), [])
+
+
 class StatusIconInTrayer(StatusIcon, DesktopTest):
     """XEmbed: the icon is a window in the host's window."""
 
@@ -92,12 +134,27 @@ class StatusIconInTrayer(StatusIcon, DesktopTest):
     area = screen.Box(0, 0, 200, 32)
 
 
-class StatusIconInPanel(StatusIcon, DesktopTest):
-    """StatusNotifierItem: the icon is an object on the session bus that the panel draws."""
+class IconOfAWindowInTrayer(IconOfAWindow, DesktopTest):
+    options = {"service": "none", "tray": "trayer"}
 
-    options = {"service": "dunst", "tray": "lxqt-panel", "popup_seconds": 120}
-    # Without the clock in the corner.
-    area = screen.Box(1000, 766, 247, 34)
+    def icon(self):
+        """The icon's window is the only one of the client's in the corner where the host is."""
+        boxes = (screen.window_box(self.desktop, window)
+                 for window in screen.windows(self.desktop, "--pid", str(self.client.pid)))
+        return next((box for box in boxes if box.y < 32 and box.height <= 32), None)
+
+    def click_icon(self, button=1):
+        screen.click(self.desktop, screen.wait_until(self.icon, "the icon in the status area").at(), button)
+
+    def choose(self, name):
+        before = screen.Watcher(self.desktop)
+        self.click_icon(3)
+        menu = before.appeared("the menu")
+        screen.click(self.desktop, menu.at(0.5, {"Show": 0.25, "Quit": 0.75}[name]))
+
+
+class PanelTest(DesktopTest):
+    """Has no test itself: a host for icons that are objects on the session bus, and a way to read these."""
 
     def setUp(self):
         super().setUp()
@@ -106,22 +163,50 @@ class StatusIconInPanel(StatusIcon, DesktopTest):
             Gio.DBusConnectionFlags.AUTHENTICATION_CLIENT | Gio.DBusConnectionFlags.MESSAGE_BUS_CONNECTION, None, None)
         self.addCleanup(self.bus.close_sync)
 
-    def read(self, name, path, interface, property_name):
-        answer = self.bus.call_sync(name, path, "org.freedesktop.DBus.Properties", "Get",
-                                    GLib.Variant("(ss)", (interface, property_name)), None, Gio.DBusCallFlags.NONE,
-                                    5000, None)
-        return answer.unpack()[0]
+    def call(self, name, path, interface, method, arguments):
+        return self.bus.call_sync(name, path, interface, method, arguments, None, Gio.DBusCallFlags.NONE, 5000,
+                                  None).unpack()
 
-    def items(self):
-        return self.read(*WATCHER, "RegisteredStatusNotifierItems")
+    def read(self, name, path, interface, property_name):
+        return self.call(name, path, "org.freedesktop.DBus.Properties", "Get",
+                         GLib.Variant("(ss)", (interface, property_name)))[0]
+
+    def item(self):
+        """The bus name and the path of the only icon, as soon as it is there."""
+        items = screen.wait_until(lambda: self.read(*WATCHER, "RegisteredStatusNotifierItems"), "an item")
+        self.assertEqual(len(items), 1)
+        name, _, path = items[0].partition("/")
+        return name, f"/{path}" if path else "/StatusNotifierItem"
+
+
+class IconOfAWindowInPanel(IconOfAWindow, PanelTest):
+    options = {"service": "none", "tray": "lxqt-panel"}
+
+    def click_icon(self):
+        self.call(*self.item(), ITEM, "Activate", GLib.Variant("(ii)", (0, 0)))
+
+    def choose(self, name):
+        owner, path = self.item()
+        menu = (owner, self.read(owner, path, ITEM, "Menu"), "com.canonical.dbusmenu")
+        _, (_, _, entries) = self.call(*menu, "GetLayout", GLib.Variant("(iias)", (0, -1, [])))
+        labels = {properties["label"].replace("_", ""): number for number, properties, _ in entries}
+        self.assertEqual(list(labels), ["Show", "Quit"])
+        self.call(*menu, "Event", GLib.Variant("(isvu)", (labels[name], "clicked", GLib.Variant("s", ""), 0)))
+
+
+class StatusIconInPanel(StatusIcon, PanelTest):
+    """StatusNotifierItem: the panel draws the icon."""
+
+    options = {"service": "dunst", "tray": "lxqt-panel", "popup_seconds": 120}
+    # Without the clock in the corner.
+    area = screen.Box(1000, 766, 247, 34)
 
     def test_the_item_on_the_bus_has_the_theme_s_picture_and_a_menu(self):
         self.start()
-        name, _, path = screen.wait_until(self.items, "an item")[0].partition("/")
-        path = f"/{path}" if path else "/StatusNotifierItem"
+        owner, path = self.item()
 
         def item(property_name):
-            return self.read(name, path, "org.kde.StatusNotifierItem", property_name)
+            return self.read(owner, path, ITEM, property_name)
 
         self.assertNotEqual(item("Menu"), "/")
         width, height, pixels = max(item("IconPixmap"))
