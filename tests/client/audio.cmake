@@ -9,6 +9,7 @@ zepa_test(client_audio_service_test LABEL unit
 zepa_test(client_sound_server_test LABEL desktop
   SOURCES audio/sound_server_test.cpp audio/sound_server.cpp audio/likeness.cpp
   LIBRARIES zepa_client_audio)
+set_source_files_properties(audio/sound_server.cpp PROPERTIES SKIP_UNITY_BUILD_INCLUSION ON)
 target_compile_definitions(client_sound_server_test PRIVATE ZEPA_SOURCE_THEMES="${CMAKE_SOURCE_DIR}/client/themes")
 zepa_test(client_themes_test LABEL unit
   SOURCES audio/themes_test.cpp audio/likeness.cpp
