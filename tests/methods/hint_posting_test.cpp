@@ -2,7 +2,13 @@
 #include "methods/hint_notification_method.h"
 #include "module_test.h"
 
+#include <QColor>
+#include <QDateTime>
+#include <QFile>
+#include <QFileInfo>
+#include <QImage>
 #include <QPixmap>
+#include <QThread>
 
 #include <limits>
 
@@ -30,6 +36,25 @@ protected:
     const ZepaPluginAction action{[] {}};
     const QString a = QStringLiteral("a");
 };
+
+/// Long enough for a written file to count as settled, in milliseconds.
+constexpr int settledAge = 150;
+
+/// Saves a small picture of one colour, and waits until the file is of that age.
+bool savePicture(const QString& file, const QColor& colour, int age = 0)
+{
+    QImage picture(3, 2, QImage::Format_RGB32);
+    picture.fill(colour);
+    if (!picture.save(file))
+        return false;
+    QThread::msleep(static_cast<unsigned long>(age));
+    return true;
+}
+
+QColor colourOf(const QByteArray& encoded)
+{
+    return QImage::fromData(encoded).pixelColor(0, 0);
+}
 
 } // namespace
 
@@ -154,6 +179,51 @@ TEST_F(HintPosting, HandsThePictureOnAsAPngFile)
         EXPECT_TRUE(icon.startsWith("\x89PNG"));
         EXPECT_EQ(QImage::fromData(icon).convertToFormat(QImage::Format_RGB32), picture);
     }
+}
+
+TEST_F(HintPosting, HandsTheSamePictureOnForTheSameFile)
+{
+    const QString file = host.settings.filePath(QStringLiteral("picture.png"));
+    ASSERT_TRUE(savePicture(file, Qt::green, settledAge));
+    const QByteArray first = post(a, a, {}, {}, file).icon;
+    const QByteArray second = post(a, a, {}, {}, file).icon;
+    EXPECT_EQ(colourOf(first), QColor(Qt::green));
+    EXPECT_EQ(second, first);
+}
+
+TEST_F(HintPosting, NoticesThatAPictureFileHasChanged)
+{
+    const QString file = host.settings.filePath(QStringLiteral("picture.bmp"));
+    ASSERT_TRUE(savePicture(file, Qt::green, settledAge));
+    EXPECT_EQ(colourOf(post(a, a, {}, {}, file).icon), QColor(Qt::green));
+    EXPECT_EQ(colourOf(post(a, a, {}, {}, file).icon), QColor(Qt::green));
+    const qint64 size = QFileInfo(file).size();
+    const QDateTime modified = QFileInfo(file).lastModified();
+    ASSERT_TRUE(savePicture(file, Qt::red));
+    // Of the same length, and with its old time of modification.
+    QFile changed(file);
+    ASSERT_TRUE(changed.open(QIODevice::ReadWrite) && changed.setFileTime(modified, QFileDevice::FileModificationTime));
+    changed.close();
+    ASSERT_EQ(QFileInfo(file).size(), size);
+    EXPECT_EQ(colourOf(post(a, a, {}, {}, file).icon), QColor(Qt::red));
+}
+
+TEST_F(HintPosting, NoticesEveryChangeOfAFileThatIsBeingWritten)
+{
+    const QString file = host.settings.filePath(QStringLiteral("picture.bmp"));
+    for (const Qt::GlobalColor colour : {Qt::green, Qt::red, Qt::blue, Qt::green, Qt::red}) {
+        ASSERT_TRUE(savePicture(file, colour));
+        EXPECT_EQ(colourOf(post(a, a, {}, {}, file).icon), QColor(colour));
+    }
+}
+
+TEST_F(HintPosting, HandsNoPictureOnWhenItsFileIsGone)
+{
+    const QString file = host.settings.filePath(QStringLiteral("picture.png"));
+    ASSERT_TRUE(savePicture(file, Qt::green, settledAge));
+    EXPECT_FALSE(post(a, a, {}, {}, file).icon.isNull());
+    ASSERT_TRUE(QFile::remove(file));
+    EXPECT_TRUE(post(a, a, {}, {}, file).icon.isNull());
 }
 
 TEST_F(HintPosting, HandsNoPictureOnForAMissingOrUnreadableFileOrAnEmptyPath)

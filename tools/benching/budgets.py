@@ -79,3 +79,7 @@ def problems(counts, budgets):
 
 def _change(instructions, budget):
     return f"{instructions / budget - 1:+.1%}" if budget else "new"
+
+
+if __name__ == "__main__":
+    sys.exit(main(write=False))

@@ -6,6 +6,7 @@ import typing
 
 import posting_cases
 import process_cases
+import window_case
 
 
 @dataclasses.dataclass(frozen=True)
@@ -34,4 +35,6 @@ CASES = {
     "types": Case("18 to 5,000 further types", ("start_probe",), process_cases.types),
     "edit": Case("a rule edit with 18 to 1,000 types", _IN_PROCESS, process_cases.edit),
     "memory": Case("what is kept in memory", ("bench_service", "memory_base", "memory_probe"), process_cases.memory),
+    "window": Case("from the start of the program to its window", ("bench_service", "empty_window", "zepa"),
+                   window_case.window),
 }
