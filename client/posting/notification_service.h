@@ -4,7 +4,7 @@
 /// The desktop's notification service, from the side of a program that starts, posts and ends within a moment.
 namespace zepa {
 
-/// Gives the session bus time, a few seconds at most, to say whether there is a notification service. Until then one
+/// Gives the session bus time, six seconds at most, to say whether there is a notification service. Until then one
 /// counts as there, and a pop-up could go nowhere. Events are handled meanwhile.
 void waitForNotificationService();
 

@@ -7,8 +7,8 @@
 #include "host/chat_manager.h"
 
 #include <Growl/Growl.h>
+#include <zepa_platform/popups.h>
 
-#include <QDBusConnection>
 #include <QFileInfo>
 
 #include <algorithm>
@@ -35,7 +35,7 @@ Fate fateOf(Client& client, const Posting& posting, bool wasCalled)
 PopupState popupOf(const Delivery& call)
 {
     if (!Growl_IsRunning())
-        return QDBusConnection::sessionBus().isConnected() ? PopupState::NoService : PopupState::NoBus;
+        return zepaPopupService() == ZepaPopupService::NoBus ? PopupState::NoBus : PopupState::NoService;
     return call.isRegistered ? PopupState::Asked : PopupState::NotRegistered;
 }
 

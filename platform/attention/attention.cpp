@@ -26,12 +26,14 @@ public:
     }
 
 private:
-    static void tellLauncher(bool urgent)
+    void tellLauncher(bool urgent)
     {
-        attention::sendToLauncher(attention::launcherUpdate(
+        m_launcher.send(attention::launcherUpdate(
             attention::launcherAddress(QGuiApplication::desktopFileName(), QGuiApplication::applicationName()),
             urgent));
     }
+
+    attention::Launcher m_launcher;
 };
 
 /// Lives as long as the application object that it listens to.

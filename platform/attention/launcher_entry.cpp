@@ -1,33 +1,12 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "attention/launcher_entry.h"
 
-#include <QCoreApplication>
 #include <QDBusConnection>
-#include <QThreadPool>
 #include <QVariantMap>
 
+#include <utility>
+
 namespace attention {
-
-namespace {
-
-/// One thread, so that updates keep their order. Never deleted: its destructor would wait for a bus that is stuck.
-QThreadPool& worker()
-{
-    static QThreadPool& pool = []() -> QThreadPool& {
-        auto* created = new QThreadPool;
-        created->setMaxThreadCount(1);
-        // A program that ends right after an update still sends it, and gives up on a bus that does not answer.
-        qAddPostRoutine([] {
-            constexpr int patienceInMilliseconds = 200;
-            worker().clear();
-            worker().waitForDone(patienceInMilliseconds);
-        });
-        return *created;
-    }();
-    return pool;
-}
-
-} // namespace
 
 QString launcherAddress(const QString& desktopFileName, const QString& applicationName)
 {
@@ -47,9 +26,28 @@ QDBusMessage launcherUpdate(const QString& address, bool urgent)
     return update;
 }
 
-void sendToLauncher(const QDBusMessage& update)
+Launcher::Launcher()
 {
-    worker().start([update] { QDBusConnection::sessionBus().send(update); });
+    connect(&m_bus, &zepa::bus::SessionBus::opened, this, &Launcher::sendWaiting);
+    connect(&m_bus, &zepa::bus::SessionBus::closed, this, [this] { m_waiting.clear(); });
+}
+
+void Launcher::send(const QDBusMessage& update)
+{
+    if (!m_bus.open())
+        return;
+    m_waiting.append(update);
+    if (m_waiting.size() > waitingLimit)
+        m_waiting.removeFirst();
+    sendWaiting();
+}
+
+void Launcher::sendWaiting()
+{
+    if (!m_bus.isOpen())
+        return;
+    for (const QDBusMessage& update : std::exchange(m_waiting, {}))
+        m_bus.connection().send(update);
 }
 
 } // namespace attention

@@ -1,7 +1,11 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include "bus/session_bus.h"
+
 #include <QDBusMessage>
+#include <QList>
+#include <QObject>
 #include <QString>
 
 namespace attention {
@@ -13,8 +17,25 @@ QString launcherAddress(const QString& desktopFileName, const QString& applicati
 /// The signal that docks listen to.
 QDBusMessage launcherUpdate(const QString& address, bool urgent);
 
-/// Sends updates over the session bus in the order given. Returns at once: connecting and sending happen in a worker,
-/// because the first use of a bus waits until the bus answers. Without a bus the update is lost.
-void sendToLauncher(const QDBusMessage& update);
+/// Sends updates over the session bus, in the order given. Returns at once: what is said before the bus has answered
+/// for the first time leaves with the event loop. Without a bus an update is lost.
+class Launcher : public QObject
+{
+    Q_OBJECT
+
+public:
+    /// So many updates wait for the bus at most; beyond that the oldest is lost.
+    static constexpr qsizetype waitingLimit = 100;
+
+    Launcher();
+
+    void send(const QDBusMessage& update);
+
+private:
+    void sendWaiting();
+
+    zepa::bus::SessionBus m_bus;
+    QList<QDBusMessage> m_waiting;
+};
 
 } // namespace attention

@@ -7,8 +7,8 @@
 #include <QDBusError>
 #include <QDBusMetaType>
 #include <QDBusPendingCall>
-#include <QDBusPendingCallWatcher>
 
+#include <algorithm>
 #include <utility>
 
 namespace zepa::freedesktop {
@@ -27,33 +27,14 @@ const QString& servicePath()
     return path;
 }
 
-const QString& busName()
-{
-    static const QString name = QStringLiteral("org.freedesktop.DBus");
-    return name;
-}
-
-const QString& busPath()
-{
-    static const QString path = QStringLiteral("/org/freedesktop/DBus");
-    return path;
-}
-
-/// A connection that lost its bus stays dead under its name, so each gets a name of its own.
-QString nextConnectionName()
-{
-    static int count = 0;
-    return QStringLiteral("zepa-notifications-%1").arg(++count);
-}
-
-QDBusMessage busCall(const QString& method)
-{
-    return QDBusMessage::createMethodCall(busName(), busPath(), busName(), method);
-}
-
 QString noOwnerError()
 {
     return QStringLiteral("org.freedesktop.DBus.Error.NameHasNoOwner");
+}
+
+QDBusMessage noBus()
+{
+    return QDBusMessage::createError(QDBusError::Disconnected, QStringLiteral("no bus"));
 }
 
 } // namespace
@@ -61,48 +42,33 @@ QString noOwnerError()
 BusLink::BusLink()
 {
     qDBusRegisterMetaType<NotifyImage>();
+    m_clock.start();
+    m_limit.setSingleShot(true);
+    connect(&m_limit, &QTimer::timeout, this, &BusLink::endOverdueCalls);
     m_failure.setSingleShot(true);
     m_failure.setInterval(0);
     connect(&m_failure, &QTimer::timeout, this, [this] {
         for (const auto& [number, message] : std::exchange(m_failed, {}))
             finish(number, message);
     });
-}
-
-BusLink::~BusLink()
-{
-    if (m_bus)
-        QDBusConnection::disconnectFromBus(m_bus->name());
-}
-
-bool BusLink::open()
-{
-    if (m_bus)
-        return true;
-    if (m_lastAttempt.isValid() && !m_lastAttempt.hasExpired(retryAfter))
-        return false;
-    m_lastAttempt.start();
-    const QString name = nextConnectionName();
-    QDBusConnection bus = QDBusConnection::connectToBus(QDBusConnection::SessionBus, name);
-    if (!bus.isConnected()) {
-        qCDebug(freedesktopLog) << "no session bus:" << bus.lastError().name();
-        QDBusConnection::disconnectFromBus(name);
-        return false;
-    }
-    m_bus = bus;
-    subscribe();
-    askOwner();
-    askActivatable();
-    return true;
+    connect(&m_bus, &bus::SessionBus::opened, this, &BusLink::onOpened);
+    connect(&m_bus, &bus::SessionBus::closed, this, &BusLink::onClosed);
 }
 
 bool BusLink::isServiceAvailable() const
 {
-    if (!m_bus)
-        return false;
+    if (!m_bus.isOpen())
+        return m_bus.isOpening();
     if (!m_owner.isEmpty() || !m_ownerKnown || !m_activatable)
         return true;
     return *m_activatable;
+}
+
+bool BusLink::isServiceKnown() const
+{
+    if (!m_bus.isOpen())
+        return !m_bus.isOpening();
+    return !m_owner.isEmpty() || (m_ownerKnown && m_activatable);
 }
 
 bool BusLink::isOwner(const QString& sender)
@@ -114,11 +80,11 @@ bool BusLink::isOwner(const QString& sender)
     return m_owner == sender;
 }
 
-void BusLink::call(const QString& method, const QVariantList& arguments, Reply reply)
+void BusLink::call(const QString& method, const QVariantList& arguments, Reply reply, Reply late)
 {
     QDBusMessage message = QDBusMessage::createMethodCall(serviceName(), servicePath(), serviceName(), method);
     message.setArguments(arguments);
-    send(message, std::move(reply));
+    send(message, std::move(reply), std::move(late));
 }
 
 void BusLink::closeNotification(quint32 id)
@@ -132,32 +98,41 @@ void BusLink::closeNotification(quint32 id)
     send(message, [](const QDBusMessage&) {});
 }
 
+void BusLink::onOpened()
+{
+    // Questions first: what the bus says of the owner then comes before anything that the owner says.
+    subscribe();
+    askOwner();
+    askActivatable();
+    for (auto& [number, call] : m_calls) {
+        if (call.unsent)
+            transmit(number, *std::exchange(call.unsent, std::nullopt));
+    }
+}
+
 /// Matches on the well-known name follow a change of owner and keep out what others send in its name.
 void BusLink::subscribe()
 {
     const auto service = [this](const QString& signal, const char* slot) {
-        m_bus->connect(serviceName(), servicePath(), serviceName(), signal, this, slot);
+        m_bus.listen(serviceName(), servicePath(), serviceName(), signal, this, slot);
     };
     service(QStringLiteral("ActionInvoked"), SLOT(onActionInvoked(uint, QString, QDBusMessage)));
     service(QStringLiteral("ActivationToken"), SLOT(onActivationToken(uint, QString, QDBusMessage)));
     service(QStringLiteral("NotificationClosed"), SLOT(onNotificationClosed(uint, uint, QDBusMessage)));
-    m_bus->connect(busName(), busPath(), busName(), QStringLiteral("NameOwnerChanged"), {serviceName()},
-                   QStringLiteral("sss"), this, SLOT(onNameOwnerChanged(QString, QString, QString)));
-    m_bus->connect(busName(), busPath(), busName(), QStringLiteral("ActivatableServicesChanged"), this,
-                   SLOT(onActivatableServicesChanged()));
-    m_bus->connect(QString(), QStringLiteral("/org/freedesktop/DBus/Local"),
-                   QStringLiteral("org.freedesktop.DBus.Local"), QStringLiteral("Disconnected"), this,
-                   SLOT(onDisconnected()));
+    m_bus.listen(bus::busName(), bus::busPath(), bus::busName(), QStringLiteral("NameOwnerChanged"), this,
+                 SLOT(onNameOwnerChanged(QString, QString, QString, QDBusMessage)), serviceName());
+    m_bus.listen(bus::busName(), bus::busPath(), bus::busName(), QStringLiteral("ActivatableServicesChanged"), this,
+                 SLOT(onActivatableServicesChanged(QDBusMessage)));
 }
 
 void BusLink::askOwner()
 {
-    QDBusMessage message = busCall(QStringLiteral("GetNameOwner"));
+    QDBusMessage message = bus::busCall(QStringLiteral("GetNameOwner"));
     message.setArguments({serviceName()});
     send(message, [this, news = m_ownerNews](const QDBusMessage& reply) {
         // News that came meanwhile are newer, and a bus that did not answer has not said that there is no owner.
         const bool owned = reply.type() == QDBusMessage::ReplyMessage;
-        if (!m_bus || news != m_ownerNews || (!owned && reply.errorName() != noOwnerError()))
+        if (!m_bus.isOpen() || news != m_ownerNews || (!owned && reply.errorName() != noOwnerError()))
             return;
         m_ownerKnown = true;
         setOwner(owned ? reply.arguments().value(0).toString() : QString());
@@ -166,37 +141,86 @@ void BusLink::askOwner()
 
 void BusLink::askActivatable()
 {
-    send(busCall(QStringLiteral("ListActivatableNames")), [this](const QDBusMessage& reply) {
-        if (m_bus)
+    send(bus::busCall(QStringLiteral("ListActivatableNames")), [this](const QDBusMessage& reply) {
+        if (m_bus.isOpen())
             m_activatable = reply.arguments().value(0).toStringList().contains(serviceName());
     });
 }
 
-void BusLink::send(const QDBusMessage& message, Reply reply)
+void BusLink::send(const QDBusMessage& message, Reply reply, Reply late)
 {
     const quint64 number = ++m_lastCall;
-    m_replies.emplace(number, std::move(reply));
-    const QDBusPendingCall pending =
-        m_bus ? m_bus->asyncCall(message, callLimit)
-              : QDBusPendingCall::fromError(QDBusError(QDBusError::Disconnected, QStringLiteral("no bus")));
+    Call call{std::move(reply), std::move(late), m_clock.elapsed() + callLimit, std::nullopt, nullptr};
+    if (m_bus.isOpening())
+        call.unsent = message;
+    m_calls.emplace(number, std::move(call));
+    watchLimits();
+    if (m_bus.isOpen())
+        transmit(number, message);
+    else if (!m_bus.isOpening())
+        fail(number, noBus());
+}
+
+void BusLink::transmit(quint64 number, const QDBusMessage& message)
+{
+    Call& call = m_calls.at(number);
+    // The limit is our own, so that what comes later is heard of.
+    const QDBusPendingCall pending = m_bus.connection().asyncCall(message, call.late ? lateLimit : 2 * callLimit);
     // A watcher of a call that failed at once says nothing.
     if (pending.isFinished()) {
-        m_failed.emplace(number, pending.reply());
-        m_failure.start();
+        fail(number, pending.reply());
         return;
     }
     auto* watcher = new QDBusPendingCallWatcher(pending, this);
+    call.watcher = watcher;
     connect(watcher, &QDBusPendingCallWatcher::finished, this, [this, number, watcher] {
         watcher->deleteLater();
         finish(number, watcher->reply());
     });
 }
 
+void BusLink::fail(quint64 number, const QDBusMessage& error)
+{
+    m_failed.emplace(number, error);
+    m_failure.start();
+}
+
 void BusLink::finish(quint64 number, const QDBusMessage& message)
 {
-    const auto node = m_replies.extract(number);
-    if (!node.empty())
-        node.mapped()(message);
+    if (const auto call = m_calls.extract(number); !call.empty())
+        call.mapped().reply(message);
+    else if (const auto late = m_late.extract(number); !late.empty() && message.type() == QDBusMessage::ReplyMessage)
+        late.mapped().late(message);
+}
+
+void BusLink::endOverdueCalls()
+{
+    const QDBusMessage error = QDBusMessage::createError(QDBusError::NoReply, QStringLiteral("no reply in time"));
+    while (!m_calls.empty() && m_calls.begin()->second.endsAt <= m_clock.elapsed()) {
+        auto call = m_calls.extract(m_calls.begin());
+        const Reply reply = std::exchange(call.mapped().reply, {});
+        if (call.mapped().late && call.mapped().watcher)
+            m_late.insert(std::move(call));
+        else
+            delete call.mapped().watcher.data();
+        if (m_late.size() > lateCallLimit)
+            delete m_late.extract(m_late.begin()).mapped().watcher.data();
+        reply(error);
+    }
+    watchLimits();
+}
+
+void BusLink::watchLimits()
+{
+    if (m_calls.empty())
+        m_limit.stop();
+    else if (!m_limit.isActive())
+        m_limit.start(static_cast<int>(std::max<qint64>(0, m_calls.begin()->second.endsAt - m_clock.elapsed())));
+}
+
+bool BusLink::isFromOwner(const QDBusMessage& signal) const
+{
+    return !m_owner.isEmpty() && signal.service() == m_owner;
 }
 
 void BusLink::setOwner(const QString& owner)
@@ -207,50 +231,55 @@ void BusLink::setOwner(const QString& owner)
     Q_EMIT ownerChanged(old, owner);
 }
 
-void BusLink::onNameOwnerChanged(const QString& /*name*/, const QString& /*oldOwner*/, const QString& newOwner)
+void BusLink::onNameOwnerChanged(const QString& name, const QString& /*oldOwner*/, const QString& newOwner,
+                                 const QDBusMessage& message)
 {
+    if (message.service() != bus::busName() || name != serviceName())
+        return;
     ++m_ownerNews;
     m_ownerKnown = true;
     setOwner(newOwner);
 }
 
-void BusLink::onActivatableServicesChanged()
+void BusLink::onActivatableServicesChanged(const QDBusMessage& message)
 {
-    askActivatable();
+    if (message.service() == bus::busName())
+        askActivatable();
 }
 
 void BusLink::onActionInvoked(uint id, const QString& key, const QDBusMessage& message)
 {
-    if (isOwner(message.service()))
+    if (isFromOwner(message))
         Q_EMIT actionInvoked(id, key);
 }
 
 void BusLink::onActivationToken(uint id, const QString& token, const QDBusMessage& message)
 {
-    if (isOwner(message.service()))
+    if (isFromOwner(message))
         Q_EMIT activationToken(id, token);
 }
 
 void BusLink::onNotificationClosed(uint id, uint /*reason*/, const QDBusMessage& message)
 {
-    if (isOwner(message.service()))
+    if (isFromOwner(message))
         Q_EMIT notificationClosed(id);
 }
 
-void BusLink::onDisconnected()
+void BusLink::onClosed()
 {
-    if (!m_bus)
-        return;
-    qCInfo(freedesktopLog) << "the session bus went away";
-    QDBusConnection::disconnectFromBus(m_bus->name());
-    m_bus.reset();
+    if (m_ownerKnown)
+        qCInfo(freedesktopLog) << "the session bus went away";
     ++m_ownerNews;
     m_ownerKnown = false;
     m_activatable.reset();
+    m_late.clear();
+    m_failed.clear();
     setOwner(QString());
-    const QDBusMessage error = QDBusMessage::createError(QDBusError::Disconnected, QStringLiteral("the bus went away"));
-    for (auto& [number, reply] : std::exchange(m_replies, {}))
-        reply(error);
+    for (auto& [number, call] : std::exchange(m_calls, {})) {
+        delete call.watcher.data();
+        call.reply(noBus());
+    }
+    watchLimits();
 }
 
 } // namespace zepa::freedesktop

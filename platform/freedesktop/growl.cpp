@@ -3,6 +3,7 @@
 #include "session.h"
 
 #include <Growl/Growl.h>
+#include <zepa_platform/popups.h>
 
 #include <QCoreApplication>
 #include <QThread>
@@ -68,4 +69,16 @@ void Growl_PostNotification(const struct Growl_Notification* notification)
 {
     if (Session* started = startedSession())
         started->post(*notification);
+}
+
+ZepaPopupService zepaPopupService()
+{
+    Session* started = startedSession();
+    return started == nullptr ? ZepaPopupService::NoBus : started->service();
+}
+
+int zepaPopupsOnTheirWay()
+{
+    const Session* started = startedSession();
+    return started == nullptr ? 0 : started->onTheirWayCount();
 }

@@ -2,6 +2,7 @@
 #include "icon_cache.h"
 
 #include <QBuffer>
+#include <QCryptographicHash>
 #include <QImage>
 #include <QImageReader>
 #include <memory>
@@ -17,6 +18,14 @@ QSize shownSize(QSize size)
     const QSize bounds(IconCache::longestSide, IconCache::longestSide);
     // A hairline must not be scaled to nothing.
     return size.scaled(bounds, Qt::KeepAspectRatio).expandedTo(QSize(1, 1));
+}
+
+/// Shares the bytes of a small file.
+QByteArray keyOf(const QByteArray& encoded)
+{
+    if (encoded.size() <= IconCache::longestKey)
+        return encoded;
+    return QCryptographicHash::hash(encoded, QCryptographicHash::Blake2b_256);
 }
 
 NotifyImage decode(QByteArray encoded)
@@ -43,11 +52,14 @@ NotifyImage IconCache::icon(QByteArrayView encoded)
 {
     if (encoded.isEmpty())
         return {};
-    if (const NotifyImage* known = m_icons.object(QByteArray::fromRawData(encoded.data(), encoded.size())))
+    const QByteArray bytes = QByteArray::fromRawData(encoded.data(), encoded.size());
+    QByteArray key = keyOf(bytes);
+    if (const NotifyImage* known = m_icons.object(key))
         return *known;
     ++m_decodedCount;
-    const QByteArray key = encoded.toByteArray();
-    auto decoded = std::make_unique<NotifyImage>(decode(key));
+    // What is kept must not point at the caller's bytes.
+    key.detach();
+    auto decoded = std::make_unique<NotifyImage>(decode(bytes));
     NotifyImage result = *decoded;
     m_icons.insert(key, decoded.release(), key.size() + result.pixels.size());
     return result;

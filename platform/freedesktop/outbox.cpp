@@ -74,14 +74,29 @@ void Outbox::send(const Posting& posting, Ticket ticket)
     // Of a service that has not answered, markup is assumed: seen as plain text it is ugly, the other way round a text
     // from outside would be run as markup.
     const NotifyCall call = notifyCall(posting, m_capabilities.value_or(Capabilities{.bodyMarkup = true}));
-    m_link.call(QStringLiteral("Notify"), call.arguments(), [this, ticket](const QDBusMessage& reply) {
-        const QVariant id = reply.arguments().value(0);
-        const bool shown = reply.type() == QDBusMessage::ReplyMessage && id.metaType() == QMetaType::fromType<uint>() &&
-                           m_link.isOwner(reply.service());
-        if (!shown)
-            qCInfo(freedesktopLog) << "a pop-up was not shown:" << reply.errorName();
-        Q_EMIT settled(ticket, shown ? id.toUInt() : 0);
-    });
+    const auto reply = [this, ticket](const QDBusMessage& message) {
+        const quint32 id = idIn(message);
+        if (id == 0)
+            qCInfo(freedesktopLog) << "a pop-up was not shown:" << message.errorName();
+        Q_EMIT settled(ticket, id);
+    };
+    BusLink::Reply late;
+    if (posting.clickable) {
+        late = [this](const QDBusMessage& message) {
+            if (const quint32 id = idIn(message); id != 0)
+                Q_EMIT shownLate(id);
+        };
+    }
+    m_link.call(QStringLiteral("Notify"), call.arguments(), reply, std::move(late));
+}
+
+/// The id that the owner of the name gave a pop-up; 0 for none.
+quint32 Outbox::idIn(const QDBusMessage& reply)
+{
+    const QVariant id = reply.arguments().value(0);
+    const bool shown = reply.type() == QDBusMessage::ReplyMessage && id.metaType() == QMetaType::fromType<uint>() &&
+                       m_link.isOwner(reply.service());
+    return shown ? id.toUInt() : 0;
 }
 
 } // namespace zepa::freedesktop

@@ -4,6 +4,7 @@
 #include "notify_call.h"
 #include "popup_book.h"
 
+#include <QDBusMessage>
 #include <QList>
 #include <QObject>
 #include <QTimer>
@@ -35,6 +36,8 @@ public:
 Q_SIGNALS:
     /// Once for each ticket posted: the id that the service gave, or 0 when the pop-up was not shown.
     void settled(Ticket ticket, quint32 id);
+    /// A clickable pop-up was shown after all, with this id, after its ticket was settled for want of a reply.
+    void shownLate(quint32 id);
 
 private:
     struct Held
@@ -47,6 +50,7 @@ private:
     void askCapabilities();
     void release();
     void send(const Posting& posting, Ticket ticket);
+    quint32 idIn(const QDBusMessage& reply);
 
     BusLink& m_link;
     QList<Held> m_held;

@@ -12,7 +12,7 @@ Ticket PopupBook::expect(ClickContext context, Time now)
     if (!context.isNull())
         ++m_waitingCount;
     ++m_idlessCount;
-    m_popups.emplace(ticket, Popup{std::move(context), now, 0, std::nullopt});
+    m_popups.emplace(ticket, Popup{.context = std::move(context), .since = now, .id = 0, .closedAt = {}});
     keepToLimits();
     return ticket;
 }
@@ -33,6 +33,8 @@ void PopupBook::settle(Ticket ticket, quint32 id, Time now)
     popup->second.id = id;
     --m_idlessCount;
     m_ticketOfId.insert(id, ticket);
+    if (popup->second.unwanted)
+        m_unwanted.append(id);
     if (const EarlyAnswer* found = earlyAnswer(id)) {
         const EarlyAnswer early = *found;
         m_early.removeIf([id](const EarlyAnswer& other) { return other.id == id; });
@@ -89,6 +91,7 @@ void PopupBook::closed(quint32 id, Time now)
 void PopupBook::forgetShown()
 {
     m_early.clear();
+    m_unwanted.clear();
     for (auto popup = m_popups.begin(); popup != m_popups.end();) {
         const auto current = popup++;
         if (current->second.id == 0)
@@ -103,10 +106,14 @@ void PopupBook::advance(Time now)
     for (auto popup = m_popups.begin(); popup != m_popups.end();) {
         const auto current = popup++;
         const auto& closedAt = current->second.closedAt;
-        if ((closedAt && *closedAt + clickGrace <= now) || current->second.since + backstop <= now) {
+        const bool isOver = closedAt && *closedAt + clickGrace <= now;
+        if (!isOver && current->second.since + backstop > now)
+            continue;
+        if (!isOver)
+            giveUp(current);
+        else
             answer(current->second, Answer::Kind::TimedOut);
-            erase(current);
-        }
+        erase(current);
     }
     dropEarlyAnswersIfUseless();
 }
@@ -127,6 +134,11 @@ QList<Answer> PopupBook::takeAnswers()
     return std::exchange(m_answers, {});
 }
 
+QList<quint32> PopupBook::takeUnwanted()
+{
+    return std::exchange(m_unwanted, {});
+}
+
 bool PopupBook::isShown(quint32 id) const
 {
     const auto popup = m_popups.find(m_ticketOfId.value(id));
@@ -140,6 +152,17 @@ void PopupBook::answer(Popup& popup, Answer::Kind kind, const QString& activatio
         return;
     m_answers.append({kind, std::exchange(popup.context, {}), popup.id, activationToken});
     --m_waitingCount;
+}
+
+/// Answers a pop-up of which the service has not said that it is gone.
+void PopupBook::giveUp(Popups::iterator popup)
+{
+    if (popup->second.context.isNull())
+        return;
+    popup->second.unwanted = true;
+    if (popup->second.id != 0 && !popup->second.closedAt)
+        m_unwanted.append(popup->second.id);
+    answer(popup->second, Answer::Kind::TimedOut);
 }
 
 void PopupBook::erase(Popups::iterator popup)
@@ -170,8 +193,7 @@ void PopupBook::keepToLimits()
 {
     const auto owed = [](const auto& entry) { return !entry.second.context.isNull(); };
     if (m_waitingCount > waitingLimit) {
-        const auto oldest = std::find_if(m_popups.begin(), m_popups.end(), owed);
-        answer(oldest->second, Answer::Kind::TimedOut);
+        giveUp(std::find_if(m_popups.begin(), m_popups.end(), owed));
     }
     // Those that nobody waits for are as many at most, and so are answers for ids that nobody knows: a service that
     // never says what became of a pop-up, or that speaks of ids at random, must not fill the memory.

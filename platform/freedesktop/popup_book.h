@@ -77,6 +77,11 @@ public:
     QList<Answer> takeAnswers();
     bool hasAnswers() const { return !m_answers.isEmpty(); }
     int waitingCount() const { return m_waitingCount; }
+    /// Pop-ups that counted as timed out though the service shows them, since the last call: a click on one of them
+    /// would do nothing any more. An id is told as soon as it is known.
+    QList<quint32> takeUnwanted();
+    /// Postings whose id is still to come.
+    int idlessCount() const { return m_idlessCount; }
     /// Whether the service still shows the pop-up, as far as it told; an answered one too.
     bool isShown(quint32 id) const;
 
@@ -87,6 +92,7 @@ private:
         Time since{};
         quint32 id = 0; ///< 0 while waiting for it
         std::optional<Time> closedAt;
+        bool unwanted = false; ///< answered while the service showed it, or was about to
     };
     struct EarlyAnswer
     {
@@ -98,6 +104,7 @@ private:
     using Popups = std::map<Ticket, Popup>;
 
     void answer(Popup& popup, Answer::Kind kind, const QString& activationToken = {});
+    void giveUp(Popups::iterator popup);
     void erase(Popups::iterator popup);
     void applyClick(Popups::iterator popup, const QString& activationToken);
     void applyClose(Popups::iterator popup, Time at);
@@ -109,6 +116,7 @@ private:
     QHash<quint32, Ticket> m_ticketOfId;
     QList<EarlyAnswer> m_early;
     QList<Answer> m_answers;
+    QList<quint32> m_unwanted;
     Ticket m_lastTicket = 0;
     int m_waitingCount = 0; ///< with an answer owed
     int m_idlessCount = 0;  ///< still to be settled

@@ -27,6 +27,8 @@ Registration::~Registration()
 void Registration::set(const Growl_Delegate* delegate)
 {
     m_set = delegate != nullptr;
+    if (!m_set)
+        ++m_generation;
     const Growl_Delegate nobody{};
     const Growl_Delegate& record = m_set ? *delegate : nobody;
     m_applicationName = toQString(record.applicationName);

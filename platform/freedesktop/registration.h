@@ -23,6 +23,8 @@ public:
     void set(const Growl_Delegate* delegate);
 
     bool isSet() const { return m_set; }
+    /// Changes with each withdrawal: who registers afterwards is somebody else.
+    int generation() const { return m_generation; }
     bool isEnabled(const QString& name) const { return m_enabled.contains(name); }
     QString applicationName() const { return m_applicationName; } ///< null when the record names none
     QByteArray iconData() const { return m_iconData; }            ///< null when the record has none
@@ -33,6 +35,7 @@ private:
     void readNames(CFDictionaryRef dictionary);
 
     bool m_set = false;
+    int m_generation = 0;
     QString m_applicationName;
     QByteArray m_iconData;
     CallBack m_clicked = nullptr;

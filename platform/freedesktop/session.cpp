@@ -51,6 +51,11 @@ Session::Session(const Registration& registration) : m_registration(registration
         m_book.settle(ticket, id, now());
         afterBookChanged();
     });
+    connect(&m_outbox, &Outbox::shownLate, this, [this](quint32 id) {
+        // Given up long ago, unless a later pop-up got the same id.
+        if (!m_book.isShown(id))
+            m_link.closeNotification(id);
+    });
     connect(&m_link, &BusLink::ownerChanged, this, [this](const QString& oldOwner) {
         m_tokens.clear();
         if (!oldOwner.isEmpty())
@@ -73,11 +78,21 @@ Session::Session(const Registration& registration) : m_registration(registration
     });
 }
 
+ZepaPopupService Session::service()
+{
+    if (!m_link.open())
+        return ZepaPopupService::NoBus;
+    if (!m_link.isServiceKnown())
+        return ZepaPopupService::NotKnownYet;
+    return m_link.isServiceAvailable() ? ZepaPopupService::There : ZepaPopupService::None;
+}
+
 void Session::post(const Growl_Notification& notification)
 {
-    // 1. Names that are not registered are not shown.
-    const QString name = toQString(notification.name);
-    if (!m_registration.isSet() || name.isNull() || !m_registration.isEnabled(name))
+    // 1. Names that are not registered are not shown. An array of names holds no null: something without a name is
+    //    registered under the empty one.
+    const QString name = notification.name == nullptr ? QStringLiteral("") : toQString(notification.name);
+    if (!m_registration.isSet() || !m_registration.isEnabled(name))
         return;
     // 2. Everything of the record that is needed becomes ours.
     Posting posting = postingOf(notification, name, m_registration.applicationName());
@@ -85,7 +100,8 @@ void Session::post(const Growl_Notification& notification)
     if (posting.icon.isNull())
         posting.icon = m_icons.icon(m_registration.iconData());
     // 3. The book first: whatever becomes of the call, the answer is owed from here on.
-    const Ticket ticket = m_book.expect(ClickContext(notification.clickContext, notification.clickCallback), now());
+    const ClickContext context(notification.clickContext, notification.clickCallback, m_registration.generation());
+    const Ticket ticket = m_book.expect(context, now());
     m_link.open();
     m_outbox.post(std::move(posting), ticket);
     afterBookChanged();
@@ -107,6 +123,8 @@ void Session::afterBookChanged()
         m_answers += m_book.takeAnswers();
         m_delivery.start();
     }
+    for (const quint32 id : m_book.takeUnwanted())
+        m_link.closeNotification(id);
     if (const auto deadline = m_book.nextDeadline())
         m_deadline.start(std::max(PopupBook::Time(0), *deadline - now()));
     else
@@ -131,7 +149,7 @@ void Session::deliver(const Answer& answer)
     // Some services leave a pop-up open after its action.
     if (clicked && m_book.isShown(answer.id))
         m_link.closeNotification(answer.id);
-    if (!m_registration.isSet())
+    if (!m_registration.isSet() || answer.context.generation() != m_registration.generation())
         return;
     Registration::CallBack callBack = clicked ? m_registration.clicked() : m_registration.timedOut();
     if (clicked && answer.context.clickCallBack() != nullptr)

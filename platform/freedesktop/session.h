@@ -7,6 +7,8 @@
 #include "popup_book.h"
 #include "registration.h"
 
+#include <zepa_platform/popups.h>
+
 #include <QElapsedTimer>
 #include <QHash>
 #include <QList>
@@ -28,6 +30,8 @@ public:
     /// Connects to the bus unless it is connected; false without one.
     bool open() { return m_link.open(); }
     bool isRunning() { return m_link.open() && m_link.isServiceAvailable(); }
+    ZepaPopupService service();
+    int onTheirWayCount() const { return m_book.idlessCount(); }
     void post(const Growl_Notification& notification);
 
 private:

@@ -320,11 +320,27 @@ TEST_F(AnswersTest, TellsTheDelegateThatIsRegisteredWhenTheAnswerComes)
     const auto service = startService();
     postClickable("a");
     ASSERT_TRUE(waitForPopups(*service, 1));
-    Growl_SetDelegate(nullptr);
     registerNames({QStringLiteral("Message")});
     service->tell(QStringLiteral("click 1"));
     ASSERT_TRUE(waitFor([] { return !answers().empty(); }));
     EXPECT_EQ(answers(), Answers{"clicked a"});
+}
+
+TEST_F(AnswersTest, TellsNobodyOfPopupsThatWerePostedBeforeAWithdrawal)
+{
+    const auto service = startService();
+    postClickable("0");
+    postClickable("1");
+    ASSERT_TRUE(waitForPopups(*service, 2));
+    Growl_SetDelegate(nullptr);
+    registerNames({QStringLiteral("Message")});
+    // Equal contexts, as those of an application that counts from the start again.
+    postClickable("0");
+    ASSERT_TRUE(waitForPopups(*service, 3));
+    service->tell(QStringLiteral("click 1\nclose 2\nclick 3"));
+    letEverythingArrive(*service);
+    service->kill();
+    EXPECT_EQ(answers(), Answers{"clicked 0"});
 }
 
 TEST_F(AnswersTest, LetsACallBackPostAndRegister)

@@ -1,22 +1,20 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "service_fixture.h"
 
+#include "event_loop.h"
+
 #include <QCoreApplication>
 #include <QDBusConnection>
 #include <QDBusMessage>
-#include <QDeadlineTimer>
 #include <QDir>
 #include <QFile>
 #include <QJsonDocument>
-#include <QTimer>
 
 #include <algorithm>
 #include <csignal>
 #include <sys/prctl.h>
 
 namespace {
-
-constexpr int patience = 30000;
 
 CFStringRef cfString(const QString& text)
 {
@@ -166,7 +164,7 @@ ServiceTest::ServiceTest()
 </busconfig>
 )");
     configuration.close();
-    qputenv("DBUS_SESSION_BUS_ADDRESS", "unix:path=" + path("bus").toUtf8());
+    qputenv("DBUS_SESSION_BUS_ADDRESS", startedBusAddress());
     startBus();
     registerNames({QStringLiteral("Message"), QStringLiteral("Mail")});
 }
@@ -268,15 +266,7 @@ void ServiceTest::postClickable(const std::string& context)
 
 bool ServiceTest::waitFor(const std::function<bool()>& condition)
 {
-    const QDeadlineTimer deadline(patience);
-    QTimer alarm; // wakes the loop for conditions that no event of this process announces
-    alarm.start(5);
-    while (!condition()) {
-        if (deadline.hasExpired())
-            return false;
-        QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
-    }
-    return true;
+    return runUntil(condition);
 }
 
 bool ServiceTest::waitUntilAcquainted(ServiceProcess& service)

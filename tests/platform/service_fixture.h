@@ -65,6 +65,8 @@ protected:
     ~ServiceTest() override;
 
     void startBus();
+    /// Of the bus that startBus() starts.
+    QByteArray startedBusAddress() const { return "unix:path=" + path("bus").toUtf8(); }
     /// The bus dies without a word, and its socket goes too.
     void killBus();
     /// The bus can start the scripted service with these options from now on; it writes to the returned file.
