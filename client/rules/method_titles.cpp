@@ -4,6 +4,7 @@
 #include "core/notification.h"
 #include "core/notification_method.h"
 #include "core/notification_module.h"
+#include "host/settings_manager.h"
 
 #include <QCoreApplication>
 
@@ -44,6 +45,14 @@ QString methodTitle(const ZepaNotificationMethod& method)
 bool isBuiltIn(const QString& methodId)
 {
     return find(methodId) != builtIn.cend();
+}
+
+QString methodPicture(const ZepaNotificationMethod& method)
+{
+    // The pop-up method has no picture of its own; the theme has one for it.
+    if (method.getId() == QStringView(builtIn.front().id))
+        return ZepaSettingsManager::getInstance()->getCurrentThemeDir() + QStringLiteral("icons/popup.png");
+    return method.getActionIcon();
 }
 
 QList<ZepaNotificationMethod*> methodsInOrder(const ZepaNotificationModule& module)

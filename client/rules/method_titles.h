@@ -18,6 +18,9 @@ QString methodTitle(const ZepaNotificationMethod& method);
 /// Whether the library brought the method.
 bool isBuiltIn(const QString& methodId);
 
+/// Path of a picture for the method; empty when there is none.
+QString methodPicture(const ZepaNotificationMethod& method);
+
 /// All installed methods: the built-in ones, then the others by title.
 QList<ZepaNotificationMethod*> methodsInOrder(const ZepaNotificationModule& module);
 

@@ -63,6 +63,8 @@ ZepaField RuleEditor::setting(const ZepaField& field) const
 
 void RuleEditor::add(const QString& type, const QString& method)
 {
+    if (!module().getMethods().contains(method))
+        return;
     QList<RuleState> after = rulesOf(module(), type);
     after.prepend({method, initialFields(module(), type, method)});
     edit(tr("Add: %1").arg(pairName(type, method)), type, after);
@@ -164,10 +166,14 @@ void RuleEditor::redo()
 
 void RuleEditor::retry()
 {
-    for (const QString& type : std::as_const(m_notStored))
-        module().storeNotificationRules(module().getNotifications().value(type));
-    checkFiles({});
-    if (m_notStored.isEmpty())
+    const QStringList types = m_notStored;
+    for (const QString& type : types) {
+        const auto store = [this, &type] { module().storeNotificationRules(module().getNotifications().value(type)); };
+        const SafeChange outcome = changeSafely(module(), m_client.ruleBackup(), type, store);
+        // The change itself was made long ago: refused now means that it is still not stored.
+        note(outcome == SafeChange::Refused ? SafeChange::NotStored : outcome, type);
+    }
+    if (m_problem.isEmpty())
         Q_EMIT said(tr("All rules are stored now."));
 }
 
@@ -225,14 +231,13 @@ bool RuleEditor::carryOut(const EditStep& step, bool back)
 
 bool RuleEditor::carryOut(const RuleChange& change, bool back)
 {
-    if (!mayStoreRules(folder(), change.type)) {
-        setProblem(tr("The rules of “%1” cannot be written, so nothing was changed. Allow yourself to write the file "
-                      "%2 and try again.")
-                       .arg(typeName(change.type), QDir::toNativeSeparators(ruleFilePath(folder(), change.type))));
+    const auto apply = [this, &change, back] {
+        applyRules(module(), change.type, back ? change.before : change.after);
+    };
+    const SafeChange outcome = changeSafely(module(), m_client.ruleBackup(), change.type, apply);
+    note(outcome, change.type);
+    if (outcome == SafeChange::Refused)
         return false;
-    }
-    applyRules(module(), change.type, back ? change.before : change.after);
-    checkFiles({change.type});
     rememberType(change.type);
     Q_EMIT rulesChanged(change.type);
     return true;
@@ -247,27 +252,47 @@ bool RuleEditor::carryOut(const SettingChange& change, bool back)
         return false;
     }
     // What a rule file lacks is still wrong after a setting could be written.
-    if (m_notStored.isEmpty())
-        setProblem({});
+    setProblem(m_notStored.isEmpty() ? QString() : lossText());
     m_settings.insert(change.setting, setting(field).getText());
     Q_EMIT settingChanged(change.setting);
     return true;
 }
 
-/// Looks at the files of all types, since the module rewrites more of them than the type that was changed.
-void RuleEditor::checkFiles(const QStringList& types)
+/// What became of a change, for problem(). A later change may have stored earlier ones, too: the module rewrites more
+/// files than that of the type.
+void RuleEditor::note(SafeChange outcome, const QString& type)
 {
-    m_notStored = typesNotStored(module(), folder(), m_notStored + types);
-    if (m_notStored.isEmpty()) {
-        setProblem({});
-        return;
+    if (outcome == SafeChange::NotStored && !m_notStored.contains(type))
+        m_notStored.append(type);
+    m_notStored.removeIf(
+        [this](const QString& id) { return rulesAreStored(module(), m_client.settings().getSettingsDir(), id); });
+
+    QStringList sentences;
+    if (outcome == SafeChange::Refused) {
+        sentences.append(tr("The rules of “%1” were not changed: the file %2 cannot be written, or there is no room on "
+                            "the disk for the copy that protects it.")
+                             .arg(typeName(type), QDir::toNativeSeparators(m_client.ruleBackup().ruleFile(type))));
     }
+    if (outcome == SafeChange::StoredWithoutCopy) {
+        sentences.append(tr("The rules of “%1” are stored, but there is no room on the disk for the copy that protects "
+                            "them. Make room before you change more.")
+                             .arg(typeName(type)));
+    }
+    if (!m_notStored.isEmpty())
+        sentences.append(lossText());
+    setProblem(sentences.join(u' '));
+}
+
+QString RuleEditor::lossText() const
+{
     QStringList names;
-    for (const QString& id : std::as_const(m_notStored))
+    for (const QString& id : m_notStored)
         names.append(typeName(id));
-    setProblem(tr("These rules are in use, but could not be written and are lost when the client ends: %1. Is the disk "
-                  "full? The files are in %2.")
-                   .arg(names.join(tr(", ")), QDir::toNativeSeparators(folder() + QStringLiteral("notifications"))));
+    return tr("These events have rules that could not be written to %2, perhaps because the disk is full. They are in "
+              "use "
+              "until the client ends: %1.")
+        .arg(names.join(tr(", ")),
+             QDir::toNativeSeparators(m_client.settings().getSettingsDir() + QStringLiteral("notifications")));
 }
 
 void RuleEditor::setProblem(const QString& problem)
@@ -313,11 +338,6 @@ QString RuleEditor::typeName(const QString& type) const
 ZepaNotificationModule& RuleEditor::module() const
 {
     return m_client.module();
-}
-
-QString RuleEditor::folder() const
-{
-    return m_client.settings().getSettingsDir();
 }
 
 } // namespace zepa

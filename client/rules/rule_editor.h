@@ -3,6 +3,7 @@
 
 #include "client/rules/edit_history.h"
 #include "client/rules/rule_state.h"
+#include "client/rules/safe_change.h"
 #include "host/field.h"
 
 #include <QHash>
@@ -19,9 +20,9 @@ class Client;
 
 /// Changes rules and settings of the whole client for a window, and can take every change back.
 ///
-/// All goes through the public operations of the module and of the settings, and is on disk when a call returns. The
-/// module is silent when a file cannot be written, so the files are compared with what they should hold after each
-/// change: problem() says what is wrong. The client must outlive this object.
+/// All goes through the public operations of the module and of the settings, and is on disk when a call returns, with
+/// its copy. Where that did not work, which the module itself does not say, problem() does. The client must outlive
+/// this object.
 ///
 /// A pair of type and method may have several rules; `index` counts them from the newest, 0, on. All of them act. The
 /// module calls the newest first; which one that is changes with every start of the client, since files are written
@@ -90,14 +91,14 @@ private:
     bool carryOut(const EditStep& step, bool back);
     bool carryOut(const RuleChange& change, bool back);
     bool carryOut(const SettingChange& change, bool back);
-    void checkFiles(const QStringList& types);
+    void note(SafeChange outcome, const QString& type);
+    QString lossText() const;
     void setProblem(const QString& problem);
     void remember();
     bool rememberType(const QString& type);
     QString pairName(const QString& type, const QString& method) const;
     QString typeName(const QString& type) const;
     ZepaNotificationModule& module() const;
-    QString folder() const;
 
     Client& m_client;
     EditHistory m_history;

@@ -27,24 +27,10 @@ QByteArray contentOf(const QString& path)
 
 } // namespace
 
-QString ruleFilePath(const QString& settingsFolder, const QString& typeId)
-{
-    return settingsFolder + QStringLiteral("notifications/") + typeId;
-}
-
-bool mayStoreRules(const QString& settingsFolder, const QString& typeId)
-{
-    const QFileInfo file(ruleFilePath(settingsFolder, typeId));
-    if (file.exists())
-        return file.isFile() && file.isWritable();
-    const QFileInfo folder(file.path());
-    return folder.isDir() && folder.isWritable();
-}
-
 bool rulesAreStored(const ZepaNotificationModule& module, const QString& settingsFolder, const QString& typeId)
 {
     ZepaXmlNode root{QString(), QString(), nullptr};
-    root.setContent(contentOf(ruleFilePath(settingsFolder, typeId)));
+    root.setContent(contentOf(settingsFolder + QStringLiteral("notifications/") + typeId));
     if (root.isNull())
         return false;
 
@@ -62,19 +48,6 @@ bool rulesAreStored(const ZepaNotificationModule& module, const QString& setting
             return false;
     }
     return true;
-}
-
-QStringList typesNotStored(const ZepaNotificationModule& module, const QString& settingsFolder,
-                           const QStringList& alsoTypeIds)
-{
-    QStringList missing;
-    const auto& types = module.getNotifications();
-    for (auto type = types.cbegin(); type != types.cend(); ++type) {
-        const bool concerned = alsoTypeIds.contains(type.key()) || !module.getRules(type.value()).isEmpty();
-        if (concerned && !rulesAreStored(module, settingsFolder, type.key()))
-            missing.append(type.key());
-    }
-    return missing;
 }
 
 } // namespace zepa

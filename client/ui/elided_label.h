@@ -1,12 +1,14 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include "client/client_export.h"
+
 #include <QLabel>
 
 namespace zepa {
 
 /// One line of plain text that is cut with an ellipsis where it is too long.
-class ElidedLabel : public QLabel
+class ZEPA_CLIENT_EXPORT ElidedLabel : public QLabel
 {
     Q_OBJECT
 

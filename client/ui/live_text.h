@@ -1,12 +1,14 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include "client/client_export.h"
+
 #include <QWidget>
 
 namespace zepa {
 
 /// Speaks to screen readers: a notification, one pixel large, whose name is what was said last.
-class LiveText : public QWidget
+class ZEPA_CLIENT_EXPORT LiveText : public QWidget
 {
     Q_OBJECT
 

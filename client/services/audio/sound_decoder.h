@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include "client/client_export.h"
 #include "client/services/audio/sound_clip.h"
 
 #include <QString>
@@ -31,6 +32,6 @@ struct SoundLimits
 ///
 /// Only regular files are opened: a FIFO, a device or a directory is refused unopened, since opening one can wait for
 /// ever or have effects. Waits for the disk; not for the GUI thread.
-DecodedSound decodeSound(const QString& path);
+ZEPA_CLIENT_EXPORT DecodedSound decodeSound(const QString& path);
 
 } // namespace zepa::audio

@@ -2,20 +2,53 @@
 #include "client/ui/main/main_window.h"
 
 #include "client/client.h"
+#include "client/posting/announce.h"
+#include "client/services/chat_manager.h"
+#include "client/ui/main/contact_panel.h"
+#include "client/ui/main/journal_view.h"
+#include "client/ui/main/notice_bar.h"
+#include "client/ui/settings/notification_settings.h"
 
 #include <QAction>
 #include <QApplication>
 #include <QCloseEvent>
 #include <QMenuBar>
+#include <QScreen>
+#include <QSplitter>
 #include <QSystemTrayIcon>
 #include <QTimer>
+#include <QVBoxLayout>
 
 namespace zepa {
 
-MainWindow::MainWindow(Client& client) : m_client(client)
+MainWindow::MainWindow(Client& client)
+    : m_client(client)
+    , m_place(client.settings(), QStringLiteral("main_window"))
+    , m_splitter(new QSplitter(this))
+    , m_notice(new NoticeBar(this))
+    , m_contacts(new ContactPanel(client, m_splitter))
+    , m_journal(new JournalView(client.journal(), m_splitter))
 {
     setWindowTitle(QStringLiteral("Zepa"));
+    auto* middle = new QWidget(this);
+    auto* column = new QVBoxLayout(middle);
+    column->addWidget(m_notice);
+    column->addWidget(m_splitter, 1);
+    setCentralWidget(middle);
     fillMenus();
+    takeItsPlace();
+
+    // What the user writes in a chat is an event, too; the chat window shows it already.
+    connect(&ChatManager::instance(), &ChatManager::messageEntered, this,
+            [this](const ZepaBuddy& buddy, const QString& text) {
+                m_client.start();
+                announce(m_client, {QStringLiteral("message_sent"), buddy.getName(), text, {}, buddy, {}});
+            });
+}
+
+MainWindow::~MainWindow()
+{
+    keepPlace();
 }
 
 void MainWindow::bringToFront()
@@ -24,6 +57,24 @@ void MainWindow::bringToFront()
     show();
     raise();
     activateWindow();
+}
+
+void MainWindow::openNotificationSettings()
+{
+    if (!m_notificationSettings) {
+        m_client.start();
+        m_notificationSettings = new NotificationSettings(m_client, this);
+    }
+    m_notificationSettings->refresh();
+    m_notificationSettings->setWindowState(m_notificationSettings->windowState() & ~Qt::WindowMinimized);
+    m_notificationSettings->show();
+    m_notificationSettings->raise();
+    m_notificationSettings->activateWindow();
+}
+
+void MainWindow::tell(const QString& text)
+{
+    m_notice->tell(text);
 }
 
 bool MainWindow::event(QEvent* event)
@@ -38,6 +89,7 @@ bool MainWindow::event(QEvent* event)
 
 void MainWindow::closeEvent(QCloseEvent* event)
 {
+    keepPlace();
     if (QSystemTrayIcon::isSystemTrayAvailable()) {
         event->ignore();
         hide();
@@ -50,13 +102,53 @@ void MainWindow::closeEvent(QCloseEvent* event)
 void MainWindow::fillMenus()
 {
     QMenu* program = menuBar()->addMenu(tr("&Zepa"));
+    QAction* settings =
+        program->addAction(tr("&Notification settings..."), this, &MainWindow::openNotificationSettings);
+    settings->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_Comma));
+    program->addSeparator();
     QAction* quit = program->addAction(tr("&Quit"), qApp, &QCoreApplication::quit);
-    quit->setShortcut(QKeySequence::Quit);
+    quit->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_Q));
+
+    QMenu* contact = menuBar()->addMenu(tr("&Contact"));
+    connect(contact, &QMenu::aboutToShow, this, [this, contact] {
+        contact->clear();
+        m_contacts->fill(*contact);
+    });
+
+    QMenu* journal = menuBar()->addMenu(tr("&Journal"));
+    journal->addAction(tr("&Copy the chosen lines"), m_journal, &JournalView::copyChosen);
+    journal->addAction(tr("Copy &all lines"), m_journal, &JournalView::copyAll);
+    journal->addSeparator();
+    journal->addAction(tr("C&lear"), &m_client.journal(), &Journal::clear);
+}
+
+void MainWindow::takeItsPlace()
+{
+    const QFontMetrics letters = fontMetrics();
+    const QSize wished(letters.averageCharWidth() * 165, letters.height() * 38);
+    resize(wished.boundedTo(screen()->availableSize()));
+    m_splitter->setObjectName(QStringLiteral("columns"));
+    m_splitter->setChildrenCollapsible(false);
+    m_splitter->setSizes({width() * 3 / 10, width() * 7 / 10});
+    m_splitter->setStretchFactor(1, 1);
+    m_journal->splitter().setObjectName(QStringLiteral("journal"));
+
+    m_place.restore(*this);
+    m_place.restore(*m_splitter);
+    m_place.restore(m_journal->splitter());
+}
+
+void MainWindow::keepPlace()
+{
+    m_place.keep(*this, {m_splitter, &m_journal->splitter()});
 }
 
 void MainWindow::startClient()
 {
     m_client.start();
+    const QStringList news = m_client.ruleBackup().news();
+    if (!news.isEmpty())
+        tell(news.join(u'\n'));
 }
 
 } // namespace zepa

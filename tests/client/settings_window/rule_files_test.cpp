@@ -111,12 +111,20 @@ TEST_F(RuleFiles, OnAFullDiskTheChangeIsInUseAndTheUserIsTold)
     EXPECT_EQ(rulesAfterRestart(typing).size(), 2);
 }
 
-TEST_F(RuleFiles, ThatAnUpdateRewritesAreAllLookedAt)
+// The module rewrites the files of all types when a rule is changed, and a full disk leaves them empty.
+TEST_F(RuleFiles, OfOtherTypesAreWholeAfterAChangeOnAFullDisk)
 {
     editor->add(typing, popup);
-    const FullDisk full(40);
-    editor->change(typing, popup, 0, QStringLiteral("sticky"), QStringLiteral("true"));
-    EXPECT_TRUE(editor->problem().contains(QStringLiteral("Message received"))) << editor->problem().toStdString();
+    const QStringList others = rules(message);
+    {
+        const FullDisk full(40);
+        editor->change(typing, popup, 0, QStringLiteral("sticky"), QStringLiteral("true"));
+        EXPECT_TRUE(editor->problem().contains(QStringLiteral("Typing started"))) << editor->problem().toStdString();
+        EXPECT_FALSE(editor->problem().contains(QStringLiteral("Message received")));
+        EXPECT_TRUE(rulesAreStored(client->module(), client->settings().getSettingsDir(), message));
+    }
+    EXPECT_EQ(rulesAfterRestart(typing), QStringList{QStringLiteral("zepa_hint_notification sticky=false")});
+    EXPECT_EQ(sorted(rules(message)), sorted(others));
 }
 
 TEST_F(RuleFiles, RetryStoresAlsoThatThereIsNoRule)

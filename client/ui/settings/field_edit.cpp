@@ -1,0 +1,200 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "client/ui/settings/field_edit.h"
+
+#include "client/ui/settings/sound_edit.h"
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QEvent>
+#include <QHBoxLayout>
+#include <QKeyEvent>
+#include <QLineEdit>
+#include <QSignalBlocker>
+#include <QSpinBox>
+
+namespace zepa {
+
+namespace {
+
+class CheckEdit final : public FieldEdit
+{
+public:
+    CheckEdit(const ZepaField& field, QWidget* parent) : FieldEdit(parent), m_box(new QCheckBox(this))
+    {
+        m_box->setText(plainLabel(fieldLabel(field)));
+        arrange(field, m_box);
+        CheckEdit::setField(field);
+        connect(m_box, &QCheckBox::toggled, this,
+                [this](bool on) { Q_EMIT edited(on ? QStringLiteral("true") : QStringLiteral("false")); });
+    }
+
+    void setField(const ZepaField& field) override
+    {
+        const QSignalBlocker quiet(m_box);
+        m_box->setChecked(field.isChecked());
+    }
+    bool showsLabel() const override { return true; }
+
+private:
+    QCheckBox* m_box;
+};
+
+class ChoiceEdit final : public FieldEdit
+{
+public:
+    ChoiceEdit(const ZepaField& field, QWidget* parent) : FieldEdit(parent), m_box(new QComboBox(this))
+    {
+        const QStringList ids = field.getItemIds();
+        const QStringList labels = field.getItemLabels();
+        for (qsizetype i = 0; i < ids.size(); ++i)
+            m_box->addItem(labels.value(i, ids[i]), ids[i]);
+        arrange(field, m_box);
+        ChoiceEdit::setField(field);
+        connect(m_box, &QComboBox::activated, this, [this] { Q_EMIT edited(m_box->currentData().toString()); });
+    }
+
+    void setField(const ZepaField& field) override { m_box->setCurrentIndex(m_box->findData(field.getSelectedId())); }
+
+private:
+    QComboBox* m_box;
+};
+
+class NumberEdit final : public FieldEdit
+{
+public:
+    NumberEdit(const ZepaField& field, QWidget* parent) : FieldEdit(parent), m_box(new QSpinBox(this))
+    {
+        m_box->setRange(field.getLowerBound(), field.getUpperBound());
+        m_box->setSuffix(field.getSuffix());
+        // A number is complete when the user leaves it or presses Enter: "30" is not "3" first.
+        m_box->setKeyboardTracking(false);
+        arrange(field, m_box);
+        const QString bounds =
+            tr("%1 to %2").arg(QString::number(field.getLowerBound()), QString::number(field.getUpperBound()));
+        m_box->setAccessibleDescription(field.getDescription().isEmpty()
+                                            ? bounds
+                                            : tr("%1 %2", "description, bounds").arg(field.getDescription(), bounds));
+        m_box->setToolTip(bounds);
+        NumberEdit::setField(field);
+        connect(m_box, &QSpinBox::valueChanged, this, [this](int value) { Q_EMIT edited(QString::number(value)); });
+    }
+
+    void setField(const ZepaField& field) override
+    {
+        if (m_box->value() == field.getIntValue())
+            return;
+        const QSignalBlocker quiet(m_box);
+        m_box->setValue(field.getIntValue());
+    }
+
+private:
+    QSpinBox* m_box;
+};
+
+class TextEdit final : public FieldEdit
+{
+public:
+    TextEdit(const ZepaField& field, QWidget* parent) : FieldEdit(parent), m_line(new QLineEdit(this))
+    {
+        arrange(field, m_line);
+        TextEdit::setField(field);
+        connect(m_line, &QLineEdit::editingFinished, this, [this] {
+            if (m_line->text() == m_value)
+                return;
+            m_value = m_line->text();
+            Q_EMIT edited(m_value);
+        });
+    }
+
+    void setField(const ZepaField& field) override
+    {
+        // What the user is typing stays, unless the value became another one.
+        if (field.getText() == m_value && !m_value.isNull())
+            return;
+        m_value = field.getText();
+        m_line->setText(m_value);
+    }
+
+private:
+    QLineEdit* m_line;
+    QString m_value;
+};
+
+bool isUndo(const QEvent& event)
+{
+    if (event.type() != QEvent::ShortcutOverride)
+        return false;
+    const auto& key = static_cast<const QKeyEvent&>(event);
+    return key.matches(QKeySequence::Undo) || key.matches(QKeySequence::Redo);
+}
+
+/// Whether the widget has typing of its own to take back.
+bool hasTypingToUndo(const QObject& watched)
+{
+    const auto* line = qobject_cast<const QLineEdit*>(&watched);
+    return line && (line->isUndoAvailable() || line->isRedoAvailable());
+}
+
+} // namespace
+
+FieldEdit* FieldEdit::make(const ZepaField& field, QWidget* parent)
+{
+    switch (field.getType()) {
+    case ZepaField::CheckBox:
+        return new CheckEdit(field, parent);
+    case ZepaField::ComboBox:
+        return new ChoiceEdit(field, parent);
+    case ZepaField::SpinBox:
+        return new NumberEdit(field, parent);
+    case ZepaField::SoundEdit:
+        return new SoundEdit(field, parent);
+    default:
+        return new TextEdit(field, parent);
+    }
+}
+
+void FieldEdit::present(const ZepaField& field, QWidget* part)
+{
+    part->setObjectName(field.getId());
+    part->setAccessibleName(fieldLabel(field));
+    part->setAccessibleDescription(field.getDescription());
+    part->setFocusPolicy(Qt::StrongFocus);
+    part->installEventFilter(this);
+    setFocusProxy(part);
+}
+
+void FieldEdit::arrange(const ZepaField& field, QWidget* part)
+{
+    auto* layout = new QHBoxLayout(this);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->addWidget(part);
+    present(field, part);
+}
+
+bool FieldEdit::eventFilter(QObject* watched, QEvent* event)
+{
+    auto* part = qobject_cast<QWidget*>(watched);
+    // A wheel that only scrolls past must not change a value.
+    if (part && event->type() == QEvent::Wheel && !part->hasFocus()) {
+        event->ignore();
+        return true;
+    }
+    // A box for a number would keep these keys to itself; they are the window's.
+    if (isUndo(*event) && !hasTypingToUndo(*watched)) {
+        event->ignore();
+        return true;
+    }
+    return QWidget::eventFilter(watched, event);
+}
+
+QString fieldLabel(const ZepaField& field)
+{
+    return field.getLabel().isEmpty() ? field.getId() : field.getLabel();
+}
+
+QString plainLabel(QString label)
+{
+    return label.replace(u'&', QStringLiteral("&&"));
+}
+
+} // namespace zepa

@@ -1,0 +1,68 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "client/ui/settings/field_form.h"
+
+#include "client/ui/settings/field_edit.h"
+
+#include <QFormLayout>
+#include <QLabel>
+
+#include <algorithm>
+
+namespace zepa {
+
+namespace {
+
+/// Whether the same widget can show both.
+bool sameShape(const ZepaField& a, const ZepaField& b)
+{
+    return a.getId() == b.getId() && a.getType() == b.getType() && a.getLabel() == b.getLabel() &&
+           a.getItemIds() == b.getItemIds() && a.getUpperBound() == b.getUpperBound() &&
+           a.getLowerBound() == b.getLowerBound();
+}
+
+} // namespace
+
+FieldForm::FieldForm(QWidget* parent) : QWidget(parent), m_layout(new QFormLayout(this))
+{
+    m_layout->setContentsMargins(0, 0, 0, 0);
+    m_layout->setFieldGrowthPolicy(QFormLayout::AllNonFixedFieldsGrow);
+    // In a narrow window the label stands above its field.
+    m_layout->setRowWrapPolicy(QFormLayout::WrapLongRows);
+}
+
+void FieldForm::setFields(const QList<ZepaField>& fields)
+{
+    const bool same = std::equal(fields.cbegin(), fields.cend(), m_fields.cbegin(), m_fields.cend(), sameShape);
+    m_fields = fields;
+    if (!same)
+        return rebuild();
+    for (qsizetype i = 0; i < fields.size(); ++i)
+        m_edits[i]->setField(fields[i]);
+}
+
+void FieldForm::rebuild()
+{
+    while (m_layout->rowCount() > 0)
+        m_layout->removeRow(0);
+    m_edits.clear();
+    for (const ZepaField& field : std::as_const(m_fields)) {
+        auto* edit = FieldEdit::make(field, this);
+        m_edits.append(edit);
+        connect(edit, &FieldEdit::edited, this, [this, field](const QString& value) { Q_EMIT edited(field, value); });
+        if (edit->showsLabel()) {
+            m_layout->addRow(edit);
+        } else {
+            auto* label = new QLabel(plainLabel(fieldLabel(field)), this);
+            label->setBuddy(edit);
+            m_layout->addRow(label, edit);
+        }
+        if (field.getDescription().isEmpty())
+            continue;
+        auto* explanation = new QLabel(field.getDescription(), this);
+        explanation->setTextFormat(Qt::PlainText);
+        explanation->setWordWrap(true);
+        m_layout->addRow(edit->showsLabel() ? nullptr : new QLabel(this), explanation);
+    }
+}
+
+} // namespace zepa

@@ -1,0 +1,49 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "client/ui/settings/rule_words.h"
+
+#include "client/ui/settings/field_edit.h"
+
+#include <QCoreApplication>
+#include <QStringList>
+
+namespace zepa {
+
+namespace {
+
+QString tr(const char* text)
+{
+    return QCoreApplication::translate("zepa", text);
+}
+
+QString valueText(const ZepaField& field)
+{
+    switch (field.getType()) {
+    case ZepaField::CheckBox:
+        return field.isChecked() ? tr("on") : tr("off");
+    case ZepaField::ComboBox:
+        return field.getItemLabels().value(field.getItemIds().indexOf(field.getSelectedId()), field.getSelectedId());
+    case ZepaField::SpinBox:
+        return field.getText() + field.getSuffix();
+    default:
+        return field.getText();
+    }
+}
+
+} // namespace
+
+QString ruleCountText(qsizetype count)
+{
+    if (count == 0)
+        return tr("no rule");
+    return count == 1 ? tr("one rule") : tr("%1 rules").arg(count);
+}
+
+QString settingsText(const RuleState& rule)
+{
+    QStringList texts;
+    for (const ZepaField& field : rule.fields)
+        texts.append(tr("%1: %2").arg(fieldLabel(field), valueText(field)));
+    return texts.join(tr(", "));
+}
+
+} // namespace zepa

@@ -1,0 +1,81 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "client/ui/settings/sample.h"
+
+#include "client/client.h"
+#include "client/posting/announce.h"
+#include "client/rules/method_titles.h"
+#include "core/notification.h"
+#include "core/notification_module.h"
+
+#include <QCoreApplication>
+#include <QFile>
+#include <QStringList>
+
+namespace zepa {
+
+namespace {
+
+QString tr(const char* text)
+{
+    return QCoreApplication::translate("zepa", text);
+}
+
+Posting sampleOf(Client& client, const ZepaNotification& type, int number)
+{
+    Posting posting;
+    posting.type = type.getId();
+    posting.title = tr("%1 (sample %2)").arg(type.getName(), QString::number(number));
+    posting.text = tr("Ann: Shall we have lunch at noon?");
+    const QString picture = client.settings().getCurrentThemeDir() + QStringLiteral("icons/%1.png").arg(type.getId());
+    if (QFile::exists(picture))
+        posting.icon = picture;
+    posting.buddy = ZepaBuddy(tr("Ann"), tr("Ann"), ZepaBuddy::Contact);
+    return posting;
+}
+
+/// What kept a method that was called from reaching the user.
+QStringList obstacles(const Report& report)
+{
+    QStringList sentences;
+    if (report.popup == PopupState::NoBus || report.popup == PopupState::NoService)
+        sentences.append(tr("No notification service is there to show the pop-up."));
+    if (report.popup == PopupState::NotRegistered)
+        sentences.append(tr("The notification service does not know this event yet."));
+    if (report.sound == SoundState::MutedForAll || report.sound == SoundState::MutedForStrangers)
+        sentences.append(tr("The setting for alert sounds keeps it silent."));
+    if (report.sound == SoundState::NoFile)
+        sentences.append(tr("The sound file is not there."));
+    if (report.chat == ChatState::NoWindow)
+        sentences.append(tr("No chat with Ann is open to write a line in."));
+    return sentences;
+}
+
+} // namespace
+
+QString postSample(Client& client, const ZepaNotification& type)
+{
+    static int number = 0;
+    const Report report = announce(client, sampleOf(client, type, ++number));
+    switch (report.fate) {
+    case Fate::NoRule:
+    case Fate::UnknownType:
+        return tr("Sample %1: there is no rule for “%2”, so nothing happens.")
+            .arg(QString::number(number), type.getName());
+    case Fate::Repeat:
+        return tr("Sample %1 was dropped as a repeat.").arg(number);
+    case Fate::Delivered:
+        break;
+    }
+
+    QStringList titles;
+    const QStringList methods = report.methods();
+    for (const QString& id : methods) {
+        const ZepaNotificationMethod* method = client.module().getMethods().value(id);
+        titles.append(method ? methodTitle(*method) : id);
+    }
+    QStringList sentences{tr("Sample %1 went to: %2.").arg(QString::number(number), titles.join(tr(", ")))};
+    sentences += obstacles(report);
+    return sentences.join(u' ');
+}
+
+} // namespace zepa

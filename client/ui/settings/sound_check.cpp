@@ -1,0 +1,34 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "client/ui/settings/sound_check.h"
+
+#include "client/services/audio/sound_decoder.h"
+
+#include <QFuture>
+#include <QObject>
+#include <QPromise>
+#include <QThreadPool>
+
+#include <memory>
+#include <utility>
+
+namespace zepa {
+
+void checkSound(const QString& path, QObject* context, std::function<void(bool plays)> done)
+{
+    // Shared, since the pool copies what it runs.
+    const auto promise = std::make_shared<QPromise<bool>>();
+    promise->future().then(context, std::move(done));
+    QThreadPool::globalInstance()->start([path, promise] {
+        promise->start();
+        promise->addResult(audio::decodeSound(path).clip != nullptr);
+        promise->finish();
+    });
+}
+
+QStringList soundNamePatterns()
+{
+    return {QStringLiteral("*.wav"),  QStringLiteral("*.ogg"), QStringLiteral("*.oga"), QStringLiteral("*.flac"),
+            QStringLiteral("*.aiff"), QStringLiteral("*.aif"), QStringLiteral("*.au"),  QStringLiteral("*.mp3")};
+}
+
+} // namespace zepa

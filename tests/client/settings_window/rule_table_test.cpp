@@ -1,0 +1,145 @@
+// SPDX-License-Identifier: Apache-2.0
+// The table of types and methods: what it shows, and what mouse, keyboard and screen reader make of it.
+#include "window_fixture.h"
+
+#include "qt_printers.h"
+
+#include <QLabel>
+#include <QSpinBox>
+
+using namespace zepa;
+using namespace zepa::test;
+
+namespace {
+
+class RuleTable : public SettingsWindow
+{
+protected:
+    bool isMarked(const QString& type, const QString& method) const
+    {
+        return cell(type, method).data(Qt::CheckStateRole).toInt() == Qt::Checked;
+    }
+    /// What a screen reader says at the cell.
+    QString heard(const QModelIndex& index) const
+    {
+        auto* whole = QAccessible::queryAccessibleInterface(table())->tableInterface();
+        return whole->cellAt(index.row(), index.column())->text(QAccessible::Name);
+    }
+};
+
+} // namespace
+
+TEST_F(RuleTable, HasARowForEachTypeAndAColumnForEachMethod)
+{
+    EXPECT_EQ(table()->model()->rowCount(), 18);
+    EXPECT_EQ(table()->model()->columnCount(), client->module().getMethods().size() + 1);
+    const QModelIndex index = cell(typing, popup);
+    EXPECT_EQ(table()->model()->headerData(index.row(), Qt::Vertical).toString(), QStringLiteral("Typing started"));
+    EXPECT_TRUE(table()->model()->headerData(index.row(), Qt::Vertical, Qt::ToolTipRole).toString().contains(typing));
+    EXPECT_EQ(table()->model()->headerData(index.column(), Qt::Horizontal).toString(), QStringLiteral("Pop-up"));
+}
+
+TEST_F(RuleTable, MarksThePairsThatHaveARule)
+{
+    EXPECT_TRUE(isMarked(message, popup));
+    EXPECT_FALSE(isMarked(typing, popup));
+}
+
+TEST_F(RuleTable, ShowsTheSamePairTwiceAsTwo)
+{
+    clickCell(cell(typing, popup));
+    click(find("add"));
+    EXPECT_EQ(cell(typing, popup).data().toString(), QString());
+    click(find("add"));
+    EXPECT_EQ(cell(typing, popup).data().toString(), QStringLiteral("2"));
+    EXPECT_TRUE(isMarked(typing, popup));
+    EXPECT_EQ(heard(cell(typing, popup)), QStringLiteral("Typing started, Pop-up: 2 rules"));
+}
+
+TEST_F(RuleTable, AClickOnTheMarkAddsAndRemovesARule)
+{
+    clickMark(cell(typing, sound));
+    EXPECT_TRUE(isMarked(typing, sound));
+    EXPECT_EQ(rules(typing).size(), 1);
+    clickMark(cell(typing, sound));
+    EXPECT_FALSE(isMarked(typing, sound));
+    EXPECT_EQ(rules(typing).size(), 0);
+}
+
+TEST_F(RuleTable, AClickBesideTheMarkOnlyChoosesTheCell)
+{
+    clickCell(cell(typing, sound));
+    EXPECT_EQ(table()->currentIndex(), cell(typing, sound));
+    EXPECT_FALSE(isMarked(typing, sound));
+}
+
+TEST_F(RuleTable, SpaceAddsAndRemovesARuleAtTheCellThatArrowsReach)
+{
+    table()->setFocus();
+    const QModelIndex target = cell(typing, sound);
+    press(Qt::Key_Home, Qt::ControlModifier);
+    for (int row = 0; row < target.row(); ++row)
+        press(Qt::Key_Down);
+    for (int column = 0; column < target.column(); ++column)
+        press(Qt::Key_Right);
+    ASSERT_EQ(table()->currentIndex(), target);
+    press(Qt::Key_Space);
+    EXPECT_TRUE(isMarked(typing, sound));
+    EXPECT_EQ(said(), QStringLiteral("Typing started, Sound: one rule"));
+    press(Qt::Key_Space);
+    EXPECT_FALSE(isMarked(typing, sound));
+    EXPECT_EQ(rules(typing), QStringList());
+}
+
+TEST_F(RuleTable, SpaceWhereNoMethodIsChangesNothing)
+{
+    clickCell(table()->model()->index(0, table()->model()->columnCount() - 1));
+    press(Qt::Key_Space);
+    EXPECT_FALSE(find("undo")->isEnabled());
+}
+
+TEST_F(RuleTable, TellsAScreenReaderTypeMethodAndRules)
+{
+    EXPECT_EQ(heard(cell(message, popup)), QStringLiteral("Message received, Pop-up: one rule"));
+    EXPECT_EQ(heard(cell(typing, popup)), QStringLiteral("Typing started, Pop-up: no rule"));
+}
+
+TEST_F(RuleTable, KeepsAChangeForTheNextStart)
+{
+    clickMark(cell(typing, sound));
+    clickMark(cell(message, popup));
+    restart();
+    EXPECT_TRUE(isMarked(typing, sound));
+    EXPECT_FALSE(isMarked(message, popup));
+}
+
+TEST_F(RuleTable, ShowsWhatSomeoneElseChangedOnRefresh)
+{
+    QSignalSpy changed(table()->model(), &QAbstractItemModel::dataChanged);
+    QList<ZepaField> config;
+    client->module().addNotificationRule(typing, popup, config);
+    window->refresh();
+    EXPECT_EQ(changed.count(), 1);
+    EXPECT_TRUE(said().contains(QStringLiteral("outside"))) << said().toStdString();
+}
+
+TEST_F(RuleTable, LooksForChangesWhenTheWindowIsActivated)
+{
+    QWidget other;
+    other.show();
+    other.activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&other));
+    client->module().removeNotificationRule(message, popup);
+    window->activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(window.get()));
+    EXPECT_TRUE(said().contains(QStringLiteral("outside"))) << said().toStdString();
+}
+
+TEST_F(RuleTable, GetsARowForATypeThatIsRegisteredLater)
+{
+    client->module().registerNotification(QStringLiteral("lunch"), QStringLiteral("Lunch"), {}, {});
+    window->refresh();
+    EXPECT_EQ(table()->model()->rowCount(), 19);
+    clickMark(cell(QStringLiteral("lunch"), popup));
+    EXPECT_EQ(rules(QStringLiteral("lunch")).size(), 1);
+}
