@@ -3,6 +3,7 @@
 #include "client/cli/output.h"
 #include "client/client.h"
 #include "client/environment.h"
+#include "client/languages.h"
 #include "client/rules/rule_backup.h"
 #include "client/services/client_requests.h"
 #include "client/ui/main/main_window.h"
@@ -66,6 +67,8 @@ int main(int argc, char** argv)
     QApplication::setApplicationVersion(QStringLiteral(ZEPA_VERSION));
     QApplication::setDesktopFileName(QStringLiteral("zepa"));
     QApplication::setQuitOnLastWindowClosed(false);
+    // Before the module and its methods are made: they translate their texts once and keep them.
+    installTranslations(app);
 
     // Somebody who chose a platform that shows nothing knows why.
     if (line.opensWindow() && !hasDisplay() && !platformIsChosen) {

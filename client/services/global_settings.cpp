@@ -25,16 +25,22 @@ ZepaField theme(const QString& id, const QString& label, ThemeKind kind)
 QList<ZepaField> globalSettings()
 {
     return {
-        ZepaField::spinBox(translated("Drop repeats for"), QStringLiteral("duplicated_notifications_time"), 300, 0, 5,
-                           translated("The same event with the same title is announced once in this time."),
-                           translated(" s")),
-        ZepaField::comboBox(translated("Alert sounds"), QStringLiteral("alerts"),
+        ZepaField::spinBox(translated(QT_TRANSLATE_NOOP("settings", "Drop repeats for")),
+                           QStringLiteral("duplicated_notifications_time"), 300, 0, 5,
+                           translated(QT_TRANSLATE_NOOP(
+                               "settings", "The same event with the same title is announced once in this time.")),
+                           translated(QT_TRANSLATE_NOOP("settings", " s"))),
+        ZepaField::comboBox(translated(QT_TRANSLATE_NOOP("settings", "Alert sounds")), QStringLiteral("alerts"),
                             {QStringLiteral("never"), QStringLiteral("always"), QStringLiteral("buddies_only")},
-                            {translated("Mute"), translated("Notify always"), translated("Notify from buddies only")},
-                            QStringLiteral("buddies_only"), translated("Whose alerts make a sound.")),
-        theme(QStringLiteral("icon_theme"), translated("Pictures"), ThemeKind::Icons),
-        theme(QStringLiteral("roster_theme"), translated("Contact list pictures"), ThemeKind::Roster),
-        theme(QStringLiteral("sound_theme"), translated("Sounds"), ThemeKind::Sounds),
+                            {translated(QT_TRANSLATE_NOOP("settings", "Mute")),
+                             translated(QT_TRANSLATE_NOOP("settings", "Notify always")),
+                             translated(QT_TRANSLATE_NOOP("settings", "Notify from buddies only"))},
+                            QStringLiteral("buddies_only"),
+                            translated(QT_TRANSLATE_NOOP("settings", "Whose alerts make a sound."))),
+        theme(QStringLiteral("icon_theme"), translated(QT_TRANSLATE_NOOP("settings", "Pictures")), ThemeKind::Icons),
+        theme(QStringLiteral("roster_theme"), translated(QT_TRANSLATE_NOOP("settings", "Contact list pictures")),
+              ThemeKind::Roster),
+        theme(QStringLiteral("sound_theme"), translated(QT_TRANSLATE_NOOP("settings", "Sounds")), ThemeKind::Sounds),
     };
 }
 

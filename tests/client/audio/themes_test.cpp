@@ -166,7 +166,7 @@ TEST(PictureThemes, HaveThePicturesOfTheMethodsAndTheProgram)
     const QString icons = themes + QStringLiteral("icons/default/icons/");
     for (const char* name : {"speaker", "popup", "chat", "attention", "speech", "log", "command", "zepa"})
         expectPicture(icons + QString::fromUtf8(name) + QStringLiteral(".png"), 64);
-    for (const int size : {48, 128, 256})
+    for (const int size : {16, 22, 24, 32, 48, 128, 256})
         expectPicture(icons + QStringLiteral("zepa-%1.png").arg(size), size);
 }
 

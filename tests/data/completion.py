@@ -1,0 +1,122 @@
+# SPDX-License-Identifier: Apache-2.0
+"""Completion for bash, asked as bash asks, and with keys typed into a real shell."""
+
+import os
+import pathlib
+import pty
+import re
+import select
+import subprocess
+import time
+
+SCRIPT = pathlib.Path(__file__).resolve().parent.parent.parent / "data" / "completions" / "zepa"
+LIBRARY = "/usr/share/bash-completion/bash_completion"
+
+ASK = """
+source "$1"; source "$2"; shift 2
+COMP_LINE="$1"; COMP_POINT=${#1}; COMP_TYPE=9; COMP_KEY=9; shift
+COMP_WORDS=("$@"); COMP_CWORD=$(($# - 1))
+compopt() { :; }
+_zepa
+printf '%s\\n' "${COMPREPLY[@]}"
+"""
+
+
+def offered(line):
+    """What a press on Tab offers behind `line`."""
+    # bash parts words at "=", too.
+    words = [part for word in line.split(" ") for part in re.split(r"(=)", word) if part or not word]
+    if line.endswith("="):
+        words.append("")
+    result = subprocess.run(["bash", "--norc", "-c", ASK, "bash", LIBRARY, str(SCRIPT), line, *words],
+                            capture_output=True, text=True, check=False)
+    if result.stderr:
+        raise AssertionError(f"{line}: {result.stderr}")
+    return sorted(result.stdout.split())
+
+
+def compare(program):
+    """The problems: where it offers something else than what the program knows."""
+    def differs(line, expected):
+        found = offered(line)
+        return None if found == sorted(expected) else f"{line!r} offers {found}, not {sorted(expected)}"
+
+    verbs = program.verbs()
+    types = [one["id"] for one in program.listed("types")]
+    methods = program.listed("methods")
+    settings = program.listed("setting", "get")
+    yield differs("zepa ", {verb.split()[0] for verb in verbs})
+    for first in ("rule", "setting"):
+        yield differs(f"zepa {first} ", [verb.split()[1] for verb in verbs if verb.startswith(first + " ")])
+    for verb, options in verbs.items():
+        yield differs(f"zepa {verb} --", options)
+        yield differs(f"zepa --settings /x {verb} --", options)
+    yield differs("zepa --", ["--help", "--settings", "--version"])
+    for verb in ("post", "rules", "rule set", "rule remove"):
+        yield differs(f"zepa {verb} ", types)
+    yield differs("zepa post message_received --buddy ann ", [])
+    yield differs("zepa rule set conf", [one for one in types if one.startswith("conf")])
+    for verb in ("rule set", "rule remove"):
+        yield differs(f"zepa {verb} message_sent ", [one["id"] for one in methods])
+    for method in methods:
+        line = f"zepa rule set message_sent {method['id']} "
+        yield differs(line, [one["id"] + "=" for one in method["fields"]])
+        for field in method["fields"]:
+            if choice := choices(field["allowed"]):
+                yield differs(line + field["id"] + "=", choice)
+                yield differs(line + "other=1 " + field["id"] + "=" + choice[0][:2],
+                              [one for one in choice if one.startswith(choice[0][:2])])
+    for verb in ("setting get", "setting set"):
+        yield differs(f"zepa {verb} ", [one["id"] for one in settings])
+    for setting in settings:
+        # The names of themes are the user's own.
+        if not setting["id"].endswith("_theme"):
+            yield differs(f"zepa setting set {setting['id']} ", choices(setting["allowed"]) or [])
+
+
+def choices(allowed):
+    if allowed == "true or false":
+        return ["true", "false"]
+    return allowed.removeprefix("one of: ").split(", ") if allowed.startswith("one of: ") else None
+
+
+def type_in_a_shell(script):
+    """Keys go into an interactive shell; what stands behind the prompt afterwards is looked at."""
+    child, terminal = pty.fork()
+    if child == 0:
+        os.execve("/bin/bash", ["bash", "--norc", "--noprofile", "-i"],
+                  {"PS1": "ready> ", "TERM": "dumb", "PATH": "/usr/bin:/bin", "HOME": "/nonexistent",
+                   "HISTFILE": "/dev/null", "INPUTRC": "/dev/null", "LC_ALL": "C.UTF-8"})
+    shown = b""
+
+    def wait_for(text):
+        nonlocal shown
+        end = time.monotonic() + 60
+        while text not in shown and time.monotonic() < end:
+            if select.select([terminal], [], [], 0.2)[0]:
+                shown += os.read(terminal, 65536)
+        return text in shown
+
+    def keys(text):
+        os.write(terminal, text)
+
+    try:
+        keys(f"source {LIBRARY}; source {script}; echo lo''aded\n".encode())
+        if not wait_for(b"loaded\r\n"):
+            yield f"the shell did not start: {shown}"
+        for typed, completed in ((b"zepa po\t", b"zepa post "),
+                                 (b"zepa rule s\tmessage_s\tzepa_hi\tsti\tt\t",
+                                  b"zepa rule set message_sent zepa_hint_notification sticky=true"),
+                                 (b"zepa setting set al\tn\t", b"zepa setting set alerts never")):
+            shown = b""
+            keys(typed)
+            if not wait_for(completed):
+                yield f"{typed} became {shown}"
+            shown = b""
+            keys(b"\x03")
+            wait_for(b"ready> ")
+    finally:
+        keys(b"\x03")
+        keys(b"exit\n")
+        os.close(terminal)
+        os.waitpid(child, 0)

@@ -1,0 +1,899 @@
+<?xml version="1.0" encoding="utf-8"?>
+<!DOCTYPE TS>
+<TS version="2.1" language="de_DE" sourcelanguage="en">
+<context>
+    <name>presence</name>
+    <message>
+        <source>available</source>
+        <translation>verfügbar</translation>
+    </message>
+    <message>
+        <source>away</source>
+        <translation>abwesend</translation>
+    </message>
+    <message>
+        <source>not available</source>
+        <translation>nicht verfügbar</translation>
+    </message>
+</context>
+<context>
+    <name>settings</name>
+    <message>
+        <source>Drop repeats for</source>
+        <translation>Wiederholungen weglassen für</translation>
+    </message>
+    <message>
+        <source>The same event with the same title is announced once in this time.</source>
+        <translation>Dasselbe Ereignis mit demselben Titel wird in dieser Zeit einmal gemeldet.</translation>
+    </message>
+    <message>
+        <source> s</source>
+        <translation> s</translation>
+    </message>
+    <message>
+        <source>Alert sounds</source>
+        <translation>Klänge für Weckrufe</translation>
+    </message>
+    <message>
+        <source>Mute</source>
+        <translation>Stumm</translation>
+    </message>
+    <message>
+        <source>Notify always</source>
+        <translation>Immer melden</translation>
+    </message>
+    <message>
+        <source>Notify from buddies only</source>
+        <translation>Nur bei Kontakten melden</translation>
+    </message>
+    <message>
+        <source>Whose alerts make a sound.</source>
+        <translation>Wessen Weckrufe klingen.</translation>
+    </message>
+    <message>
+        <source>Pictures</source>
+        <translation>Bilder</translation>
+    </message>
+    <message>
+        <source>Contact list pictures</source>
+        <translation>Bilder der Kontaktliste</translation>
+    </message>
+    <message>
+        <source>Sounds</source>
+        <translation>Klänge</translation>
+    </message>
+</context>
+<context>
+    <name>tray icon</name>
+    <message>
+        <source>Show</source>
+        <translation>Zeigen</translation>
+    </message>
+    <message>
+        <source>Quit</source>
+        <translation>Beenden</translation>
+    </message>
+</context>
+<context>
+    <name>zepa</name>
+    <message>
+        <source>Command</source>
+        <translation>Befehl</translation>
+    </message>
+    <message>
+        <source>A program and its arguments. %t is the title, %m the message, %B the buddy. Quotes keep words together; no shell runs it.</source>
+        <translation>Ein Programm und seine Argumente. %t ist der Titel, %m die Nachricht, %B der Kontakt. Anführungszeichen halten Wörter zusammen; keine Shell führt es aus.</translation>
+    </message>
+    <message>
+        <source>run a command</source>
+        <translation>Befehl ausführen</translation>
+    </message>
+    <message>
+        <source>File</source>
+        <translation>Datei</translation>
+    </message>
+    <message>
+        <source>A name without a folder is a file in ~/.local/state/zepa.</source>
+        <translation>Ein Name ohne Ordner ist eine Datei in ~/.local/state/zepa.</translation>
+    </message>
+    <message>
+        <source>Largest size</source>
+        <translation>Höchstgröße</translation>
+    </message>
+    <message>
+        <source>When it is reached, a new file begins.</source>
+        <translation>Wenn sie erreicht ist, beginnt eine neue Datei.</translation>
+    </message>
+    <message>
+        <source> KB</source>
+        <translation> KB</translation>
+    </message>
+    <message>
+        <source>Older files kept</source>
+        <translation>Ältere Dateien behalten</translation>
+    </message>
+    <message>
+        <source>They have .1, .2 and so on behind their names.</source>
+        <translation>Sie haben .1, .2 und so weiter hinter ihren Namen.</translation>
+    </message>
+    <message>
+        <source>write to a file</source>
+        <translation>in eine Datei schreiben</translation>
+    </message>
+    <message>
+        <source>Read out</source>
+        <translation>Vorlesen</translation>
+    </message>
+    <message>
+        <source>Title and text</source>
+        <translation>Titel und Text</translation>
+    </message>
+    <message>
+        <source>Title only</source>
+        <translation>Nur Titel</translation>
+    </message>
+    <message>
+        <source>Text only</source>
+        <translation>Nur Text</translation>
+    </message>
+    <message>
+        <source>Voice</source>
+        <translation>Stimme</translation>
+    </message>
+    <message>
+        <source>A voice of espeak-ng, for example de or en-us. Empty: its own choice.</source>
+        <translation>Eine Stimme von espeak-ng, zum Beispiel de oder en-us. Leer: seine eigene Wahl.</translation>
+    </message>
+    <message>
+        <source>Speed</source>
+        <translation>Geschwindigkeit</translation>
+    </message>
+    <message>
+        <source> words a minute</source>
+        <translation> Wörter in der Minute</translation>
+    </message>
+    <message>
+        <source>read out</source>
+        <translation>vorlesen</translation>
+    </message>
+    <message>
+        <source>Pop-up</source>
+        <translation>Einblendung</translation>
+    </message>
+    <message>
+        <source>Sound</source>
+        <translation>Klang</translation>
+    </message>
+    <message>
+        <source>Line in the chat</source>
+        <translation>Zeile im Chat</translation>
+    </message>
+    <message>
+        <source>Attention</source>
+        <translation>Aufmerksamkeit</translation>
+    </message>
+    <message>
+        <source>The stored rules for these types were damaged, as a crash or a full disk leaves them, and are back as they were last: %1</source>
+        <translation>Die gespeicherten Regeln für diese Arten waren beschädigt, wie ein Absturz oder ein voller Datenträger sie hinterlässt, und sind wieder wie zuletzt: %1</translation>
+    </message>
+    <message>
+        <source>The stored rules for these types were damaged, and there was no good copy. They have their defaults now; the damaged files are in %2. Types: %1</source>
+        <translation>Die gespeicherten Regeln für diese Arten waren beschädigt, und es gab keine gute Kopie. Sie haben jetzt ihre Voreinstellungen; die beschädigten Dateien sind in %2. Arten: %1</translation>
+    </message>
+    <message>
+        <source>The stored rules for these types are damaged and cannot be mended; the files are in %2. Types: %1</source>
+        <translation>Die gespeicherten Regeln für diese Arten sind beschädigt und lassen sich nicht reparieren; die Dateien sind in %2. Arten: %1</translation>
+    </message>
+    <message>
+        <source>The rules for %1 are stored, but there is no room for the copy that protects them; nothing more can be changed before there is.</source>
+        <translation>Die Regeln für %1 sind gespeichert, aber für die Kopie, die sie schützt, ist kein Platz; vorher kann nichts mehr geändert werden.</translation>
+    </message>
+    <message>
+        <source>The change to the rules for %1 could not be stored, perhaps because the disk is full. It holds until the program ends.</source>
+        <translation>Die Änderung der Regeln für %1 konnte nicht gespeichert werden, vielleicht weil der Datenträger voll ist. Sie gilt, bis das Programm endet.</translation>
+    </message>
+    <message>
+        <source>The rules for %1 were not changed: the file cannot be written, or there is no room for the copy that protects it.</source>
+        <translation>Die Regeln für %1 wurden nicht geändert: Die Datei kann nicht geschrieben werden, oder für die Kopie, die sie schützt, ist kein Platz.</translation>
+    </message>
+    <message>
+        <source>Time</source>
+        <translation>Zeit</translation>
+    </message>
+    <message>
+        <source>Event</source>
+        <translation>Ereignis</translation>
+    </message>
+    <message>
+        <source>Title</source>
+        <translation>Titel</translation>
+    </message>
+    <message>
+        <source>About</source>
+        <translation>Über</translation>
+    </message>
+    <message>
+        <source>Pop-up?</source>
+        <translation>Einblendung?</translation>
+    </message>
+    <message>
+        <source>Methods called</source>
+        <translation>Aufgerufene Methoden</translation>
+    </message>
+    <message>
+        <source>on</source>
+        <translation>an</translation>
+    </message>
+    <message>
+        <source>off</source>
+        <translation>aus</translation>
+    </message>
+    <message>
+        <source>no rule</source>
+        <translation>keine Regel</translation>
+    </message>
+    <message>
+        <source>one rule</source>
+        <translation>eine Regel</translation>
+    </message>
+    <message>
+        <source>%1 rules</source>
+        <translation>%1 Regeln</translation>
+    </message>
+    <message>
+        <source>%1: %2</source>
+        <translation>%1: %2</translation>
+    </message>
+    <message>
+        <source>, </source>
+        <translation>, </translation>
+    </message>
+    <message>
+        <source>%1 (sample %2)</source>
+        <translation>%1 (Probe %2)</translation>
+    </message>
+    <message>
+        <source>Ann: Shall we have lunch at noon?</source>
+        <translation>Anna: Essen wir um zwölf zu Mittag?</translation>
+    </message>
+    <message>
+        <source>Ann</source>
+        <translation>Anna</translation>
+    </message>
+    <message>
+        <source>No notification service is there to show the pop-up.</source>
+        <translation>Es ist kein Benachrichtigungsdienst da, der die Einblendung zeigen könnte.</translation>
+    </message>
+    <message>
+        <source>The notification service does not know this event yet.</source>
+        <translation>Der Benachrichtigungsdienst kennt dieses Ereignis noch nicht.</translation>
+    </message>
+    <message>
+        <source>The setting for alert sounds keeps it silent.</source>
+        <translation>Die Einstellung für Klänge der Weckrufe lässt es stumm.</translation>
+    </message>
+    <message>
+        <source>The sound file is not there.</source>
+        <translation>Die Klangdatei ist nicht da.</translation>
+    </message>
+    <message>
+        <source>No chat with Ann is open to write a line in.</source>
+        <translation>Es ist kein Chat mit Anna offen, in den eine Zeile geschrieben werden könnte.</translation>
+    </message>
+    <message>
+        <source>Sample %1: there is no rule for “%2”, so nothing happens.</source>
+        <translation>Probe %1: Es gibt keine Regel für „%2“, deshalb geschieht nichts.</translation>
+    </message>
+    <message>
+        <source>Sample %1 was dropped as a repeat.</source>
+        <translation>Probe %1 wurde als Wiederholung weggelassen.</translation>
+    </message>
+    <message>
+        <source>Sample %1 went to: %2.</source>
+        <translation>Probe %1 ging an: %2.</translation>
+    </message>
+    <message>
+        <source>%1 writes</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Lunch at noon?</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 writes in a background chat</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Are you still there?</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 writes first</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Good morning!</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>You write to %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>On my way</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 sends an alert</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>You got an alert</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>You send %1 an alert</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>You sent an alert</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>E-mail waits</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>New e-mail</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>3 unread messages</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The program has news</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Information</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>A file was saved</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The program fails</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Error</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>A file could not be saved</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Your account logs in</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Logged in</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Your account is connected</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 comes online</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>is available</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 goes away</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>is away</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 goes offline</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>is not available</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 changes status</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>back in ten minutes</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 starts typing</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>is typing</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 stops typing</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>stopped typing</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 writes in a conference</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Hello everybody</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 writes in a background conference</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Who takes the minutes?</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>zepa::ChatHistory</name>
+    <message>
+        <source>Information:</source>
+        <translation>Information:</translation>
+    </message>
+</context>
+<context>
+    <name>zepa::ChatWindow</name>
+    <message>
+        <source>&amp;Send</source>
+        <translation>&amp;Senden</translation>
+    </message>
+    <message>
+        <source>Write a message</source>
+        <translation>Nachricht schreiben</translation>
+    </message>
+    <message>
+        <source>Conversation with %1</source>
+        <translation>Gespräch mit %1</translation>
+    </message>
+    <message>
+        <source>Message to %1</source>
+        <translation>Nachricht an %1</translation>
+    </message>
+    <message>
+        <source>You</source>
+        <translation>Sie</translation>
+    </message>
+</context>
+<context>
+    <name>zepa::ContactModel</name>
+    <message>
+        <source>stranger</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 (%2)</source>
+        <comment>name and presence</comment>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>zepa::ContactPanel</name>
+    <message>
+        <source>Contacts</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>C&amp;ontacts</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Open the &amp;chat</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>zepa::JournalView</name>
+    <message>
+        <source>Why did this not pop up?</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The journal says here for each posting why it did not pop up.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Type, title, text, person</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&amp;Filter:</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Verdict</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>All verdicts</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>C&amp;opy</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Puts the chosen lines onto the clipboard</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Journal</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1: %2</source>
+        <comment>event and verdict</comment>
+        <translation>%1: %2</translation>
+    </message>
+</context>
+<context>
+    <name>zepa::MainWindow</name>
+    <message>
+        <source>&amp;Zepa</source>
+        <translation>&amp;Zepa</translation>
+    </message>
+    <message>
+        <source>&amp;Quit</source>
+        <translation>&amp;Beenden</translation>
+    </message>
+    <message>
+        <source>&amp;Notification settings...</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&amp;Contact</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&amp;Journal</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&amp;Copy the chosen lines</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Copy &amp;all lines</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>C&amp;lear</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>zepa::NoticeBar</name>
+    <message>
+        <source>&amp;Understood</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>zepa::NotificationSettings</name>
+    <message>
+        <source>&amp;Undo</source>
+        <translation>&amp;Rückgängig</translation>
+    </message>
+    <message>
+        <source>Red&amp;o</source>
+        <translation>&amp;Wiederholen</translation>
+    </message>
+    <message>
+        <source>Notification settings</source>
+        <translation>Benachrichtigungseinstellungen</translation>
+    </message>
+    <message>
+        <source>Space adds or removes a rule. Changes are stored at once.</source>
+        <translation>Die Leertaste fügt eine Regel hinzu oder entfernt sie. Änderungen werden sofort gespeichert.</translation>
+    </message>
+    <message>
+        <source>Events and methods</source>
+        <translation>Ereignisse und Methoden</translation>
+    </message>
+    <message>
+        <source>A check mark stands where an event uses a method. Space toggles it.</source>
+        <translation>Ein Haken steht, wo ein Ereignis eine Methode benutzt. Die Leertaste schaltet um.</translation>
+    </message>
+    <message>
+        <source>For all events</source>
+        <translation>Für alle Ereignisse</translation>
+    </message>
+    <message>
+        <source>&amp;Close</source>
+        <translation>&amp;Schließen</translation>
+    </message>
+    <message>
+        <source>Nothing to undo.</source>
+        <translation>Nichts rückgängig zu machen.</translation>
+    </message>
+    <message>
+        <source>Last change: %1</source>
+        <translation>Letzte Änderung: %1</translation>
+    </message>
+</context>
+<context>
+    <name>zepa::NumberEdit</name>
+    <message>
+        <source>%1 to %2</source>
+        <translation>%1 bis %2</translation>
+    </message>
+    <message>
+        <source>%1 %2</source>
+        <comment>description, bounds</comment>
+        <translation>%1 %2</translation>
+    </message>
+</context>
+<context>
+    <name>zepa::ProblemBar</name>
+    <message>
+        <source>&amp;Try again</source>
+        <translation>Noch einmal &amp;versuchen</translation>
+    </message>
+    <message>
+        <source>Warning</source>
+        <translation>Warnung</translation>
+    </message>
+</context>
+<context>
+    <name>zepa::RuleEditor</name>
+    <message>
+        <source>Add: %1</source>
+        <translation>Hinzufügen: %1</translation>
+    </message>
+    <message>
+        <source>Remove: %1</source>
+        <translation>Entfernen: %1</translation>
+    </message>
+    <message>
+        <source>Change: %1, %2</source>
+        <translation>Ändern: %1, %2</translation>
+    </message>
+    <message>
+        <source>Restore defaults: %1</source>
+        <translation>Voreinstellungen: %1</translation>
+    </message>
+    <message>
+        <source>Change: %1</source>
+        <translation>Ändern: %1</translation>
+    </message>
+    <message>
+        <source>Undone: %1</source>
+        <translation>Zurückgenommen: %1</translation>
+    </message>
+    <message>
+        <source>Done again: %1</source>
+        <translation>Wiederholt: %1</translation>
+    </message>
+    <message>
+        <source>All rules are stored now.</source>
+        <translation>Alle Regeln sind jetzt gespeichert.</translation>
+    </message>
+    <message>
+        <source>Rules or settings were changed from outside of this window.</source>
+        <translation>Regeln oder Einstellungen wurden außerhalb dieses Fensters geändert.</translation>
+    </message>
+    <message>
+        <source>The setting “%1” cannot be written, so it was not changed. The file is %2.</source>
+        <translation>Die Einstellung „%1“ kann nicht geschrieben werden, deshalb wurde sie nicht geändert. Die Datei ist %2.</translation>
+    </message>
+    <message>
+        <source>, </source>
+        <translation>, </translation>
+    </message>
+    <message>
+        <source>%1, %2</source>
+        <translation>%1, %2</translation>
+    </message>
+    <message>
+        <source>The rules of “%1” were not changed: the file %2 cannot be written, or there is no room on the disk for the copy that protects it.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The rules of “%1” are stored, but there is no room on the disk for the copy that protects them. Make room before you change more.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>These events have rules that could not be written to %2, perhaps because the disk is full. They are in use until the client ends: %1.</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>zepa::RulePane</name>
+    <message>
+        <source>R&amp;ule:</source>
+        <translation>&amp;Regel:</translation>
+    </message>
+    <message>
+        <source>&amp;Add a rule</source>
+        <translation>Regel hin&amp;zufügen</translation>
+    </message>
+    <message>
+        <source>Re&amp;move this rule</source>
+        <translation>Diese Regel ent&amp;fernen</translation>
+    </message>
+    <message>
+        <source>Post a &amp;sample</source>
+        <translation>&amp;Probe senden</translation>
+    </message>
+    <message>
+        <source>Restore &amp;defaults</source>
+        <translation>&amp;Voreinstellungen</translation>
+    </message>
+    <message>
+        <source>Posts an event of this kind, so that you see and hear what its rules do.</source>
+        <translation>Sendet ein Ereignis dieser Art, damit Sie sehen und hören, was seine Regeln bewirken.</translation>
+    </message>
+    <message>
+        <source>Gives all methods of this event the rules that they had at first.</source>
+        <translation>Gibt allen Methoden dieses Ereignisses die Regeln, die sie anfangs hatten.</translation>
+    </message>
+    <message>
+        <source>No event is chosen</source>
+        <translation>Kein Ereignis gewählt</translation>
+    </message>
+    <message>
+        <source>%1: %2</source>
+        <comment>event, method</comment>
+        <translation>%1: %2</translation>
+    </message>
+    <message>
+        <source>1 (newest)</source>
+        <translation>1 (neueste)</translation>
+    </message>
+    <message>
+        <source>&amp;Add another rule</source>
+        <translation>Weitere Regel hin&amp;zufügen</translation>
+    </message>
+    <message>
+        <source>Choose an event in the table.</source>
+        <translation>Wählen Sie ein Ereignis in der Tabelle.</translation>
+    </message>
+    <message>
+        <source>Choose the column of a method to see its rule.</source>
+        <translation>Wählen Sie die Spalte einer Methode, um ihre Regel zu sehen.</translation>
+    </message>
+    <message>
+        <source>There is no rule, so this event does not use this method.</source>
+        <translation>Es gibt keine Regel, deshalb benutzt dieses Ereignis diese Methode nicht.</translation>
+    </message>
+    <message>
+        <source>This method has no settings.</source>
+        <translation>Diese Methode hat keine Einstellungen.</translation>
+    </message>
+    <message>
+        <source>All %1 rules act, the newest first. Space in the table and the command line reach the newest one. The next start of the program turns their order round.</source>
+        <translation>Alle %1 Regeln wirken, die neueste zuerst. Leertaste in der Tabelle und Befehlszeile erreichen die neueste. Der nächste Start des Programms kehrt ihre Reihenfolge um.</translation>
+    </message>
+</context>
+<context>
+    <name>zepa::RuleTableModel</name>
+    <message>
+        <source>%1: %2</source>
+        <comment>event, description</comment>
+        <translation>%1: %2</translation>
+    </message>
+    <message>
+        <source>%1, %2: %3</source>
+        <comment>event, method, count of rules</comment>
+        <translation>%1, %2: %3</translation>
+    </message>
+    <message>
+        <source>Space adds a rule.</source>
+        <translation>Die Leertaste fügt eine Regel hinzu.</translation>
+    </message>
+    <message>
+        <source>Space removes the newest rule.</source>
+        <translation>Die Leertaste entfernt die neueste Regel.</translation>
+    </message>
+    <message>
+        <source>Meaning</source>
+        <translation>Bedeutung</translation>
+    </message>
+    <message>
+        <source>%1
+Identifier: %2</source>
+        <translation>%1
+Kennung: %2</translation>
+    </message>
+    <message>
+        <source>%1
+Installed from outside. Identifier: %2</source>
+        <translation>%1
+Von außen installiert. Kennung: %2</translation>
+    </message>
+</context>
+<context>
+    <name>zepa::Simulator</name>
+    <message>
+        <source>Simulator</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>With an &amp;action for a click</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>A sample text</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>A click on the pop-up opens the chat. Only a pop-up with an action tells whether it was clicked; only one without can be sticky.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&amp;Post</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&amp;Event:</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&amp;Text:</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>zepa::SoundEdit</name>
+    <message>
+        <source>&amp;Play</source>
+        <translation>Abs&amp;pielen</translation>
+    </message>
+    <message>
+        <source>Play the sound</source>
+        <translation>Klang abspielen</translation>
+    </message>
+    <message>
+        <source>C&amp;hoose...</source>
+        <translation>Aus&amp;wählen …</translation>
+    </message>
+    <message>
+        <source>Choose a sound file</source>
+        <translation>Klangdatei auswählen</translation>
+    </message>
+    <message>
+        <source>Choose a sound</source>
+        <translation>Klang auswählen</translation>
+    </message>
+    <message>
+        <source>Sounds (%1)</source>
+        <translation>Klänge (%1)</translation>
+    </message>
+    <message>
+        <source>%1 cannot be played, so it was not taken.</source>
+        <translation>%1 lässt sich nicht abspielen und wurde deshalb nicht übernommen.</translation>
+    </message>
+    <message>
+        <source>This file cannot be played.</source>
+        <translation>Diese Datei lässt sich nicht abspielen.</translation>
+    </message>
+</context>
+</TS>

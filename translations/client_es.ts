@@ -1,0 +1,899 @@
+<?xml version="1.0" encoding="utf-8"?>
+<!DOCTYPE TS>
+<TS version="2.1" language="es_ES" sourcelanguage="en">
+<context>
+    <name>presence</name>
+    <message>
+        <source>available</source>
+        <translation>disponible</translation>
+    </message>
+    <message>
+        <source>away</source>
+        <translation>ausente</translation>
+    </message>
+    <message>
+        <source>not available</source>
+        <translation>no disponible</translation>
+    </message>
+</context>
+<context>
+    <name>settings</name>
+    <message>
+        <source>Drop repeats for</source>
+        <translation>Omitir repeticiones durante</translation>
+    </message>
+    <message>
+        <source>The same event with the same title is announced once in this time.</source>
+        <translation>El mismo suceso con el mismo título se anuncia una vez en este tiempo.</translation>
+    </message>
+    <message>
+        <source> s</source>
+        <translation> s</translation>
+    </message>
+    <message>
+        <source>Alert sounds</source>
+        <translation>Sonidos de los avisos</translation>
+    </message>
+    <message>
+        <source>Mute</source>
+        <translation>Silencio</translation>
+    </message>
+    <message>
+        <source>Notify always</source>
+        <translation>Avisar siempre</translation>
+    </message>
+    <message>
+        <source>Notify from buddies only</source>
+        <translation>Avisar solo de contactos</translation>
+    </message>
+    <message>
+        <source>Whose alerts make a sound.</source>
+        <translation>De quién suenan los avisos.</translation>
+    </message>
+    <message>
+        <source>Pictures</source>
+        <translation>Imágenes</translation>
+    </message>
+    <message>
+        <source>Contact list pictures</source>
+        <translation>Imágenes de la lista de contactos</translation>
+    </message>
+    <message>
+        <source>Sounds</source>
+        <translation>Sonidos</translation>
+    </message>
+</context>
+<context>
+    <name>tray icon</name>
+    <message>
+        <source>Show</source>
+        <translation>Mostrar</translation>
+    </message>
+    <message>
+        <source>Quit</source>
+        <translation>Salir</translation>
+    </message>
+</context>
+<context>
+    <name>zepa</name>
+    <message>
+        <source>Command</source>
+        <translation>Orden</translation>
+    </message>
+    <message>
+        <source>A program and its arguments. %t is the title, %m the message, %B the buddy. Quotes keep words together; no shell runs it.</source>
+        <translation>Un programa y sus argumentos. %t es el título, %m el mensaje, %B el contacto. Las comillas mantienen juntas las palabras; no lo ejecuta ninguna shell.</translation>
+    </message>
+    <message>
+        <source>run a command</source>
+        <translation>ejecutar una orden</translation>
+    </message>
+    <message>
+        <source>File</source>
+        <translation>Archivo</translation>
+    </message>
+    <message>
+        <source>A name without a folder is a file in ~/.local/state/zepa.</source>
+        <translation>Un nombre sin carpeta es un archivo en ~/.local/state/zepa.</translation>
+    </message>
+    <message>
+        <source>Largest size</source>
+        <translation>Tamaño máximo</translation>
+    </message>
+    <message>
+        <source>When it is reached, a new file begins.</source>
+        <translation>Cuando se alcanza, empieza un archivo nuevo.</translation>
+    </message>
+    <message>
+        <source> KB</source>
+        <translation> KB</translation>
+    </message>
+    <message>
+        <source>Older files kept</source>
+        <translation>Archivos antiguos guardados</translation>
+    </message>
+    <message>
+        <source>They have .1, .2 and so on behind their names.</source>
+        <translation>Llevan .1, .2, etc. detrás de sus nombres.</translation>
+    </message>
+    <message>
+        <source>write to a file</source>
+        <translation>escribir en un archivo</translation>
+    </message>
+    <message>
+        <source>Read out</source>
+        <translation>Leer</translation>
+    </message>
+    <message>
+        <source>Title and text</source>
+        <translation>Título y texto</translation>
+    </message>
+    <message>
+        <source>Title only</source>
+        <translation>Solo título</translation>
+    </message>
+    <message>
+        <source>Text only</source>
+        <translation>Solo texto</translation>
+    </message>
+    <message>
+        <source>Voice</source>
+        <translation>Voz</translation>
+    </message>
+    <message>
+        <source>A voice of espeak-ng, for example de or en-us. Empty: its own choice.</source>
+        <translation>Una voz de espeak-ng, por ejemplo de o en-us. Vacío: su propia elección.</translation>
+    </message>
+    <message>
+        <source>Speed</source>
+        <translation>Velocidad</translation>
+    </message>
+    <message>
+        <source> words a minute</source>
+        <translation> palabras por minuto</translation>
+    </message>
+    <message>
+        <source>read out</source>
+        <translation>leer en voz alta</translation>
+    </message>
+    <message>
+        <source>Pop-up</source>
+        <translation>Aviso emergente</translation>
+    </message>
+    <message>
+        <source>Sound</source>
+        <translation>Sonido</translation>
+    </message>
+    <message>
+        <source>Line in the chat</source>
+        <translation>Línea en el chat</translation>
+    </message>
+    <message>
+        <source>Attention</source>
+        <translation>Atención</translation>
+    </message>
+    <message>
+        <source>The stored rules for these types were damaged, as a crash or a full disk leaves them, and are back as they were last: %1</source>
+        <translation>Las reglas guardadas de estos tipos estaban dañadas, como las deja un fallo o un disco lleno, y vuelven a estar como la última vez: %1</translation>
+    </message>
+    <message>
+        <source>The stored rules for these types were damaged, and there was no good copy. They have their defaults now; the damaged files are in %2. Types: %1</source>
+        <translation>Las reglas guardadas de estos tipos estaban dañadas y no había copia buena. Ahora tienen sus valores predeterminados; los archivos dañados están en %2. Tipos: %1</translation>
+    </message>
+    <message>
+        <source>The stored rules for these types are damaged and cannot be mended; the files are in %2. Types: %1</source>
+        <translation>Las reglas guardadas de estos tipos están dañadas y no se pueden reparar; los archivos están en %2. Tipos: %1</translation>
+    </message>
+    <message>
+        <source>The rules for %1 are stored, but there is no room for the copy that protects them; nothing more can be changed before there is.</source>
+        <translation>Las reglas de %1 están guardadas, pero no hay sitio para la copia que las protege; hasta entonces no se puede cambiar nada más.</translation>
+    </message>
+    <message>
+        <source>The change to the rules for %1 could not be stored, perhaps because the disk is full. It holds until the program ends.</source>
+        <translation>El cambio de las reglas de %1 no se pudo guardar, quizá porque el disco está lleno. Vale hasta que termine el programa.</translation>
+    </message>
+    <message>
+        <source>The rules for %1 were not changed: the file cannot be written, or there is no room for the copy that protects it.</source>
+        <translation>Las reglas de %1 no se cambiaron: no se puede escribir el archivo, o no hay sitio para la copia que lo protege.</translation>
+    </message>
+    <message>
+        <source>Time</source>
+        <translation>Hora</translation>
+    </message>
+    <message>
+        <source>Event</source>
+        <translation>Suceso</translation>
+    </message>
+    <message>
+        <source>Title</source>
+        <translation>Título</translation>
+    </message>
+    <message>
+        <source>About</source>
+        <translation>Sobre</translation>
+    </message>
+    <message>
+        <source>Pop-up?</source>
+        <translation>¿Aviso emergente?</translation>
+    </message>
+    <message>
+        <source>Methods called</source>
+        <translation>Métodos llamados</translation>
+    </message>
+    <message>
+        <source>on</source>
+        <translation>sí</translation>
+    </message>
+    <message>
+        <source>off</source>
+        <translation>no</translation>
+    </message>
+    <message>
+        <source>no rule</source>
+        <translation>sin regla</translation>
+    </message>
+    <message>
+        <source>one rule</source>
+        <translation>una regla</translation>
+    </message>
+    <message>
+        <source>%1 rules</source>
+        <translation>%1 reglas</translation>
+    </message>
+    <message>
+        <source>%1: %2</source>
+        <translation>%1: %2</translation>
+    </message>
+    <message>
+        <source>, </source>
+        <translation>, </translation>
+    </message>
+    <message>
+        <source>%1 (sample %2)</source>
+        <translation>%1 (muestra %2)</translation>
+    </message>
+    <message>
+        <source>Ann: Shall we have lunch at noon?</source>
+        <translation>Ana: ¿Comemos a mediodía?</translation>
+    </message>
+    <message>
+        <source>Ann</source>
+        <translation>Ana</translation>
+    </message>
+    <message>
+        <source>No notification service is there to show the pop-up.</source>
+        <translation>No hay servicio de notificaciones que muestre el aviso emergente.</translation>
+    </message>
+    <message>
+        <source>The notification service does not know this event yet.</source>
+        <translation>El servicio de notificaciones aún no conoce este suceso.</translation>
+    </message>
+    <message>
+        <source>The setting for alert sounds keeps it silent.</source>
+        <translation>El ajuste de sonidos de avisos lo mantiene en silencio.</translation>
+    </message>
+    <message>
+        <source>The sound file is not there.</source>
+        <translation>El archivo de sonido no está.</translation>
+    </message>
+    <message>
+        <source>No chat with Ann is open to write a line in.</source>
+        <translation>No hay ningún chat con Ana abierto en el que escribir una línea.</translation>
+    </message>
+    <message>
+        <source>Sample %1: there is no rule for “%2”, so nothing happens.</source>
+        <translation>Muestra %1: no hay regla para «%2», así que no pasa nada.</translation>
+    </message>
+    <message>
+        <source>Sample %1 was dropped as a repeat.</source>
+        <translation>La muestra %1 se omitió por repetida.</translation>
+    </message>
+    <message>
+        <source>Sample %1 went to: %2.</source>
+        <translation>La muestra %1 fue a: %2.</translation>
+    </message>
+    <message>
+        <source>%1 writes</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Lunch at noon?</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 writes in a background chat</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Are you still there?</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 writes first</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Good morning!</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>You write to %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>On my way</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 sends an alert</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>You got an alert</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>You send %1 an alert</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>You sent an alert</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>E-mail waits</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>New e-mail</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>3 unread messages</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The program has news</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Information</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>A file was saved</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The program fails</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Error</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>A file could not be saved</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Your account logs in</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Logged in</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Your account is connected</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 comes online</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>is available</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 goes away</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>is away</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 goes offline</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>is not available</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 changes status</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>back in ten minutes</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 starts typing</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>is typing</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 stops typing</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>stopped typing</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 writes in a conference</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Hello everybody</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 writes in a background conference</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Who takes the minutes?</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>zepa::ChatHistory</name>
+    <message>
+        <source>Information:</source>
+        <translation>Información:</translation>
+    </message>
+</context>
+<context>
+    <name>zepa::ChatWindow</name>
+    <message>
+        <source>&amp;Send</source>
+        <translation>&amp;Enviar</translation>
+    </message>
+    <message>
+        <source>Write a message</source>
+        <translation>Escribir un mensaje</translation>
+    </message>
+    <message>
+        <source>Conversation with %1</source>
+        <translation>Conversación con %1</translation>
+    </message>
+    <message>
+        <source>Message to %1</source>
+        <translation>Mensaje para %1</translation>
+    </message>
+    <message>
+        <source>You</source>
+        <translation>Usted</translation>
+    </message>
+</context>
+<context>
+    <name>zepa::ContactModel</name>
+    <message>
+        <source>stranger</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 (%2)</source>
+        <comment>name and presence</comment>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>zepa::ContactPanel</name>
+    <message>
+        <source>Contacts</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>C&amp;ontacts</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Open the &amp;chat</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>zepa::JournalView</name>
+    <message>
+        <source>Why did this not pop up?</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The journal says here for each posting why it did not pop up.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Type, title, text, person</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&amp;Filter:</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Verdict</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>All verdicts</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>C&amp;opy</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Puts the chosen lines onto the clipboard</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Journal</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1: %2</source>
+        <comment>event and verdict</comment>
+        <translation>%1: %2</translation>
+    </message>
+</context>
+<context>
+    <name>zepa::MainWindow</name>
+    <message>
+        <source>&amp;Zepa</source>
+        <translation>&amp;Zepa</translation>
+    </message>
+    <message>
+        <source>&amp;Quit</source>
+        <translation>&amp;Salir</translation>
+    </message>
+    <message>
+        <source>&amp;Notification settings...</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&amp;Contact</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&amp;Journal</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&amp;Copy the chosen lines</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Copy &amp;all lines</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>C&amp;lear</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>zepa::NoticeBar</name>
+    <message>
+        <source>&amp;Understood</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>zepa::NotificationSettings</name>
+    <message>
+        <source>&amp;Undo</source>
+        <translation>&amp;Deshacer</translation>
+    </message>
+    <message>
+        <source>Red&amp;o</source>
+        <translation>Re&amp;hacer</translation>
+    </message>
+    <message>
+        <source>Notification settings</source>
+        <translation>Ajustes de notificaciones</translation>
+    </message>
+    <message>
+        <source>Space adds or removes a rule. Changes are stored at once.</source>
+        <translation>La barra espaciadora añade o quita una regla. Los cambios se guardan al instante.</translation>
+    </message>
+    <message>
+        <source>Events and methods</source>
+        <translation>Sucesos y métodos</translation>
+    </message>
+    <message>
+        <source>A check mark stands where an event uses a method. Space toggles it.</source>
+        <translation>Una marca indica que un suceso usa un método. La barra espaciadora la pone o la quita.</translation>
+    </message>
+    <message>
+        <source>For all events</source>
+        <translation>Para todos los sucesos</translation>
+    </message>
+    <message>
+        <source>&amp;Close</source>
+        <translation>&amp;Cerrar</translation>
+    </message>
+    <message>
+        <source>Nothing to undo.</source>
+        <translation>Nada que deshacer.</translation>
+    </message>
+    <message>
+        <source>Last change: %1</source>
+        <translation>Último cambio: %1</translation>
+    </message>
+</context>
+<context>
+    <name>zepa::NumberEdit</name>
+    <message>
+        <source>%1 to %2</source>
+        <translation>%1 a %2</translation>
+    </message>
+    <message>
+        <source>%1 %2</source>
+        <comment>description, bounds</comment>
+        <translation>%1 %2</translation>
+    </message>
+</context>
+<context>
+    <name>zepa::ProblemBar</name>
+    <message>
+        <source>&amp;Try again</source>
+        <translation>&amp;Reintentar</translation>
+    </message>
+    <message>
+        <source>Warning</source>
+        <translation>Advertencia</translation>
+    </message>
+</context>
+<context>
+    <name>zepa::RuleEditor</name>
+    <message>
+        <source>Add: %1</source>
+        <translation>Añadir: %1</translation>
+    </message>
+    <message>
+        <source>Remove: %1</source>
+        <translation>Quitar: %1</translation>
+    </message>
+    <message>
+        <source>Change: %1, %2</source>
+        <translation>Cambiar: %1, %2</translation>
+    </message>
+    <message>
+        <source>Restore defaults: %1</source>
+        <translation>Valores predeterminados: %1</translation>
+    </message>
+    <message>
+        <source>Change: %1</source>
+        <translation>Cambiar: %1</translation>
+    </message>
+    <message>
+        <source>Undone: %1</source>
+        <translation>Deshecho: %1</translation>
+    </message>
+    <message>
+        <source>Done again: %1</source>
+        <translation>Rehecho: %1</translation>
+    </message>
+    <message>
+        <source>All rules are stored now.</source>
+        <translation>Ahora todas las reglas están guardadas.</translation>
+    </message>
+    <message>
+        <source>Rules or settings were changed from outside of this window.</source>
+        <translation>Se cambiaron reglas o ajustes fuera de esta ventana.</translation>
+    </message>
+    <message>
+        <source>The setting “%1” cannot be written, so it was not changed. The file is %2.</source>
+        <translation>El ajuste «%1» no se puede escribir, así que no se cambió. El archivo es %2.</translation>
+    </message>
+    <message>
+        <source>, </source>
+        <translation>, </translation>
+    </message>
+    <message>
+        <source>%1, %2</source>
+        <translation>%1, %2</translation>
+    </message>
+    <message>
+        <source>The rules of “%1” were not changed: the file %2 cannot be written, or there is no room on the disk for the copy that protects it.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The rules of “%1” are stored, but there is no room on the disk for the copy that protects them. Make room before you change more.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>These events have rules that could not be written to %2, perhaps because the disk is full. They are in use until the client ends: %1.</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>zepa::RulePane</name>
+    <message>
+        <source>R&amp;ule:</source>
+        <translation>Reg&amp;la:</translation>
+    </message>
+    <message>
+        <source>&amp;Add a rule</source>
+        <translation>&amp;Añadir una regla</translation>
+    </message>
+    <message>
+        <source>Re&amp;move this rule</source>
+        <translation>&amp;Quitar esta regla</translation>
+    </message>
+    <message>
+        <source>Post a &amp;sample</source>
+        <translation>Enviar una &amp;muestra</translation>
+    </message>
+    <message>
+        <source>Restore &amp;defaults</source>
+        <translation>Valores pre&amp;determinados</translation>
+    </message>
+    <message>
+        <source>Posts an event of this kind, so that you see and hear what its rules do.</source>
+        <translation>Envía un suceso de este tipo, para ver y oír qué hacen sus reglas.</translation>
+    </message>
+    <message>
+        <source>Gives all methods of this event the rules that they had at first.</source>
+        <translation>Devuelve a todos los métodos de este suceso las reglas que tenían al principio.</translation>
+    </message>
+    <message>
+        <source>No event is chosen</source>
+        <translation>Ningún suceso elegido</translation>
+    </message>
+    <message>
+        <source>%1: %2</source>
+        <comment>event, method</comment>
+        <translation>%1: %2</translation>
+    </message>
+    <message>
+        <source>1 (newest)</source>
+        <translation>1 (la más nueva)</translation>
+    </message>
+    <message>
+        <source>&amp;Add another rule</source>
+        <translation>&amp;Añadir otra regla</translation>
+    </message>
+    <message>
+        <source>Choose an event in the table.</source>
+        <translation>Elija un suceso en la tabla.</translation>
+    </message>
+    <message>
+        <source>Choose the column of a method to see its rule.</source>
+        <translation>Elija la columna de un método para ver su regla.</translation>
+    </message>
+    <message>
+        <source>There is no rule, so this event does not use this method.</source>
+        <translation>No hay regla, así que este suceso no usa este método.</translation>
+    </message>
+    <message>
+        <source>This method has no settings.</source>
+        <translation>Este método no tiene ajustes.</translation>
+    </message>
+    <message>
+        <source>All %1 rules act, the newest first. Space in the table and the command line reach the newest one. The next start of the program turns their order round.</source>
+        <translation>Las %1 reglas actúan todas, la más nueva primero. La barra espaciadora en la tabla y la línea de órdenes alcanzan la más nueva. El próximo inicio del programa invierte su orden.</translation>
+    </message>
+</context>
+<context>
+    <name>zepa::RuleTableModel</name>
+    <message>
+        <source>%1: %2</source>
+        <comment>event, description</comment>
+        <translation>%1: %2</translation>
+    </message>
+    <message>
+        <source>%1, %2: %3</source>
+        <comment>event, method, count of rules</comment>
+        <translation>%1, %2: %3</translation>
+    </message>
+    <message>
+        <source>Space adds a rule.</source>
+        <translation>La barra espaciadora añade una regla.</translation>
+    </message>
+    <message>
+        <source>Space removes the newest rule.</source>
+        <translation>La barra espaciadora quita la regla más nueva.</translation>
+    </message>
+    <message>
+        <source>Meaning</source>
+        <translation>Significado</translation>
+    </message>
+    <message>
+        <source>%1
+Identifier: %2</source>
+        <translation>%1
+Identificador: %2</translation>
+    </message>
+    <message>
+        <source>%1
+Installed from outside. Identifier: %2</source>
+        <translation>%1
+Instalado desde fuera. Identificador: %2</translation>
+    </message>
+</context>
+<context>
+    <name>zepa::Simulator</name>
+    <message>
+        <source>Simulator</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>With an &amp;action for a click</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>A sample text</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>A click on the pop-up opens the chat. Only a pop-up with an action tells whether it was clicked; only one without can be sticky.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&amp;Post</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&amp;Event:</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&amp;Text:</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>zepa::SoundEdit</name>
+    <message>
+        <source>&amp;Play</source>
+        <translation>&amp;Reproducir</translation>
+    </message>
+    <message>
+        <source>Play the sound</source>
+        <translation>Reproducir el sonido</translation>
+    </message>
+    <message>
+        <source>C&amp;hoose...</source>
+        <translation>&amp;Elegir...</translation>
+    </message>
+    <message>
+        <source>Choose a sound file</source>
+        <translation>Elegir un archivo de sonido</translation>
+    </message>
+    <message>
+        <source>Choose a sound</source>
+        <translation>Elegir un sonido</translation>
+    </message>
+    <message>
+        <source>Sounds (%1)</source>
+        <translation>Sonidos (%1)</translation>
+    </message>
+    <message>
+        <source>%1 cannot be played, so it was not taken.</source>
+        <translation>%1 no se puede reproducir, así que no se ha tomado.</translation>
+    </message>
+    <message>
+        <source>This file cannot be played.</source>
+        <translation>Este archivo no se puede reproducir.</translation>
+    </message>
+</context>
+</TS>

@@ -1,0 +1,899 @@
+<?xml version="1.0" encoding="utf-8"?>
+<!DOCTYPE TS>
+<TS version="2.1" language="fr_FR" sourcelanguage="en">
+<context>
+    <name>presence</name>
+    <message>
+        <source>available</source>
+        <translation>disponible</translation>
+    </message>
+    <message>
+        <source>away</source>
+        <translation>absent</translation>
+    </message>
+    <message>
+        <source>not available</source>
+        <translation>indisponible</translation>
+    </message>
+</context>
+<context>
+    <name>settings</name>
+    <message>
+        <source>Drop repeats for</source>
+        <translation>Ignorer les répétitions pendant</translation>
+    </message>
+    <message>
+        <source>The same event with the same title is announced once in this time.</source>
+        <translation>Le même événement avec le même titre n’est annoncé qu’une fois pendant ce temps.</translation>
+    </message>
+    <message>
+        <source> s</source>
+        <translation> s</translation>
+    </message>
+    <message>
+        <source>Alert sounds</source>
+        <translation>Sons des alertes</translation>
+    </message>
+    <message>
+        <source>Mute</source>
+        <translation>Muet</translation>
+    </message>
+    <message>
+        <source>Notify always</source>
+        <translation>Toujours prévenir</translation>
+    </message>
+    <message>
+        <source>Notify from buddies only</source>
+        <translation>Prévenir pour les contacts seulement</translation>
+    </message>
+    <message>
+        <source>Whose alerts make a sound.</source>
+        <translation>De qui les alertes sonnent.</translation>
+    </message>
+    <message>
+        <source>Pictures</source>
+        <translation>Images</translation>
+    </message>
+    <message>
+        <source>Contact list pictures</source>
+        <translation>Images de la liste de contacts</translation>
+    </message>
+    <message>
+        <source>Sounds</source>
+        <translation>Sons</translation>
+    </message>
+</context>
+<context>
+    <name>tray icon</name>
+    <message>
+        <source>Show</source>
+        <translation>Afficher</translation>
+    </message>
+    <message>
+        <source>Quit</source>
+        <translation>Quitter</translation>
+    </message>
+</context>
+<context>
+    <name>zepa</name>
+    <message>
+        <source>Command</source>
+        <translation>Commande</translation>
+    </message>
+    <message>
+        <source>A program and its arguments. %t is the title, %m the message, %B the buddy. Quotes keep words together; no shell runs it.</source>
+        <translation>Un programme et ses arguments. %t est le titre, %m le message, %B le contact. Les guillemets gardent des mots ensemble ; aucun shell ne l’exécute.</translation>
+    </message>
+    <message>
+        <source>run a command</source>
+        <translation>exécuter une commande</translation>
+    </message>
+    <message>
+        <source>File</source>
+        <translation>Fichier</translation>
+    </message>
+    <message>
+        <source>A name without a folder is a file in ~/.local/state/zepa.</source>
+        <translation>Un nom sans dossier désigne un fichier dans ~/.local/state/zepa.</translation>
+    </message>
+    <message>
+        <source>Largest size</source>
+        <translation>Taille maximale</translation>
+    </message>
+    <message>
+        <source>When it is reached, a new file begins.</source>
+        <translation>Quand elle est atteinte, un nouveau fichier commence.</translation>
+    </message>
+    <message>
+        <source> KB</source>
+        <translation> Ko</translation>
+    </message>
+    <message>
+        <source>Older files kept</source>
+        <translation>Anciens fichiers gardés</translation>
+    </message>
+    <message>
+        <source>They have .1, .2 and so on behind their names.</source>
+        <translation>Leurs noms se terminent par .1, .2 et ainsi de suite.</translation>
+    </message>
+    <message>
+        <source>write to a file</source>
+        <translation>écrire dans un fichier</translation>
+    </message>
+    <message>
+        <source>Read out</source>
+        <translation>Lire</translation>
+    </message>
+    <message>
+        <source>Title and text</source>
+        <translation>Titre et texte</translation>
+    </message>
+    <message>
+        <source>Title only</source>
+        <translation>Titre seulement</translation>
+    </message>
+    <message>
+        <source>Text only</source>
+        <translation>Texte seulement</translation>
+    </message>
+    <message>
+        <source>Voice</source>
+        <translation>Voix</translation>
+    </message>
+    <message>
+        <source>A voice of espeak-ng, for example de or en-us. Empty: its own choice.</source>
+        <translation>Une voix d’espeak-ng, par exemple de ou en-us. Vide : son propre choix.</translation>
+    </message>
+    <message>
+        <source>Speed</source>
+        <translation>Vitesse</translation>
+    </message>
+    <message>
+        <source> words a minute</source>
+        <translation> mots par minute</translation>
+    </message>
+    <message>
+        <source>read out</source>
+        <translation>lire à voix haute</translation>
+    </message>
+    <message>
+        <source>Pop-up</source>
+        <translation>Bulle</translation>
+    </message>
+    <message>
+        <source>Sound</source>
+        <translation>Son</translation>
+    </message>
+    <message>
+        <source>Line in the chat</source>
+        <translation>Ligne dans la discussion</translation>
+    </message>
+    <message>
+        <source>Attention</source>
+        <translation>Attention</translation>
+    </message>
+    <message>
+        <source>The stored rules for these types were damaged, as a crash or a full disk leaves them, and are back as they were last: %1</source>
+        <translation>Les règles enregistrées pour ces types étaient endommagées, comme les laisse un plantage ou un disque plein, et sont revenues à leur dernier état : %1</translation>
+    </message>
+    <message>
+        <source>The stored rules for these types were damaged, and there was no good copy. They have their defaults now; the damaged files are in %2. Types: %1</source>
+        <translation>Les règles enregistrées pour ces types étaient endommagées, et il n’y avait pas de bonne copie. Elles ont maintenant leurs valeurs par défaut ; les fichiers endommagés sont dans %2. Types : %1</translation>
+    </message>
+    <message>
+        <source>The stored rules for these types are damaged and cannot be mended; the files are in %2. Types: %1</source>
+        <translation>Les règles enregistrées pour ces types sont endommagées et irréparables ; les fichiers sont dans %2. Types : %1</translation>
+    </message>
+    <message>
+        <source>The rules for %1 are stored, but there is no room for the copy that protects them; nothing more can be changed before there is.</source>
+        <translation>Les règles pour %1 sont enregistrées, mais il n’y a pas de place pour la copie qui les protège ; rien ne peut être modifié d’ici là.</translation>
+    </message>
+    <message>
+        <source>The change to the rules for %1 could not be stored, perhaps because the disk is full. It holds until the program ends.</source>
+        <translation>La modification des règles pour %1 n’a pas pu être enregistrée, peut-être parce que le disque est plein. Elle vaut jusqu’à la fin du programme.</translation>
+    </message>
+    <message>
+        <source>The rules for %1 were not changed: the file cannot be written, or there is no room for the copy that protects it.</source>
+        <translation>Les règles pour %1 n’ont pas été modifiées : le fichier ne peut pas être écrit, ou il n’y a pas de place pour la copie qui le protège.</translation>
+    </message>
+    <message>
+        <source>Time</source>
+        <translation>Heure</translation>
+    </message>
+    <message>
+        <source>Event</source>
+        <translation>Événement</translation>
+    </message>
+    <message>
+        <source>Title</source>
+        <translation>Titre</translation>
+    </message>
+    <message>
+        <source>About</source>
+        <translation>À propos de</translation>
+    </message>
+    <message>
+        <source>Pop-up?</source>
+        <translation>Bulle ?</translation>
+    </message>
+    <message>
+        <source>Methods called</source>
+        <translation>Méthodes appelées</translation>
+    </message>
+    <message>
+        <source>on</source>
+        <translation>oui</translation>
+    </message>
+    <message>
+        <source>off</source>
+        <translation>non</translation>
+    </message>
+    <message>
+        <source>no rule</source>
+        <translation>aucune règle</translation>
+    </message>
+    <message>
+        <source>one rule</source>
+        <translation>une règle</translation>
+    </message>
+    <message>
+        <source>%1 rules</source>
+        <translation>%1 règles</translation>
+    </message>
+    <message>
+        <source>%1: %2</source>
+        <translation>%1 : %2</translation>
+    </message>
+    <message>
+        <source>, </source>
+        <translation>, </translation>
+    </message>
+    <message>
+        <source>%1 (sample %2)</source>
+        <translation>%1 (essai %2)</translation>
+    </message>
+    <message>
+        <source>Ann: Shall we have lunch at noon?</source>
+        <translation>Anne : On déjeune à midi ?</translation>
+    </message>
+    <message>
+        <source>Ann</source>
+        <translation>Anne</translation>
+    </message>
+    <message>
+        <source>No notification service is there to show the pop-up.</source>
+        <translation>Aucun service de notification n’est là pour afficher la bulle.</translation>
+    </message>
+    <message>
+        <source>The notification service does not know this event yet.</source>
+        <translation>Le service de notification ne connaît pas encore cet événement.</translation>
+    </message>
+    <message>
+        <source>The setting for alert sounds keeps it silent.</source>
+        <translation>Le réglage des sons d’alerte le rend muet.</translation>
+    </message>
+    <message>
+        <source>The sound file is not there.</source>
+        <translation>Le fichier son est absent.</translation>
+    </message>
+    <message>
+        <source>No chat with Ann is open to write a line in.</source>
+        <translation>Aucune discussion avec Anne n’est ouverte pour y écrire une ligne.</translation>
+    </message>
+    <message>
+        <source>Sample %1: there is no rule for “%2”, so nothing happens.</source>
+        <translation>Essai %1 : il n’y a pas de règle pour « %2 », il ne se passe donc rien.</translation>
+    </message>
+    <message>
+        <source>Sample %1 was dropped as a repeat.</source>
+        <translation>L’essai %1 a été ignoré comme répétition.</translation>
+    </message>
+    <message>
+        <source>Sample %1 went to: %2.</source>
+        <translation>L’essai %1 est allé à : %2.</translation>
+    </message>
+    <message>
+        <source>%1 writes</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Lunch at noon?</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 writes in a background chat</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Are you still there?</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 writes first</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Good morning!</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>You write to %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>On my way</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 sends an alert</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>You got an alert</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>You send %1 an alert</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>You sent an alert</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>E-mail waits</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>New e-mail</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>3 unread messages</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The program has news</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Information</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>A file was saved</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The program fails</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Error</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>A file could not be saved</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Your account logs in</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Logged in</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Your account is connected</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 comes online</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>is available</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 goes away</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>is away</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 goes offline</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>is not available</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 changes status</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>back in ten minutes</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 starts typing</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>is typing</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 stops typing</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>stopped typing</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 writes in a conference</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Hello everybody</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 writes in a background conference</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Who takes the minutes?</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>zepa::ChatHistory</name>
+    <message>
+        <source>Information:</source>
+        <translation>Information :</translation>
+    </message>
+</context>
+<context>
+    <name>zepa::ChatWindow</name>
+    <message>
+        <source>&amp;Send</source>
+        <translation>&amp;Envoyer</translation>
+    </message>
+    <message>
+        <source>Write a message</source>
+        <translation>Écrire un message</translation>
+    </message>
+    <message>
+        <source>Conversation with %1</source>
+        <translation>Discussion avec %1</translation>
+    </message>
+    <message>
+        <source>Message to %1</source>
+        <translation>Message à %1</translation>
+    </message>
+    <message>
+        <source>You</source>
+        <translation>Vous</translation>
+    </message>
+</context>
+<context>
+    <name>zepa::ContactModel</name>
+    <message>
+        <source>stranger</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 (%2)</source>
+        <comment>name and presence</comment>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>zepa::ContactPanel</name>
+    <message>
+        <source>Contacts</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>C&amp;ontacts</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Open the &amp;chat</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>zepa::JournalView</name>
+    <message>
+        <source>Why did this not pop up?</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The journal says here for each posting why it did not pop up.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Type, title, text, person</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&amp;Filter:</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Verdict</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>All verdicts</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>C&amp;opy</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Puts the chosen lines onto the clipboard</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Journal</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1: %2</source>
+        <comment>event and verdict</comment>
+        <translation>%1 : %2</translation>
+    </message>
+</context>
+<context>
+    <name>zepa::MainWindow</name>
+    <message>
+        <source>&amp;Zepa</source>
+        <translation>&amp;Zepa</translation>
+    </message>
+    <message>
+        <source>&amp;Quit</source>
+        <translation>&amp;Quitter</translation>
+    </message>
+    <message>
+        <source>&amp;Notification settings...</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&amp;Contact</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&amp;Journal</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&amp;Copy the chosen lines</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Copy &amp;all lines</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>C&amp;lear</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>zepa::NoticeBar</name>
+    <message>
+        <source>&amp;Understood</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>zepa::NotificationSettings</name>
+    <message>
+        <source>&amp;Undo</source>
+        <translation>&amp;Annuler</translation>
+    </message>
+    <message>
+        <source>Red&amp;o</source>
+        <translation>Ré&amp;tablir</translation>
+    </message>
+    <message>
+        <source>Notification settings</source>
+        <translation>Réglages des notifications</translation>
+    </message>
+    <message>
+        <source>Space adds or removes a rule. Changes are stored at once.</source>
+        <translation>La barre d’espace ajoute ou supprime une règle. Les modifications sont enregistrées aussitôt.</translation>
+    </message>
+    <message>
+        <source>Events and methods</source>
+        <translation>Événements et méthodes</translation>
+    </message>
+    <message>
+        <source>A check mark stands where an event uses a method. Space toggles it.</source>
+        <translation>Une coche indique qu’un événement utilise une méthode. La barre d’espace la met ou l’enlève.</translation>
+    </message>
+    <message>
+        <source>For all events</source>
+        <translation>Pour tous les événements</translation>
+    </message>
+    <message>
+        <source>&amp;Close</source>
+        <translation>&amp;Fermer</translation>
+    </message>
+    <message>
+        <source>Nothing to undo.</source>
+        <translation>Rien à annuler.</translation>
+    </message>
+    <message>
+        <source>Last change: %1</source>
+        <translation>Dernière modification : %1</translation>
+    </message>
+</context>
+<context>
+    <name>zepa::NumberEdit</name>
+    <message>
+        <source>%1 to %2</source>
+        <translation>%1 à %2</translation>
+    </message>
+    <message>
+        <source>%1 %2</source>
+        <comment>description, bounds</comment>
+        <translation>%1 %2</translation>
+    </message>
+</context>
+<context>
+    <name>zepa::ProblemBar</name>
+    <message>
+        <source>&amp;Try again</source>
+        <translation>&amp;Réessayer</translation>
+    </message>
+    <message>
+        <source>Warning</source>
+        <translation>Avertissement</translation>
+    </message>
+</context>
+<context>
+    <name>zepa::RuleEditor</name>
+    <message>
+        <source>Add: %1</source>
+        <translation>Ajouter : %1</translation>
+    </message>
+    <message>
+        <source>Remove: %1</source>
+        <translation>Supprimer : %1</translation>
+    </message>
+    <message>
+        <source>Change: %1, %2</source>
+        <translation>Modifier : %1, %2</translation>
+    </message>
+    <message>
+        <source>Restore defaults: %1</source>
+        <translation>Valeurs par défaut : %1</translation>
+    </message>
+    <message>
+        <source>Change: %1</source>
+        <translation>Modifier : %1</translation>
+    </message>
+    <message>
+        <source>Undone: %1</source>
+        <translation>Annulé : %1</translation>
+    </message>
+    <message>
+        <source>Done again: %1</source>
+        <translation>Refait : %1</translation>
+    </message>
+    <message>
+        <source>All rules are stored now.</source>
+        <translation>Toutes les règles sont maintenant enregistrées.</translation>
+    </message>
+    <message>
+        <source>Rules or settings were changed from outside of this window.</source>
+        <translation>Des règles ou des réglages ont été modifiés en dehors de cette fenêtre.</translation>
+    </message>
+    <message>
+        <source>The setting “%1” cannot be written, so it was not changed. The file is %2.</source>
+        <translation>Le réglage « %1 » ne peut pas être écrit, il n’a donc pas été modifié. Le fichier est %2.</translation>
+    </message>
+    <message>
+        <source>, </source>
+        <translation>, </translation>
+    </message>
+    <message>
+        <source>%1, %2</source>
+        <translation>%1, %2</translation>
+    </message>
+    <message>
+        <source>The rules of “%1” were not changed: the file %2 cannot be written, or there is no room on the disk for the copy that protects it.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The rules of “%1” are stored, but there is no room on the disk for the copy that protects them. Make room before you change more.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>These events have rules that could not be written to %2, perhaps because the disk is full. They are in use until the client ends: %1.</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>zepa::RulePane</name>
+    <message>
+        <source>R&amp;ule:</source>
+        <translation>Règ&amp;le :</translation>
+    </message>
+    <message>
+        <source>&amp;Add a rule</source>
+        <translation>&amp;Ajouter une règle</translation>
+    </message>
+    <message>
+        <source>Re&amp;move this rule</source>
+        <translation>&amp;Supprimer cette règle</translation>
+    </message>
+    <message>
+        <source>Post a &amp;sample</source>
+        <translation>&amp;Essayer</translation>
+    </message>
+    <message>
+        <source>Restore &amp;defaults</source>
+        <translation>Valeurs par &amp;défaut</translation>
+    </message>
+    <message>
+        <source>Posts an event of this kind, so that you see and hear what its rules do.</source>
+        <translation>Émet un événement de ce type, pour voir et entendre ce que font ses règles.</translation>
+    </message>
+    <message>
+        <source>Gives all methods of this event the rules that they had at first.</source>
+        <translation>Redonne à toutes les méthodes de cet événement les règles qu’elles avaient au début.</translation>
+    </message>
+    <message>
+        <source>No event is chosen</source>
+        <translation>Aucun événement choisi</translation>
+    </message>
+    <message>
+        <source>%1: %2</source>
+        <comment>event, method</comment>
+        <translation>%1 : %2</translation>
+    </message>
+    <message>
+        <source>1 (newest)</source>
+        <translation>1 (la plus récente)</translation>
+    </message>
+    <message>
+        <source>&amp;Add another rule</source>
+        <translation>&amp;Ajouter une autre règle</translation>
+    </message>
+    <message>
+        <source>Choose an event in the table.</source>
+        <translation>Choisissez un événement dans le tableau.</translation>
+    </message>
+    <message>
+        <source>Choose the column of a method to see its rule.</source>
+        <translation>Choisissez la colonne d’une méthode pour voir sa règle.</translation>
+    </message>
+    <message>
+        <source>There is no rule, so this event does not use this method.</source>
+        <translation>Il n’y a pas de règle, cet événement n’utilise donc pas cette méthode.</translation>
+    </message>
+    <message>
+        <source>This method has no settings.</source>
+        <translation>Cette méthode n’a pas de réglages.</translation>
+    </message>
+    <message>
+        <source>All %1 rules act, the newest first. Space in the table and the command line reach the newest one. The next start of the program turns their order round.</source>
+        <translation>Les %1 règles agissent toutes, la plus récente d’abord. La barre d’espace dans le tableau et la ligne de commande atteignent la plus récente. Le prochain démarrage du programme inverse leur ordre.</translation>
+    </message>
+</context>
+<context>
+    <name>zepa::RuleTableModel</name>
+    <message>
+        <source>%1: %2</source>
+        <comment>event, description</comment>
+        <translation>%1 : %2</translation>
+    </message>
+    <message>
+        <source>%1, %2: %3</source>
+        <comment>event, method, count of rules</comment>
+        <translation>%1, %2 : %3</translation>
+    </message>
+    <message>
+        <source>Space adds a rule.</source>
+        <translation>La barre d’espace ajoute une règle.</translation>
+    </message>
+    <message>
+        <source>Space removes the newest rule.</source>
+        <translation>La barre d’espace supprime la règle la plus récente.</translation>
+    </message>
+    <message>
+        <source>Meaning</source>
+        <translation>Signification</translation>
+    </message>
+    <message>
+        <source>%1
+Identifier: %2</source>
+        <translation>%1
+Identifiant : %2</translation>
+    </message>
+    <message>
+        <source>%1
+Installed from outside. Identifier: %2</source>
+        <translation>%1
+Installé de l’extérieur. Identifiant : %2</translation>
+    </message>
+</context>
+<context>
+    <name>zepa::Simulator</name>
+    <message>
+        <source>Simulator</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>With an &amp;action for a click</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>A sample text</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>A click on the pop-up opens the chat. Only a pop-up with an action tells whether it was clicked; only one without can be sticky.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&amp;Post</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&amp;Event:</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&amp;Text:</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>zepa::SoundEdit</name>
+    <message>
+        <source>&amp;Play</source>
+        <translation>&amp;Jouer</translation>
+    </message>
+    <message>
+        <source>Play the sound</source>
+        <translation>Jouer le son</translation>
+    </message>
+    <message>
+        <source>C&amp;hoose...</source>
+        <translation>C&amp;hoisir…</translation>
+    </message>
+    <message>
+        <source>Choose a sound file</source>
+        <translation>Choisir un fichier son</translation>
+    </message>
+    <message>
+        <source>Choose a sound</source>
+        <translation>Choisir un son</translation>
+    </message>
+    <message>
+        <source>Sounds (%1)</source>
+        <translation>Sons (%1)</translation>
+    </message>
+    <message>
+        <source>%1 cannot be played, so it was not taken.</source>
+        <translation>%1 ne peut pas être joué et n’a donc pas été retenu.</translation>
+    </message>
+    <message>
+        <source>This file cannot be played.</source>
+        <translation>Ce fichier ne peut pas être joué.</translation>
+    </message>
+</context>
+</TS>

@@ -1,0 +1,899 @@
+<?xml version="1.0" encoding="utf-8"?>
+<!DOCTYPE TS>
+<TS version="2.1" language="pl_PL" sourcelanguage="en">
+<context>
+    <name>presence</name>
+    <message>
+        <source>available</source>
+        <translation>dostępny</translation>
+    </message>
+    <message>
+        <source>away</source>
+        <translation>nieobecny</translation>
+    </message>
+    <message>
+        <source>not available</source>
+        <translation>niedostępny</translation>
+    </message>
+</context>
+<context>
+    <name>settings</name>
+    <message>
+        <source>Drop repeats for</source>
+        <translation>Pomijaj powtórzenia przez</translation>
+    </message>
+    <message>
+        <source>The same event with the same title is announced once in this time.</source>
+        <translation>To samo zdarzenie z tym samym tytułem jest ogłaszane raz w tym czasie.</translation>
+    </message>
+    <message>
+        <source> s</source>
+        <translation> s</translation>
+    </message>
+    <message>
+        <source>Alert sounds</source>
+        <translation>Dźwięki alertów</translation>
+    </message>
+    <message>
+        <source>Mute</source>
+        <translation>Wycisz</translation>
+    </message>
+    <message>
+        <source>Notify always</source>
+        <translation>Powiadamiaj zawsze</translation>
+    </message>
+    <message>
+        <source>Notify from buddies only</source>
+        <translation>Powiadamiaj tylko o znajomych</translation>
+    </message>
+    <message>
+        <source>Whose alerts make a sound.</source>
+        <translation>Czyje alerty wydają dźwięk.</translation>
+    </message>
+    <message>
+        <source>Pictures</source>
+        <translation>Obrazki</translation>
+    </message>
+    <message>
+        <source>Contact list pictures</source>
+        <translation>Obrazki listy znajomych</translation>
+    </message>
+    <message>
+        <source>Sounds</source>
+        <translation>Dźwięki</translation>
+    </message>
+</context>
+<context>
+    <name>tray icon</name>
+    <message>
+        <source>Show</source>
+        <translation>Pokaż</translation>
+    </message>
+    <message>
+        <source>Quit</source>
+        <translation>Zakończ</translation>
+    </message>
+</context>
+<context>
+    <name>zepa</name>
+    <message>
+        <source>Command</source>
+        <translation>Polecenie</translation>
+    </message>
+    <message>
+        <source>A program and its arguments. %t is the title, %m the message, %B the buddy. Quotes keep words together; no shell runs it.</source>
+        <translation>Program i jego argumenty. %t to tytuł, %m wiadomość, %B znajomy. Cudzysłowy łączą słowa; nie uruchamia go żadna powłoka.</translation>
+    </message>
+    <message>
+        <source>run a command</source>
+        <translation>uruchom polecenie</translation>
+    </message>
+    <message>
+        <source>File</source>
+        <translation>Plik</translation>
+    </message>
+    <message>
+        <source>A name without a folder is a file in ~/.local/state/zepa.</source>
+        <translation>Nazwa bez folderu oznacza plik w ~/.local/state/zepa.</translation>
+    </message>
+    <message>
+        <source>Largest size</source>
+        <translation>Największy rozmiar</translation>
+    </message>
+    <message>
+        <source>When it is reached, a new file begins.</source>
+        <translation>Gdy zostanie osiągnięty, zaczyna się nowy plik.</translation>
+    </message>
+    <message>
+        <source> KB</source>
+        <translation> KB</translation>
+    </message>
+    <message>
+        <source>Older files kept</source>
+        <translation>Zachowywane starsze pliki</translation>
+    </message>
+    <message>
+        <source>They have .1, .2 and so on behind their names.</source>
+        <translation>Mają .1, .2 i tak dalej na końcu nazw.</translation>
+    </message>
+    <message>
+        <source>write to a file</source>
+        <translation>zapisz do pliku</translation>
+    </message>
+    <message>
+        <source>Read out</source>
+        <translation>Czytaj</translation>
+    </message>
+    <message>
+        <source>Title and text</source>
+        <translation>Tytuł i tekst</translation>
+    </message>
+    <message>
+        <source>Title only</source>
+        <translation>Tylko tytuł</translation>
+    </message>
+    <message>
+        <source>Text only</source>
+        <translation>Tylko tekst</translation>
+    </message>
+    <message>
+        <source>Voice</source>
+        <translation>Głos</translation>
+    </message>
+    <message>
+        <source>A voice of espeak-ng, for example de or en-us. Empty: its own choice.</source>
+        <translation>Głos programu espeak-ng, na przykład de lub en-us. Puste: jego własny wybór.</translation>
+    </message>
+    <message>
+        <source>Speed</source>
+        <translation>Prędkość</translation>
+    </message>
+    <message>
+        <source> words a minute</source>
+        <translation> słów na minutę</translation>
+    </message>
+    <message>
+        <source>read out</source>
+        <translation>przeczytaj</translation>
+    </message>
+    <message>
+        <source>Pop-up</source>
+        <translation>Dymek</translation>
+    </message>
+    <message>
+        <source>Sound</source>
+        <translation>Dźwięk</translation>
+    </message>
+    <message>
+        <source>Line in the chat</source>
+        <translation>Wiersz w rozmowie</translation>
+    </message>
+    <message>
+        <source>Attention</source>
+        <translation>Uwaga</translation>
+    </message>
+    <message>
+        <source>The stored rules for these types were damaged, as a crash or a full disk leaves them, and are back as they were last: %1</source>
+        <translation>Zapisane reguły dla tych rodzajów były uszkodzone, jak po awarii lub przy pełnym dysku, i są znów takie jak ostatnio: %1</translation>
+    </message>
+    <message>
+        <source>The stored rules for these types were damaged, and there was no good copy. They have their defaults now; the damaged files are in %2. Types: %1</source>
+        <translation>Zapisane reguły dla tych rodzajów były uszkodzone i nie było dobrej kopii. Mają teraz wartości domyślne; uszkodzone pliki są w %2. Rodzaje: %1</translation>
+    </message>
+    <message>
+        <source>The stored rules for these types are damaged and cannot be mended; the files are in %2. Types: %1</source>
+        <translation>Zapisane reguły dla tych rodzajów są uszkodzone i nie da się ich naprawić; pliki są w %2. Rodzaje: %1</translation>
+    </message>
+    <message>
+        <source>The rules for %1 are stored, but there is no room for the copy that protects them; nothing more can be changed before there is.</source>
+        <translation>Reguły dla %1 są zapisane, ale brak miejsca na chroniącą je kopię; do tego czasu nic więcej nie można zmienić.</translation>
+    </message>
+    <message>
+        <source>The change to the rules for %1 could not be stored, perhaps because the disk is full. It holds until the program ends.</source>
+        <translation>Zmiany reguł dla %1 nie udało się zapisać, być może z powodu pełnego dysku. Obowiązuje do końca programu.</translation>
+    </message>
+    <message>
+        <source>The rules for %1 were not changed: the file cannot be written, or there is no room for the copy that protects it.</source>
+        <translation>Reguł dla %1 nie zmieniono: nie można zapisać pliku albo brak miejsca na chroniącą go kopię.</translation>
+    </message>
+    <message>
+        <source>Time</source>
+        <translation>Czas</translation>
+    </message>
+    <message>
+        <source>Event</source>
+        <translation>Zdarzenie</translation>
+    </message>
+    <message>
+        <source>Title</source>
+        <translation>Tytuł</translation>
+    </message>
+    <message>
+        <source>About</source>
+        <translation>Dotyczy</translation>
+    </message>
+    <message>
+        <source>Pop-up?</source>
+        <translation>Dymek?</translation>
+    </message>
+    <message>
+        <source>Methods called</source>
+        <translation>Wywołane metody</translation>
+    </message>
+    <message>
+        <source>on</source>
+        <translation>tak</translation>
+    </message>
+    <message>
+        <source>off</source>
+        <translation>nie</translation>
+    </message>
+    <message>
+        <source>no rule</source>
+        <translation>brak reguły</translation>
+    </message>
+    <message>
+        <source>one rule</source>
+        <translation>jedna reguła</translation>
+    </message>
+    <message>
+        <source>%1 rules</source>
+        <translation>reguły: %1</translation>
+    </message>
+    <message>
+        <source>%1: %2</source>
+        <translation>%1: %2</translation>
+    </message>
+    <message>
+        <source>, </source>
+        <translation>, </translation>
+    </message>
+    <message>
+        <source>%1 (sample %2)</source>
+        <translation>%1 (próbka %2)</translation>
+    </message>
+    <message>
+        <source>Ann: Shall we have lunch at noon?</source>
+        <translation>Anna: Zjemy obiad w południe?</translation>
+    </message>
+    <message>
+        <source>Ann</source>
+        <translation>Anna</translation>
+    </message>
+    <message>
+        <source>No notification service is there to show the pop-up.</source>
+        <translation>Brak usługi powiadomień, która pokazałaby dymek.</translation>
+    </message>
+    <message>
+        <source>The notification service does not know this event yet.</source>
+        <translation>Usługa powiadomień jeszcze nie zna tego zdarzenia.</translation>
+    </message>
+    <message>
+        <source>The setting for alert sounds keeps it silent.</source>
+        <translation>Ustawienie dźwięków alertów go wycisza.</translation>
+    </message>
+    <message>
+        <source>The sound file is not there.</source>
+        <translation>Pliku dźwiękowego nie ma.</translation>
+    </message>
+    <message>
+        <source>No chat with Ann is open to write a line in.</source>
+        <translation>Nie ma otwartej rozmowy z Anną, do której można wpisać wiersz.</translation>
+    </message>
+    <message>
+        <source>Sample %1: there is no rule for “%2”, so nothing happens.</source>
+        <translation>Próbka %1: nie ma reguły dla „%2”, więc nic się nie dzieje.</translation>
+    </message>
+    <message>
+        <source>Sample %1 was dropped as a repeat.</source>
+        <translation>Próbkę %1 pominięto jako powtórzenie.</translation>
+    </message>
+    <message>
+        <source>Sample %1 went to: %2.</source>
+        <translation>Próbka %1 trafiła do: %2.</translation>
+    </message>
+    <message>
+        <source>%1 writes</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Lunch at noon?</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 writes in a background chat</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Are you still there?</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 writes first</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Good morning!</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>You write to %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>On my way</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 sends an alert</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>You got an alert</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>You send %1 an alert</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>You sent an alert</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>E-mail waits</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>New e-mail</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>3 unread messages</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The program has news</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Information</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>A file was saved</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The program fails</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Error</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>A file could not be saved</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Your account logs in</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Logged in</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Your account is connected</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 comes online</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>is available</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 goes away</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>is away</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 goes offline</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>is not available</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 changes status</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>back in ten minutes</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 starts typing</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>is typing</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 stops typing</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>stopped typing</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 writes in a conference</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Hello everybody</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 writes in a background conference</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Who takes the minutes?</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>zepa::ChatHistory</name>
+    <message>
+        <source>Information:</source>
+        <translation>Informacja:</translation>
+    </message>
+</context>
+<context>
+    <name>zepa::ChatWindow</name>
+    <message>
+        <source>&amp;Send</source>
+        <translation>&amp;Wyślij</translation>
+    </message>
+    <message>
+        <source>Write a message</source>
+        <translation>Napisz wiadomość</translation>
+    </message>
+    <message>
+        <source>Conversation with %1</source>
+        <translation>Rozmowa: %1</translation>
+    </message>
+    <message>
+        <source>Message to %1</source>
+        <translation>Wiadomość do: %1</translation>
+    </message>
+    <message>
+        <source>You</source>
+        <translation>Ty</translation>
+    </message>
+</context>
+<context>
+    <name>zepa::ContactModel</name>
+    <message>
+        <source>stranger</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 (%2)</source>
+        <comment>name and presence</comment>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>zepa::ContactPanel</name>
+    <message>
+        <source>Contacts</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>C&amp;ontacts</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Open the &amp;chat</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>zepa::JournalView</name>
+    <message>
+        <source>Why did this not pop up?</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The journal says here for each posting why it did not pop up.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Type, title, text, person</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&amp;Filter:</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Verdict</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>All verdicts</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>C&amp;opy</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Puts the chosen lines onto the clipboard</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Journal</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1: %2</source>
+        <comment>event and verdict</comment>
+        <translation>%1: %2</translation>
+    </message>
+</context>
+<context>
+    <name>zepa::MainWindow</name>
+    <message>
+        <source>&amp;Zepa</source>
+        <translation>&amp;Zepa</translation>
+    </message>
+    <message>
+        <source>&amp;Quit</source>
+        <translation>Za&amp;kończ</translation>
+    </message>
+    <message>
+        <source>&amp;Notification settings...</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&amp;Contact</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&amp;Journal</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&amp;Copy the chosen lines</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Copy &amp;all lines</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>C&amp;lear</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>zepa::NoticeBar</name>
+    <message>
+        <source>&amp;Understood</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>zepa::NotificationSettings</name>
+    <message>
+        <source>&amp;Undo</source>
+        <translation>&amp;Cofnij</translation>
+    </message>
+    <message>
+        <source>Red&amp;o</source>
+        <translation>P&amp;onów</translation>
+    </message>
+    <message>
+        <source>Notification settings</source>
+        <translation>Ustawienia powiadomień</translation>
+    </message>
+    <message>
+        <source>Space adds or removes a rule. Changes are stored at once.</source>
+        <translation>Spacja dodaje lub usuwa regułę. Zmiany są zapisywane od razu.</translation>
+    </message>
+    <message>
+        <source>Events and methods</source>
+        <translation>Zdarzenia i metody</translation>
+    </message>
+    <message>
+        <source>A check mark stands where an event uses a method. Space toggles it.</source>
+        <translation>Znacznik stoi tam, gdzie zdarzenie używa metody. Spacja go przełącza.</translation>
+    </message>
+    <message>
+        <source>For all events</source>
+        <translation>Dla wszystkich zdarzeń</translation>
+    </message>
+    <message>
+        <source>&amp;Close</source>
+        <translation>&amp;Zamknij</translation>
+    </message>
+    <message>
+        <source>Nothing to undo.</source>
+        <translation>Nie ma czego cofnąć.</translation>
+    </message>
+    <message>
+        <source>Last change: %1</source>
+        <translation>Ostatnia zmiana: %1</translation>
+    </message>
+</context>
+<context>
+    <name>zepa::NumberEdit</name>
+    <message>
+        <source>%1 to %2</source>
+        <translation>%1 do %2</translation>
+    </message>
+    <message>
+        <source>%1 %2</source>
+        <comment>description, bounds</comment>
+        <translation>%1 %2</translation>
+    </message>
+</context>
+<context>
+    <name>zepa::ProblemBar</name>
+    <message>
+        <source>&amp;Try again</source>
+        <translation>&amp;Spróbuj ponownie</translation>
+    </message>
+    <message>
+        <source>Warning</source>
+        <translation>Ostrzeżenie</translation>
+    </message>
+</context>
+<context>
+    <name>zepa::RuleEditor</name>
+    <message>
+        <source>Add: %1</source>
+        <translation>Dodaj: %1</translation>
+    </message>
+    <message>
+        <source>Remove: %1</source>
+        <translation>Usuń: %1</translation>
+    </message>
+    <message>
+        <source>Change: %1, %2</source>
+        <translation>Zmień: %1, %2</translation>
+    </message>
+    <message>
+        <source>Restore defaults: %1</source>
+        <translation>Przywróć domyślne: %1</translation>
+    </message>
+    <message>
+        <source>Change: %1</source>
+        <translation>Zmień: %1</translation>
+    </message>
+    <message>
+        <source>Undone: %1</source>
+        <translation>Cofnięto: %1</translation>
+    </message>
+    <message>
+        <source>Done again: %1</source>
+        <translation>Ponowiono: %1</translation>
+    </message>
+    <message>
+        <source>All rules are stored now.</source>
+        <translation>Wszystkie reguły są już zapisane.</translation>
+    </message>
+    <message>
+        <source>Rules or settings were changed from outside of this window.</source>
+        <translation>Reguły lub ustawienia zmieniono poza tym oknem.</translation>
+    </message>
+    <message>
+        <source>The setting “%1” cannot be written, so it was not changed. The file is %2.</source>
+        <translation>Nie można zapisać ustawienia „%1”, więc go nie zmieniono. Plik: %2.</translation>
+    </message>
+    <message>
+        <source>, </source>
+        <translation>, </translation>
+    </message>
+    <message>
+        <source>%1, %2</source>
+        <translation>%1, %2</translation>
+    </message>
+    <message>
+        <source>The rules of “%1” were not changed: the file %2 cannot be written, or there is no room on the disk for the copy that protects it.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The rules of “%1” are stored, but there is no room on the disk for the copy that protects them. Make room before you change more.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>These events have rules that could not be written to %2, perhaps because the disk is full. They are in use until the client ends: %1.</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>zepa::RulePane</name>
+    <message>
+        <source>R&amp;ule:</source>
+        <translation>&amp;Reguła:</translation>
+    </message>
+    <message>
+        <source>&amp;Add a rule</source>
+        <translation>&amp;Dodaj regułę</translation>
+    </message>
+    <message>
+        <source>Re&amp;move this rule</source>
+        <translation>&amp;Usuń tę regułę</translation>
+    </message>
+    <message>
+        <source>Post a &amp;sample</source>
+        <translation>Wyślij &amp;próbkę</translation>
+    </message>
+    <message>
+        <source>Restore &amp;defaults</source>
+        <translation>Przywróć &amp;domyślne</translation>
+    </message>
+    <message>
+        <source>Posts an event of this kind, so that you see and hear what its rules do.</source>
+        <translation>Wysyła zdarzenie tego rodzaju, aby zobaczyć i usłyszeć działanie jego reguł.</translation>
+    </message>
+    <message>
+        <source>Gives all methods of this event the rules that they had at first.</source>
+        <translation>Przywraca wszystkim metodom tego zdarzenia początkowe reguły.</translation>
+    </message>
+    <message>
+        <source>No event is chosen</source>
+        <translation>Nie wybrano zdarzenia</translation>
+    </message>
+    <message>
+        <source>%1: %2</source>
+        <comment>event, method</comment>
+        <translation>%1: %2</translation>
+    </message>
+    <message>
+        <source>1 (newest)</source>
+        <translation>1 (najnowsza)</translation>
+    </message>
+    <message>
+        <source>&amp;Add another rule</source>
+        <translation>&amp;Dodaj kolejną regułę</translation>
+    </message>
+    <message>
+        <source>Choose an event in the table.</source>
+        <translation>Wybierz zdarzenie w tabeli.</translation>
+    </message>
+    <message>
+        <source>Choose the column of a method to see its rule.</source>
+        <translation>Wybierz kolumnę metody, aby zobaczyć jej regułę.</translation>
+    </message>
+    <message>
+        <source>There is no rule, so this event does not use this method.</source>
+        <translation>Nie ma reguły, więc to zdarzenie nie używa tej metody.</translation>
+    </message>
+    <message>
+        <source>This method has no settings.</source>
+        <translation>Ta metoda nie ma ustawień.</translation>
+    </message>
+    <message>
+        <source>All %1 rules act, the newest first. Space in the table and the command line reach the newest one. The next start of the program turns their order round.</source>
+        <translation>Działają wszystkie reguły (%1), najpierw najnowsza. Spacja w tabeli i wiersz poleceń dotyczą najnowszej. Następne uruchomienie programu odwraca ich kolejność.</translation>
+    </message>
+</context>
+<context>
+    <name>zepa::RuleTableModel</name>
+    <message>
+        <source>%1: %2</source>
+        <comment>event, description</comment>
+        <translation>%1: %2</translation>
+    </message>
+    <message>
+        <source>%1, %2: %3</source>
+        <comment>event, method, count of rules</comment>
+        <translation>%1, %2: %3</translation>
+    </message>
+    <message>
+        <source>Space adds a rule.</source>
+        <translation>Spacja dodaje regułę.</translation>
+    </message>
+    <message>
+        <source>Space removes the newest rule.</source>
+        <translation>Spacja usuwa najnowszą regułę.</translation>
+    </message>
+    <message>
+        <source>Meaning</source>
+        <translation>Znaczenie</translation>
+    </message>
+    <message>
+        <source>%1
+Identifier: %2</source>
+        <translation>%1
+Identyfikator: %2</translation>
+    </message>
+    <message>
+        <source>%1
+Installed from outside. Identifier: %2</source>
+        <translation>%1
+Zainstalowane z zewnątrz. Identyfikator: %2</translation>
+    </message>
+</context>
+<context>
+    <name>zepa::Simulator</name>
+    <message>
+        <source>Simulator</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>With an &amp;action for a click</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>A sample text</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>A click on the pop-up opens the chat. Only a pop-up with an action tells whether it was clicked; only one without can be sticky.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&amp;Post</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&amp;Event:</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&amp;Text:</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>zepa::SoundEdit</name>
+    <message>
+        <source>&amp;Play</source>
+        <translation>O&amp;dtwórz</translation>
+    </message>
+    <message>
+        <source>Play the sound</source>
+        <translation>Odtwórz dźwięk</translation>
+    </message>
+    <message>
+        <source>C&amp;hoose...</source>
+        <translation>Wy&amp;bierz...</translation>
+    </message>
+    <message>
+        <source>Choose a sound file</source>
+        <translation>Wybierz plik dźwiękowy</translation>
+    </message>
+    <message>
+        <source>Choose a sound</source>
+        <translation>Wybierz dźwięk</translation>
+    </message>
+    <message>
+        <source>Sounds (%1)</source>
+        <translation>Dźwięki (%1)</translation>
+    </message>
+    <message>
+        <source>%1 cannot be played, so it was not taken.</source>
+        <translation>%1 nie da się odtworzyć, więc go nie przyjęto.</translation>
+    </message>
+    <message>
+        <source>This file cannot be played.</source>
+        <translation>Tego pliku nie da się odtworzyć.</translation>
+    </message>
+</context>
+</TS>

@@ -1,0 +1,899 @@
+<?xml version="1.0" encoding="utf-8"?>
+<!DOCTYPE TS>
+<TS version="2.1" language="pt_BR" sourcelanguage="en">
+<context>
+    <name>presence</name>
+    <message>
+        <source>available</source>
+        <translation>disponível</translation>
+    </message>
+    <message>
+        <source>away</source>
+        <translation>ausente</translation>
+    </message>
+    <message>
+        <source>not available</source>
+        <translation>indisponível</translation>
+    </message>
+</context>
+<context>
+    <name>settings</name>
+    <message>
+        <source>Drop repeats for</source>
+        <translation>Ignorar repetições durante</translation>
+    </message>
+    <message>
+        <source>The same event with the same title is announced once in this time.</source>
+        <translation>O mesmo evento com o mesmo título é anunciado uma vez neste tempo.</translation>
+    </message>
+    <message>
+        <source> s</source>
+        <translation> s</translation>
+    </message>
+    <message>
+        <source>Alert sounds</source>
+        <translation>Sons dos alertas</translation>
+    </message>
+    <message>
+        <source>Mute</source>
+        <translation>Silêncio</translation>
+    </message>
+    <message>
+        <source>Notify always</source>
+        <translation>Avisar sempre</translation>
+    </message>
+    <message>
+        <source>Notify from buddies only</source>
+        <translation>Avisar só de contactos</translation>
+    </message>
+    <message>
+        <source>Whose alerts make a sound.</source>
+        <translation>De quem os alertas soam.</translation>
+    </message>
+    <message>
+        <source>Pictures</source>
+        <translation>Imagens</translation>
+    </message>
+    <message>
+        <source>Contact list pictures</source>
+        <translation>Imagens da lista de contactos</translation>
+    </message>
+    <message>
+        <source>Sounds</source>
+        <translation>Sons</translation>
+    </message>
+</context>
+<context>
+    <name>tray icon</name>
+    <message>
+        <source>Show</source>
+        <translation>Mostrar</translation>
+    </message>
+    <message>
+        <source>Quit</source>
+        <translation>Sair</translation>
+    </message>
+</context>
+<context>
+    <name>zepa</name>
+    <message>
+        <source>Command</source>
+        <translation>Comando</translation>
+    </message>
+    <message>
+        <source>A program and its arguments. %t is the title, %m the message, %B the buddy. Quotes keep words together; no shell runs it.</source>
+        <translation>Um programa e os seus argumentos. %t é o título, %m a mensagem, %B o contacto. As aspas mantêm palavras juntas; nenhuma shell o executa.</translation>
+    </message>
+    <message>
+        <source>run a command</source>
+        <translation>executar um comando</translation>
+    </message>
+    <message>
+        <source>File</source>
+        <translation>Ficheiro</translation>
+    </message>
+    <message>
+        <source>A name without a folder is a file in ~/.local/state/zepa.</source>
+        <translation>Um nome sem pasta é um ficheiro em ~/.local/state/zepa.</translation>
+    </message>
+    <message>
+        <source>Largest size</source>
+        <translation>Tamanho máximo</translation>
+    </message>
+    <message>
+        <source>When it is reached, a new file begins.</source>
+        <translation>Quando é atingido, começa um novo ficheiro.</translation>
+    </message>
+    <message>
+        <source> KB</source>
+        <translation> KB</translation>
+    </message>
+    <message>
+        <source>Older files kept</source>
+        <translation>Ficheiros antigos guardados</translation>
+    </message>
+    <message>
+        <source>They have .1, .2 and so on behind their names.</source>
+        <translation>Têm .1, .2 e assim por diante no fim dos nomes.</translation>
+    </message>
+    <message>
+        <source>write to a file</source>
+        <translation>escrever num ficheiro</translation>
+    </message>
+    <message>
+        <source>Read out</source>
+        <translation>Ler</translation>
+    </message>
+    <message>
+        <source>Title and text</source>
+        <translation>Título e texto</translation>
+    </message>
+    <message>
+        <source>Title only</source>
+        <translation>Só o título</translation>
+    </message>
+    <message>
+        <source>Text only</source>
+        <translation>Só o texto</translation>
+    </message>
+    <message>
+        <source>Voice</source>
+        <translation>Voz</translation>
+    </message>
+    <message>
+        <source>A voice of espeak-ng, for example de or en-us. Empty: its own choice.</source>
+        <translation>Uma voz do espeak-ng, por exemplo de ou en-us. Vazio: a escolha dele.</translation>
+    </message>
+    <message>
+        <source>Speed</source>
+        <translation>Velocidade</translation>
+    </message>
+    <message>
+        <source> words a minute</source>
+        <translation> palavras por minuto</translation>
+    </message>
+    <message>
+        <source>read out</source>
+        <translation>ler em voz alta</translation>
+    </message>
+    <message>
+        <source>Pop-up</source>
+        <translation>Aviso</translation>
+    </message>
+    <message>
+        <source>Sound</source>
+        <translation>Som</translation>
+    </message>
+    <message>
+        <source>Line in the chat</source>
+        <translation>Linha na conversa</translation>
+    </message>
+    <message>
+        <source>Attention</source>
+        <translation>Atenção</translation>
+    </message>
+    <message>
+        <source>The stored rules for these types were damaged, as a crash or a full disk leaves them, and are back as they were last: %1</source>
+        <translation>As regras guardadas destes tipos estavam danificadas, como as deixa uma falha ou um disco cheio, e estão de novo como da última vez: %1</translation>
+    </message>
+    <message>
+        <source>The stored rules for these types were damaged, and there was no good copy. They have their defaults now; the damaged files are in %2. Types: %1</source>
+        <translation>As regras guardadas destes tipos estavam danificadas e não havia cópia boa. Têm agora as suas predefinições; os ficheiros danificados estão em %2. Tipos: %1</translation>
+    </message>
+    <message>
+        <source>The stored rules for these types are damaged and cannot be mended; the files are in %2. Types: %1</source>
+        <translation>As regras guardadas destes tipos estão danificadas e não têm conserto; os ficheiros estão em %2. Tipos: %1</translation>
+    </message>
+    <message>
+        <source>The rules for %1 are stored, but there is no room for the copy that protects them; nothing more can be changed before there is.</source>
+        <translation>As regras de %1 estão guardadas, mas não há espaço para a cópia que as protege; até lá nada mais pode ser alterado.</translation>
+    </message>
+    <message>
+        <source>The change to the rules for %1 could not be stored, perhaps because the disk is full. It holds until the program ends.</source>
+        <translation>A alteração das regras de %1 não pôde ser guardada, talvez porque o disco está cheio. Vale até o programa terminar.</translation>
+    </message>
+    <message>
+        <source>The rules for %1 were not changed: the file cannot be written, or there is no room for the copy that protects it.</source>
+        <translation>As regras de %1 não foram alteradas: o ficheiro não pode ser escrito, ou não há espaço para a cópia que o protege.</translation>
+    </message>
+    <message>
+        <source>Time</source>
+        <translation>Hora</translation>
+    </message>
+    <message>
+        <source>Event</source>
+        <translation>Evento</translation>
+    </message>
+    <message>
+        <source>Title</source>
+        <translation>Título</translation>
+    </message>
+    <message>
+        <source>About</source>
+        <translation>Sobre</translation>
+    </message>
+    <message>
+        <source>Pop-up?</source>
+        <translation>Aviso?</translation>
+    </message>
+    <message>
+        <source>Methods called</source>
+        <translation>Métodos chamados</translation>
+    </message>
+    <message>
+        <source>on</source>
+        <translation>sim</translation>
+    </message>
+    <message>
+        <source>off</source>
+        <translation>não</translation>
+    </message>
+    <message>
+        <source>no rule</source>
+        <translation>sem regra</translation>
+    </message>
+    <message>
+        <source>one rule</source>
+        <translation>uma regra</translation>
+    </message>
+    <message>
+        <source>%1 rules</source>
+        <translation>%1 regras</translation>
+    </message>
+    <message>
+        <source>%1: %2</source>
+        <translation>%1: %2</translation>
+    </message>
+    <message>
+        <source>, </source>
+        <translation>, </translation>
+    </message>
+    <message>
+        <source>%1 (sample %2)</source>
+        <translation>%1 (amostra %2)</translation>
+    </message>
+    <message>
+        <source>Ann: Shall we have lunch at noon?</source>
+        <translation>Ana: Almoçamos ao meio-dia?</translation>
+    </message>
+    <message>
+        <source>Ann</source>
+        <translation>Ana</translation>
+    </message>
+    <message>
+        <source>No notification service is there to show the pop-up.</source>
+        <translation>Não há serviço de notificações para mostrar o aviso.</translation>
+    </message>
+    <message>
+        <source>The notification service does not know this event yet.</source>
+        <translation>O serviço de notificações ainda não conhece este evento.</translation>
+    </message>
+    <message>
+        <source>The setting for alert sounds keeps it silent.</source>
+        <translation>A definição de sons dos alertas mantém-no em silêncio.</translation>
+    </message>
+    <message>
+        <source>The sound file is not there.</source>
+        <translation>O ficheiro de som não está lá.</translation>
+    </message>
+    <message>
+        <source>No chat with Ann is open to write a line in.</source>
+        <translation>Não há conversa com Ana aberta onde escrever uma linha.</translation>
+    </message>
+    <message>
+        <source>Sample %1: there is no rule for “%2”, so nothing happens.</source>
+        <translation>Amostra %1: não há regra para «%2», por isso nada acontece.</translation>
+    </message>
+    <message>
+        <source>Sample %1 was dropped as a repeat.</source>
+        <translation>A amostra %1 foi ignorada por ser repetida.</translation>
+    </message>
+    <message>
+        <source>Sample %1 went to: %2.</source>
+        <translation>A amostra %1 foi para: %2.</translation>
+    </message>
+    <message>
+        <source>%1 writes</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Lunch at noon?</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 writes in a background chat</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Are you still there?</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 writes first</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Good morning!</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>You write to %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>On my way</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 sends an alert</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>You got an alert</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>You send %1 an alert</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>You sent an alert</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>E-mail waits</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>New e-mail</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>3 unread messages</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The program has news</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Information</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>A file was saved</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The program fails</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Error</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>A file could not be saved</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Your account logs in</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Logged in</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Your account is connected</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 comes online</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>is available</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 goes away</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>is away</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 goes offline</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>is not available</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 changes status</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>back in ten minutes</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 starts typing</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>is typing</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 stops typing</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>stopped typing</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 writes in a conference</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Hello everybody</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 writes in a background conference</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Who takes the minutes?</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>zepa::ChatHistory</name>
+    <message>
+        <source>Information:</source>
+        <translation>Informação:</translation>
+    </message>
+</context>
+<context>
+    <name>zepa::ChatWindow</name>
+    <message>
+        <source>&amp;Send</source>
+        <translation>&amp;Enviar</translation>
+    </message>
+    <message>
+        <source>Write a message</source>
+        <translation>Escrever uma mensagem</translation>
+    </message>
+    <message>
+        <source>Conversation with %1</source>
+        <translation>Conversa com %1</translation>
+    </message>
+    <message>
+        <source>Message to %1</source>
+        <translation>Mensagem para %1</translation>
+    </message>
+    <message>
+        <source>You</source>
+        <translation>Você</translation>
+    </message>
+</context>
+<context>
+    <name>zepa::ContactModel</name>
+    <message>
+        <source>stranger</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 (%2)</source>
+        <comment>name and presence</comment>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>zepa::ContactPanel</name>
+    <message>
+        <source>Contacts</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>C&amp;ontacts</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Open the &amp;chat</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>zepa::JournalView</name>
+    <message>
+        <source>Why did this not pop up?</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The journal says here for each posting why it did not pop up.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Type, title, text, person</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&amp;Filter:</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Verdict</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>All verdicts</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>C&amp;opy</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Puts the chosen lines onto the clipboard</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Journal</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1: %2</source>
+        <comment>event and verdict</comment>
+        <translation>%1: %2</translation>
+    </message>
+</context>
+<context>
+    <name>zepa::MainWindow</name>
+    <message>
+        <source>&amp;Zepa</source>
+        <translation>&amp;Zepa</translation>
+    </message>
+    <message>
+        <source>&amp;Quit</source>
+        <translation>&amp;Sair</translation>
+    </message>
+    <message>
+        <source>&amp;Notification settings...</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&amp;Contact</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&amp;Journal</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&amp;Copy the chosen lines</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Copy &amp;all lines</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>C&amp;lear</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>zepa::NoticeBar</name>
+    <message>
+        <source>&amp;Understood</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>zepa::NotificationSettings</name>
+    <message>
+        <source>&amp;Undo</source>
+        <translation>&amp;Desfazer</translation>
+    </message>
+    <message>
+        <source>Red&amp;o</source>
+        <translation>&amp;Refazer</translation>
+    </message>
+    <message>
+        <source>Notification settings</source>
+        <translation>Definições de notificações</translation>
+    </message>
+    <message>
+        <source>Space adds or removes a rule. Changes are stored at once.</source>
+        <translation>A barra de espaço adiciona ou remove uma regra. As alterações são guardadas de imediato.</translation>
+    </message>
+    <message>
+        <source>Events and methods</source>
+        <translation>Eventos e métodos</translation>
+    </message>
+    <message>
+        <source>A check mark stands where an event uses a method. Space toggles it.</source>
+        <translation>Uma marca indica que um evento usa um método. A barra de espaço põe ou tira a marca.</translation>
+    </message>
+    <message>
+        <source>For all events</source>
+        <translation>Para todos os eventos</translation>
+    </message>
+    <message>
+        <source>&amp;Close</source>
+        <translation>&amp;Fechar</translation>
+    </message>
+    <message>
+        <source>Nothing to undo.</source>
+        <translation>Nada a desfazer.</translation>
+    </message>
+    <message>
+        <source>Last change: %1</source>
+        <translation>Última alteração: %1</translation>
+    </message>
+</context>
+<context>
+    <name>zepa::NumberEdit</name>
+    <message>
+        <source>%1 to %2</source>
+        <translation>%1 a %2</translation>
+    </message>
+    <message>
+        <source>%1 %2</source>
+        <comment>description, bounds</comment>
+        <translation>%1 %2</translation>
+    </message>
+</context>
+<context>
+    <name>zepa::ProblemBar</name>
+    <message>
+        <source>&amp;Try again</source>
+        <translation>&amp;Tentar de novo</translation>
+    </message>
+    <message>
+        <source>Warning</source>
+        <translation>Aviso</translation>
+    </message>
+</context>
+<context>
+    <name>zepa::RuleEditor</name>
+    <message>
+        <source>Add: %1</source>
+        <translation>Adicionar: %1</translation>
+    </message>
+    <message>
+        <source>Remove: %1</source>
+        <translation>Remover: %1</translation>
+    </message>
+    <message>
+        <source>Change: %1, %2</source>
+        <translation>Alterar: %1, %2</translation>
+    </message>
+    <message>
+        <source>Restore defaults: %1</source>
+        <translation>Repor predefinições: %1</translation>
+    </message>
+    <message>
+        <source>Change: %1</source>
+        <translation>Alterar: %1</translation>
+    </message>
+    <message>
+        <source>Undone: %1</source>
+        <translation>Desfeito: %1</translation>
+    </message>
+    <message>
+        <source>Done again: %1</source>
+        <translation>Refeito: %1</translation>
+    </message>
+    <message>
+        <source>All rules are stored now.</source>
+        <translation>Todas as regras estão agora guardadas.</translation>
+    </message>
+    <message>
+        <source>Rules or settings were changed from outside of this window.</source>
+        <translation>Regras ou definições foram alteradas fora desta janela.</translation>
+    </message>
+    <message>
+        <source>The setting “%1” cannot be written, so it was not changed. The file is %2.</source>
+        <translation>A definição «%1» não pode ser escrita, por isso não foi alterada. O ficheiro é %2.</translation>
+    </message>
+    <message>
+        <source>, </source>
+        <translation>, </translation>
+    </message>
+    <message>
+        <source>%1, %2</source>
+        <translation>%1, %2</translation>
+    </message>
+    <message>
+        <source>The rules of “%1” were not changed: the file %2 cannot be written, or there is no room on the disk for the copy that protects it.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The rules of “%1” are stored, but there is no room on the disk for the copy that protects them. Make room before you change more.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>These events have rules that could not be written to %2, perhaps because the disk is full. They are in use until the client ends: %1.</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>zepa::RulePane</name>
+    <message>
+        <source>R&amp;ule:</source>
+        <translation>&amp;Regra:</translation>
+    </message>
+    <message>
+        <source>&amp;Add a rule</source>
+        <translation>&amp;Adicionar uma regra</translation>
+    </message>
+    <message>
+        <source>Re&amp;move this rule</source>
+        <translation>&amp;Remover esta regra</translation>
+    </message>
+    <message>
+        <source>Post a &amp;sample</source>
+        <translation>Enviar uma a&amp;mostra</translation>
+    </message>
+    <message>
+        <source>Restore &amp;defaults</source>
+        <translation>Repor pre&amp;definições</translation>
+    </message>
+    <message>
+        <source>Posts an event of this kind, so that you see and hear what its rules do.</source>
+        <translation>Envia um evento deste tipo, para ver e ouvir o que as suas regras fazem.</translation>
+    </message>
+    <message>
+        <source>Gives all methods of this event the rules that they had at first.</source>
+        <translation>Devolve a todos os métodos deste evento as regras que tinham no início.</translation>
+    </message>
+    <message>
+        <source>No event is chosen</source>
+        <translation>Nenhum evento escolhido</translation>
+    </message>
+    <message>
+        <source>%1: %2</source>
+        <comment>event, method</comment>
+        <translation>%1: %2</translation>
+    </message>
+    <message>
+        <source>1 (newest)</source>
+        <translation>1 (a mais recente)</translation>
+    </message>
+    <message>
+        <source>&amp;Add another rule</source>
+        <translation>&amp;Adicionar outra regra</translation>
+    </message>
+    <message>
+        <source>Choose an event in the table.</source>
+        <translation>Escolha um evento na tabela.</translation>
+    </message>
+    <message>
+        <source>Choose the column of a method to see its rule.</source>
+        <translation>Escolha a coluna de um método para ver a sua regra.</translation>
+    </message>
+    <message>
+        <source>There is no rule, so this event does not use this method.</source>
+        <translation>Não há regra, por isso este evento não usa este método.</translation>
+    </message>
+    <message>
+        <source>This method has no settings.</source>
+        <translation>Este método não tem definições.</translation>
+    </message>
+    <message>
+        <source>All %1 rules act, the newest first. Space in the table and the command line reach the newest one. The next start of the program turns their order round.</source>
+        <translation>Todas as %1 regras atuam, a mais recente primeiro. A barra de espaço na tabela e a linha de comandos alcançam a mais recente. O próximo arranque do programa inverte a ordem.</translation>
+    </message>
+</context>
+<context>
+    <name>zepa::RuleTableModel</name>
+    <message>
+        <source>%1: %2</source>
+        <comment>event, description</comment>
+        <translation>%1: %2</translation>
+    </message>
+    <message>
+        <source>%1, %2: %3</source>
+        <comment>event, method, count of rules</comment>
+        <translation>%1, %2: %3</translation>
+    </message>
+    <message>
+        <source>Space adds a rule.</source>
+        <translation>A barra de espaço adiciona uma regra.</translation>
+    </message>
+    <message>
+        <source>Space removes the newest rule.</source>
+        <translation>A barra de espaço remove a regra mais recente.</translation>
+    </message>
+    <message>
+        <source>Meaning</source>
+        <translation>Significado</translation>
+    </message>
+    <message>
+        <source>%1
+Identifier: %2</source>
+        <translation>%1
+Identificador: %2</translation>
+    </message>
+    <message>
+        <source>%1
+Installed from outside. Identifier: %2</source>
+        <translation>%1
+Instalado de fora. Identificador: %2</translation>
+    </message>
+</context>
+<context>
+    <name>zepa::Simulator</name>
+    <message>
+        <source>Simulator</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>With an &amp;action for a click</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>A sample text</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>A click on the pop-up opens the chat. Only a pop-up with an action tells whether it was clicked; only one without can be sticky.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&amp;Post</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&amp;Event:</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&amp;Text:</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>zepa::SoundEdit</name>
+    <message>
+        <source>&amp;Play</source>
+        <translation>&amp;Tocar</translation>
+    </message>
+    <message>
+        <source>Play the sound</source>
+        <translation>Tocar o som</translation>
+    </message>
+    <message>
+        <source>C&amp;hoose...</source>
+        <translation>&amp;Escolher...</translation>
+    </message>
+    <message>
+        <source>Choose a sound file</source>
+        <translation>Escolher um ficheiro de som</translation>
+    </message>
+    <message>
+        <source>Choose a sound</source>
+        <translation>Escolher um som</translation>
+    </message>
+    <message>
+        <source>Sounds (%1)</source>
+        <translation>Sons (%1)</translation>
+    </message>
+    <message>
+        <source>%1 cannot be played, so it was not taken.</source>
+        <translation>%1 não pode ser tocado, por isso não foi aceite.</translation>
+    </message>
+    <message>
+        <source>This file cannot be played.</source>
+        <translation>Este ficheiro não pode ser tocado.</translation>
+    </message>
+</context>
+</TS>
