@@ -294,163 +294,163 @@
     </message>
     <message>
         <source>%1 writes</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 schreibt</translation>
     </message>
     <message>
         <source>Lunch at noon?</source>
-        <translation type="unfinished"></translation>
+        <translation>Mittagessen um zwölf?</translation>
     </message>
     <message>
         <source>%1 writes in a background chat</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 schreibt in einem Chat im Hintergrund</translation>
     </message>
     <message>
         <source>Are you still there?</source>
-        <translation type="unfinished"></translation>
+        <translation>Bist du noch da?</translation>
     </message>
     <message>
         <source>%1 writes first</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 schreibt zuerst</translation>
     </message>
     <message>
         <source>Good morning!</source>
-        <translation type="unfinished"></translation>
+        <translation>Guten Morgen!</translation>
     </message>
     <message>
         <source>You write to %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Sie schreiben an %1</translation>
     </message>
     <message>
         <source>On my way</source>
-        <translation type="unfinished"></translation>
+        <translation>Bin unterwegs</translation>
     </message>
     <message>
         <source>%1 sends an alert</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 sendet einen Weckruf</translation>
     </message>
     <message>
         <source>You got an alert</source>
-        <translation type="unfinished"></translation>
+        <translation>Sie haben einen Weckruf erhalten</translation>
     </message>
     <message>
         <source>You send %1 an alert</source>
-        <translation type="unfinished"></translation>
+        <translation>Sie senden %1 einen Weckruf</translation>
     </message>
     <message>
         <source>You sent an alert</source>
-        <translation type="unfinished"></translation>
+        <translation>Sie haben einen Weckruf gesendet</translation>
     </message>
     <message>
         <source>E-mail waits</source>
-        <translation type="unfinished"></translation>
+        <translation>E-Mail wartet</translation>
     </message>
     <message>
         <source>New e-mail</source>
-        <translation type="unfinished"></translation>
+        <translation>Neue E-Mail</translation>
     </message>
     <message>
         <source>3 unread messages</source>
-        <translation type="unfinished"></translation>
+        <translation>3 ungelesene Nachrichten</translation>
     </message>
     <message>
         <source>The program has news</source>
-        <translation type="unfinished"></translation>
+        <translation>Das Programm hat Neuigkeiten</translation>
     </message>
     <message>
         <source>Information</source>
-        <translation type="unfinished"></translation>
+        <translation>Information</translation>
     </message>
     <message>
         <source>A file was saved</source>
-        <translation type="unfinished"></translation>
+        <translation>Eine Datei wurde gespeichert</translation>
     </message>
     <message>
         <source>The program fails</source>
-        <translation type="unfinished"></translation>
+        <translation>Das Programm meldet einen Fehler</translation>
     </message>
     <message>
         <source>Error</source>
-        <translation type="unfinished"></translation>
+        <translation>Fehler</translation>
     </message>
     <message>
         <source>A file could not be saved</source>
-        <translation type="unfinished"></translation>
+        <translation>Eine Datei konnte nicht gespeichert werden</translation>
     </message>
     <message>
         <source>Your account logs in</source>
-        <translation type="unfinished"></translation>
+        <translation>Ihr Konto meldet sich an</translation>
     </message>
     <message>
         <source>Logged in</source>
-        <translation type="unfinished"></translation>
+        <translation>Angemeldet</translation>
     </message>
     <message>
         <source>Your account is connected</source>
-        <translation type="unfinished"></translation>
+        <translation>Ihr Konto ist verbunden</translation>
     </message>
     <message>
         <source>%1 comes online</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 kommt online</translation>
     </message>
     <message>
         <source>is available</source>
-        <translation type="unfinished"></translation>
+        <translation>ist verfügbar</translation>
     </message>
     <message>
         <source>%1 goes away</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 geht weg</translation>
     </message>
     <message>
         <source>is away</source>
-        <translation type="unfinished"></translation>
+        <translation>ist abwesend</translation>
     </message>
     <message>
         <source>%1 goes offline</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 geht offline</translation>
     </message>
     <message>
         <source>is not available</source>
-        <translation type="unfinished"></translation>
+        <translation>ist nicht verfügbar</translation>
     </message>
     <message>
         <source>%1 changes status</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 ändert den Status</translation>
     </message>
     <message>
         <source>back in ten minutes</source>
-        <translation type="unfinished"></translation>
+        <translation>in zehn Minuten zurück</translation>
     </message>
     <message>
         <source>%1 starts typing</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 beginnt zu schreiben</translation>
     </message>
     <message>
         <source>is typing</source>
-        <translation type="unfinished"></translation>
+        <translation>schreibt</translation>
     </message>
     <message>
         <source>%1 stops typing</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 hört auf zu schreiben</translation>
     </message>
     <message>
         <source>stopped typing</source>
-        <translation type="unfinished"></translation>
+        <translation>schreibt nicht mehr</translation>
     </message>
     <message>
         <source>%1 writes in a conference</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 schreibt in einer Konferenz</translation>
     </message>
     <message>
         <source>Hello everybody</source>
-        <translation type="unfinished"></translation>
+        <translation>Hallo alle</translation>
     </message>
     <message>
         <source>%1 writes in a background conference</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 schreibt in einer Konferenz im Hintergrund</translation>
     </message>
     <message>
         <source>Who takes the minutes?</source>
-        <translation type="unfinished"></translation>
+        <translation>Wer schreibt das Protokoll?</translation>
     </message>
 </context>
 <context>
@@ -487,66 +487,66 @@
     <name>zepa::ContactModel</name>
     <message>
         <source>stranger</source>
-        <translation type="unfinished"></translation>
+        <translation>unbekannt</translation>
     </message>
     <message>
         <source>%1 (%2)</source>
         <comment>name and presence</comment>
-        <translation type="unfinished"></translation>
+        <translation>%1 (%2)</translation>
     </message>
 </context>
 <context>
     <name>zepa::ContactPanel</name>
     <message>
         <source>Contacts</source>
-        <translation type="unfinished"></translation>
+        <translation>Kontakte</translation>
     </message>
     <message>
         <source>C&amp;ontacts</source>
-        <translation type="unfinished"></translation>
+        <translation>K&amp;ontakte</translation>
     </message>
     <message>
         <source>Open the &amp;chat</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Chat öffnen</translation>
     </message>
 </context>
 <context>
     <name>zepa::JournalView</name>
     <message>
         <source>Why did this not pop up?</source>
-        <translation type="unfinished"></translation>
+        <translation>Warum wurde das nicht eingeblendet?</translation>
     </message>
     <message>
         <source>The journal says here for each posting why it did not pop up.</source>
-        <translation type="unfinished"></translation>
+        <translation>Das Protokoll sagt hier für jede Meldung, warum sie nicht eingeblendet wurde.</translation>
     </message>
     <message>
         <source>Type, title, text, person</source>
-        <translation type="unfinished"></translation>
+        <translation>Art, Titel, Text, Person</translation>
     </message>
     <message>
         <source>&amp;Filter:</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Filter:</translation>
     </message>
     <message>
         <source>Verdict</source>
-        <translation type="unfinished"></translation>
+        <translation>Ergebnis</translation>
     </message>
     <message>
         <source>All verdicts</source>
-        <translation type="unfinished"></translation>
+        <translation>Alle Ergebnisse</translation>
     </message>
     <message>
         <source>C&amp;opy</source>
-        <translation type="unfinished"></translation>
+        <translation>K&amp;opieren</translation>
     </message>
     <message>
         <source>Puts the chosen lines onto the clipboard</source>
-        <translation type="unfinished"></translation>
+        <translation>Legt die gewählten Zeilen in die Zwischenablage</translation>
     </message>
     <message>
         <source>Journal</source>
-        <translation type="unfinished"></translation>
+        <translation>Protokoll</translation>
     </message>
     <message>
         <source>%1: %2</source>
@@ -566,34 +566,34 @@
     </message>
     <message>
         <source>&amp;Notification settings...</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Benachrichtigungseinstellungen …</translation>
     </message>
     <message>
         <source>&amp;Contact</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Kontakt</translation>
     </message>
     <message>
         <source>&amp;Journal</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Protokoll</translation>
     </message>
     <message>
         <source>&amp;Copy the chosen lines</source>
-        <translation type="unfinished"></translation>
+        <translation>Gewählte Zeilen &amp;kopieren</translation>
     </message>
     <message>
         <source>Copy &amp;all lines</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Alle Zeilen kopieren</translation>
     </message>
     <message>
         <source>C&amp;lear</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Leeren</translation>
     </message>
 </context>
 <context>
     <name>zepa::NoticeBar</name>
     <message>
         <source>&amp;Understood</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Verstanden</translation>
     </message>
 </context>
 <context>
@@ -714,15 +714,15 @@
     </message>
     <message>
         <source>The rules of “%1” were not changed: the file %2 cannot be written, or there is no room on the disk for the copy that protects it.</source>
-        <translation type="unfinished"></translation>
+        <translation>Die Regeln von „%1“ wurden nicht geändert: Die Datei %2 kann nicht geschrieben werden, oder auf dem Datenträger ist kein Platz für die Kopie, die sie schützt.</translation>
     </message>
     <message>
         <source>The rules of “%1” are stored, but there is no room on the disk for the copy that protects them. Make room before you change more.</source>
-        <translation type="unfinished"></translation>
+        <translation>Die Regeln von „%1“ sind gespeichert, aber für die Kopie, die sie schützt, ist auf dem Datenträger kein Platz. Schaffen Sie Platz, bevor Sie mehr ändern.</translation>
     </message>
     <message>
         <source>These events have rules that could not be written to %2, perhaps because the disk is full. They are in use until the client ends: %1.</source>
-        <translation type="unfinished"></translation>
+        <translation>Diese Ereignisse haben Regeln, die nicht nach %2 geschrieben werden konnten, vielleicht weil der Datenträger voll ist. Sie gelten, bis das Programm endet: %1.</translation>
     </message>
 </context>
 <context>
@@ -834,31 +834,31 @@ Von außen installiert. Kennung: %2</translation>
     <name>zepa::Simulator</name>
     <message>
         <source>Simulator</source>
-        <translation type="unfinished"></translation>
+        <translation>Simulator</translation>
     </message>
     <message>
         <source>With an &amp;action for a click</source>
-        <translation type="unfinished"></translation>
+        <translation>Mit &amp;Aktion für einen Klick</translation>
     </message>
     <message>
         <source>A sample text</source>
-        <translation type="unfinished"></translation>
+        <translation>Ein Beispieltext</translation>
     </message>
     <message>
         <source>A click on the pop-up opens the chat. Only a pop-up with an action tells whether it was clicked; only one without can be sticky.</source>
-        <translation type="unfinished"></translation>
+        <translation>Ein Klick auf die Einblendung öffnet den Chat. Nur eine Einblendung mit Aktion meldet, ob sie angeklickt wurde; nur eine ohne kann stehen bleiben.</translation>
     </message>
     <message>
         <source>&amp;Post</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Melden</translation>
     </message>
     <message>
         <source>&amp;Event:</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Ereignis:</translation>
     </message>
     <message>
         <source>&amp;Text:</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Text:</translation>
     </message>
 </context>
 <context>

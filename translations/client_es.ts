@@ -294,163 +294,163 @@
     </message>
     <message>
         <source>%1 writes</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 escribe</translation>
     </message>
     <message>
         <source>Lunch at noon?</source>
-        <translation type="unfinished"></translation>
+        <translation>¿Comemos a mediodía?</translation>
     </message>
     <message>
         <source>%1 writes in a background chat</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 escribe en un chat en segundo plano</translation>
     </message>
     <message>
         <source>Are you still there?</source>
-        <translation type="unfinished"></translation>
+        <translation>¿Sigues ahí?</translation>
     </message>
     <message>
         <source>%1 writes first</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 escribe primero</translation>
     </message>
     <message>
         <source>Good morning!</source>
-        <translation type="unfinished"></translation>
+        <translation>¡Buenos días!</translation>
     </message>
     <message>
         <source>You write to %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Usted escribe a %1</translation>
     </message>
     <message>
         <source>On my way</source>
-        <translation type="unfinished"></translation>
+        <translation>De camino</translation>
     </message>
     <message>
         <source>%1 sends an alert</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 envía un aviso</translation>
     </message>
     <message>
         <source>You got an alert</source>
-        <translation type="unfinished"></translation>
+        <translation>Ha recibido un aviso</translation>
     </message>
     <message>
         <source>You send %1 an alert</source>
-        <translation type="unfinished"></translation>
+        <translation>Usted envía un aviso a %1</translation>
     </message>
     <message>
         <source>You sent an alert</source>
-        <translation type="unfinished"></translation>
+        <translation>Ha enviado un aviso</translation>
     </message>
     <message>
         <source>E-mail waits</source>
-        <translation type="unfinished"></translation>
+        <translation>Hay correo</translation>
     </message>
     <message>
         <source>New e-mail</source>
-        <translation type="unfinished"></translation>
+        <translation>Correo nuevo</translation>
     </message>
     <message>
         <source>3 unread messages</source>
-        <translation type="unfinished"></translation>
+        <translation>3 mensajes sin leer</translation>
     </message>
     <message>
         <source>The program has news</source>
-        <translation type="unfinished"></translation>
+        <translation>El programa tiene noticias</translation>
     </message>
     <message>
         <source>Information</source>
-        <translation type="unfinished"></translation>
+        <translation>Información</translation>
     </message>
     <message>
         <source>A file was saved</source>
-        <translation type="unfinished"></translation>
+        <translation>Se guardó un archivo</translation>
     </message>
     <message>
         <source>The program fails</source>
-        <translation type="unfinished"></translation>
+        <translation>El programa falla</translation>
     </message>
     <message>
         <source>Error</source>
-        <translation type="unfinished"></translation>
+        <translation>Error</translation>
     </message>
     <message>
         <source>A file could not be saved</source>
-        <translation type="unfinished"></translation>
+        <translation>No se pudo guardar un archivo</translation>
     </message>
     <message>
         <source>Your account logs in</source>
-        <translation type="unfinished"></translation>
+        <translation>Su cuenta se conecta</translation>
     </message>
     <message>
         <source>Logged in</source>
-        <translation type="unfinished"></translation>
+        <translation>Conectado</translation>
     </message>
     <message>
         <source>Your account is connected</source>
-        <translation type="unfinished"></translation>
+        <translation>Su cuenta está conectada</translation>
     </message>
     <message>
         <source>%1 comes online</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 se conecta</translation>
     </message>
     <message>
         <source>is available</source>
-        <translation type="unfinished"></translation>
+        <translation>está disponible</translation>
     </message>
     <message>
         <source>%1 goes away</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 se ausenta</translation>
     </message>
     <message>
         <source>is away</source>
-        <translation type="unfinished"></translation>
+        <translation>está ausente</translation>
     </message>
     <message>
         <source>%1 goes offline</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 se desconecta</translation>
     </message>
     <message>
         <source>is not available</source>
-        <translation type="unfinished"></translation>
+        <translation>no está disponible</translation>
     </message>
     <message>
         <source>%1 changes status</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 cambia de estado</translation>
     </message>
     <message>
         <source>back in ten minutes</source>
-        <translation type="unfinished"></translation>
+        <translation>de vuelta en diez minutos</translation>
     </message>
     <message>
         <source>%1 starts typing</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 empieza a escribir</translation>
     </message>
     <message>
         <source>is typing</source>
-        <translation type="unfinished"></translation>
+        <translation>está escribiendo</translation>
     </message>
     <message>
         <source>%1 stops typing</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 deja de escribir</translation>
     </message>
     <message>
         <source>stopped typing</source>
-        <translation type="unfinished"></translation>
+        <translation>ha dejado de escribir</translation>
     </message>
     <message>
         <source>%1 writes in a conference</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 escribe en una conferencia</translation>
     </message>
     <message>
         <source>Hello everybody</source>
-        <translation type="unfinished"></translation>
+        <translation>Hola a todos</translation>
     </message>
     <message>
         <source>%1 writes in a background conference</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 escribe en una conferencia en segundo plano</translation>
     </message>
     <message>
         <source>Who takes the minutes?</source>
-        <translation type="unfinished"></translation>
+        <translation>¿Quién levanta acta?</translation>
     </message>
 </context>
 <context>
@@ -487,66 +487,66 @@
     <name>zepa::ContactModel</name>
     <message>
         <source>stranger</source>
-        <translation type="unfinished"></translation>
+        <translation>desconocido</translation>
     </message>
     <message>
         <source>%1 (%2)</source>
         <comment>name and presence</comment>
-        <translation type="unfinished"></translation>
+        <translation>%1 (%2)</translation>
     </message>
 </context>
 <context>
     <name>zepa::ContactPanel</name>
     <message>
         <source>Contacts</source>
-        <translation type="unfinished"></translation>
+        <translation>Contactos</translation>
     </message>
     <message>
         <source>C&amp;ontacts</source>
-        <translation type="unfinished"></translation>
+        <translation>C&amp;ontactos</translation>
     </message>
     <message>
         <source>Open the &amp;chat</source>
-        <translation type="unfinished"></translation>
+        <translation>Abrir el &amp;chat</translation>
     </message>
 </context>
 <context>
     <name>zepa::JournalView</name>
     <message>
         <source>Why did this not pop up?</source>
-        <translation type="unfinished"></translation>
+        <translation>¿Por qué no hubo aviso emergente?</translation>
     </message>
     <message>
         <source>The journal says here for each posting why it did not pop up.</source>
-        <translation type="unfinished"></translation>
+        <translation>El registro dice aquí, para cada envío, por qué no hubo aviso emergente.</translation>
     </message>
     <message>
         <source>Type, title, text, person</source>
-        <translation type="unfinished"></translation>
+        <translation>Tipo, título, texto, persona</translation>
     </message>
     <message>
         <source>&amp;Filter:</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Filtro:</translation>
     </message>
     <message>
         <source>Verdict</source>
-        <translation type="unfinished"></translation>
+        <translation>Veredicto</translation>
     </message>
     <message>
         <source>All verdicts</source>
-        <translation type="unfinished"></translation>
+        <translation>Todos los veredictos</translation>
     </message>
     <message>
         <source>C&amp;opy</source>
-        <translation type="unfinished"></translation>
+        <translation>C&amp;opiar</translation>
     </message>
     <message>
         <source>Puts the chosen lines onto the clipboard</source>
-        <translation type="unfinished"></translation>
+        <translation>Pone las líneas elegidas en el portapapeles</translation>
     </message>
     <message>
         <source>Journal</source>
-        <translation type="unfinished"></translation>
+        <translation>Registro</translation>
     </message>
     <message>
         <source>%1: %2</source>
@@ -566,34 +566,34 @@
     </message>
     <message>
         <source>&amp;Notification settings...</source>
-        <translation type="unfinished"></translation>
+        <translation>Ajustes de &amp;notificaciones...</translation>
     </message>
     <message>
         <source>&amp;Contact</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Contacto</translation>
     </message>
     <message>
         <source>&amp;Journal</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Registro</translation>
     </message>
     <message>
         <source>&amp;Copy the chosen lines</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Copiar las líneas elegidas</translation>
     </message>
     <message>
         <source>Copy &amp;all lines</source>
-        <translation type="unfinished"></translation>
+        <translation>Copiar &amp;todas las líneas</translation>
     </message>
     <message>
         <source>C&amp;lear</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Vaciar</translation>
     </message>
 </context>
 <context>
     <name>zepa::NoticeBar</name>
     <message>
         <source>&amp;Understood</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Entendido</translation>
     </message>
 </context>
 <context>
@@ -714,15 +714,15 @@
     </message>
     <message>
         <source>The rules of “%1” were not changed: the file %2 cannot be written, or there is no room on the disk for the copy that protects it.</source>
-        <translation type="unfinished"></translation>
+        <translation>Las reglas de «%1» no se cambiaron: no se puede escribir el archivo %2, o no hay sitio en el disco para la copia que lo protege.</translation>
     </message>
     <message>
         <source>The rules of “%1” are stored, but there is no room on the disk for the copy that protects them. Make room before you change more.</source>
-        <translation type="unfinished"></translation>
+        <translation>Las reglas de «%1» están guardadas, pero no hay sitio en el disco para la copia que las protege. Haga sitio antes de cambiar más.</translation>
     </message>
     <message>
         <source>These events have rules that could not be written to %2, perhaps because the disk is full. They are in use until the client ends: %1.</source>
-        <translation type="unfinished"></translation>
+        <translation>Estos sucesos tienen reglas que no se pudieron escribir en %2, quizá porque el disco está lleno. Valen hasta que termine el programa: %1.</translation>
     </message>
 </context>
 <context>
@@ -834,31 +834,31 @@ Instalado desde fuera. Identificador: %2</translation>
     <name>zepa::Simulator</name>
     <message>
         <source>Simulator</source>
-        <translation type="unfinished"></translation>
+        <translation>Simulador</translation>
     </message>
     <message>
         <source>With an &amp;action for a click</source>
-        <translation type="unfinished"></translation>
+        <translation>Con una &amp;acción para un clic</translation>
     </message>
     <message>
         <source>A sample text</source>
-        <translation type="unfinished"></translation>
+        <translation>Un texto de muestra</translation>
     </message>
     <message>
         <source>A click on the pop-up opens the chat. Only a pop-up with an action tells whether it was clicked; only one without can be sticky.</source>
-        <translation type="unfinished"></translation>
+        <translation>Un clic en el aviso emergente abre el chat. Solo un aviso con acción dice si se hizo clic; solo uno sin ella puede ser permanente.</translation>
     </message>
     <message>
         <source>&amp;Post</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Enviar</translation>
     </message>
     <message>
         <source>&amp;Event:</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Suceso:</translation>
     </message>
     <message>
         <source>&amp;Text:</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Texto:</translation>
     </message>
 </context>
 <context>

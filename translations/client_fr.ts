@@ -294,163 +294,163 @@
     </message>
     <message>
         <source>%1 writes</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 écrit</translation>
     </message>
     <message>
         <source>Lunch at noon?</source>
-        <translation type="unfinished"></translation>
+        <translation>On déjeune à midi ?</translation>
     </message>
     <message>
         <source>%1 writes in a background chat</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 écrit dans une discussion en arrière-plan</translation>
     </message>
     <message>
         <source>Are you still there?</source>
-        <translation type="unfinished"></translation>
+        <translation>Tu es encore là ?</translation>
     </message>
     <message>
         <source>%1 writes first</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 écrit en premier</translation>
     </message>
     <message>
         <source>Good morning!</source>
-        <translation type="unfinished"></translation>
+        <translation>Bonjour !</translation>
     </message>
     <message>
         <source>You write to %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Vous écrivez à %1</translation>
     </message>
     <message>
         <source>On my way</source>
-        <translation type="unfinished"></translation>
+        <translation>J’arrive</translation>
     </message>
     <message>
         <source>%1 sends an alert</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 envoie une alerte</translation>
     </message>
     <message>
         <source>You got an alert</source>
-        <translation type="unfinished"></translation>
+        <translation>Vous avez reçu une alerte</translation>
     </message>
     <message>
         <source>You send %1 an alert</source>
-        <translation type="unfinished"></translation>
+        <translation>Vous envoyez une alerte à %1</translation>
     </message>
     <message>
         <source>You sent an alert</source>
-        <translation type="unfinished"></translation>
+        <translation>Vous avez envoyé une alerte</translation>
     </message>
     <message>
         <source>E-mail waits</source>
-        <translation type="unfinished"></translation>
+        <translation>Du courrier attend</translation>
     </message>
     <message>
         <source>New e-mail</source>
-        <translation type="unfinished"></translation>
+        <translation>Nouveau courriel</translation>
     </message>
     <message>
         <source>3 unread messages</source>
-        <translation type="unfinished"></translation>
+        <translation>3 messages non lus</translation>
     </message>
     <message>
         <source>The program has news</source>
-        <translation type="unfinished"></translation>
+        <translation>Le programme a des nouvelles</translation>
     </message>
     <message>
         <source>Information</source>
-        <translation type="unfinished"></translation>
+        <translation>Information</translation>
     </message>
     <message>
         <source>A file was saved</source>
-        <translation type="unfinished"></translation>
+        <translation>Un fichier a été enregistré</translation>
     </message>
     <message>
         <source>The program fails</source>
-        <translation type="unfinished"></translation>
+        <translation>Le programme signale une erreur</translation>
     </message>
     <message>
         <source>Error</source>
-        <translation type="unfinished"></translation>
+        <translation>Erreur</translation>
     </message>
     <message>
         <source>A file could not be saved</source>
-        <translation type="unfinished"></translation>
+        <translation>Un fichier n’a pas pu être enregistré</translation>
     </message>
     <message>
         <source>Your account logs in</source>
-        <translation type="unfinished"></translation>
+        <translation>Votre compte se connecte</translation>
     </message>
     <message>
         <source>Logged in</source>
-        <translation type="unfinished"></translation>
+        <translation>Connecté</translation>
     </message>
     <message>
         <source>Your account is connected</source>
-        <translation type="unfinished"></translation>
+        <translation>Votre compte est connecté</translation>
     </message>
     <message>
         <source>%1 comes online</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 se connecte</translation>
     </message>
     <message>
         <source>is available</source>
-        <translation type="unfinished"></translation>
+        <translation>est disponible</translation>
     </message>
     <message>
         <source>%1 goes away</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 s’absente</translation>
     </message>
     <message>
         <source>is away</source>
-        <translation type="unfinished"></translation>
+        <translation>est absent</translation>
     </message>
     <message>
         <source>%1 goes offline</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 se déconnecte</translation>
     </message>
     <message>
         <source>is not available</source>
-        <translation type="unfinished"></translation>
+        <translation>est indisponible</translation>
     </message>
     <message>
         <source>%1 changes status</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 change de statut</translation>
     </message>
     <message>
         <source>back in ten minutes</source>
-        <translation type="unfinished"></translation>
+        <translation>de retour dans dix minutes</translation>
     </message>
     <message>
         <source>%1 starts typing</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 commence à écrire</translation>
     </message>
     <message>
         <source>is typing</source>
-        <translation type="unfinished"></translation>
+        <translation>écrit</translation>
     </message>
     <message>
         <source>%1 stops typing</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 cesse d’écrire</translation>
     </message>
     <message>
         <source>stopped typing</source>
-        <translation type="unfinished"></translation>
+        <translation>n’écrit plus</translation>
     </message>
     <message>
         <source>%1 writes in a conference</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 écrit dans une conférence</translation>
     </message>
     <message>
         <source>Hello everybody</source>
-        <translation type="unfinished"></translation>
+        <translation>Bonjour à tous</translation>
     </message>
     <message>
         <source>%1 writes in a background conference</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 écrit dans une conférence en arrière-plan</translation>
     </message>
     <message>
         <source>Who takes the minutes?</source>
-        <translation type="unfinished"></translation>
+        <translation>Qui rédige le compte rendu ?</translation>
     </message>
 </context>
 <context>
@@ -487,66 +487,66 @@
     <name>zepa::ContactModel</name>
     <message>
         <source>stranger</source>
-        <translation type="unfinished"></translation>
+        <translation>inconnu</translation>
     </message>
     <message>
         <source>%1 (%2)</source>
         <comment>name and presence</comment>
-        <translation type="unfinished"></translation>
+        <translation>%1 (%2)</translation>
     </message>
 </context>
 <context>
     <name>zepa::ContactPanel</name>
     <message>
         <source>Contacts</source>
-        <translation type="unfinished"></translation>
+        <translation>Contacts</translation>
     </message>
     <message>
         <source>C&amp;ontacts</source>
-        <translation type="unfinished"></translation>
+        <translation>C&amp;ontacts</translation>
     </message>
     <message>
         <source>Open the &amp;chat</source>
-        <translation type="unfinished"></translation>
+        <translation>Ouvrir la &amp;discussion</translation>
     </message>
 </context>
 <context>
     <name>zepa::JournalView</name>
     <message>
         <source>Why did this not pop up?</source>
-        <translation type="unfinished"></translation>
+        <translation>Pourquoi n’y a-t-il pas eu de bulle ?</translation>
     </message>
     <message>
         <source>The journal says here for each posting why it did not pop up.</source>
-        <translation type="unfinished"></translation>
+        <translation>Le journal dit ici pour chaque annonce pourquoi il n’y a pas eu de bulle.</translation>
     </message>
     <message>
         <source>Type, title, text, person</source>
-        <translation type="unfinished"></translation>
+        <translation>Type, titre, texte, personne</translation>
     </message>
     <message>
         <source>&amp;Filter:</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Filtre :</translation>
     </message>
     <message>
         <source>Verdict</source>
-        <translation type="unfinished"></translation>
+        <translation>Verdict</translation>
     </message>
     <message>
         <source>All verdicts</source>
-        <translation type="unfinished"></translation>
+        <translation>Tous les verdicts</translation>
     </message>
     <message>
         <source>C&amp;opy</source>
-        <translation type="unfinished"></translation>
+        <translation>C&amp;opier</translation>
     </message>
     <message>
         <source>Puts the chosen lines onto the clipboard</source>
-        <translation type="unfinished"></translation>
+        <translation>Met les lignes choisies dans le presse-papiers</translation>
     </message>
     <message>
         <source>Journal</source>
-        <translation type="unfinished"></translation>
+        <translation>Journal</translation>
     </message>
     <message>
         <source>%1: %2</source>
@@ -566,34 +566,34 @@
     </message>
     <message>
         <source>&amp;Notification settings...</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Réglages des notifications…</translation>
     </message>
     <message>
         <source>&amp;Contact</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Contact</translation>
     </message>
     <message>
         <source>&amp;Journal</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Journal</translation>
     </message>
     <message>
         <source>&amp;Copy the chosen lines</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Copier les lignes choisies</translation>
     </message>
     <message>
         <source>Copy &amp;all lines</source>
-        <translation type="unfinished"></translation>
+        <translation>Copier &amp;toutes les lignes</translation>
     </message>
     <message>
         <source>C&amp;lear</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Effacer</translation>
     </message>
 </context>
 <context>
     <name>zepa::NoticeBar</name>
     <message>
         <source>&amp;Understood</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Compris</translation>
     </message>
 </context>
 <context>
@@ -714,15 +714,15 @@
     </message>
     <message>
         <source>The rules of “%1” were not changed: the file %2 cannot be written, or there is no room on the disk for the copy that protects it.</source>
-        <translation type="unfinished"></translation>
+        <translation>Les règles de « %1 » n’ont pas été modifiées : le fichier %2 ne peut pas être écrit, ou il n’y a pas de place sur le disque pour la copie qui le protège.</translation>
     </message>
     <message>
         <source>The rules of “%1” are stored, but there is no room on the disk for the copy that protects them. Make room before you change more.</source>
-        <translation type="unfinished"></translation>
+        <translation>Les règles de « %1 » sont enregistrées, mais il n’y a pas de place sur le disque pour la copie qui les protège. Faites de la place avant d’en modifier d’autres.</translation>
     </message>
     <message>
         <source>These events have rules that could not be written to %2, perhaps because the disk is full. They are in use until the client ends: %1.</source>
-        <translation type="unfinished"></translation>
+        <translation>Ces événements ont des règles qui n’ont pas pu être écrites dans %2, peut-être parce que le disque est plein. Elles valent jusqu’à la fin du programme : %1.</translation>
     </message>
 </context>
 <context>
@@ -834,31 +834,31 @@ Installé de l’extérieur. Identifiant : %2</translation>
     <name>zepa::Simulator</name>
     <message>
         <source>Simulator</source>
-        <translation type="unfinished"></translation>
+        <translation>Simulateur</translation>
     </message>
     <message>
         <source>With an &amp;action for a click</source>
-        <translation type="unfinished"></translation>
+        <translation>Avec une &amp;action pour un clic</translation>
     </message>
     <message>
         <source>A sample text</source>
-        <translation type="unfinished"></translation>
+        <translation>Un texte d’exemple</translation>
     </message>
     <message>
         <source>A click on the pop-up opens the chat. Only a pop-up with an action tells whether it was clicked; only one without can be sticky.</source>
-        <translation type="unfinished"></translation>
+        <translation>Un clic sur la bulle ouvre la discussion. Seule une bulle avec action dit si on a cliqué dessus ; seule une sans action peut être persistante.</translation>
     </message>
     <message>
         <source>&amp;Post</source>
-        <translation type="unfinished"></translation>
+        <translation>É&amp;mettre</translation>
     </message>
     <message>
         <source>&amp;Event:</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Événement :</translation>
     </message>
     <message>
         <source>&amp;Text:</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Texte :</translation>
     </message>
 </context>
 <context>

@@ -294,163 +294,163 @@
     </message>
     <message>
         <source>%1 writes</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 pisze</translation>
     </message>
     <message>
         <source>Lunch at noon?</source>
-        <translation type="unfinished"></translation>
+        <translation>Obiad w południe?</translation>
     </message>
     <message>
         <source>%1 writes in a background chat</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 pisze w rozmowie w tle</translation>
     </message>
     <message>
         <source>Are you still there?</source>
-        <translation type="unfinished"></translation>
+        <translation>Jesteś tam jeszcze?</translation>
     </message>
     <message>
         <source>%1 writes first</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 pisze pierwszą wiadomość</translation>
     </message>
     <message>
         <source>Good morning!</source>
-        <translation type="unfinished"></translation>
+        <translation>Dzień dobry!</translation>
     </message>
     <message>
         <source>You write to %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Piszesz do: %1</translation>
     </message>
     <message>
         <source>On my way</source>
-        <translation type="unfinished"></translation>
+        <translation>Już idę</translation>
     </message>
     <message>
         <source>%1 sends an alert</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 wysyła alert</translation>
     </message>
     <message>
         <source>You got an alert</source>
-        <translation type="unfinished"></translation>
+        <translation>Masz alert</translation>
     </message>
     <message>
         <source>You send %1 an alert</source>
-        <translation type="unfinished"></translation>
+        <translation>Wysyłasz alert do: %1</translation>
     </message>
     <message>
         <source>You sent an alert</source>
-        <translation type="unfinished"></translation>
+        <translation>Wysłano alert</translation>
     </message>
     <message>
         <source>E-mail waits</source>
-        <translation type="unfinished"></translation>
+        <translation>Czeka e-mail</translation>
     </message>
     <message>
         <source>New e-mail</source>
-        <translation type="unfinished"></translation>
+        <translation>Nowy e-mail</translation>
     </message>
     <message>
         <source>3 unread messages</source>
-        <translation type="unfinished"></translation>
+        <translation>Nieprzeczytane wiadomości: 3</translation>
     </message>
     <message>
         <source>The program has news</source>
-        <translation type="unfinished"></translation>
+        <translation>Program ma wiadomość</translation>
     </message>
     <message>
         <source>Information</source>
-        <translation type="unfinished"></translation>
+        <translation>Informacja</translation>
     </message>
     <message>
         <source>A file was saved</source>
-        <translation type="unfinished"></translation>
+        <translation>Zapisano plik</translation>
     </message>
     <message>
         <source>The program fails</source>
-        <translation type="unfinished"></translation>
+        <translation>Program zgłasza błąd</translation>
     </message>
     <message>
         <source>Error</source>
-        <translation type="unfinished"></translation>
+        <translation>Błąd</translation>
     </message>
     <message>
         <source>A file could not be saved</source>
-        <translation type="unfinished"></translation>
+        <translation>Nie udało się zapisać pliku</translation>
     </message>
     <message>
         <source>Your account logs in</source>
-        <translation type="unfinished"></translation>
+        <translation>Twoje konto loguje się</translation>
     </message>
     <message>
         <source>Logged in</source>
-        <translation type="unfinished"></translation>
+        <translation>Zalogowano</translation>
     </message>
     <message>
         <source>Your account is connected</source>
-        <translation type="unfinished"></translation>
+        <translation>Twoje konto jest połączone</translation>
     </message>
     <message>
         <source>%1 comes online</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 łączy się</translation>
     </message>
     <message>
         <source>is available</source>
-        <translation type="unfinished"></translation>
+        <translation>jest dostępny</translation>
     </message>
     <message>
         <source>%1 goes away</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 odchodzi</translation>
     </message>
     <message>
         <source>is away</source>
-        <translation type="unfinished"></translation>
+        <translation>odszedł</translation>
     </message>
     <message>
         <source>%1 goes offline</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 rozłącza się</translation>
     </message>
     <message>
         <source>is not available</source>
-        <translation type="unfinished"></translation>
+        <translation>jest niedostępny</translation>
     </message>
     <message>
         <source>%1 changes status</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 zmienia status</translation>
     </message>
     <message>
         <source>back in ten minutes</source>
-        <translation type="unfinished"></translation>
+        <translation>wracam za dziesięć minut</translation>
     </message>
     <message>
         <source>%1 starts typing</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 zaczyna pisać</translation>
     </message>
     <message>
         <source>is typing</source>
-        <translation type="unfinished"></translation>
+        <translation>pisze</translation>
     </message>
     <message>
         <source>%1 stops typing</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 przestaje pisać</translation>
     </message>
     <message>
         <source>stopped typing</source>
-        <translation type="unfinished"></translation>
+        <translation>przestał pisać</translation>
     </message>
     <message>
         <source>%1 writes in a conference</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 pisze w konferencji</translation>
     </message>
     <message>
         <source>Hello everybody</source>
-        <translation type="unfinished"></translation>
+        <translation>Cześć wszystkim</translation>
     </message>
     <message>
         <source>%1 writes in a background conference</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 pisze w konferencji w tle</translation>
     </message>
     <message>
         <source>Who takes the minutes?</source>
-        <translation type="unfinished"></translation>
+        <translation>Kto pisze protokół?</translation>
     </message>
 </context>
 <context>
@@ -487,66 +487,66 @@
     <name>zepa::ContactModel</name>
     <message>
         <source>stranger</source>
-        <translation type="unfinished"></translation>
+        <translation>nieznajomy</translation>
     </message>
     <message>
         <source>%1 (%2)</source>
         <comment>name and presence</comment>
-        <translation type="unfinished"></translation>
+        <translation>%1 (%2)</translation>
     </message>
 </context>
 <context>
     <name>zepa::ContactPanel</name>
     <message>
         <source>Contacts</source>
-        <translation type="unfinished"></translation>
+        <translation>Znajomi</translation>
     </message>
     <message>
         <source>C&amp;ontacts</source>
-        <translation type="unfinished"></translation>
+        <translation>Zna&amp;jomi</translation>
     </message>
     <message>
         <source>Open the &amp;chat</source>
-        <translation type="unfinished"></translation>
+        <translation>Otwórz &amp;rozmowę</translation>
     </message>
 </context>
 <context>
     <name>zepa::JournalView</name>
     <message>
         <source>Why did this not pop up?</source>
-        <translation type="unfinished"></translation>
+        <translation>Dlaczego nie pokazał się dymek?</translation>
     </message>
     <message>
         <source>The journal says here for each posting why it did not pop up.</source>
-        <translation type="unfinished"></translation>
+        <translation>Dziennik mówi tu o każdym zgłoszeniu, dlaczego nie pokazało się w dymku.</translation>
     </message>
     <message>
         <source>Type, title, text, person</source>
-        <translation type="unfinished"></translation>
+        <translation>Rodzaj, tytuł, tekst, osoba</translation>
     </message>
     <message>
         <source>&amp;Filter:</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Filtr:</translation>
     </message>
     <message>
         <source>Verdict</source>
-        <translation type="unfinished"></translation>
+        <translation>Wynik</translation>
     </message>
     <message>
         <source>All verdicts</source>
-        <translation type="unfinished"></translation>
+        <translation>Wszystkie wyniki</translation>
     </message>
     <message>
         <source>C&amp;opy</source>
-        <translation type="unfinished"></translation>
+        <translation>Ko&amp;piuj</translation>
     </message>
     <message>
         <source>Puts the chosen lines onto the clipboard</source>
-        <translation type="unfinished"></translation>
+        <translation>Umieszcza wybrane wiersze w schowku</translation>
     </message>
     <message>
         <source>Journal</source>
-        <translation type="unfinished"></translation>
+        <translation>Dziennik</translation>
     </message>
     <message>
         <source>%1: %2</source>
@@ -566,34 +566,34 @@
     </message>
     <message>
         <source>&amp;Notification settings...</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Ustawienia powiadomień...</translation>
     </message>
     <message>
         <source>&amp;Contact</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Kontakt</translation>
     </message>
     <message>
         <source>&amp;Journal</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Dziennik</translation>
     </message>
     <message>
         <source>&amp;Copy the chosen lines</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Kopiuj wybrane wiersze</translation>
     </message>
     <message>
         <source>Copy &amp;all lines</source>
-        <translation type="unfinished"></translation>
+        <translation>Kopiuj w&amp;szystkie wiersze</translation>
     </message>
     <message>
         <source>C&amp;lear</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Wyczyść</translation>
     </message>
 </context>
 <context>
     <name>zepa::NoticeBar</name>
     <message>
         <source>&amp;Understood</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Rozumiem</translation>
     </message>
 </context>
 <context>
@@ -714,15 +714,15 @@
     </message>
     <message>
         <source>The rules of “%1” were not changed: the file %2 cannot be written, or there is no room on the disk for the copy that protects it.</source>
-        <translation type="unfinished"></translation>
+        <translation>Reguł „%1” nie zmieniono: nie można zapisać pliku %2 albo na dysku brak miejsca na chroniącą go kopię.</translation>
     </message>
     <message>
         <source>The rules of “%1” are stored, but there is no room on the disk for the copy that protects them. Make room before you change more.</source>
-        <translation type="unfinished"></translation>
+        <translation>Reguły „%1” są zapisane, ale na dysku brak miejsca na chroniącą je kopię. Zwolnij miejsce przed dalszymi zmianami.</translation>
     </message>
     <message>
         <source>These events have rules that could not be written to %2, perhaps because the disk is full. They are in use until the client ends: %1.</source>
-        <translation type="unfinished"></translation>
+        <translation>Te zdarzenia mają reguły, których nie udało się zapisać w %2, być może z powodu pełnego dysku. Obowiązują do końca programu: %1.</translation>
     </message>
 </context>
 <context>
@@ -834,31 +834,31 @@ Zainstalowane z zewnątrz. Identyfikator: %2</translation>
     <name>zepa::Simulator</name>
     <message>
         <source>Simulator</source>
-        <translation type="unfinished"></translation>
+        <translation>Symulator</translation>
     </message>
     <message>
         <source>With an &amp;action for a click</source>
-        <translation type="unfinished"></translation>
+        <translation>Z &amp;czynnością po kliknięciu</translation>
     </message>
     <message>
         <source>A sample text</source>
-        <translation type="unfinished"></translation>
+        <translation>Przykładowy tekst</translation>
     </message>
     <message>
         <source>A click on the pop-up opens the chat. Only a pop-up with an action tells whether it was clicked; only one without can be sticky.</source>
-        <translation type="unfinished"></translation>
+        <translation>Kliknięcie dymka otwiera rozmowę. Tylko dymek z czynnością mówi, czy go kliknięto; tylko dymek bez niej może być przypięty.</translation>
     </message>
     <message>
         <source>&amp;Post</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Wyślij</translation>
     </message>
     <message>
         <source>&amp;Event:</source>
-        <translation type="unfinished"></translation>
+        <translation>Z&amp;darzenie:</translation>
     </message>
     <message>
         <source>&amp;Text:</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Tekst:</translation>
     </message>
 </context>
 <context>

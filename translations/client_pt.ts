@@ -294,163 +294,163 @@
     </message>
     <message>
         <source>%1 writes</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 escreve</translation>
     </message>
     <message>
         <source>Lunch at noon?</source>
-        <translation type="unfinished"></translation>
+        <translation>Almoço ao meio-dia?</translation>
     </message>
     <message>
         <source>%1 writes in a background chat</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 escreve numa conversa em segundo plano</translation>
     </message>
     <message>
         <source>Are you still there?</source>
-        <translation type="unfinished"></translation>
+        <translation>Ainda estás aí?</translation>
     </message>
     <message>
         <source>%1 writes first</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 escreve primeiro</translation>
     </message>
     <message>
         <source>Good morning!</source>
-        <translation type="unfinished"></translation>
+        <translation>Bom dia!</translation>
     </message>
     <message>
         <source>You write to %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Escreve a %1</translation>
     </message>
     <message>
         <source>On my way</source>
-        <translation type="unfinished"></translation>
+        <translation>A caminho</translation>
     </message>
     <message>
         <source>%1 sends an alert</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 envia um alerta</translation>
     </message>
     <message>
         <source>You got an alert</source>
-        <translation type="unfinished"></translation>
+        <translation>Recebeu um alerta</translation>
     </message>
     <message>
         <source>You send %1 an alert</source>
-        <translation type="unfinished"></translation>
+        <translation>Envia um alerta a %1</translation>
     </message>
     <message>
         <source>You sent an alert</source>
-        <translation type="unfinished"></translation>
+        <translation>Enviou um alerta</translation>
     </message>
     <message>
         <source>E-mail waits</source>
-        <translation type="unfinished"></translation>
+        <translation>Há correio à espera</translation>
     </message>
     <message>
         <source>New e-mail</source>
-        <translation type="unfinished"></translation>
+        <translation>Novo e-mail</translation>
     </message>
     <message>
         <source>3 unread messages</source>
-        <translation type="unfinished"></translation>
+        <translation>3 mensagens por ler</translation>
     </message>
     <message>
         <source>The program has news</source>
-        <translation type="unfinished"></translation>
+        <translation>O programa tem novidades</translation>
     </message>
     <message>
         <source>Information</source>
-        <translation type="unfinished"></translation>
+        <translation>Informação</translation>
     </message>
     <message>
         <source>A file was saved</source>
-        <translation type="unfinished"></translation>
+        <translation>Um ficheiro foi guardado</translation>
     </message>
     <message>
         <source>The program fails</source>
-        <translation type="unfinished"></translation>
+        <translation>O programa falha</translation>
     </message>
     <message>
         <source>Error</source>
-        <translation type="unfinished"></translation>
+        <translation>Erro</translation>
     </message>
     <message>
         <source>A file could not be saved</source>
-        <translation type="unfinished"></translation>
+        <translation>Não foi possível guardar um ficheiro</translation>
     </message>
     <message>
         <source>Your account logs in</source>
-        <translation type="unfinished"></translation>
+        <translation>A sua conta liga-se</translation>
     </message>
     <message>
         <source>Logged in</source>
-        <translation type="unfinished"></translation>
+        <translation>Ligado</translation>
     </message>
     <message>
         <source>Your account is connected</source>
-        <translation type="unfinished"></translation>
+        <translation>A sua conta está ligada</translation>
     </message>
     <message>
         <source>%1 comes online</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 liga-se</translation>
     </message>
     <message>
         <source>is available</source>
-        <translation type="unfinished"></translation>
+        <translation>está disponível</translation>
     </message>
     <message>
         <source>%1 goes away</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 ausenta-se</translation>
     </message>
     <message>
         <source>is away</source>
-        <translation type="unfinished"></translation>
+        <translation>está ausente</translation>
     </message>
     <message>
         <source>%1 goes offline</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 desliga-se</translation>
     </message>
     <message>
         <source>is not available</source>
-        <translation type="unfinished"></translation>
+        <translation>não está disponível</translation>
     </message>
     <message>
         <source>%1 changes status</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 muda de estado</translation>
     </message>
     <message>
         <source>back in ten minutes</source>
-        <translation type="unfinished"></translation>
+        <translation>de volta em dez minutos</translation>
     </message>
     <message>
         <source>%1 starts typing</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 começa a escrever</translation>
     </message>
     <message>
         <source>is typing</source>
-        <translation type="unfinished"></translation>
+        <translation>está a escrever</translation>
     </message>
     <message>
         <source>%1 stops typing</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 para de escrever</translation>
     </message>
     <message>
         <source>stopped typing</source>
-        <translation type="unfinished"></translation>
+        <translation>parou de escrever</translation>
     </message>
     <message>
         <source>%1 writes in a conference</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 escreve numa conferência</translation>
     </message>
     <message>
         <source>Hello everybody</source>
-        <translation type="unfinished"></translation>
+        <translation>Olá a todos</translation>
     </message>
     <message>
         <source>%1 writes in a background conference</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 escreve numa conferência em segundo plano</translation>
     </message>
     <message>
         <source>Who takes the minutes?</source>
-        <translation type="unfinished"></translation>
+        <translation>Quem faz a ata?</translation>
     </message>
 </context>
 <context>
@@ -487,66 +487,66 @@
     <name>zepa::ContactModel</name>
     <message>
         <source>stranger</source>
-        <translation type="unfinished"></translation>
+        <translation>desconhecido</translation>
     </message>
     <message>
         <source>%1 (%2)</source>
         <comment>name and presence</comment>
-        <translation type="unfinished"></translation>
+        <translation>%1 (%2)</translation>
     </message>
 </context>
 <context>
     <name>zepa::ContactPanel</name>
     <message>
         <source>Contacts</source>
-        <translation type="unfinished"></translation>
+        <translation>Contactos</translation>
     </message>
     <message>
         <source>C&amp;ontacts</source>
-        <translation type="unfinished"></translation>
+        <translation>C&amp;ontactos</translation>
     </message>
     <message>
         <source>Open the &amp;chat</source>
-        <translation type="unfinished"></translation>
+        <translation>Abrir a &amp;conversa</translation>
     </message>
 </context>
 <context>
     <name>zepa::JournalView</name>
     <message>
         <source>Why did this not pop up?</source>
-        <translation type="unfinished"></translation>
+        <translation>Porque não houve aviso?</translation>
     </message>
     <message>
         <source>The journal says here for each posting why it did not pop up.</source>
-        <translation type="unfinished"></translation>
+        <translation>O registo diz aqui, para cada envio, porque não houve aviso.</translation>
     </message>
     <message>
         <source>Type, title, text, person</source>
-        <translation type="unfinished"></translation>
+        <translation>Tipo, título, texto, pessoa</translation>
     </message>
     <message>
         <source>&amp;Filter:</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Filtro:</translation>
     </message>
     <message>
         <source>Verdict</source>
-        <translation type="unfinished"></translation>
+        <translation>Veredicto</translation>
     </message>
     <message>
         <source>All verdicts</source>
-        <translation type="unfinished"></translation>
+        <translation>Todos os veredictos</translation>
     </message>
     <message>
         <source>C&amp;opy</source>
-        <translation type="unfinished"></translation>
+        <translation>C&amp;opiar</translation>
     </message>
     <message>
         <source>Puts the chosen lines onto the clipboard</source>
-        <translation type="unfinished"></translation>
+        <translation>Põe as linhas escolhidas na área de transferência</translation>
     </message>
     <message>
         <source>Journal</source>
-        <translation type="unfinished"></translation>
+        <translation>Registo</translation>
     </message>
     <message>
         <source>%1: %2</source>
@@ -566,34 +566,34 @@
     </message>
     <message>
         <source>&amp;Notification settings...</source>
-        <translation type="unfinished"></translation>
+        <translation>Definições de &amp;notificações...</translation>
     </message>
     <message>
         <source>&amp;Contact</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Contacto</translation>
     </message>
     <message>
         <source>&amp;Journal</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Registo</translation>
     </message>
     <message>
         <source>&amp;Copy the chosen lines</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Copiar as linhas escolhidas</translation>
     </message>
     <message>
         <source>Copy &amp;all lines</source>
-        <translation type="unfinished"></translation>
+        <translation>Copiar &amp;todas as linhas</translation>
     </message>
     <message>
         <source>C&amp;lear</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Limpar</translation>
     </message>
 </context>
 <context>
     <name>zepa::NoticeBar</name>
     <message>
         <source>&amp;Understood</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Entendido</translation>
     </message>
 </context>
 <context>
@@ -714,15 +714,15 @@
     </message>
     <message>
         <source>The rules of “%1” were not changed: the file %2 cannot be written, or there is no room on the disk for the copy that protects it.</source>
-        <translation type="unfinished"></translation>
+        <translation>As regras de «%1» não foram alteradas: o ficheiro %2 não pode ser escrito, ou não há espaço no disco para a cópia que o protege.</translation>
     </message>
     <message>
         <source>The rules of “%1” are stored, but there is no room on the disk for the copy that protects them. Make room before you change more.</source>
-        <translation type="unfinished"></translation>
+        <translation>As regras de «%1» estão guardadas, mas não há espaço no disco para a cópia que as protege. Arranje espaço antes de alterar mais.</translation>
     </message>
     <message>
         <source>These events have rules that could not be written to %2, perhaps because the disk is full. They are in use until the client ends: %1.</source>
-        <translation type="unfinished"></translation>
+        <translation>Estes eventos têm regras que não puderam ser escritas em %2, talvez porque o disco está cheio. Valem até o programa terminar: %1.</translation>
     </message>
 </context>
 <context>
@@ -834,31 +834,31 @@ Instalado de fora. Identificador: %2</translation>
     <name>zepa::Simulator</name>
     <message>
         <source>Simulator</source>
-        <translation type="unfinished"></translation>
+        <translation>Simulador</translation>
     </message>
     <message>
         <source>With an &amp;action for a click</source>
-        <translation type="unfinished"></translation>
+        <translation>Com uma &amp;ação para um clique</translation>
     </message>
     <message>
         <source>A sample text</source>
-        <translation type="unfinished"></translation>
+        <translation>Um texto de exemplo</translation>
     </message>
     <message>
         <source>A click on the pop-up opens the chat. Only a pop-up with an action tells whether it was clicked; only one without can be sticky.</source>
-        <translation type="unfinished"></translation>
+        <translation>Um clique no aviso abre a conversa. Só um aviso com ação diz se foi clicado; só um sem ação pode ficar fixo.</translation>
     </message>
     <message>
         <source>&amp;Post</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Enviar</translation>
     </message>
     <message>
         <source>&amp;Event:</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Evento:</translation>
     </message>
     <message>
         <source>&amp;Text:</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Texto:</translation>
     </message>
 </context>
 <context>
