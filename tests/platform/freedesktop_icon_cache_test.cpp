@@ -111,6 +111,38 @@ TEST(IconCache, RefusesAPictureThatDeclaresGigabytes)
     EXPECT_LT(cache.byteCount(), 1024);
 }
 
+TEST(IconCache, DecodesAFileOnceThatIsLargerThanTheCache)
+{
+    QImage image(2600, 2400, QImage::Format_RGB888);
+    image.fill(Qt::green);
+    QByteArray large;
+    QBuffer buffer(&large);
+    buffer.open(QIODevice::WriteOnly);
+    ASSERT_TRUE(image.save(&buffer, "BMP"));
+    ASSERT_GT(large.size(), IconCache::byteLimit);
+    IconCache cache;
+    const NotifyImage icon = cache.icon(large);
+    EXPECT_EQ(icon.width, 128);
+    EXPECT_EQ(cache.icon(large), icon);
+    EXPECT_EQ(cache.decodedCount(), 1);
+    EXPECT_LT(cache.byteCount(), 128 * 128 * 4 + 100);
+    // Another one of the same size and beginning is another one.
+    large[large.size() - 1] = static_cast<char>(large[large.size() - 1] ^ 1);
+    cache.icon(large);
+    EXPECT_EQ(cache.decodedCount(), 2);
+}
+
+TEST(IconCache, KeepsNothingThatPointsAtTheCallersBytes)
+{
+    IconCache cache;
+    QByteArray bytes = plainPng(32, 32, 0xff00ff00);
+    const QByteArray copy(bytes.constData(), bytes.size());
+    const NotifyImage icon = cache.icon(bytes);
+    bytes.fill('x');
+    EXPECT_EQ(cache.icon(copy), icon);
+    EXPECT_EQ(cache.decodedCount(), 1);
+}
+
 TEST(IconCache, NeverKeepsMoreBytesThanItsLimit)
 {
     IconCache cache;

@@ -372,3 +372,55 @@ TEST_F(PopupBookTest, CopiesAndMovesContextsWithBalancedReferences)
     }
     EXPECT_EQ(CFGetRetainCount(context), 1);
 }
+
+TEST_F(PopupBookTest, WantsAPopupClosedThatMadeRoomForLaterOnes)
+{
+    const Ticket early = expect("early");
+    show("shown", 1);
+    for (int number = 0; number < PopupBook::waitingLimit; ++number)
+        expect(std::to_string(number));
+    EXPECT_EQ(answers(), (Answers{"timed out early", "timed out shown"}));
+    EXPECT_EQ(m_book.takeUnwanted(), QList<quint32>{1});
+    m_book.settle(early, 2, 1ms);
+    EXPECT_EQ(m_book.takeUnwanted(), QList<quint32>{2}) << "as soon as its id is known";
+    EXPECT_TRUE(m_book.takeUnwanted().isEmpty());
+}
+
+TEST_F(PopupBookTest, WantsAPopupClosedOfWhichTheServiceNeverSpokeAgain)
+{
+    show("a", 1);
+    m_book.settle(m_book.expect(ClickContext(), 0ms), 2, 0ms);
+    m_book.advance(PopupBook::backstop);
+    EXPECT_EQ(m_book.takeUnwanted(), QList<quint32>{1}) << "nobody waited for the other";
+}
+
+TEST_F(PopupBookTest, WantsNoPopupClosedThatTheServiceSaysIsGone)
+{
+    show("clicked", 1);
+    show("closed", 2);
+    show("same", 3);
+    show("same", 3);
+    m_book.clicked(1, {}, 0ms);
+    m_book.closed(2, 0ms);
+    m_book.fail(expect("refused"));
+    m_book.advance(1h);
+    EXPECT_TRUE(m_book.takeUnwanted().isEmpty());
+}
+
+TEST_F(PopupBookTest, WantsNoPopupClosedOfAServiceThatWentAway)
+{
+    show("a", 1);
+    m_book.advance(PopupBook::backstop);
+    m_book.forgetShown();
+    EXPECT_TRUE(m_book.takeUnwanted().isEmpty());
+}
+
+TEST_F(PopupBookTest, CountsThePostingsWhoseIdIsStillToCome)
+{
+    const Ticket first = expect("a");
+    const Ticket second = m_book.expect(ClickContext(), 0ms);
+    EXPECT_EQ(m_book.idlessCount(), 2);
+    m_book.settle(first, 1, 0ms);
+    m_book.fail(second);
+    EXPECT_EQ(m_book.idlessCount(), 0);
+}

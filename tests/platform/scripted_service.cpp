@@ -8,6 +8,7 @@
 //   wrong-types         replies with values of types that are not the interface's
 //   refuse              replies to Notify with an error
 //   same-id             gives every pop-up the id of the first
+//   merge               gives each pop-up an id of its own, shows one for all and says that the one before is gone
 //   click-first, close-first, close-click-first   says that of each pop-up before it replies to Notify
 //   click-last          clicks each pop-up right after its reply
 //   late-start          takes its name after 1,000 ms
@@ -203,6 +204,8 @@ private:
         if (has("click-first") || has("close-click-first"))
             emitSignal("ActionInvoked", {id, QStringLiteral("default")});
         m_bus.send(call.createReply(id));
+        if (has("merge") && id > 1)
+            emitClosed(id - 1, 1);
         if (has("click-last"))
             emitSignal("ActionInvoked", {id, QStringLiteral("default")});
     }

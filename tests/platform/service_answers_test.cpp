@@ -125,6 +125,36 @@ TEST_F(AnswersTest, AnswersEachOfTheIdenticalPopupsThatAServiceMerges)
     EXPECT_EQ(answers().back(), "clicked c");
 }
 
+TEST_F(AnswersTest, AnswersEachOfThePopupsThatAServiceMergesUnderIdsOfTheirOwn)
+{
+    const auto service = startService({QStringLiteral("merge")});
+    postClickable("a");
+    postClickable("b");
+    postClickable("c");
+    ASSERT_TRUE(waitFor([] { return answers().size() == 2; }));
+    EXPECT_THAT(answers(), testing::UnorderedElementsAre("timed out a", "timed out b"));
+    service->tell(QStringLiteral("click 3\nclose 3"));
+    ASSERT_TRUE(waitFor([] { return answers().size() == 3; }));
+    EXPECT_EQ(answers().back(), "clicked c");
+    letEverythingArrive(*service);
+    EXPECT_EQ(answers().size(), 3U);
+}
+
+TEST_F(AnswersTest, AnswersOnceEachOfThePopupsThatAServiceNeverReports)
+{
+    const auto service = startService();
+    for (const char* context : {"a", "b", "c"})
+        postClickable(context);
+    ASSERT_TRUE(waitForPopups(*service, 3));
+    // Of three that look the same, only the first is ever said to be closed.
+    service->tell(QStringLiteral("close 1"));
+    ASSERT_TRUE(waitFor([] { return !answers().empty(); }));
+    EXPECT_EQ(answers(), Answers{"timed out a"});
+    service->kill();
+    ASSERT_TRUE(waitFor([] { return answers().size() == 3; }));
+    EXPECT_THAT(answers(), testing::UnorderedElementsAre("timed out a", "timed out b", "timed out c"));
+}
+
 TEST_F(AnswersTest, IgnoresActionsThatWereNotOffered)
 {
     const auto service = startService();
@@ -212,6 +242,51 @@ TEST_F(AnswersTest, IgnoresWhatOthersSendInTheNameOfTheService)
     EXPECT_NE(qgetenv("XDG_ACTIVATION_TOKEN"), "forged");
 }
 
+TEST_F(AnswersTest, IgnoreWhatOthersSendToUsAloneInTheNameOfTheService)
+{
+    const auto service = startService();
+    postClickable("a");
+    ASSERT_TRUE(waitForPopups(*service, 1));
+    const QString us = service->calls().first()[QStringLiteral("sender")].toString();
+    forge(QStringLiteral("ActivationToken"), {1U, QStringLiteral("forged")}, us);
+    forge(QStringLiteral("ActionInvoked"), {1U, QStringLiteral("default")}, us);
+    forge(QStringLiteral("NotificationClosed"), {1U, 2U}, us);
+    letEverythingArrive(*service);
+    EXPECT_EQ(answers(), Answers{});
+    service->tell(QStringLiteral("click 1"));
+    ASSERT_TRUE(waitFor([] { return !answers().empty(); }));
+    EXPECT_EQ(answers(), Answers{"clicked a"});
+    EXPECT_NE(qgetenv("XDG_ACTIVATION_TOKEN"), "forged");
+}
+
+TEST_F(AnswersTest, IgnoreWhatOthersSendToUsAloneInTheNameOfTheBus)
+{
+    const auto service = startService();
+    postClickable("a");
+    ASSERT_TRUE(waitForPopups(*service, 1));
+    const QString us = service->calls().first()[QStringLiteral("sender")].toString();
+    const QString name = QStringLiteral("org.freedesktop.Notifications");
+    forgeOfTheBus(QStringLiteral("NameOwnerChanged"), {name, QStringLiteral(":1.0"), QString()}, us);
+    forgeOfTheBus(QStringLiteral("ActivatableServicesChanged"), {}, us);
+    letEverythingArrive(*service);
+    EXPECT_EQ(answers(), Answers{}) << "the service was taken for gone";
+    EXPECT_TRUE(Growl_IsRunning());
+}
+
+TEST_F(AnswersTest, AreNotTakenFromAStrangerWhileNobodyOwnsTheName)
+{
+    auto service = startService();
+    postClickable("a");
+    ASSERT_TRUE(waitForPopups(*service, 1));
+    const QString us = service->calls().first()[QStringLiteral("sender")].toString();
+    service->kill();
+    ASSERT_TRUE(waitFor([] { return !Growl_IsRunning(); }));
+    forge(QStringLiteral("ActionInvoked"), {1U, QStringLiteral("default")}, us);
+    service = startService();
+    letEverythingArrive(*service);
+    EXPECT_EQ(answers(), Answers{"timed out a"});
+}
+
 TEST_F(AnswersTest, IgnoresSignalsOfOtherTypes)
 {
     const auto service = startService();
@@ -238,6 +313,16 @@ TEST_F(AnswersTest, ReportsTheOldestAsTimedOutWhenMoreThanAThousandWait)
     ASSERT_TRUE(answers().empty()) << "call-backs come from the event loop only";
     ASSERT_TRUE(waitFor([] { return !answers().empty(); }));
     EXPECT_EQ(answers(), Answers{"timed out 0"});
+    // That one was still held. The next oldest is shown, and a click on it would do nothing any more: it is closed.
+    ASSERT_TRUE(waitForPopups(*service, 1000));
+    postClickable("1001");
+    const auto closed = [&] { return service->calls(QStringLiteral("CloseNotification")); };
+    ASSERT_TRUE(waitFor([&] { return !closed().isEmpty(); }));
+    ASSERT_TRUE(waitForPopups(*service, 1001));
+    ASSERT_EQ(closed().size(), 1);
+    EXPECT_EQ(closed()[0][QStringLiteral("id")], 1);
+    EXPECT_EQ(service->calls()[0][QStringLiteral("id")], 1);
+    EXPECT_EQ(answers(), (Answers{"timed out 0", "timed out 1"}));
 }
 
 TEST_F(AnswersTest, ReportsEveryWaitingPopupOnceWhenTheServiceDies)

@@ -221,6 +221,15 @@ TEST_F(BusTest, ShowsNewPopupsAfterAStuckServiceCameRound)
     service->tell(QStringLiteral("click 2\nclick 3"));
     ASSERT_TRUE(waitFor([] { return answers().size() == 2; }));
     EXPECT_EQ(answers().back(), "clicked b");
+    // The one that was given up is closed when the service says at last which it is.
+    const auto isClosed = [&] {
+        for (const QJsonObject& call : service->calls(QStringLiteral("CloseNotification"))) {
+            if (call[QStringLiteral("id")] == 2)
+                return true;
+        }
+        return false;
+    };
+    EXPECT_TRUE(waitFor(isClosed));
 }
 
 TEST_F(BusTest, DoesNothingAfterTheApplicationObjectIsGone)

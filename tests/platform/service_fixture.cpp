@@ -68,6 +68,27 @@ void start(QProcess& process, const QString& program, const QStringList& argumen
     ASSERT_TRUE(process.waitForStarted()) << program.toStdString() << " is not installed";
 }
 
+void emitFromAStranger(QDBusMessage message, const QVariantList& arguments)
+{
+    QDBusConnection bus =
+        QDBusConnection::connectToBus(qEnvironmentVariable("DBUS_SESSION_BUS_ADDRESS"), QStringLiteral("forger"));
+    ASSERT_TRUE(bus.isConnected());
+    message.setArguments(arguments);
+    ASSERT_TRUE(bus.send(message));
+    // A reply of the bus comes after it has passed on everything before the call.
+    const QDBusMessage ping =
+        QDBusMessage::createMethodCall(QStringLiteral("org.freedesktop.DBus"), QStringLiteral("/"),
+                                       QStringLiteral("org.freedesktop.DBus.Peer"), QStringLiteral("Ping"));
+    ASSERT_EQ(bus.call(ping).type(), QDBusMessage::ReplyMessage);
+}
+
+CFDataRef cfData(const QByteArray& bytes)
+{
+    if (bytes.isNull())
+        return nullptr;
+    return CFDataCreate(nullptr, reinterpret_cast<const UInt8*>(bytes.constData()), bytes.size());
+}
+
 } // namespace
 
 ServiceProcess::ServiceProcess(const QStringList& options)
@@ -222,11 +243,14 @@ void ServiceTest::registerNames(const QStringList& all, const std::optional<QStr
     delegate->size = sizeof(Growl_Delegate);
     delegate->applicationName = CFSTR("Test application");
     delegate->registrationDictionary = dictionary;
+    const CFDataRef icon = cfData(applicationIcon());
+    delegate->applicationIconData = icon;
     delegate->growlNotificationWasClicked = onClicked;
     delegate->growlNotificationTimedOut = onTimedOut;
     insideGrowl() = true;
     EXPECT_TRUE(Growl_SetDelegate(delegate.get()));
     insideGrowl() = false;
+    release(icon);
     release(dictionary);
     release(enabledNames);
     release(allNames);
@@ -239,9 +263,7 @@ void ServiceTest::post(const TestPosting& posting)
     notification.name = cfString(posting.name);
     notification.title = cfString(posting.title);
     notification.description = cfString(posting.text);
-    if (!posting.icon.isNull())
-        notification.iconData =
-            CFDataCreate(nullptr, reinterpret_cast<const UInt8*>(posting.icon.constData()), posting.icon.size());
+    notification.iconData = cfData(posting.icon);
     notification.priority = posting.priority;
     notification.isSticky = posting.sticky ? 1 : 0;
     if (!posting.context.empty())
@@ -299,20 +321,24 @@ void ServiceTest::letEverythingArrive(ServiceProcess& service)
     answers().pop_back();
 }
 
-void ServiceTest::forge(const QString& signal, const QVariantList& arguments)
+void ServiceTest::forge(const QString& signal, const QVariantList& arguments, const QString& receiver)
 {
-    QDBusConnection bus =
-        QDBusConnection::connectToBus(qEnvironmentVariable("DBUS_SESSION_BUS_ADDRESS"), QStringLiteral("forger"));
-    ASSERT_TRUE(bus.isConnected());
-    QDBusMessage message = QDBusMessage::createSignal(QStringLiteral("/org/freedesktop/Notifications"),
-                                                      QStringLiteral("org.freedesktop.Notifications"), signal);
-    message.setArguments(arguments);
-    ASSERT_TRUE(bus.send(message));
-    // A reply of the bus comes after it has passed on everything before the call.
-    const QDBusMessage ping =
-        QDBusMessage::createMethodCall(QStringLiteral("org.freedesktop.DBus"), QStringLiteral("/"),
-                                       QStringLiteral("org.freedesktop.DBus.Peer"), QStringLiteral("Ping"));
-    ASSERT_EQ(bus.call(ping).type(), QDBusMessage::ReplyMessage);
+    const QString path = QStringLiteral("/org/freedesktop/Notifications");
+    const QString interface = QStringLiteral("org.freedesktop.Notifications");
+    emitFromAStranger(QDBusMessage::createTargetedSignal(receiver, path, interface, signal), arguments);
+}
+
+void ServiceTest::forgeOfTheBus(const QString& signal, const QVariantList& arguments, const QString& receiver)
+{
+    const QString path = QStringLiteral("/org/freedesktop/DBus");
+    const QString interface = QStringLiteral("org.freedesktop.DBus");
+    emitFromAStranger(QDBusMessage::createTargetedSignal(receiver, path, interface, signal), arguments);
+}
+
+QByteArray& ServiceTest::applicationIcon()
+{
+    static QByteArray bytes;
+    return bytes;
 }
 
 ServiceTest::Answers& ServiceTest::answers()

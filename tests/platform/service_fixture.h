@@ -77,6 +77,8 @@ protected:
     /// Registers with these names, "DefaultNotifications" only when given.
     static void registerNames(const QStringList& all, const std::optional<QStringList>& enabled = std::nullopt);
     static void post(const TestPosting& posting);
+    /// What the application registers as its icon from now on: a picture file's bytes.
+    static QByteArray& applicationIcon();
     /// Posts with a click context.
     static void postClickable(const std::string& context);
 
@@ -91,8 +93,10 @@ protected:
     /// trace in answers().
     static void letEverythingArrive(ServiceProcess& service);
 
-    /// Emits a signal in the service's name from a connection that does not own it.
-    void forge(const QString& signal, const QVariantList& arguments);
+    /// Emits a signal in the service's name from a connection that does not own it; to `receiver` alone when given.
+    static void forge(const QString& signal, const QVariantList& arguments, const QString& receiver = {});
+    /// The same in the bus's own name.
+    static void forgeOfTheBus(const QString& signal, const QVariantList& arguments, const QString& receiver);
 
     using Answers = std::vector<std::string>;
     /// "clicked CONTEXT", "timed out CONTEXT", "own CONTEXT" (the pop-up's own call-back), in order.

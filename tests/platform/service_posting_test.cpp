@@ -109,6 +109,20 @@ TEST_F(PostingTest, DropsNamesThatAreNotRegistered)
     EXPECT_EQ(answers(), Answers{"timed out shown"});
 }
 
+TEST_F(PostingTest, ShowsWhatHasNoNameWhereTheEmptyNameIsRegistered)
+{
+    const auto service = startService({QStringLiteral("click-last")});
+    registerNames({QStringLiteral("")});
+    TestPosting posting;
+    posting.name = std::nullopt;
+    posting.title = std::nullopt;
+    posting.context = "a";
+    post(posting);
+    ASSERT_TRUE(waitFor([] { return !answers().empty(); }));
+    EXPECT_EQ(answers(), Answers{"clicked a"});
+    EXPECT_EQ(service->calls().first()[QStringLiteral("summary")], QStringLiteral(""));
+}
+
 TEST_F(PostingTest, ShowsNothingWhenNoNameIsEnabled)
 {
     const auto service = startService();
@@ -169,6 +183,57 @@ TEST_F(PostingTest, DoesNotWaitForEverForWhatTheServiceCanDo)
     post(posting);
     ASSERT_TRUE(waitForPopups(*service, 3));
     EXPECT_EQ(service->calls()[2][QStringLiteral("body")], QStringLiteral("&lt;"));
+}
+
+TEST_F(PostingTest, LearnsWhatAServiceCanDoThatSaidItTooLate)
+{
+    const auto service = startService();
+    service->tell(QStringLiteral("sleep 6000"));
+    ASSERT_TRUE(waitFor([&] { return service->wrote(QStringLiteral("asleep")); }));
+    TestPosting posting;
+    posting.text = QStringLiteral("<");
+    post(posting);
+    ASSERT_TRUE(waitForPopups(*service, 1));
+    EXPECT_EQ(service->calls()[0][QStringLiteral("body")], QStringLiteral("&lt;"));
+    // Asked again beside the next one.
+    post(posting);
+    ASSERT_TRUE(waitForPopups(*service, 2));
+    const int asked = static_cast<int>(service->calls(QStringLiteral("GetCapabilities")).size());
+    EXPECT_GT(asked, 1);
+    int shown = 2;
+    ASSERT_TRUE(waitFor([&] {
+        post(posting);
+        return waitForPopups(*service, ++shown) &&
+               service->calls().back()[QStringLiteral("body")] == QStringLiteral("<");
+    }));
+    EXPECT_EQ(service->calls(QStringLiteral("GetCapabilities")).size(), asked) << "it is not asked any more";
+}
+
+TEST_F(PostingTest, EndsWhenTheServiceGivesUpItsNameInsteadOfSayingWhatItCanDo)
+{
+    const auto service = startService({QStringLiteral("mute-capabilities")});
+    postClickable("a");
+    ASSERT_TRUE(waitFor([&] { return !service->calls(QStringLiteral("GetCapabilities")).isEmpty(); }));
+    service->tell(QStringLiteral("release"));
+    ASSERT_TRUE(waitFor([] { return !answers().empty(); }));
+    EXPECT_EQ(answers(), Answers{"timed out a"});
+    EXPECT_FALSE(Growl_IsRunning());
+    EXPECT_TRUE(service->calls().isEmpty());
+}
+
+TEST_F(PostingTest, GoesToTheServiceThatReplacesOneThatHasNotSaidWhatItCanDo)
+{
+    const auto service = startService({QStringLiteral("mute-capabilities")});
+    TestPosting posting;
+    posting.text = QStringLiteral("<");
+    posting.context = "a";
+    post(posting);
+    ASSERT_TRUE(waitFor([&] { return !service->calls(QStringLiteral("GetCapabilities")).isEmpty(); }));
+    const auto next = startService({QStringLiteral("replace"), QStringLiteral("click-last")});
+    ASSERT_TRUE(waitFor([] { return !answers().empty(); }));
+    EXPECT_EQ(answers(), Answers{"clicked a"});
+    EXPECT_EQ(next->calls().first()[QStringLiteral("body")], QStringLiteral("<")) << "what the next one can do counts";
+    EXPECT_TRUE(service->calls().isEmpty());
 }
 
 TEST_F(PostingTest, ShowsPopupsThoughTheServiceSaysWhatItCanDoInTypesOfItsOwn)
@@ -238,4 +303,24 @@ TEST_F(PostingTest, ShowsAPopupWithoutAnIconWhenTheIconIsBroken)
     post(posting);
     ASSERT_TRUE(waitForPopups(*service, 1));
     EXPECT_FALSE(service->calls().first().contains(QStringLiteral("image")));
+}
+
+TEST_F(PostingTest, ShowsTheApplicationsIconOnAPopupWithoutOne)
+{
+    const auto service = startService();
+    applicationIcon() = png(20, 10);
+    registerNames({QStringLiteral("Message")});
+    TestPosting posting;
+    post(posting);
+    posting.icon = png(30, 40);
+    post(posting);
+    posting.icon = QByteArrayLiteral("broken");
+    post(posting);
+    ASSERT_TRUE(waitForPopups(*service, 3));
+    const auto width = [&](int number) {
+        return service->calls()[number][QStringLiteral("image")].toObject()[QStringLiteral("width")].toInt();
+    };
+    EXPECT_EQ(width(0), 20);
+    EXPECT_EQ(width(1), 30);
+    EXPECT_EQ(width(2), 20);
 }
