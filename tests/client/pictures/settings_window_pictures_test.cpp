@@ -1,0 +1,74 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "client/client.h"
+#include "client/rules/method_titles.h"
+#include "client/ui/settings/notification_settings.h"
+#include "core/notification.h"
+#include "core/notification_method.h"
+#include "core/notification_module.h"
+#include "pictures.h"
+
+#include <QAbstractItemModel>
+#include <QDir>
+#include <QFile>
+#include <QPushButton>
+#include <QTableView>
+#include <QTemporaryDir>
+
+#include <gtest/gtest.h>
+
+namespace {
+
+using namespace zepa;
+
+/// The cell of that pair chosen.
+void choose(NotificationSettings& window, Client& client, const QString& type, const QString& method)
+{
+    const auto types = typesInOrder(client.module());
+    const auto methods = methodsInOrder(client.module());
+    int row = 0;
+    while (types[row]->getId() != type)
+        ++row;
+    int column = 0;
+    while (methods[column]->getId() != method)
+        ++column;
+    auto* table = window.findChild<QTableView*>(QStringLiteral("rules"));
+    table->setCurrentIndex(table->model()->index(row, column));
+}
+
+class SettingsWindowPictures : public testing::Test
+{
+protected:
+    const QString message = QStringLiteral("message_received");
+    const QString popup = QStringLiteral("zepa_hint_notification");
+    const QString sound = QStringLiteral("zepa_sound_notification_method");
+    SettingsWindowPictures() { qputenv("HOME", QFile::encodeName(folder.path())); }
+
+    QTemporaryDir folder;
+    const QString settings = folder.filePath(QStringLiteral(".config/zepa/"));
+    Client client{settings};
+};
+
+TEST_F(SettingsWindowPictures, ShowASoundAndItsFields)
+{
+    takePictures(QStringLiteral("notification-settings"), [this] {
+        auto window = std::make_unique<NotificationSettings>(client);
+        choose(*window, client, message, sound);
+        return window;
+    });
+}
+
+TEST_F(SettingsWindowPictures, ShowAPairWithTwoRulesAndAProblem)
+{
+    QList<ZepaField> config;
+    client.module().addNotificationRule(message, popup, config);
+    ASSERT_TRUE(QDir().mkpath(settings + QStringLiteral("notifications/typing_started_notify")));
+    takePictures(QStringLiteral("notification-settings-problem"), [this] {
+        auto window = std::make_unique<NotificationSettings>(client);
+        choose(*window, client, QStringLiteral("typing_started_notify"), popup);
+        window->findChild<QPushButton*>(QStringLiteral("add"))->click();
+        choose(*window, client, message, popup);
+        return window;
+    });
+}
+
+} // namespace
