@@ -39,7 +39,7 @@ void PopupBook::settle(Ticket ticket, quint32 id, Time now)
         const EarlyAnswer early = *found;
         m_early.removeIf([id](const EarlyAnswer& other) { return other.id == id; });
         if (early.closedAt)
-            popup->second.closedAt = early.closedAt;
+            close(popup->second, *early.closedAt);
         if (early.clicked)
             applyClick(popup, early.activationToken);
         else
@@ -103,7 +103,9 @@ void PopupBook::forgetShown()
 
 void PopupBook::advance(Time now)
 {
-    for (auto popup = m_popups.begin(); popup != m_popups.end();) {
+    const std::optional<Time> deadline = nextDeadline();
+    const bool isDue = deadline && *deadline <= now;
+    for (auto popup = m_popups.begin(); isDue && popup != m_popups.end();) {
         const auto current = popup++;
         const auto& closedAt = current->second.closedAt;
         const bool isOver = closedAt && *closedAt + clickGrace <= now;
@@ -120,11 +122,13 @@ void PopupBook::advance(Time now)
 
 std::optional<PopupBook::Time> PopupBook::nextDeadline() const
 {
-    std::optional<Time> next;
-    for (const auto& [ticket, popup] : m_popups) {
-        const Time deadline = popup.closedAt ? *popup.closedAt + clickGrace : popup.since + backstop;
-        if (!next || deadline < *next)
-            next = deadline;
+    if (m_popups.empty())
+        return std::nullopt;
+    // The first is the oldest. A thousand that wait cost a posting nothing, as long as none was closed just now.
+    Time next = m_popups.begin()->second.since + backstop;
+    if (m_closedCount > 0) {
+        for (const auto& [ticket, popup] : m_popups)
+            next = std::min(next, popup.closedAt ? *popup.closedAt + clickGrace : next);
     }
     return next;
 }
@@ -165,8 +169,18 @@ void PopupBook::giveUp(Popups::iterator popup)
     answer(popup->second, Answer::Kind::TimedOut);
 }
 
+void PopupBook::close(Popup& popup, Time at)
+{
+    if (popup.closedAt)
+        return;
+    popup.closedAt = at;
+    ++m_closedCount;
+}
+
 void PopupBook::erase(Popups::iterator popup)
 {
+    if (popup->second.closedAt)
+        --m_closedCount;
     if (popup->second.id == 0)
         --m_idlessCount;
     else if (m_ticketOfId.value(popup->second.id) == popup->first)
@@ -185,8 +199,8 @@ void PopupBook::applyClose(Popups::iterator popup, Time at)
 {
     if (popup->second.context.isNull())
         erase(popup);
-    else if (!popup->second.closedAt)
-        popup->second.closedAt = at;
+    else
+        close(popup->second, at);
 }
 
 void PopupBook::keepToLimits()

@@ -105,6 +105,7 @@ private:
 
     void answer(Popup& popup, Answer::Kind kind, const QString& activationToken = {});
     void giveUp(Popups::iterator popup);
+    void close(Popup& popup, Time at);
     void erase(Popups::iterator popup);
     void applyClick(Popups::iterator popup, const QString& activationToken);
     void applyClose(Popups::iterator popup, Time at);
@@ -120,6 +121,7 @@ private:
     Ticket m_lastTicket = 0;
     int m_waitingCount = 0; ///< with an answer owed
     int m_idlessCount = 0;  ///< still to be settled
+    int m_closedCount = 0;  ///< in which a click may still come
 };
 
 } // namespace zepa::freedesktop
