@@ -213,10 +213,6 @@
         <translation>Über</translation>
     </message>
     <message>
-        <source>Pop-up?</source>
-        <translation>Einblendung?</translation>
-    </message>
-    <message>
         <source>Methods called</source>
         <translation>Aufgerufene Methoden</translation>
     </message>
@@ -451,6 +447,10 @@
     <message>
         <source>Who takes the minutes?</source>
         <translation>Wer schreibt das Protokoll?</translation>
+    </message>
+    <message>
+        <source>Verdict</source>
+        <translation>Ergebnis</translation>
     </message>
 </context>
 <context>

@@ -213,10 +213,6 @@
         <translation>Sobre</translation>
     </message>
     <message>
-        <source>Pop-up?</source>
-        <translation>¿Aviso emergente?</translation>
-    </message>
-    <message>
         <source>Methods called</source>
         <translation>Métodos llamados</translation>
     </message>
@@ -451,6 +447,10 @@
     <message>
         <source>Who takes the minutes?</source>
         <translation>¿Quién levanta acta?</translation>
+    </message>
+    <message>
+        <source>Verdict</source>
+        <translation>Veredicto</translation>
     </message>
 </context>
 <context>

@@ -213,10 +213,6 @@
         <translation>À propos de</translation>
     </message>
     <message>
-        <source>Pop-up?</source>
-        <translation>Bulle ?</translation>
-    </message>
-    <message>
         <source>Methods called</source>
         <translation>Méthodes appelées</translation>
     </message>
@@ -451,6 +447,10 @@
     <message>
         <source>Who takes the minutes?</source>
         <translation>Qui rédige le compte rendu ?</translation>
+    </message>
+    <message>
+        <source>Verdict</source>
+        <translation>Verdict</translation>
     </message>
 </context>
 <context>

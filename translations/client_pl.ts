@@ -213,10 +213,6 @@
         <translation>Dotyczy</translation>
     </message>
     <message>
-        <source>Pop-up?</source>
-        <translation>Dymek?</translation>
-    </message>
-    <message>
         <source>Methods called</source>
         <translation>Wywołane metody</translation>
     </message>
@@ -451,6 +447,10 @@
     <message>
         <source>Who takes the minutes?</source>
         <translation>Kto pisze protokół?</translation>
+    </message>
+    <message>
+        <source>Verdict</source>
+        <translation>Wynik</translation>
     </message>
 </context>
 <context>

@@ -29,8 +29,10 @@ QString usage(const Command& command)
 
 QString overview(const std::vector<CommandPointer>& commands)
 {
-    QString text = QStringLiteral("Usage: zepa VERB ... [--settings DIR]\n\n"
-                                  "Announces events to the user and edits the rules for how it is done.\n");
+    QString text =
+        QStringLiteral("Usage: zepa [VERB ...] [--settings DIR]\n\n"
+                       "Announces events to the user and edits the rules for how it is done. Without a verb, it opens\n"
+                       "its window.\n");
     for (const CommandPointer& command : commands)
         text += QStringLiteral("\n%1\n    %2\n    Example: %3\n")
                     .arg(usage(*command), command->summary(), command->example());
