@@ -1,22 +1,33 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "client/cli/command_line.h"
 #include "client/cli/output.h"
+#include "client/cli/run.h"
 #include "client/client.h"
 #include "client/environment.h"
+#include "client/instance/errand.h"
+#include "client/instance/names.h"
+#include "client/instance/server.h"
 #include "client/languages.h"
 #include "client/rules/rule_backup.h"
 #include "client/services/client_requests.h"
 #include "client/ui/main/main_window.h"
 
 #include <QApplication>
+#include <QDir>
 #include <QWidget>
 
 namespace {
 
-/// The client with its window, until the user quits.
-int runWindow(zepa::Client& client)
+/// The client with its window, until the user quits. `token` is what the desktop gave us for coming to the front.
+int runWindow(zepa::Client& client, const QString& token)
 {
     using zepa::ClientRequests;
+    using zepa::instance::Errand;
+    // It answers calls from the moment on in which the name is ours.
+    zepa::instance::Server server(client);
+    const auto claim = Errand(zepa::instance::busName(client.settings().getSettingsDir())).claim(token);
+    if (claim != Errand::Claim::First)
+        return claim == Errand::Claim::Second ? zepa::cli::Success : zepa::cli::Failure;
     zepa::MainWindow window(client);
     QObject::connect(&ClientRequests::instance(), &ClientRequests::show, &window, &zepa::MainWindow::bringToFront);
     QObject::connect(&ClientRequests::instance(), &ClientRequests::quit, qApp, &QCoreApplication::quit);
@@ -59,6 +70,8 @@ int main(int argc, char** argv)
     const bool reachesTheUser = line.opensWindow() || line.command()->reachesTheUser();
     const bool platformIsChosen = qEnvironmentVariableIsSet("QT_QPA_PLATFORM");
     prepareEnvironment(reachesTheUser);
+    // Qt takes both out of the environment.
+    const QString token = qEnvironmentVariable("XDG_ACTIVATION_TOKEN", qEnvironmentVariable("DESKTOP_STARTUP_ID"));
     // Qt has options of its own; none of the words on our command line is meant for it.
     int count = 1;
     QApplication app(count, argv);
@@ -77,13 +90,24 @@ int main(int argc, char** argv)
         return cli::WrongUsage;
     }
 
+    QByteArray input;
+    if (line.command()) {
+        const auto content = cli::readInput(line);
+        if (!content)
+            return cli::WrongUsage;
+        input = *content;
+        instance::Errand errand(instance::busName(line.settingsFolder()));
+        if (const auto code = errand.handOver(arguments, QDir::currentPath(), input))
+            return *code;
+    }
+
     Client client(line.settingsFolder(), line.opensWindow() ? Client::Start::Later : Client::Start::Now);
     if (!client.settings().isUsable())
         cli::complain(QStringLiteral("the settings folder %1 cannot be written: rules have their defaults, and nothing "
                                      "that changes is kept")
                           .arg(cli::onOneLine(client.settings().getSettingsDir())));
     if (line.opensWindow())
-        return runWindow(client);
+        return runWindow(client, token);
 
     const QStringList news = client.ruleBackup().news();
     for (const QString& sentence : news)
@@ -91,5 +115,5 @@ int main(int argc, char** argv)
     obeyRequests();
     if (reachesTheUser && !hasDisplay())
         cli::complain(QStringLiteral("no display: no status icon, no chat window, no attention request"));
-    return line.command()->run(line.parser(), client);
+    return cli::runHere(line, input, client);
 }

@@ -16,6 +16,8 @@ class Client;
 
 namespace zepa::cli {
 
+class Job;
+
 /// One verb of the program.
 class Command
 {
@@ -44,8 +46,16 @@ public:
     /// Arguments as typed, made into what the option parser understands.
     virtual QStringList normalised(const QStringList& arguments) const { return arguments; }
 
-    /// Does it; the result is an ExitCode. Number of arguments and options are checked already.
-    virtual int run(const QCommandLineParser& line, Client& client) const = 0;
+    /// The file whose content it works on, "-" for standard input; null for none. Whoever was asked to carry out the
+    /// command reads it.
+    virtual QString inputFile(const QCommandLineParser& /*line*/) const { return {}; }
+
+    /// Begins it. It ends with job.finish(), at once or later. Number of arguments and options are checked already.
+    virtual void start(const QCommandLineParser& line, Client& client, Job& job) const;
+
+protected:
+    /// For commands that are over when this returns, and override nothing else: does it and gives the exit code.
+    virtual int run(const QCommandLineParser& line, Client& client) const;
 };
 
 } // namespace zepa::cli

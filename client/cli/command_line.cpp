@@ -68,6 +68,7 @@ void CommandLine::choose(QStringList& arguments)
         return;
     }
 
+    m_isVerbUnknown = true;
     QStringList names;
     for (const CommandPointer& command : m_commands)
         names.append(command->name());

@@ -25,6 +25,8 @@ public:
     int code() const { return m_code; }
     /// Without a verb the program opens its window.
     bool opensWindow() const { return m_opensWindow; }
+    /// What was wrong is that there is no such verb.
+    bool isVerbUnknown() const { return m_isVerbUnknown; }
 
     const QCommandLineParser& parser() const { return m_parser; }
     /// What --settings names, or the user's own folder.
@@ -39,6 +41,7 @@ private:
     QCommandLineParser m_parser;
     const Command* m_command = nullptr;
     bool m_opensWindow = false;
+    bool m_isVerbUnknown = false;
     int m_code = Success;
 };
 

@@ -5,18 +5,34 @@
 
 #include <algorithm>
 #include <cstdio>
+#include <utility>
 
 namespace zepa::cli {
 
 namespace {
 
-void write(std::FILE* stream, const QByteArray& bytes)
+OutputSink* currentSink = nullptr;
+
+void write(Stream stream, const QByteArray& bytes)
 {
-    std::fwrite(bytes.constData(), 1, static_cast<std::size_t>(bytes.size()), stream);
-    std::fflush(stream);
+    if (currentSink) {
+        currentSink->write(stream, bytes);
+        return;
+    }
+    std::FILE* file = stream == Stream::Output ? stdout : stderr;
+    std::fwrite(bytes.constData(), 1, static_cast<std::size_t>(bytes.size()), file);
+    std::fflush(file);
 }
 
 } // namespace
+
+OutputTo::OutputTo(OutputSink* sink) : m_before(std::exchange(currentSink, sink))
+{}
+
+OutputTo::~OutputTo()
+{
+    currentSink = m_before;
+}
 
 QString onOneLine(const QString& text)
 {
@@ -36,14 +52,19 @@ QString onOneLine(const QString& text)
     return line;
 }
 
+void passOn(Stream stream, const QByteArray& text)
+{
+    write(stream, text);
+}
+
 void say(const QString& line)
 {
-    write(stdout, (line + u'\n').toUtf8());
+    write(Stream::Output, (line + u'\n').toUtf8());
 }
 
 void complain(const QString& line)
 {
-    write(stderr, (QStringLiteral("zepa: ") + line + u'\n').toUtf8());
+    write(Stream::Errors, (QStringLiteral("zepa: ") + line + u'\n').toUtf8());
 }
 
 void sayTable(const QStringList& headings, const QList<QStringList>& rows)
@@ -70,12 +91,12 @@ void sayTable(const QStringList& headings, const QList<QStringList>& rows)
 
 void sayJson(const QJsonArray& array)
 {
-    write(stdout, QJsonDocument(array).toJson(QJsonDocument::Indented));
+    write(Stream::Output, QJsonDocument(array).toJson(QJsonDocument::Indented));
 }
 
 void sayJsonLine(const QJsonObject& object)
 {
-    write(stdout, QJsonDocument(object).toJson(QJsonDocument::Compact) + '\n');
+    write(Stream::Output, QJsonDocument(object).toJson(QJsonDocument::Compact) + '\n');
 }
 
 } // namespace zepa::cli

@@ -1,18 +1,48 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include <QByteArray>
 #include <QJsonArray>
 #include <QJsonObject>
 #include <QList>
 #include <QString>
 #include <QStringList>
 
-/// What the program says: results on standard output, everything else on standard error, in UTF-8.
+/// What the program says: results on standard output, everything else on standard error, in UTF-8; or both to someone
+/// else, for whom a command is carried out.
 namespace zepa::cli {
+
+enum class Stream { Output, Errors };
+
+/// Takes what is said instead of the program's own streams.
+class OutputSink
+{
+public:
+    OutputSink() = default;
+    virtual ~OutputSink() = default;
+    Q_DISABLE_COPY_MOVE(OutputSink)
+
+    /// One or more whole lines.
+    virtual void write(Stream stream, const QByteArray& text) = 0;
+};
+
+/// As long as it lives, everything that is said goes to the sink; to the program's own streams with null.
+class OutputTo
+{
+public:
+    explicit OutputTo(OutputSink* sink);
+    ~OutputTo();
+    Q_DISABLE_COPY_MOVE(OutputTo)
+
+private:
+    OutputSink* const m_before;
+};
 
 /// `text` fit for one line of a terminal: control characters become visible escapes and steer nothing.
 QString onOneLine(const QString& text);
 
+/// Text as it stands, whole lines.
+void passOn(Stream stream, const QByteArray& text);
 /// One line on standard output, at once.
 void say(const QString& line);
 /// One line on standard error, behind the program's name.

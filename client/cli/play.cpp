@@ -1,20 +1,17 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "client/cli/chats.h"
 #include "client/cli/commands.h"
+#include "client/cli/job.h"
 #include "client/cli/lookup.h"
 #include "client/cli/output.h"
 #include "client/cli/player.h"
 #include "client/cli/script.h"
 #include "client/client.h"
-#include "client/posting/announce.h"
 #include "client/posting/notification_service.h"
 
 #include <QCommandLineParser>
-#include <QDir>
-#include <QFile>
 #include <QFileInfo>
 
-#include <cstdio>
 #include <optional>
 
 namespace zepa::cli {
@@ -70,7 +67,8 @@ public:
     bool reachesTheUser() const override { return true; }
     QStringList normalised(const QStringList& arguments) const override;
 
-    int run(const QCommandLineParser& line, Client& client) const override;
+    QString inputFile(const QCommandLineParser& line) const override { return line.positionalArguments().constFirst(); }
+    void start(const QCommandLineParser& line, Client& client, Job& job) const override;
 };
 
 /// A --wait without a number behind it gets one: the option parser knows no optional values.
@@ -85,51 +83,33 @@ QStringList Play::normalised(const QStringList& arguments) const
     return result;
 }
 
-/// The whole script; nothing when it cannot be read.
-std::optional<QByteArray> contentOf(const QString& name)
-{
-    QFile file(name);
-    const bool isOpen = name == QStringLiteral("-") ? file.open(stdin, QIODevice::ReadOnly)
-                                                    : QFileInfo(name).isFile() && file.open(QIODevice::ReadOnly);
-    if (!isOpen)
-        return std::nullopt;
-    return file.readAll();
-}
-
-int Play::run(const QCommandLineParser& line, Client& client) const
+void Play::start(const QCommandLineParser& line, Client& client, Job& job) const
 {
     std::optional<double> patience;
     if (line.isSet(QStringLiteral("wait"))) {
         patience = line.value(QStringLiteral("wait")).toDouble();
         if (!isNumber(line.value(QStringLiteral("wait"))) || !(*patience >= 0 && *patience <= latestTime)) {
             complain(QStringLiteral("--wait takes a number of seconds from 0 to %1").arg(latestTime));
-            return WrongUsage;
+            return job.finish(WrongUsage);
         }
     }
     const QString name = line.positionalArguments().constFirst();
-    const auto content = contentOf(name);
-    if (!content) {
-        complain(
-            QStringLiteral("the script %1 cannot be read; name a file, or - for standard input").arg(onOneLine(name)));
-        return WrongUsage;
-    }
     const bool isInput = name == QStringLiteral("-");
-    const Script script = readScript(*content, isInput ? QStringLiteral("standard input") : name,
-                                     isInput ? QDir::currentPath() : QFileInfo(name).absolutePath(), typeIds(client));
+    const Script script =
+        readScript(job.input(), isInput ? QStringLiteral("standard input") : name,
+                   isInput ? job.folder() : QFileInfo(job.path(name)).absolutePath(), typeIds(client));
     for (const QString& problem : script.problems)
         complain(problem);
     if (!script.problems.isEmpty())
-        return WrongUsage;
+        return job.finish(WrongUsage);
 
     waitForNotificationService();
-    PlayLog log(line.isSet(QStringLiteral("json")) ? PlayLog::Form::Json : PlayLog::Form::ForPeople);
     const bool showsChats = line.isSet(QStringLiteral("chats"));
     if (showsChats)
         openChats(script.events);
-    const int waiting = Player(client, script.events, log, showsChats ? showInChat : nullptr).play(patience);
-    finishDelivering(client);
-    log.summary(waiting);
-    return Success;
+    const auto form = line.isSet(QStringLiteral("json")) ? PlayLog::Form::Json : PlayLog::Form::ForPeople;
+    auto* player = new Player(client, job, script.events, form, showsChats ? showInChat : nullptr);
+    player->play(patience);
 }
 
 } // namespace

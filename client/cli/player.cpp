@@ -1,8 +1,12 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "client/cli/player.h"
 
+#include "client/cli/exit_code.h"
+#include "client/cli/job.h"
 #include "client/cli/poster.h"
 #include "client/posting/announce.h"
+
+#include <QPointer>
 
 #include <chrono>
 #include <utility>
@@ -18,53 +22,73 @@ std::chrono::milliseconds inMilliseconds(double seconds)
 
 } // namespace
 
-Player::Player(Client& client, QList<Event> events, PlayLog& log, std::function<void(const Event&)> before)
-    : m_client(client), m_events(std::move(events)), m_log(log), m_before(std::move(before))
+Player::Player(Client& client, Job& job, QList<Event> events, PlayLog::Form form,
+               std::function<void(const Event&)> before)
+    : QObject(&job), m_client(client), m_job(job), m_events(std::move(events)), m_log(form), m_before(std::move(before))
 {
     m_next.setSingleShot(true);
     m_next.setTimerType(Qt::PreciseTimer);
-    QObject::connect(&m_next, &QTimer::timeout, &m_loop, [this] { announceDue(); });
+    connect(&m_next, &QTimer::timeout, this, &Player::announceDue);
+    connect(&job, &Job::hurried, this, &Player::finish);
 }
 
-int Player::play(std::optional<double> patience)
+void Player::play(std::optional<double> patience)
 {
+    m_patience = patience;
     m_clock.start();
     m_next.start(0);
-    m_loop.exec();
-    if (patience && m_waiting > 0) {
-        QTimer end;
-        end.setSingleShot(true);
-        QObject::connect(&end, &QTimer::timeout, &m_loop, &QEventLoop::quit);
-        end.start(inMilliseconds(*patience));
-        m_loop.exec();
-    }
-    *m_listening = false;
-    return m_waiting;
 }
 
 void Player::announceDue()
 {
     while (m_announced < m_events.size()) {
-        const Event& event = m_events[m_announced];
-        const double early = event.at - seconds();
+        const double early = m_events[m_announced].at - seconds();
         if (early > 0)
             return m_next.start(inMilliseconds(early) + std::chrono::milliseconds(1));
-        ++m_announced;
-        if (m_before)
-            m_before(event);
-        const auto answered = [this, event, listening = m_listening](Answer answer) {
-            if (!*listening)
-                return;
-            m_log.answered(seconds(), event, answer);
-            --m_waiting;
-            if (m_waiting == 0 && m_announced == m_events.size())
-                m_loop.quit();
-        };
-        const Report report = announce(m_client, postingOf(event, Answers::AsTheEventSays), answered);
-        m_waiting += report.waits ? 1 : 0;
-        m_log.posted(seconds(), event, report);
+        const QPointer<Player> self(this);
+        announceNext();
+        // Methods may do anything, such as handle events meanwhile in which the job is given up.
+        if (!self || m_job.code())
+            return;
     }
-    m_loop.quit();
+    if (!m_patience || m_waiting == 0)
+        return finish();
+    QTimer::singleShot(inMilliseconds(*m_patience), this, &Player::finish);
+}
+
+void Player::announceNext()
+{
+    const Event& event = m_events[m_announced++];
+    if (m_before)
+        m_before(event);
+    const QPointer<Player> self(this);
+    const Report report =
+        announce(m_client, postingOf(event, Answers::AsTheEventSays, m_job.folder()), [self, event](Answer answer) {
+            if (self)
+                self->answered(event, answer);
+        });
+    if (!self)
+        return;
+    m_waiting += report.waits ? 1 : 0;
+    m_job.speak([&] { m_log.posted(seconds(), event, report); });
+}
+
+void Player::answered(const Event& event, Answer answer)
+{
+    if (m_job.code())
+        return;
+    m_job.speak([&] { m_log.answered(seconds(), event, answer); });
+    --m_waiting;
+    if (m_waiting == 0 && m_announced == m_events.size() && m_patience)
+        finish();
+}
+
+void Player::finish()
+{
+    if (m_job.code())
+        return;
+    m_job.speak([this] { m_log.summary(m_waiting); });
+    m_job.finish(Success);
 }
 
 double Player::seconds() const

@@ -5,12 +5,11 @@
 #include "client/cli/play_log.h"
 
 #include <QElapsedTimer>
-#include <QEventLoop>
 #include <QList>
+#include <QObject>
 #include <QTimer>
 
 #include <functional>
-#include <memory>
 #include <optional>
 
 namespace zepa {
@@ -19,32 +18,39 @@ class Client;
 
 namespace zepa::cli {
 
-/// Announces the events of a script at their times.
-class Player
+class Job;
+
+/// Announces the events of a script at their times, for a job whose child it is. The job finishes with it.
+class Player : public QObject
 {
+    Q_OBJECT
+
 public:
     /// `before` is called with each event right before it is announced; it may be empty.
-    Player(Client& client, QList<Event> events, PlayLog& log, std::function<void(const Event&)> before = {});
+    Player(Client& client, Job& job, QList<Event> events, PlayLog::Form form,
+           std::function<void(const Event&)> before = {});
 
-    /// Plays everything and returns when the last event is announced. With `patience`, in seconds, it waits that long
-    /// for the answers that are missing then. Returns how many are missing in the end.
-    int play(std::optional<double> patience);
+    /// Begins. The job finishes when the last event is announced; with `patience`, in seconds, when the answers are
+    /// there that are missing then, or when that time is over.
+    void play(std::optional<double> patience);
 
 private:
     void announceDue();
+    void announceNext();
+    void answered(const Event& event, Answer answer);
+    void finish();
     double seconds() const;
 
     Client& m_client;
+    Job& m_job;
     const QList<Event> m_events;
-    PlayLog& m_log;
+    PlayLog m_log;
     const std::function<void(const Event&)> m_before;
+    std::optional<double> m_patience;
     QElapsedTimer m_clock;
     QTimer m_next;
-    QEventLoop m_loop;
     qsizetype m_announced = 0;
     int m_waiting = 0;
-    /// Shared with the answers, which may come when this object is gone.
-    std::shared_ptr<bool> m_listening = std::make_shared<bool>(true);
 };
 
 } // namespace zepa::cli

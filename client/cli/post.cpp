@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "client/cli/commands.h"
+#include "client/cli/job.h"
 #include "client/cli/lookup.h"
 #include "client/cli/output.h"
 #include "client/cli/poster.h"
@@ -9,7 +10,6 @@
 #include "client/posting/notification_service.h"
 
 #include <QCommandLineParser>
-#include <QEventLoop>
 #include <QImageReader>
 #include <QPointer>
 
@@ -60,23 +60,23 @@ public:
     qsizetype mostArguments() const override { return 1; }
     bool reachesTheUser() const override { return true; }
 
-    int run(const QCommandLineParser& line, Client& client) const override;
+    void start(const QCommandLineParser& line, Client& client, Job& job) const override;
 
 private:
-    static std::optional<Event> readEvent(const QCommandLineParser& line, Client& client);
-    /// `whyNot` is why there is no pop-up, as far as that is known.
-    static int wait(const Report& report, const QString& whyNot, QEventLoop& answer);
+    static std::optional<Event> readEvent(const QCommandLineParser& line, Client& client, const Job& job);
+    static void tell(const Event& event, const Report& report);
+    static void answer(Job& job, bool isClicked);
 };
 
 /// The event on the command line; nothing, after a message, when something is wrong with it.
-std::optional<Event> Post::readEvent(const QCommandLineParser& line, Client& client)
+std::optional<Event> Post::readEvent(const QCommandLineParser& line, Client& client, const Job& job)
 {
     const auto value = [&line](const QString& option) { return line.isSet(option) ? line.value(option) : QString(); };
     Event event;
     event.type = line.positionalArguments().constFirst();
     event.title = value(QStringLiteral("title"));
     event.text = value(QStringLiteral("text"));
-    event.icon = value(QStringLiteral("icon"));
+    event.icon = job.path(value(QStringLiteral("icon")));
     event.buddy = value(QStringLiteral("buddy"));
     event.action = value(QStringLiteral("action"));
 
@@ -96,59 +96,62 @@ std::optional<Event> Post::readEvent(const QCommandLineParser& line, Client& cli
     return event;
 }
 
-int Post::run(const QCommandLineParser& line, Client& client) const
+void Post::start(const QCommandLineParser& line, Client& client, Job& job) const
 {
-    const auto event = readEvent(line, client);
+    const auto event = readEvent(line, client, job);
     if (!event)
-        return WrongUsage;
+        return job.finish(WrongUsage);
     const bool waits = line.isSet(QStringLiteral("wait"));
     if (!event->icon.isEmpty() && !QImageReader(event->icon).canRead())
         complain(QStringLiteral("no picture can be read from %1: the pop-up is shown without it")
-                     .arg(onOneLine(event->icon)));
-    if (!event->action.isNull() && !waits)
+                     .arg(onOneLine(line.value(QStringLiteral("icon")))));
+    if (!event->action.isNull() && !waits && !job.isElsewhere())
         complain(QStringLiteral("without --wait nobody is left to run the action when the pop-up is clicked"));
 
     waitForNotificationService();
-    QEventLoop answer;
     std::function<void(Answer)> answered;
     if (waits) {
-        // The user may quit first: then the answer comes when the client ends, and the loop is gone.
-        answered = [loop = QPointer<QEventLoop>(&answer)](Answer given) {
-            if (loop)
-                loop->exit(given == Answer::Clicked ? Success : NotClicked);
+        // Whoever waits may give up first, and the answer come when the client ends.
+        answered = [job = QPointer<Job>(&job)](Answer given) {
+            if (job)
+                answer(*job, given == Answer::Clicked);
         };
     }
     const Report report =
-        announce(client, postingOf(*event, waits ? Answers::Always : Answers::AsTheEventSays), answered);
+        announce(client, postingOf(*event, waits ? Answers::Always : Answers::AsTheEventSays, job.folder()), answered);
+    tell(*event, report);
     const QString reason = whyNoPopup(*event, report);
+    if (!waits) {
+        if (report.popup != PopupState::NotAsked && !reason.isEmpty())
+            complain(QStringLiteral("%1: no pop-up shown").arg(reason));
+        return job.finish(Success);
+    }
+    if (!report.waits) {
+        say(QStringLiteral("not shown: %1")
+                .arg(reason.isEmpty() ? QStringLiteral("the notification service did not take it") : reason));
+        return job.finish(NotShown);
+    }
+    QObject::connect(&job, &Job::hurried, &job, [&job] { answer(job, false); });
+}
+
+void Post::tell(const Event& event, const Report& report)
+{
     if (report.fate == Fate::Repeat)
         complain(QStringLiteral("dropped as a repeat: the same type and title was announced at most %1 s ago")
                      .arg(report.repeatLimit));
     else if (report.calls.isEmpty())
         complain(
-            QStringLiteral("no rule for %1: nothing was announced; zepa rule set %1 METHOD adds one").arg(event->type));
+            QStringLiteral("no rule for %1: nothing was announced; zepa rule set %1 METHOD adds one").arg(event.type));
     else
         say(QStringLiteral("delivered by %1").arg(report.methods().join(QStringLiteral(", "))));
-
-    int code = Success;
-    if (waits)
-        code = wait(report, reason, answer);
-    else if (report.popup != PopupState::NotAsked && !reason.isEmpty())
-        complain(QStringLiteral("%1: no pop-up shown").arg(reason));
-    finishDelivering(client);
-    return code;
 }
 
-int Post::wait(const Report& report, const QString& whyNot, QEventLoop& answer)
+void Post::answer(Job& job, bool isClicked)
 {
-    if (!report.waits) {
-        say(QStringLiteral("not shown: %1")
-                .arg(whyNot.isEmpty() ? QStringLiteral("the notification service did not take it") : whyNot));
-        return NotShown;
-    }
-    const int code = answer.exec();
-    say(code == Success ? QStringLiteral("clicked") : QStringLiteral("timed out"));
-    return code;
+    if (job.code())
+        return;
+    job.speak([isClicked] { say(isClicked ? QStringLiteral("clicked") : QStringLiteral("timed out")); });
+    job.finish(isClicked ? Success : NotClicked);
 }
 
 } // namespace

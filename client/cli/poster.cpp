@@ -5,13 +5,13 @@
 
 namespace zepa::cli {
 
-Posting postingOf(const Event& event, Answers answers)
+Posting postingOf(const Event& event, Answers answers, const QString& folder)
 {
     Posting posting{event.type, event.title, event.text, event.icon, {}, {}, answers == Answers::Always};
     if (!event.buddy.isNull())
         posting.buddy = event.person();
     if (!event.action.isNull())
-        posting.action = [action = event.action] { startAction(action); };
+        posting.action = [action = event.action, folder] { startAction(action, folder); };
     return posting;
 }
 

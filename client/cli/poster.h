@@ -13,7 +13,8 @@ namespace zepa::cli {
 /// Whether the answer to the event's pop-up is to be learnt when the event has no action, too.
 enum class Answers { AsTheEventSays, Always };
 
-Posting postingOf(const Event& event, Answers answers);
+/// `folder` is where a command runs that a click starts.
+Posting postingOf(const Event& event, Answers answers, const QString& folder = {});
 
 /// Why nothing was shown by a pop-up; empty when one was handed on to a notification service.
 QString whyNoPopup(const Event& event, const Report& report);

@@ -35,7 +35,7 @@ QString problemWithAction(const QString& action)
     return {};
 }
 
-void startAction(const QString& action)
+void startAction(const QString& action, const QString& folder)
 {
     if (isAddress(action)) {
         const QUrl url(action, QUrl::StrictMode);
@@ -47,7 +47,7 @@ void startAction(const QString& action)
     }
     QStringList words = QProcess::splitCommand(action);
     const QString program = words.takeFirst();
-    if (!QProcess::startDetached(program, words))
+    if (!QProcess::startDetached(program, words, folder))
         complain(QStringLiteral("the command %1 did not start").arg(onOneLine(action)));
 }
 

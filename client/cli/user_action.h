@@ -14,6 +14,7 @@ QString problemWithAction(const QString& action);
 
 /// Starts it and returns at once; a failure is said on standard error. What is started finds the desktop's token for
 /// coming to the front, when there is one, in XDG_ACTIVATION_TOKEN.
-void startAction(const QString& action);
+/// A command runs in `folder`.
+void startAction(const QString& action, const QString& folder = {});
 
 } // namespace zepa::cli

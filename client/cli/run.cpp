@@ -1,0 +1,61 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "client/cli/run.h"
+
+#include "client/cli/command_line.h"
+#include "client/cli/job.h"
+#include "client/cli/output.h"
+#include "client/posting/announce.h"
+
+#include <QDir>
+#include <QEventLoop>
+#include <QFile>
+#include <QFileInfo>
+
+#include <cstdio>
+
+namespace zepa::cli {
+
+namespace {
+
+constexpr qint64 longestInput = qint64{16} * 1024 * 1024;
+
+} // namespace
+
+std::optional<QByteArray> readInput(const CommandLine& line)
+{
+    const QString name = line.command()->inputFile(line.parser());
+    if (name.isNull())
+        return QByteArray();
+    QFile file(name);
+    const bool isOpen = name == QStringLiteral("-") ? file.open(stdin, QIODevice::ReadOnly)
+                                                    : QFileInfo(name).isFile() && file.open(QIODevice::ReadOnly);
+    if (!isOpen) {
+        complain(QStringLiteral("%1 cannot be read; name a file, or - for standard input").arg(onOneLine(name)));
+        return std::nullopt;
+    }
+    QByteArray content = file.read(longestInput + 1);
+    if (content.size() > longestInput) {
+        complain(QStringLiteral("%1 is too long; allowed are 16 MiB").arg(onOneLine(name)));
+        return std::nullopt;
+    }
+    return content;
+}
+
+int runHere(const CommandLine& line, const QByteArray& input, Client& client)
+{
+    Job job({QDir::currentPath(), input}, nullptr);
+    line.command()->start(line.parser(), client, job);
+    if (!job.code()) {
+        QEventLoop loop;
+        QObject::connect(&job, &Job::finished, &loop, &QEventLoop::quit);
+        // Ended too when the user quits.
+        loop.exec();
+        job.hurry();
+    }
+    // The desktop reads what it is sent when this program handles events, and those end with it.
+    if (line.command()->reachesTheUser())
+        finishDelivering(client);
+    return job.code().value_or(Failure);
+}
+
+} // namespace zepa::cli

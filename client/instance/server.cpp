@@ -1,0 +1,210 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "client/instance/server.h"
+
+#include "client/client.h"
+#include "client/instance/handed_job.h"
+#include "client/instance/names.h"
+#include "client/services/client_requests.h"
+#include "interface_xml.h"
+
+#include <QDBusConnection>
+#include <QDBusPendingCallWatcher>
+#include <QDir>
+#include <QRegularExpression>
+
+#include <algorithm>
+#include <memory>
+#include <utility>
+
+namespace zepa::instance {
+
+namespace {
+
+constexpr qsizetype mostJobs = 64;
+
+/// Keeps what is said.
+class Ear final : public cli::OutputSink
+{
+public:
+    void write(cli::Stream stream, const QByteArray& text) override { heard.append({stream, text}); }
+    /// The complaints alone, without the program's name in front of each.
+    QString complaints() const
+    {
+        QStringList lines;
+        for (const auto& [stream, text] : heard) {
+            if (stream == cli::Stream::Errors)
+                lines.append(QString::fromUtf8(text).trimmed().remove(QRegularExpression(QStringLiteral("^zepa: "))));
+        }
+        return lines.join(u'\n');
+    }
+
+    QList<QPair<cli::Stream, QByteArray>> heard;
+};
+
+} // namespace
+
+Server::Server(Client& client) : m_client(client)
+{
+    QDBusConnection bus = QDBusConnection::sessionBus();
+    m_callers.setConnection(bus);
+    m_callers.setWatchMode(QDBusServiceWatcher::WatchForUnregistration);
+    connect(&m_callers, &QDBusServiceWatcher::serviceUnregistered, this, &Server::forgetCaller);
+    bus.registerVirtualObject(objectPath, this);
+}
+
+Server::~Server()
+{
+    QDBusConnection::sessionBus().unregisterObject(objectPath);
+    const auto jobs = std::exchange(m_jobs, {});
+    for (HandedJob* job : jobs)
+        job->giveUp();
+}
+
+QString Server::introspect(const QString& path) const
+{
+    if (path != objectPath)
+        return {};
+    const QString xml = QString::fromUtf8(interfaceXml);
+    const qsizetype from = xml.indexOf(QStringLiteral("<interface"));
+    return xml.mid(from, xml.lastIndexOf(QStringLiteral("</node>")) - from);
+}
+
+bool Server::handleMessage(const QDBusMessage& message, const QDBusConnection& bus)
+{
+    if (message.interface() != interfaceName || message.type() != QDBusMessage::MethodCallMessage)
+        return false;
+
+    QVariantList answer;
+    std::optional<Refusal> refusal;
+    if (message.member() == QStringLiteral("Run"))
+        refusal = run(message, answer);
+    else if (message.member() == QStringLiteral("Cancel"))
+        refusal = cancel(message);
+    else if (message.member() == QStringLiteral("Activate"))
+        refusal = activate(message);
+    else
+        refusal = Refusal{
+            QStringLiteral("UnknownMethod"),
+            QStringLiteral("there is no method \"%1\"; there are: Run, Cancel, Activate").arg(message.member())};
+
+    if (refusal)
+        bus.send(message.createErrorReply(interfaceName + QStringLiteral(".Error.") + refusal->kind, refusal->text));
+    else
+        bus.send(message.createReply(answer));
+    return true;
+}
+
+std::optional<Refusal> Server::run(const QDBusMessage& message, QVariantList& answer)
+{
+    RunRequest request;
+    if (auto refusal = read(message, request))
+        return refusal;
+    if (m_jobs.size() >= mostJobs)
+        return Refusal{QStringLiteral("TooMuch"),
+                       QStringLiteral("%1 commands are under way; no more are allowed").arg(mostJobs)};
+
+    Ear ear;
+    std::unique_ptr<cli::CommandLine> line;
+    {
+        const cli::OutputTo here(&ear);
+        line = std::make_unique<cli::CommandLine>(request.arguments);
+    }
+    if (line->opensWindow())
+        return Refusal{QStringLiteral("WrongArgument"),
+                       QStringLiteral("the arguments hold no verb; Activate brings the window to the front")};
+    if (!line->command() && line->code() != cli::Success)
+        return Refusal{line->isVerbUnknown() ? QStringLiteral("UnknownVerb") : QStringLiteral("WrongUsage"),
+                       ear.complaints()};
+    if (line->command() && line->parser().isSet(QStringLiteral("settings")) &&
+        busName(QDir(request.folder).absoluteFilePath(line->settingsFolder())) !=
+            busName(m_client.settings().getSettingsDir()))
+        return Refusal{QStringLiteral("WrongFolder"),
+                       QStringLiteral("this client has the settings in %1").arg(m_client.settings().getSettingsDir())};
+
+    const unsigned int number = ++m_lastNumber;
+    auto* job = new HandedJob(number, message.service(), std::move(line), {request.folder, request.input, true});
+    for (const auto& [stream, text] : std::as_const(ear.heard))
+        job->sayFirst(stream, text);
+    connect(job, &HandedJob::ended, this, &Server::forget);
+    m_jobs.insert(number, job);
+    m_callers.addWatchedService(message.service());
+    // The caller learns the number before anything else, and at once, whatever the command does. Then the bus is asked:
+    // a caller that gave up while we were busy has said that nothing was done, and does not leave the bus any more.
+    QDBusMessage question =
+        QDBusMessage::createMethodCall(QStringLiteral("org.freedesktop.DBus"), QStringLiteral("/org/freedesktop/DBus"),
+                                       QStringLiteral("org.freedesktop.DBus"), QStringLiteral("GetNameOwner"));
+    question.setArguments({message.service()});
+    auto* watcher = new QDBusPendingCallWatcher(QDBusConnection::sessionBus().asyncCall(question), this);
+    connect(watcher, &QDBusPendingCallWatcher::finished, this, [this, number, watcher] {
+        watcher->deleteLater();
+        if (watcher->isError())
+            drop(number);
+        else
+            start(number);
+    });
+    answer = {number};
+    return std::nullopt;
+}
+
+std::optional<Refusal> Server::cancel(const QDBusMessage& message)
+{
+    unsigned int number = 0;
+    if (auto refusal = readCancel(message, number))
+        return refusal;
+    const HandedJob* job = m_jobs.value(number);
+    if (!job || job->caller() != message.service())
+        return Refusal{QStringLiteral("UnknownJob"), QStringLiteral("there is no job %1 of this caller").arg(number)};
+    drop(number);
+    return std::nullopt;
+}
+
+std::optional<Refusal> Server::activate(const QDBusMessage& message)
+{
+    QString token;
+    if (auto refusal = readActivate(message, token))
+        return refusal;
+    // Where Qt looks for it when a window is brought to the front.
+    if (!token.isEmpty())
+        qputenv("XDG_ACTIVATION_TOKEN", token.toLatin1());
+    Q_EMIT ClientRequests::instance().show();
+    return std::nullopt;
+}
+
+void Server::start(unsigned int number)
+{
+    if (!m_jobs.contains(number))
+        return;
+    // This may handle events, in which the job is given up.
+    m_client.start();
+    if (HandedJob* job = m_jobs.value(number))
+        job->start(m_client);
+}
+
+void Server::drop(unsigned int number)
+{
+    HandedJob* job = m_jobs.value(number);
+    forget(number);
+    if (job)
+        job->giveUp();
+}
+
+void Server::forget(unsigned int number)
+{
+    HandedJob* job = m_jobs.take(number);
+    const bool isLast = job && std::none_of(m_jobs.cbegin(), m_jobs.cend(),
+                                            [job](const HandedJob* other) { return other->caller() == job->caller(); });
+    if (isLast)
+        m_callers.removeWatchedService(job->caller());
+}
+
+void Server::forgetCaller(const QString& caller)
+{
+    const QList<unsigned int> numbers = m_jobs.keys();
+    for (const unsigned int number : numbers) {
+        const HandedJob* job = m_jobs.value(number);
+        if (job && job->caller() == caller)
+            drop(number);
+    }
+}
+
+} // namespace zepa::instance
