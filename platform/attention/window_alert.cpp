@@ -1,8 +1,11 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "attention/window_alert.h"
 
+#include <QCursor>
 #include <QGuiApplication>
 #include <QMetaObject>
+#include <QPoint>
+#include <QTimer>
 #include <QWindow>
 
 namespace attention {
@@ -15,6 +18,13 @@ bool isListedInTaskBar(const QWindow& window)
     return listedType && window.isVisible() && !window.flags().testFlag(Qt::BypassWindowManagerHint);
 }
 
+/// Qt does not flush an alert: an idle program would send it with the next X event only. A question that the display
+/// answers flushes. QGuiApplication::sync() would too, but handles events, and so anything, in the middle of a posting.
+void flushSoon()
+{
+    QTimer::singleShot(0, qGuiApp, [] { [[maybe_unused]] const QPoint answer = QCursor::pos(); });
+}
+
 } // namespace
 
 void alertWindows()
@@ -24,8 +34,7 @@ void alertWindows()
         if (isListedInTaskBar(*window))
             window->alert(0);
     }
-    // Qt does not flush an alert: an idle program would send it with the next X event only.
-    QGuiApplication::sync();
+    flushSoon();
 }
 
 void clearWindowAlerts()
@@ -38,7 +47,7 @@ void clearWindowAlerts()
         if (window->metaObject()->indexOfMethod(QByteArray(clearSlot) + "()") >= 0)
             QMetaObject::invokeMethod(window, clearSlot, Qt::DirectConnection);
     }
-    QGuiApplication::sync();
+    flushSoon();
 }
 
 } // namespace attention
