@@ -1,0 +1,83 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "client/journal/journal_filter.h"
+#include "client/posting/notification_service.h"
+#include "journal_fixture.h"
+#include "tests/platform/service_fixture.h"
+
+#include <gmock/gmock.h>
+
+namespace {
+
+using testing::HasSubstr;
+
+/// A client on a private session bus, with a notification service that does what the test tells it.
+class JournalOnBus : public ServiceTest, protected JournalClient
+{
+protected:
+    /// Both bases have one.
+    using JournalClient::post;
+
+    bool becomes(Verdict wanted)
+    {
+        return waitFor([this, wanted] { return verdict() == wanted; });
+    }
+};
+
+TEST_F(JournalOnBus, SaysThatThereIsNoService)
+{
+    zepa::waitForNotificationService();
+    post(m_received);
+    EXPECT_EQ(verdict(), Verdict::NoService);
+    EXPECT_THAT(why(), HasSubstr("no notification service"));
+}
+
+TEST_F(JournalOnBus, SaysThatAPopUpWithoutAnActionWasHandedOver)
+{
+    const auto service = startService();
+    post(m_received);
+    ASSERT_TRUE(waitForPopups(*service, 1));
+    EXPECT_EQ(verdict(), Verdict::PopupSent);
+    EXPECT_THAT(why(), HasSubstr("nobody tells"));
+}
+
+TEST_F(JournalOnBus, SaysThatAPopUpWaitsAndThenThatItWasClicked)
+{
+    const auto service = startService();
+    zepa::JournalFilter waiting(m_client.journal());
+    waiting.setVerdict(Verdict::PopupWaiting);
+    post(m_received, QStringLiteral("Ann"), true);
+    ASSERT_TRUE(waitForPopups(*service, 1));
+    EXPECT_EQ(verdict(), Verdict::PopupWaiting);
+    EXPECT_EQ(waiting.rowCount(), 1);
+    service->tell(QStringLiteral("click 1"));
+    ASSERT_TRUE(becomes(Verdict::PopupClicked)) << why();
+    EXPECT_THAT(why(), HasSubstr("clicked"));
+    EXPECT_EQ(waiting.rowCount(), 0);
+}
+
+TEST_F(JournalOnBus, SaysThatAPopUpTimedOut)
+{
+    const auto service = startService();
+    post(m_received, QStringLiteral("Ann"), true);
+    ASSERT_TRUE(waitForPopups(*service, 1));
+    service->tell(QStringLiteral("close 1"));
+    ASSERT_TRUE(becomes(Verdict::PopupTimedOut)) << why();
+    EXPECT_THAT(why(), HasSubstr("without a click"));
+}
+
+TEST_F(JournalOnBus, SaysThatTheTypeIsNotRegistered)
+{
+    const auto service = startService();
+    // Somebody registers a list without it; the next type that is registered brings all back.
+    m_client.module().getMethods().value(m_popups)->registerNotifications({});
+    post(m_received, QStringLiteral("Ann"), true);
+    EXPECT_EQ(verdict(), Verdict::NotRegistered);
+    EXPECT_THAT(why(), HasSubstr("not registered"));
+    m_client.module().registerNotification(QStringLiteral("new"), QStringLiteral("New"), {}, {});
+    post(m_received, QStringLiteral("Ben"));
+    EXPECT_EQ(verdict(), Verdict::PopupSent);
+    ASSERT_TRUE(waitForPopups(*service, 1));
+    EXPECT_EQ(service->calls().size(), 1);
+}
+
+} // namespace
