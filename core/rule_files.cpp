@@ -6,6 +6,7 @@
 #include "host/settings_manager.h"
 #include "host/xml_node.h"
 
+#include <QByteArray>
 #include <QFile>
 
 namespace {
@@ -13,6 +14,16 @@ namespace {
 QString ruleDirectory()
 {
     return ZepaSettingsManager::getInstance()->getSettingsDir() + QStringLiteral("notifications/");
+}
+
+QByteArray ruleFileContent(const QList<ZepaNotificationRule*>& stored)
+{
+    ZepaXmlNode root(QStringLiteral("rules"), QString(), nullptr);
+    for (const ZepaNotificationRule* rule : stored) {
+        ZepaXmlNode element = root.addChild(rule->getMethod()->getId(), QString());
+        element.appendChild(ZepaField::toXml(rule->getConfig()));
+    }
+    return root.toByteArray(-1);
 }
 
 } // namespace
@@ -54,16 +65,13 @@ void ZepaNotificationModule::storeNotificationRules(ZepaNotification* notificati
     // With null, a type is written once for each of its rules.
     const QList<ZepaNotification*> targets = notification != nullptr ? QList{notification} : rules.keys();
     const QString directory = ruleDirectory();
+    const ZepaNotification* previous = nullptr;
+    QByteArray content;
     for (ZepaNotification* target : targets) {
-        ZepaXmlNode root(QStringLiteral("rules"), QString(), nullptr);
-        const QList<ZepaNotificationRule*> stored = rules.values(target);
-        for (const ZepaNotificationRule* rule : stored) {
-            ZepaXmlNode element = root.addChild(rule->getMethod()->getId(), QString());
-            element.appendChild(ZepaField::toXml(rule->getConfig()));
-        }
-
         // Ready before the file is opened, since opening empties it; then written in one go, past any buffer.
-        const QByteArray content = root.toByteArray(-1);
+        if (target != previous)
+            content = ruleFileContent(rules.values(target));
+        previous = target;
         QFile file(directory + target->getId());
         if (file.open(QIODevice::WriteOnly | QIODevice::Truncate | QIODevice::Unbuffered))
             file.write(content);

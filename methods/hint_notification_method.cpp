@@ -211,7 +211,8 @@ void ZepaHintNotificationMethod::releaseRegistration()
     // The creation references of the names and of their array are the dictionary's own, beside the borrowed ones that
     // the analyzer sees here.
     // NOLINTBEGIN(clang-analyzer-osx.cocoa.RetainCount): as said
-    for (CFIndex i = 0; i < CFArrayGetCount(names); ++i)
+    const CFIndex count = CFArrayGetCount(names);
+    for (CFIndex i = 0; i < count; ++i)
         CFRelease(CFArrayGetValueAtIndex(names, i));
     CFRelease(growlDelegate.registrationDictionary);
     CFRelease(names);
