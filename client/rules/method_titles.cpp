@@ -19,13 +19,15 @@ struct Title
 {
     const char16_t* id;
     const char* text;
+    /// In the theme, for a method that has no picture of its own.
+    const char16_t* picture;
 };
 
 constexpr std::array builtIn{
-    Title{u"zepa_hint_notification", QT_TRANSLATE_NOOP("zepa", "Pop-up")},
-    Title{u"zepa_sound_notification_method", QT_TRANSLATE_NOOP("zepa", "Sound")},
-    Title{u"zepa_chat_window_notification_method", QT_TRANSLATE_NOOP("zepa", "Line in the chat")},
-    Title{u"zepa_dock_bounce_notification_method", QT_TRANSLATE_NOOP("zepa", "Attention")},
+    Title{u"zepa_hint_notification", QT_TRANSLATE_NOOP("zepa", "Pop-up"), u"icons/popup.png"},
+    Title{u"zepa_sound_notification_method", QT_TRANSLATE_NOOP("zepa", "Sound"), u"icons/speaker.png"},
+    Title{u"zepa_chat_window_notification_method", QT_TRANSLATE_NOOP("zepa", "Line in the chat"), u"icons/chat.png"},
+    Title{u"zepa_dock_bounce_notification_method", QT_TRANSLATE_NOOP("zepa", "Attention"), u"icons/attention.png"},
 };
 
 auto find(const QString& methodId)
@@ -39,7 +41,11 @@ auto find(const QString& methodId)
 QString methodTitle(const ZepaNotificationMethod& method)
 {
     const auto* const title = find(method.getId());
-    return title == builtIn.cend() ? method.getActionName() : QCoreApplication::translate("zepa", title->text);
+    if (title != builtIn.cend())
+        return QCoreApplication::translate("zepa", title->text);
+    // Methods say what they do in the middle of a sentence: "play sound".
+    const QString name = method.getActionName();
+    return name.left(1).toUpper() + name.mid(1);
 }
 
 bool isBuiltIn(const QString& methodId)
@@ -49,10 +55,11 @@ bool isBuiltIn(const QString& methodId)
 
 QString methodPicture(const ZepaNotificationMethod& method)
 {
-    // The pop-up method has no picture of its own; the theme has one for it.
-    if (method.getId() == QStringView(builtIn.front().id))
-        return ZepaSettingsManager::getInstance()->getCurrentThemeDir() + QStringLiteral("icons/popup.png");
-    return method.getActionIcon();
+    const auto* const title = find(method.getId());
+    const QString own = method.getActionIcon();
+    if (!own.isEmpty() || title == builtIn.cend())
+        return own;
+    return ZepaSettingsManager::getInstance()->getCurrentThemeDir() + QString::fromUtf16(title->picture);
 }
 
 QList<ZepaNotificationMethod*> methodsInOrder(const ZepaNotificationModule& module)

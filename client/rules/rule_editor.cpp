@@ -33,6 +33,13 @@ bool sameButForOrder(const QList<RuleState>& a, const QList<RuleState>& b)
     return a.size() == b.size() && std::is_permutation(a.cbegin(), a.cend(), b.cbegin());
 }
 
+/// A path as the user knows it.
+QString shownPath(const QString& path)
+{
+    const QString home = QDir::homePath() + u'/';
+    return QDir::toNativeSeparators(path.startsWith(home) ? QStringLiteral("~/") + path.mid(home.size()) : path);
+}
+
 /// The setting of the whole client with that identifier; without type when there is none.
 ZepaField findSetting(const QString& id)
 {
@@ -248,7 +255,7 @@ bool RuleEditor::carryOut(const SettingChange& change, bool back)
     const ZepaField field = findSetting(change.setting);
     if (!m_client.settings().store(field, back ? change.before : change.after)) {
         setProblem(tr("The setting “%1” cannot be written, so it was not changed. The file is %2.")
-                       .arg(field.getLabel(), QDir::toNativeSeparators(m_client.settings().settingsFile())));
+                       .arg(field.getLabel(), shownPath(m_client.settings().settingsFile())));
         return false;
     }
     // What a rule file lacks is still wrong after a setting could be written.
@@ -271,7 +278,7 @@ void RuleEditor::note(SafeChange outcome, const QString& type)
     if (outcome == SafeChange::Refused) {
         sentences.append(tr("The rules of “%1” were not changed: the file %2 cannot be written, or there is no room on "
                             "the disk for the copy that protects it.")
-                             .arg(typeName(type), QDir::toNativeSeparators(m_client.ruleBackup().ruleFile(type))));
+                             .arg(typeName(type), shownPath(m_client.ruleBackup().ruleFile(type))));
     }
     if (outcome == SafeChange::StoredWithoutCopy) {
         sentences.append(tr("The rules of “%1” are stored, but there is no room on the disk for the copy that protects "
@@ -291,8 +298,7 @@ QString RuleEditor::lossText() const
     return tr("These events have rules that could not be written to %2, perhaps because the disk is full. They are in "
               "use "
               "until the client ends: %1.")
-        .arg(names.join(tr(", ")),
-             QDir::toNativeSeparators(m_client.settings().getSettingsDir() + QStringLiteral("notifications")));
+        .arg(names.join(tr(", ")), shownPath(m_client.settings().getSettingsDir() + QStringLiteral("notifications")));
 }
 
 void RuleEditor::setProblem(const QString& problem)

@@ -7,8 +7,8 @@
 
 namespace zepa {
 
-/// What the user asks of the client from outside of its windows, for example at the status icon. The windows connect
-/// to these signals; without windows nobody does, and nothing happens.
+/// What the user asks of the client from outside of its windows, for example at the status icon or in a terminal. The
+/// windows connect to these signals; without windows nobody does, and nothing happens.
 class ZEPA_CLIENT_EXPORT ClientRequests : public QObject
 {
     Q_OBJECT
@@ -21,6 +21,9 @@ Q_SIGNALS:
     void show();
     /// End the program.
     void quit();
+    /// A command that another start of the program handed over was carried out in this one: rules and settings may be
+    /// others now.
+    void commandCarriedOut();
 
 private:
     ClientRequests() = default;

@@ -70,11 +70,12 @@ public:
         m_box->setKeyboardTracking(false);
         arrange(field, m_box);
         const QString bounds =
-            tr("%1 to %2").arg(QString::number(field.getLowerBound()), QString::number(field.getUpperBound()));
-        m_box->setAccessibleDescription(field.getDescription().isEmpty()
-                                            ? bounds
-                                            : tr("%1 %2", "description, bounds").arg(field.getDescription(), bounds));
-        m_box->setToolTip(bounds);
+            tr("From %1 to %2.").arg(QString::number(field.getLowerBound()), QString::number(field.getUpperBound()));
+        const QString explained = field.getDescription().isEmpty()
+                                      ? bounds
+                                      : tr("%1 %2", "description, bounds").arg(field.getDescription(), bounds);
+        m_box->setAccessibleDescription(explained);
+        m_box->setToolTip(explained);
         NumberEdit::setField(field);
         connect(m_box, &QSpinBox::valueChanged, this, [this](int value) { Q_EMIT edited(QString::number(value)); });
     }
@@ -158,6 +159,7 @@ void FieldEdit::present(const ZepaField& field, QWidget* part)
     part->setObjectName(field.getId());
     part->setAccessibleName(fieldLabel(field));
     part->setAccessibleDescription(field.getDescription());
+    part->setToolTip(field.getDescription());
     part->setFocusPolicy(Qt::StrongFocus);
     part->installEventFilter(this);
     setFocusProxy(part);

@@ -54,14 +54,9 @@ void FieldForm::rebuild()
         } else {
             auto* label = new QLabel(plainLabel(fieldLabel(field)), this);
             label->setBuddy(edit);
+            label->setToolTip(field.getDescription());
             m_layout->addRow(label, edit);
         }
-        if (field.getDescription().isEmpty())
-            continue;
-        auto* explanation = new QLabel(field.getDescription(), this);
-        explanation->setTextFormat(Qt::PlainText);
-        explanation->setWordWrap(true);
-        m_layout->addRow(edit->showsLabel() ? nullptr : new QLabel(this), explanation);
     }
 }
 

@@ -13,7 +13,7 @@ namespace zepa {
 
 class FieldEdit;
 
-/// Setting fields below each other, each with its label and explanation.
+/// Setting fields below each other, each with its label, and its explanation as a tool tip.
 class FieldForm : public QWidget
 {
     Q_OBJECT

@@ -3,6 +3,7 @@
 
 #include "client/client.h"
 #include "client/rules/rule_editor.h"
+#include "client/services/client_requests.h"
 #include "client/services/global_settings.h"
 #include "client/ui/elided_label.h"
 #include "client/ui/live_text.h"
@@ -24,9 +25,12 @@
 #include <QScreen>
 #include <QScrollArea>
 #include <QShortcut>
+#include <QShowEvent>
 #include <QSplitter>
 #include <QTableView>
 #include <QVBoxLayout>
+
+#include <algorithm>
 
 namespace zepa {
 
@@ -48,9 +52,11 @@ NotificationSettings::NotificationSettings(Client& client, QWidget* parent)
     , m_client(client)
     , m_editor(new RuleEditor(client, this))
     , m_model(new RuleTableModel(client.module(), *m_editor, this))
+    , m_parts(new QSplitter(Qt::Vertical, this))
     , m_table(new QTableView(this))
     , m_pane(new RulePane(*m_editor, this))
     , m_settings(new FieldForm(this))
+    , m_panes(new QBoxLayout(QBoxLayout::LeftToRight))
     , m_undo(button(tr("&Undo"), "undo", this))
     , m_redo(button(tr("Red&o"), "redo", this))
     , m_undoText(new ElidedLabel(this))
@@ -62,14 +68,13 @@ NotificationSettings::NotificationSettings(Client& client, QWidget* parent)
     setWindowFlags(Qt::Window | Qt::WindowTitleHint | Qt::WindowSystemMenuHint | Qt::WindowMinMaxButtonsHint |
                    Qt::WindowCloseButtonHint);
 
-    auto* parts = new QSplitter(Qt::Vertical, this);
-    parts->addWidget(makeTable());
-    parts->addWidget(makePanes());
-    parts->setStretchFactor(0, 1);
-    parts->setChildrenCollapsible(false);
+    m_parts->addWidget(makeTable());
+    m_parts->addWidget(makePanes());
+    m_parts->setStretchFactor(0, 1);
+    m_parts->setChildrenCollapsible(false);
     auto* layout = new QVBoxLayout(this);
     layout->addWidget(new ProblemBar(*m_editor, this));
-    layout->addWidget(parts, 1);
+    layout->addWidget(m_parts, 1);
     layout->addWidget(m_said);
     layout->addLayout(makeButtons());
     m_said->setObjectName(QStringLiteral("said"));
@@ -82,7 +87,7 @@ NotificationSettings::NotificationSettings(Client& client, QWidget* parent)
     showHistory();
     m_table->setCurrentIndex(m_model->index(0, 0));
     m_table->setFocus();
-    resize(QSize(940, 720).boundedTo(screen()->availableSize() * 9 / 10));
+    resize(QSize(980, 780).boundedTo(screen()->availableSize() * 9 / 10));
 }
 
 void NotificationSettings::refresh()
@@ -95,6 +100,26 @@ void NotificationSettings::changeEvent(QEvent* event)
     if (event->type() == QEvent::ActivationChange && isActiveWindow())
         refresh();
     QDialog::changeEvent(event);
+}
+
+void NotificationSettings::showEvent(QShowEvent* event)
+{
+    QDialog::showEvent(event);
+    if (event->spontaneous())
+        return;
+    // The panes get what they ask for, the table the rest: it scrolls more gracefully.
+    const int all = m_parts->height();
+    const int wanted = std::min(m_panes->sizeHint().height(), all / 2);
+    m_parts->setSizes({all - wanted, wanted});
+}
+
+void NotificationSettings::resizeEvent(QResizeEvent* event)
+{
+    QDialog::resizeEvent(event);
+    // In a narrow window, and at a large scale, the panes stand below each other, and long names of events are cut.
+    const int narrow = fontMetrics().averageCharWidth() * 80;
+    m_panes->setDirection(width() < narrow ? QBoxLayout::TopToBottom : QBoxLayout::LeftToRight);
+    m_table->verticalHeader()->setMaximumWidth(width() * 2 / 5);
 }
 
 QWidget* NotificationSettings::makeTable()
@@ -119,6 +144,7 @@ QWidget* NotificationSettings::makeTable()
     rows->setSectionResizeMode(QHeaderView::ResizeToContents);
     rows->setDefaultAlignment(Qt::AlignLeading | Qt::AlignVCenter);
     rows->setHighlightSections(true);
+    rows->setTextElideMode(Qt::ElideMiddle);
     connect(m_table->selectionModel(), &QItemSelectionModel::currentChanged, this,
             &NotificationSettings::showChosenPair);
     connect(m_model, &QAbstractItemModel::modelReset, this, &NotificationSettings::showChosenPair);
@@ -133,9 +159,9 @@ QWidget* NotificationSettings::makePanes()
     allLayout->addStretch();
 
     auto* side = new QWidget(this);
-    auto* sideLayout = new QHBoxLayout(side);
-    sideLayout->addWidget(m_pane, 3);
-    sideLayout->addWidget(all, 2);
+    side->setLayout(m_panes);
+    m_panes->addWidget(m_pane, 3);
+    m_panes->addWidget(all, 2);
     // In a low window, and at a large scale, the panes scroll.
     auto* scroll = new QScrollArea(this);
     scroll->setWidget(side);
@@ -173,6 +199,7 @@ void NotificationSettings::makeActions()
         connect(new QShortcut(keys, this), &QShortcut::activated, m_editor, work);
     connect(new QShortcut(QKeySequence::Close, this), &QShortcut::activated, this, &QWidget::close);
 
+    connect(&ClientRequests::instance(), &ClientRequests::commandCarriedOut, this, &NotificationSettings::refresh);
     connect(m_editor, &RuleEditor::historyChanged, this, &NotificationSettings::showHistory);
     connect(m_editor, &RuleEditor::settingChanged, this, &NotificationSettings::showSettings);
     connect(m_editor, &RuleEditor::said, this, &NotificationSettings::say);

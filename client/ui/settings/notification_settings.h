@@ -3,8 +3,10 @@
 
 #include <QDialog>
 
+class QBoxLayout;
 class QLabel;
 class QPushButton;
+class QSplitter;
 class QTableView;
 
 namespace zepa {
@@ -31,12 +33,14 @@ public:
     explicit NotificationSettings(Client& client, QWidget* parent = nullptr);
 
 public Q_SLOTS:
-    /// Shows what someone else changed meanwhile. The window does it by itself when it is activated; call it after
-    /// each command that changed rules or settings in this process.
+    /// Shows what someone else changed meanwhile. The window does it by itself when it is activated, and after each
+    /// command that was handed over by another start of the program.
     void refresh();
 
 protected:
     void changeEvent(QEvent* event) override;
+    void showEvent(QShowEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
 
 private:
     QWidget* makeTable();
@@ -52,9 +56,11 @@ private:
     Client& m_client;
     RuleEditor* m_editor;
     RuleTableModel* m_model;
+    QSplitter* m_parts;
     QTableView* m_table;
     RulePane* m_pane;
     FieldForm* m_settings;
+    QBoxLayout* m_panes;
     QPushButton* m_undo;
     QPushButton* m_redo;
     ElidedLabel* m_undoText;

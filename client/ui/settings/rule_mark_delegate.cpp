@@ -30,6 +30,19 @@ bool hits(const QStyleOptionViewItem& option, const QPointF& point)
     return markIn(option).adjusted(-around, -around, around, around).contains(point.toPoint());
 }
 
+/// In a dark palette some styles draw an empty box that nobody sees.
+void drawOutline(QPainter& painter, const QStyleOptionViewItem& mark)
+{
+    const bool isChosen = mark.state.testFlag(QStyle::State_Selected);
+    QColor colour = mark.palette.color(isChosen ? QPalette::HighlightedText : QPalette::Text);
+    colour.setAlphaF(0.45F);
+    painter.save();
+    painter.setPen(QPen(colour, 1));
+    painter.setBrush(Qt::NoBrush);
+    painter.drawRect(QRectF(mark.rect).adjusted(0.5, 0.5, -0.5, -0.5));
+    painter.restore();
+}
+
 } // namespace
 
 void RuleMarkDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const
@@ -53,6 +66,7 @@ void RuleMarkDelegate::paint(QPainter* painter, const QStyleOptionViewItem& opti
     mark.state.setFlag(QStyle::State_HasFocus, false);
     mark.state.setFlag(isOn ? QStyle::State_On : QStyle::State_Off);
     style.drawPrimitive(QStyle::PE_IndicatorItemViewItemCheck, &mark, painter, cell.widget);
+    drawOutline(*painter, mark);
 
     if (count.isEmpty())
         return;
@@ -80,12 +94,12 @@ bool RuleMarkDelegate::editorEvent(QEvent* event, QAbstractItemModel* model, con
     if (!isMouse || !index.flags().testFlag(Qt::ItemIsUserCheckable))
         return QStyledItemDelegate::editorEvent(event, model, option, index);
 
+    // A press chooses the cell, as everywhere in a table; the release toggles. That holds for the second of two quick
+    // clicks as well.
     const auto& mouse = static_cast<const QMouseEvent&>(*event);
-    if (mouse.button() != Qt::LeftButton || !hits(option, mouse.position()))
+    if (event->type() != QEvent::MouseButtonRelease || mouse.button() != Qt::LeftButton ||
+        !hits(option, mouse.position()))
         return false;
-    // The second press of a quick pair of clicks is a press like any other: each release toggles.
-    if (event->type() != QEvent::MouseButtonRelease)
-        return true;
     return model->setData(index, {}, Qt::CheckStateRole);
 }
 

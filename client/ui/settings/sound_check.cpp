@@ -3,8 +3,7 @@
 
 #include "client/services/audio/sound_decoder.h"
 
-#include <QFuture>
-#include <QObject>
+#include <QFutureWatcher>
 #include <QPromise>
 #include <QThreadPool>
 
@@ -17,7 +16,12 @@ void checkSound(const QString& path, QObject* context, std::function<void(bool p
 {
     // Shared, since the pool copies what it runs.
     const auto promise = std::make_shared<QPromise<bool>>();
-    promise->future().then(context, std::move(done));
+    auto* watcher = new QFutureWatcher<bool>(context);
+    QObject::connect(watcher, &QFutureWatcher<bool>::finished, context, [watcher, done = std::move(done)] {
+        done(watcher->result());
+        watcher->deleteLater();
+    });
+    watcher->setFuture(promise->future());
     QThreadPool::globalInstance()->start([path, promise] {
         promise->start();
         promise->addResult(audio::decodeSound(path).clip != nullptr);

@@ -12,7 +12,6 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
-#include <QStyle>
 #include <QVBoxLayout>
 
 namespace zepa {
@@ -22,7 +21,6 @@ SoundEdit::SoundEdit(const ZepaField& field, QWidget* parent)
 {
     auto* play = new QPushButton(tr("&Play"));
     play->setObjectName(QStringLiteral("play"));
-    play->setIcon(style()->standardIcon(QStyle::SP_MediaPlay));
     play->setAccessibleName(tr("Play the sound"));
     auto* choose = new QPushButton(tr("C&hoose..."));
     choose->setObjectName(QStringLiteral("choose"));

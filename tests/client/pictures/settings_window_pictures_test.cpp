@@ -53,6 +53,7 @@ TEST_F(SettingsWindowPictures, ShowASoundAndItsFields)
     takePictures(QStringLiteral("notification-settings"), [this] {
         auto window = std::make_unique<NotificationSettings>(client);
         choose(*window, client, message, sound);
+        window->resize(960, 760);
         return window;
     });
 }
@@ -67,6 +68,17 @@ TEST_F(SettingsWindowPictures, ShowAPairWithTwoRulesAndAProblem)
         choose(*window, client, QStringLiteral("typing_started_notify"), popup);
         window->findChild<QPushButton*>(QStringLiteral("add"))->click();
         choose(*window, client, message, popup);
+        window->resize(960, 760);
+        return window;
+    });
+}
+
+TEST_F(SettingsWindowPictures, ShowThatANarrowWindowIsUsable)
+{
+    takePictures(QStringLiteral("notification-settings-narrow"), [this] {
+        auto window = std::make_unique<NotificationSettings>(client);
+        choose(*window, client, message, popup);
+        window->resize(480, 640);
         return window;
     });
 }

@@ -2,6 +2,7 @@
 // The table of types and methods: what it shows, and what mouse, keyboard and screen reader make of it.
 #include "window_fixture.h"
 
+#include "client/services/client_requests.h"
 #include "qt_printers.h"
 
 #include <QLabel>
@@ -121,6 +122,14 @@ TEST_F(RuleTable, ShowsWhatSomeoneElseChangedOnRefresh)
     window->refresh();
     EXPECT_EQ(changed.count(), 1);
     EXPECT_TRUE(said().contains(QStringLiteral("outside"))) << said().toStdString();
+}
+
+TEST_F(RuleTable, ShowsWhatACommandOfAnotherStartChanged)
+{
+    QSignalSpy changed(table()->model(), &QAbstractItemModel::dataChanged);
+    client->module().removeNotificationRule(message, popup);
+    Q_EMIT ClientRequests::instance().commandCarriedOut();
+    EXPECT_EQ(changed.count(), 1);
 }
 
 TEST_F(RuleTable, LooksForChangesWhenTheWindowIsActivated)
