@@ -642,13 +642,13 @@
 <context>
     <name>zepa::NumberEdit</name>
     <message>
-        <source>%1 to %2</source>
-        <translation>%1 a %2</translation>
-    </message>
-    <message>
         <source>%1 %2</source>
         <comment>description, bounds</comment>
         <translation>%1 %2</translation>
+    </message>
+    <message>
+        <source>From %1 to %2.</source>
+        <translation type="unfinished"></translation>
     </message>
 </context>
 <context>
