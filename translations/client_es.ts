@@ -648,7 +648,7 @@
     </message>
     <message>
         <source>From %1 to %2.</source>
-        <translation type="unfinished"></translation>
+        <translation>De %1 a %2.</translation>
     </message>
 </context>
 <context>

@@ -648,7 +648,7 @@
     </message>
     <message>
         <source>From %1 to %2.</source>
-        <translation type="unfinished"></translation>
+        <translation>Od %1 do %2.</translation>
     </message>
 </context>
 <context>
