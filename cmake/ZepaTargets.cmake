@@ -17,6 +17,7 @@ if(ZEPA_FUZZ)
 endif()
 if(ZEPA_COVERAGE)
   target_compile_options(zepa_build_settings INTERFACE --coverage -fprofile-update=atomic)
+  target_compile_definitions(zepa_build_settings INTERFACE ZEPA_COVERAGE)
   target_link_options(zepa_build_settings INTERFACE --coverage)
 endif()
 

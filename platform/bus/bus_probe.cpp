@@ -1,14 +1,11 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "bus/bus_probe.h"
 
-#include <sys/socket.h>
-#include <sys/un.h>
+#include "bus/bus_greeting.h"
+
 #include <unistd.h>
 
 #include <algorithm>
-#include <array>
-#include <cerrno>
-#include <cstddef>
 
 namespace zepa::bus {
 
@@ -49,18 +46,8 @@ bool BusProbe::tryNext()
 
 bool BusProbe::greet(const BusAddress& address)
 {
-    sockaddr_un name = {};
-    name.sun_family = AF_UNIX;
-    std::copy(address.socketName.begin(), address.socketName.end(), std::begin(name.sun_path));
-    const auto length =
-        static_cast<socklen_t>(offsetof(sockaddr_un, sun_path)) + static_cast<socklen_t>(address.socketName.size());
-    m_socket = socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC | SOCK_NONBLOCK, 0);
-    // Where the queue is full this fails instead of waiting.
-    if (m_socket < 0 || ::connect(m_socket, reinterpret_cast<const sockaddr*>(&name), length) != 0)
-        return false;
-    // Whatever the bus says to this, it is alive; what it accepts is between it and the library.
-    const QByteArray greeting = QByteArray(1, '\0') + "AUTH EXTERNAL " + QByteArray::number(geteuid()).toHex() + "\r\n";
-    if (send(m_socket, greeting.constData(), static_cast<std::size_t>(greeting.size()), MSG_NOSIGNAL) < 0)
+    m_socket = greetBus(address);
+    if (m_socket < 0)
         return false;
     m_readable = std::make_unique<QSocketNotifier>(m_socket, QSocketNotifier::Read);
     connect(m_readable.get(), &QSocketNotifier::activated, this, &BusProbe::read);
@@ -69,14 +56,11 @@ bool BusProbe::greet(const BusAddress& address)
 
 void BusProbe::read()
 {
-    std::array<char, 256> bytes = {};
-    const ssize_t count = recv(m_socket, bytes.data(), bytes.size(), 0);
-    if (count < 0 && (errno == EAGAIN || errno == EINTR))
+    const Greeting heard = hearBus(m_socket);
+    if (heard == Greeting::NotYet)
         return;
-    if (count <= 0)
+    if (heard == Greeting::Refused)
         return giveUpThisOne();
-    if (std::find(bytes.begin(), bytes.begin() + count, '\n') == bytes.begin() + count)
-        return;
     const QString address = m_address;
     hangUp();
     Q_EMIT answered(address);

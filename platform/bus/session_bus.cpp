@@ -11,11 +11,12 @@ namespace zepa::bus {
 
 namespace {
 
-/// A connection that lost its bus stays dead under its name, so each gets a name of its own.
+/// A connection that lost its bus stays dead under its name, so each gets a name of its own; also when this code is in
+/// a process twice, in the library and in the program.
 QString nextConnectionName()
 {
     static int count = 0;
-    return QStringLiteral("zepa-session-bus-%1").arg(++count);
+    return QStringLiteral("zepa-session-bus-%1-%2").arg(reinterpret_cast<quintptr>(&count), 0, 16).arg(++count);
 }
 
 } // namespace

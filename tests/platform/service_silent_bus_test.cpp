@@ -3,6 +3,7 @@
 #include "service_fixture.h"
 
 #include <zepa_platform/popups.h>
+#include <zepa_platform/session_bus.h>
 
 #include <QFile>
 #include <QTimer>
@@ -138,4 +139,22 @@ TEST_F(SilentBusTest, IsNotNeededWhereTheRunTimeFolderHasOne)
     postClickable("a");
     ASSERT_TRUE(waitFor([] { return !answers().empty(); }));
     EXPECT_EQ(answers(), Answers{"clicked a"});
+}
+
+TEST_F(SilentBusTest, IsToldFromOneThatAnswersAndFromNone)
+{
+    constexpr int limit = 300;
+    EXPECT_FALSE(zepaSessionBusAnswers(limit)) << "nobody listens";
+    {
+        const FakeBus bus(busPath());
+        EXPECT_FALSE(zepaSessionBusAnswers(limit));
+    }
+    {
+        // Has a voice only in this thread, which is busy waiting for it.
+        const FakeBus bus(busPath(), FakeBus::Manner::Answers, {welcome, noFiles});
+        EXPECT_FALSE(zepaSessionBusAnswers(limit));
+    }
+    startBus();
+    qputenv("DBUS_SESSION_BUS_ADDRESS", "unix:path=/nonexistent;" + startedBusAddress());
+    EXPECT_TRUE(zepaSessionBusAnswers(60000));
 }
