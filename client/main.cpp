@@ -11,23 +11,30 @@
 #include "client/rules/rule_backup.h"
 #include "client/services/client_requests.h"
 #include "client/ui/main/main_window.h"
+#include "platform/bus/session_bus.h"
 
 #include <QApplication>
 #include <QDir>
 #include <QWidget>
 
+#include <optional>
+
 namespace {
 
-/// The client with its window, until the user quits. `token` is what the desktop gave us for coming to the front.
-int runWindow(zepa::Client& client, const QString& token)
+/// The client with its window, until the user quits; or the window of the client that runs already. `token` is what the
+/// desktop gave us for coming to the front.
+int runWindow(zepa::Client& client, zepa::bus::SessionBus& bus, const QString& token)
 {
+    using namespace zepa::instance;
     using zepa::ClientRequests;
-    using zepa::instance::Errand;
-    // It answers calls from the moment on in which the name is ours.
-    zepa::instance::Server server(client);
-    const auto claim = Errand(zepa::instance::busName(client.settings().getSettingsDir())).claim(token);
-    if (claim != Errand::Claim::First)
-        return claim == Errand::Claim::Second ? zepa::cli::Success : zepa::cli::Failure;
+    std::optional<Server> server;
+    if (openBus(bus)) {
+        // It answers calls from the moment on in which the name is ours.
+        server.emplace(client, bus);
+        const auto claim = Errand(bus, busName(client.settings().getSettingsDir())).claim(token);
+        if (claim != Errand::Claim::First)
+            return claim == Errand::Claim::Second ? zepa::cli::Success : zepa::cli::Failure;
+    }
     zepa::MainWindow window(client);
     QObject::connect(&ClientRequests::instance(), &ClientRequests::show, &window, &zepa::MainWindow::bringToFront);
     QObject::connect(&ClientRequests::instance(), &ClientRequests::quit, qApp, &QCoreApplication::quit);
@@ -90,15 +97,18 @@ int main(int argc, char** argv)
         return cli::WrongUsage;
     }
 
+    bus::SessionBus bus;
     QByteArray input;
     if (line.command()) {
         const auto content = cli::readInput(line);
         if (!content)
             return cli::WrongUsage;
         input = *content;
-        instance::Errand errand(instance::busName(line.settingsFolder()));
-        if (const auto code = errand.handOver(arguments, QDir::currentPath(), input))
-            return *code;
+        if (instance::openBus(bus)) {
+            instance::Errand errand(bus, instance::busName(line.settingsFolder()));
+            if (const auto code = errand.handOver(arguments, QDir::currentPath(), input))
+                return *code;
+        }
     }
 
     Client client(line.settingsFolder(), line.opensWindow() ? Client::Start::Later : Client::Start::Now);
@@ -107,7 +117,7 @@ int main(int argc, char** argv)
                                      "that changes is kept")
                           .arg(cli::onOneLine(client.settings().getSettingsDir())));
     if (line.opensWindow())
-        return runWindow(client, token);
+        return runWindow(client, bus, token);
 
     const QStringList news = client.ruleBackup().news();
     for (const QString& sentence : news)

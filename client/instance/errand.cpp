@@ -3,12 +3,12 @@
 
 #include "client/cli/exit_code.h"
 #include "client/cli/output.h"
+#include "client/instance/names.h"
 
 #include <QDBusConnection>
-#include <QDBusConnectionInterface>
+#include <QDBusError>
 #include <QDBusPendingCallWatcher>
-#include <QDBusPendingReply>
-#include <QDBusServiceWatcher>
+#include <QTimer>
 
 #include <utility>
 
@@ -20,10 +20,11 @@ constexpr int patience = 5000;
 
 const QString ownErrors = interfaceName + QStringLiteral(".Error.");
 
+constexpr int busPatience = 2000;
+
 QDBusMessage busCall(const QString& method, const QVariantList& arguments)
 {
-    const QString bus = QStringLiteral("org.freedesktop.DBus");
-    QDBusMessage call = QDBusMessage::createMethodCall(bus, QStringLiteral("/org/freedesktop/DBus"), bus, method);
+    QDBusMessage call = bus::busCall(method);
     call.setArguments(arguments);
     return call;
 }
@@ -51,16 +52,31 @@ int tellFailure(const QDBusMessage& answer)
 
 } // namespace
 
-Errand::Errand(QString busName) : m_busName(std::move(busName))
-{}
+bool openBus(bus::SessionBus& bus)
+{
+    if (!bus.open())
+        return false;
+    if (bus.isOpening()) {
+        QEventLoop loop;
+        QObject::connect(&bus, &bus::SessionBus::opened, &loop, &QEventLoop::quit);
+        QObject::connect(&bus, &bus::SessionBus::closed, &loop, &QEventLoop::quit);
+        QTimer::singleShot(busPatience, &loop, &QEventLoop::quit);
+        loop.exec();
+    }
+    return bus.isOpen();
+}
+
+Errand::Errand(bus::SessionBus& bus, QString busName) : m_bus(bus), m_busName(std::move(busName))
+{
+    connect(&m_bus, &bus::SessionBus::closed, &m_loop, &QEventLoop::quit);
+}
 
 std::optional<int> Errand::handOver(const QStringList& arguments, const QString& folder, const QByteArray& input)
 {
-    QDBusConnection bus = QDBusConnection::sessionBus();
-    if (!bus.isConnected())
-        return std::nullopt;
+    // They come to us alone, so the bus need not be asked for them.
+    QDBusConnection connection = m_bus.connection();
     for (const QString& signal : {QStringLiteral("Output"), QStringLiteral("Finished")})
-        bus.connect(QString(), objectPath, interfaceName, signal, this, SLOT(hear(QDBusMessage)));
+        connection.connect(QString(), objectPath, interfaceName, signal, this, SLOT(hear(QDBusMessage)));
     const QDBusMessage answer = ask(callTo(QStringLiteral("Run"), {arguments, folder, input}));
     if (isNobodyThere(answer))
         return std::nullopt;
@@ -74,15 +90,15 @@ int Errand::follow(const QString& owner, unsigned int job)
 {
     m_owner = owner;
     m_job = job;
-    QDBusServiceWatcher watcher(owner, QDBusConnection::sessionBus(), QDBusServiceWatcher::WatchForUnregistration);
-    connect(&watcher, &QDBusServiceWatcher::serviceUnregistered, &m_loop, &QEventLoop::quit);
+    m_bus.listen(bus::busName(), bus::busPath(), bus::busName(), QStringLiteral("NameOwnerChanged"), this,
+                 SLOT(hearOfOwner(QDBusMessage)), owner);
     const auto early = std::exchange(m_heard, {});
     for (const QDBusMessage& signal : early)
         obey(signal);
     // It may have gone before it was watched.
     const bool isGone =
         !m_code && ask(busCall(QStringLiteral("GetNameOwner"), {owner})).type() == QDBusMessage::ErrorMessage;
-    if (!m_code && !isGone)
+    if (!m_code && !isGone && m_bus.isOpen())
         m_loop.exec();
     if (m_code)
         return *m_code;
@@ -97,6 +113,13 @@ void Errand::hear(const QDBusMessage& signal)
         m_heard.append(signal);
     else
         obey(signal);
+}
+
+void Errand::hearOfOwner(const QDBusMessage& signal)
+{
+    // What it had to say before it went has arrived by now.
+    if (signal.service() == bus::busName() && signal.arguments().value(0).toString() == m_owner)
+        m_loop.quit();
 }
 
 void Errand::obey(const QDBusMessage& signal)
@@ -115,8 +138,6 @@ void Errand::obey(const QDBusMessage& signal)
 
 Errand::Claim Errand::claim(const QString& token)
 {
-    if (!QDBusConnection::sessionBus().isConnected())
-        return Claim::First;
     // Whoever has the name may leave it in the moment in which it is asked.
     constexpr int attempts = 3;
     for (int attempt = 0; attempt < attempts; ++attempt) {
@@ -149,7 +170,9 @@ QDBusMessage Errand::callTo(const QString& method, const QVariantList& arguments
 /// Asks and handles events until the answer is there. An error when there is none in time.
 QDBusMessage Errand::ask(const QDBusMessage& question)
 {
-    QDBusPendingCallWatcher answer(QDBusConnection::sessionBus().asyncCall(question, patience));
+    if (!m_bus.isOpen())
+        return QDBusMessage::createError(QDBusError::Disconnected, QStringLiteral("the session bus is gone"));
+    QDBusPendingCallWatcher answer(m_bus.connection().asyncCall(question, patience));
     if (!answer.isFinished()) {
         QEventLoop loop;
         connect(&answer, &QDBusPendingCallWatcher::finished, &loop, &QEventLoop::quit);

@@ -3,6 +3,7 @@
 
 #include "client/client.h"
 #include "client/instance/names.h"
+#include "platform/bus/session_bus.h"
 
 #include <QDBusConnection>
 #include <QDBusMessage>
@@ -11,8 +12,9 @@
 
 namespace zepa::instance {
 
-HandedJob::HandedJob(unsigned int number, QString caller, std::unique_ptr<cli::CommandLine> line, cli::Origin origin)
-    : m_number(number), m_caller(std::move(caller)), m_line(std::move(line)), m_job(std::move(origin), this)
+HandedJob::HandedJob(bus::SessionBus& bus, unsigned int number, QString caller, std::unique_ptr<cli::CommandLine> line,
+                     cli::Origin origin)
+    : m_bus(bus), m_number(number), m_caller(std::move(caller)), m_line(std::move(line)), m_job(std::move(origin), this)
 {
     connect(&m_job, &cli::Job::finished, this, &HandedJob::finish);
 }
@@ -52,11 +54,11 @@ void HandedJob::write(cli::Stream stream, const QByteArray& text)
 
 void HandedJob::send(const QString& signal, const QVariantList& arguments) const
 {
-    if (m_isGivenUp)
+    if (m_isGivenUp || !m_bus.isOpen())
         return;
     QDBusMessage message = QDBusMessage::createTargetedSignal(m_caller, objectPath, interfaceName, signal);
     message.setArguments(arguments);
-    QDBusConnection::sessionBus().send(message);
+    m_bus.connection().send(message);
 }
 
 void HandedJob::finish()

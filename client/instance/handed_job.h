@@ -5,14 +5,22 @@
 #include "client/cli/job.h"
 #include "client/cli/output.h"
 
+#include <QByteArray>
+#include <QList>
 #include <QObject>
+#include <QPair>
 #include <QString>
+#include <QVariantList>
 
 #include <functional>
 #include <memory>
 
 namespace zepa {
 class Client;
+}
+
+namespace zepa::bus {
+class SessionBus;
 }
 
 namespace zepa::instance {
@@ -24,7 +32,8 @@ class HandedJob final : public QObject, private cli::OutputSink
 
 public:
     /// `caller` is the other program's unique name on the bus.
-    HandedJob(unsigned int number, QString caller, std::unique_ptr<cli::CommandLine> line, cli::Origin origin);
+    HandedJob(bus::SessionBus& bus, unsigned int number, QString caller, std::unique_ptr<cli::CommandLine> line,
+              cli::Origin origin);
 
     unsigned int number() const { return m_number; }
     const QString& caller() const { return m_caller; }
@@ -43,6 +52,7 @@ private:
     void send(const QString& signal, const QVariantList& arguments) const;
     void finish();
 
+    bus::SessionBus& m_bus;
     const unsigned int m_number;
     const QString m_caller;
     const std::unique_ptr<cli::CommandLine> m_line;

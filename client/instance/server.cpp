@@ -6,13 +6,13 @@
 #include "client/instance/names.h"
 #include "client/services/client_requests.h"
 #include "interface_xml.h"
+#include "platform/bus/session_bus.h"
 
 #include <QDBusConnection>
 #include <QDBusPendingCallWatcher>
 #include <QDir>
 #include <QRegularExpression>
 
-#include <algorithm>
 #include <memory>
 #include <utility>
 
@@ -43,18 +43,18 @@ public:
 
 } // namespace
 
-Server::Server(Client& client) : m_client(client)
+Server::Server(Client& client, bus::SessionBus& bus) : m_client(client), m_bus(bus)
 {
-    QDBusConnection bus = QDBusConnection::sessionBus();
-    m_callers.setConnection(bus);
-    m_callers.setWatchMode(QDBusServiceWatcher::WatchForUnregistration);
-    connect(&m_callers, &QDBusServiceWatcher::serviceUnregistered, this, &Server::forgetCaller);
-    bus.registerVirtualObject(objectPath, this);
+    QDBusConnection connection = bus.connection();
+    connection.connect(QString(), bus::busPath(), bus::busName(), QStringLiteral("NameOwnerChanged"), this,
+                       SLOT(hearOfOwner(QDBusMessage)));
+    connection.registerVirtualObject(objectPath, this);
 }
 
 Server::~Server()
 {
-    QDBusConnection::sessionBus().unregisterObject(objectPath);
+    if (m_bus.isOpen())
+        QDBusConnection(m_bus.connection()).unregisterObject(objectPath);
     const auto jobs = std::exchange(m_jobs, {});
     for (HandedJob* job : jobs)
         job->giveUp();
@@ -122,19 +122,18 @@ std::optional<Refusal> Server::run(const QDBusMessage& message, QVariantList& an
                        QStringLiteral("this client has the settings in %1").arg(m_client.settings().getSettingsDir())};
 
     const unsigned int number = ++m_lastNumber;
-    auto* job = new HandedJob(number, message.service(), std::move(line), {request.folder, request.input, true});
+    auto* job = new HandedJob(m_bus, number, message.service(), std::move(line), {request.folder, request.input, true});
     for (const auto& [stream, text] : std::as_const(ear.heard))
         job->sayFirst(stream, text);
     connect(job, &HandedJob::ended, this, &Server::forget);
+    connect(job, &HandedJob::ended, &ClientRequests::instance(), &ClientRequests::commandCarriedOut);
     m_jobs.insert(number, job);
-    m_callers.addWatchedService(message.service());
+    follow(QStringLiteral("AddMatch"), message.service());
     // The caller learns the number before anything else, and at once, whatever the command does. Then the bus is asked:
     // a caller that gave up while we were busy has said that nothing was done, and does not leave the bus any more.
-    QDBusMessage question =
-        QDBusMessage::createMethodCall(QStringLiteral("org.freedesktop.DBus"), QStringLiteral("/org/freedesktop/DBus"),
-                                       QStringLiteral("org.freedesktop.DBus"), QStringLiteral("GetNameOwner"));
-    question.setArguments({message.service()});
-    auto* watcher = new QDBusPendingCallWatcher(QDBusConnection::sessionBus().asyncCall(question), this);
+    QDBusMessage question = bus::busCall(QStringLiteral("GetNameOwner"));
+    question << message.service();
+    auto* watcher = new QDBusPendingCallWatcher(m_bus.connection().asyncCall(question), this);
     connect(watcher, &QDBusPendingCallWatcher::finished, this, [this, number, watcher] {
         watcher->deleteLater();
         if (watcher->isError())
@@ -190,19 +189,31 @@ void Server::drop(unsigned int number)
 
 void Server::forget(unsigned int number)
 {
-    HandedJob* job = m_jobs.take(number);
-    const bool isLast = job && std::none_of(m_jobs.cbegin(), m_jobs.cend(),
-                                            [job](const HandedJob* other) { return other->caller() == job->caller(); });
-    if (isLast)
-        m_callers.removeWatchedService(job->caller());
+    const HandedJob* job = m_jobs.take(number);
+    if (job)
+        follow(QStringLiteral("RemoveMatch"), job->caller());
 }
 
-void Server::forgetCaller(const QString& caller)
+/// AddMatch or RemoveMatch: whether the bus tells us that the caller left. It counts equal rules.
+void Server::follow(const QString& method, const QString& caller)
 {
+    if (!m_bus.isOpen())
+        return;
+    QDBusMessage call = bus::busCall(method);
+    call << QStringLiteral("type='signal',sender='%1',interface='%1',member='NameOwnerChanged',arg0='%2'")
+                .arg(bus::busName(), caller);
+    m_bus.connection().send(call);
+}
+
+void Server::hearOfOwner(const QDBusMessage& signal)
+{
+    if (signal.service() != bus::busName() || !signal.arguments().value(2).toString().isEmpty())
+        return;
+    const QString gone = signal.arguments().value(0).toString();
     const QList<unsigned int> numbers = m_jobs.keys();
     for (const unsigned int number : numbers) {
         const HandedJob* job = m_jobs.value(number);
-        if (job && job->caller() == caller)
+        if (job && job->caller() == gone)
             drop(number);
     }
 }

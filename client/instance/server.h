@@ -3,7 +3,6 @@
 
 #include "client/instance/requests.h"
 
-#include <QDBusServiceWatcher>
 #include <QDBusVirtualObject>
 #include <QHash>
 #include <QString>
@@ -13,6 +12,10 @@
 
 namespace zepa {
 class Client;
+}
+
+namespace zepa::bus {
+class SessionBus;
 }
 
 namespace zepa::instance {
@@ -26,12 +29,16 @@ class Server final : public QDBusVirtualObject
     Q_OBJECT
 
 public:
-    /// The client must outlive this object. It is started by the first command if nobody has done that.
-    explicit Server(Client& client);
+    /// Both must outlive this object; the bus must be open. The client is started by the first command if nobody has
+    /// done that.
+    Server(Client& client, bus::SessionBus& bus);
     ~Server() override;
 
     QString introspect(const QString& path) const override;
     bool handleMessage(const QDBusMessage& message, const QDBusConnection& bus) override;
+
+private Q_SLOTS:
+    void hearOfOwner(const QDBusMessage& signal);
 
 private:
     std::optional<Refusal> run(const QDBusMessage& message, QVariantList& answer);
@@ -40,10 +47,10 @@ private:
     void start(unsigned int number);
     void drop(unsigned int number);
     void forget(unsigned int number);
-    void forgetCaller(const QString& caller);
+    void follow(const QString& method, const QString& caller);
 
     Client& m_client;
-    QDBusServiceWatcher m_callers;
+    bus::SessionBus& m_bus;
     QHash<unsigned int, HandedJob*> m_jobs;
     unsigned int m_lastNumber = 0;
 };

@@ -175,12 +175,18 @@ TEST_F(ProgramRules, AreShownThoughTheSettingsFolderIsNoFolder)
 
 TEST_F(ProgramRules, SurviveDamagedRuleFiles)
 {
-    ASSERT_TRUE(QDir().mkpath(inFolder(QStringLiteral("settings/notifications"))));
+    ASSERT_EQ(run(ruleSet({received, popup, QStringLiteral("sticky=true")})).code, 0);
+    const QByteArray good = read(QStringLiteral("settings/notifications/message_received"));
     for (const QByteArray& damage :
          {QByteArray(), QByteArray("<rules>"), QByteArray(1000000, '<'), QByteArray("<a>").repeated(1000000)}) {
         write(QStringLiteral("settings/notifications/message_received"), damage);
-        EXPECT_EQ(rules(received).size(), 0);
+        const Outcome outcome = run({QStringLiteral("rules"), received});
+        EXPECT_TRUE(outcome.out.contains(QStringLiteral("sticky=true"))) << outcome.out.toStdString();
+        EXPECT_EQ(outcome.err.count(u'\n'), 1) << outcome.err.toStdString();
+        EXPECT_TRUE(outcome.err.contains(received));
+        EXPECT_EQ(read(QStringLiteral("settings/notifications/message_received")), good);
     }
+    EXPECT_EQ(run({QStringLiteral("rules"), received}).err, QString());
 }
 
 } // namespace

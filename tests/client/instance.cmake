@@ -1,0 +1,15 @@
+# SPDX-License-Identifier: Apache-2.0
+# One client a settings folder: real programs on a private bus.
+zepa_test(client_instance_test LABEL service
+  SOURCES
+    instance_calls_test.cpp
+    instance_fixture.cpp
+    instance_handed_over_test.cpp
+    instance_start_test.cpp
+    program.cpp
+    ${PROJECT_SOURCE_DIR}/tests/platform/service_fixture.cpp
+  LIBRARIES zepa_instance zepa_platform Qt6::DBus)
+target_compile_definitions(client_instance_test PRIVATE
+  ZEPA_PROGRAM="$<TARGET_FILE:zepa>" SCRIPTED_SERVICE="$<TARGET_FILE:scripted_service>"
+  ZEPA_INTERFACE="${PROJECT_SOURCE_DIR}/client/instance/zepa.Client1.xml")
+add_dependencies(client_instance_test zepa scripted_service)

@@ -1,0 +1,59 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "instance_fixture.h"
+
+#include "client/instance/names.h"
+
+#include <QDBusConnection>
+#include <QDBusConnectionInterface>
+
+#include <csignal>
+#include <sys/prctl.h>
+
+using namespace zepa;
+
+std::unique_ptr<QProcess> InstanceTest::startWindow(const QString& settings)
+{
+    auto process = std::make_unique<QProcess>();
+    environment = QProcessEnvironment::systemEnvironment();
+    environment.insert(QStringLiteral("QT_QPA_PLATFORM"), QStringLiteral("offscreen"));
+    process->setProcessEnvironment(environment);
+    process->setWorkingDirectory(QStringLiteral("/"));
+    process->setChildProcessModifier([] { prctl(PR_SET_PDEATHSIG, SIGKILL); });
+    process->start(QStringLiteral(ZEPA_PROGRAM), {QStringLiteral("--settings"), inFolder(settings)});
+    return process;
+}
+
+void InstanceTest::startFirst()
+{
+    m_first = startWindow();
+    ASSERT_TRUE(waitFor([this] { return isClientThere(); })) << m_first->readAllStandardError().constData();
+}
+
+void InstanceTest::endFirst()
+{
+    m_first->kill();
+    m_first->waitForFinished();
+}
+
+QString InstanceTest::clientName(const QString& settings) const
+{
+    return instance::busName(inFolder(settings));
+}
+
+bool InstanceTest::isClientThere(const QString& settings)
+{
+    return QDBusConnection::sessionBus().interface()->isServiceRegistered(clientName(settings));
+}
+
+QDBusMessage InstanceTest::call(const QString& method, const QVariantList& arguments) const
+{
+    QDBusMessage message =
+        QDBusMessage::createMethodCall(clientName(), instance::objectPath, instance::interfaceName, method);
+    message.setArguments(arguments);
+    return QDBusConnection::sessionBus().call(message);
+}
+
+bool InstanceTest::waitForOutput(QProcess& process, const QByteArray& text)
+{
+    return waitFor([&] { return process.peek(process.bytesAvailable()).contains(text); });
+}
