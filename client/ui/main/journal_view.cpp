@@ -65,7 +65,8 @@ QWidget* JournalView::makeFilterRow()
     auto* label = new QLabel(tr("&Filter:"), rowWidget);
     label->setBuddy(text);
     auto* verdicts = new QComboBox(rowWidget);
-    verdicts->setAccessibleName(tr("Verdict"));
+    // Its name is what is chosen.
+    verdicts->setAccessibleDescription(tr("Verdict that is shown"));
     verdicts->addItem(tr("All verdicts"));
     const QList<Verdict> all = allVerdicts();
     for (const Verdict verdict : all)

@@ -25,6 +25,8 @@ Simulator::Simulator(Client& client, QWidget* parent)
 {
     for (const SimulatedEvent& event : simulatedEvents())
         m_events->addItem(phraseOf(event, m_contact));
+    // Its name is what is chosen.
+    m_events->setAccessibleDescription(tr("Event to simulate"));
     m_events->setMaxVisibleItems(int(simulatedEvents().size()));
     m_events->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
     m_events->setMinimumContentsLength(16);
