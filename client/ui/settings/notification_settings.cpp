@@ -7,6 +7,7 @@
 #include "client/services/global_settings.h"
 #include "client/ui/elided_label.h"
 #include "client/ui/live_text.h"
+#include "client/ui/settings/event_header.h"
 #include "client/ui/settings/field_form.h"
 #include "client/ui/settings/problem_bar.h"
 #include "client/ui/settings/rule_mark_delegate.h"
@@ -111,6 +112,7 @@ void NotificationSettings::showEvent(QShowEvent* event)
     const int all = m_parts->height();
     const int wanted = std::min(m_panes->sizeHint().height(), all / 2);
     m_parts->setSizes({all - wanted, wanted});
+    m_table->scrollTo(m_table->currentIndex());
 }
 
 void NotificationSettings::resizeEvent(QResizeEvent* event)
@@ -140,11 +142,7 @@ QWidget* NotificationSettings::makeTable()
     columns->setSectionResizeMode(QHeaderView::ResizeToContents);
     columns->setStretchLastSection(true);
     columns->setHighlightSections(true);
-    auto* rows = m_table->verticalHeader();
-    rows->setSectionResizeMode(QHeaderView::ResizeToContents);
-    rows->setDefaultAlignment(Qt::AlignLeading | Qt::AlignVCenter);
-    rows->setHighlightSections(true);
-    rows->setTextElideMode(Qt::ElideMiddle);
+    m_table->setVerticalHeader(new EventHeader(m_table));
     connect(m_table->selectionModel(), &QItemSelectionModel::currentChanged, this,
             &NotificationSettings::showChosenPair);
     connect(m_model, &QAbstractItemModel::modelReset, this, &NotificationSettings::showChosenPair);
