@@ -122,4 +122,21 @@ TEST_F(ProgramPlay, OpensChatWindowsAlsoWhereNobodySeesThem)
         << outcome.out.toStdString();
 }
 
+TEST_F(ProgramPlay, NamesTheMethodsInTheOrderOfTheirCalls)
+{
+    // The rule that is read last is the newest, and called first.
+    const QByteArray config = "<config/>";
+    QByteArray rules = "<rules>";
+    for (const QByteArray method : {"zepa_sound_notification_method", "zepa_hint_notification",
+                                    "zepa_dock_bounce_notification_method", "zepa_hint_notification"})
+        rules += '<' + method + '>' + config + "</" + method + '>';
+    run({QStringLiteral("types")});
+    write(QStringLiteral("settings/notifications/message_received"), rules + "</rules>");
+    const Outcome outcome = play(R"({"type": "message_received", "title": "Anna"})");
+    EXPECT_TRUE(outcome.lines().value(1).contains(
+        QStringLiteral("zepa_hint_notification, zepa_dock_bounce_notification_method, zepa_hint_notification, "
+                       "zepa_sound_notification_method")))
+        << outcome.out.toStdString() << outcome.err.toStdString();
+}
+
 } // namespace
