@@ -52,6 +52,7 @@ BusLink::BusLink()
             finish(number, message);
     });
     connect(&m_bus, &bus::SessionBus::opened, this, &BusLink::onOpened);
+    connect(&m_sender, &bus::CallThread::sent, this, &BusLink::onSent);
     connect(&m_bus, &bus::SessionBus::closed, this, &BusLink::onClosed);
 }
 
@@ -163,16 +164,22 @@ void BusLink::send(const QDBusMessage& message, Reply reply, Reply late)
 
 void BusLink::transmit(quint64 number, const QDBusMessage& message)
 {
-    Call& call = m_calls.at(number);
     // The limit is our own, so that what comes later is heard of.
-    const QDBusPendingCall pending = m_bus.connection().asyncCall(message, call.late ? lateLimit : 2 * callLimit);
+    m_sender.send(m_bus.connection(), message, m_calls.at(number).late ? lateLimit : 2 * callLimit, number);
+}
+
+void BusLink::onSent(quint64 number, const QDBusPendingCall& pending)
+{
+    const auto call = m_calls.find(number);
+    if (call == m_calls.end())
+        return;
     // A watcher of a call that failed at once says nothing.
     if (pending.isFinished()) {
-        fail(number, pending.reply());
+        finish(number, pending.reply());
         return;
     }
     auto* watcher = new QDBusPendingCallWatcher(pending, this);
-    call.watcher = watcher;
+    call->second.watcher = watcher;
     connect(watcher, &QDBusPendingCallWatcher::finished, this, [this, number, watcher] {
         watcher->deleteLater();
         finish(number, watcher->reply());

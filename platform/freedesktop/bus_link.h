@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include "bus/call_thread.h"
 #include "bus/session_bus.h"
 
 #include <QDBusMessage>
@@ -91,6 +92,7 @@ private:
     void askActivatable();
     void send(const QDBusMessage& message, Reply reply, Reply late = {});
     void transmit(quint64 number, const QDBusMessage& message);
+    void onSent(quint64 number, const QDBusPendingCall& pending);
     void fail(quint64 number, const QDBusMessage& error);
     void finish(quint64 number, const QDBusMessage& message);
     void endOverdueCalls();
@@ -99,6 +101,7 @@ private:
     void setOwner(const QString& owner);
 
     bus::SessionBus m_bus;
+    bus::CallThread m_sender;
     QString m_owner;
     bool m_ownerKnown = false;
     quint64 m_ownerNews = 0; ///< counts what the bus told unasked

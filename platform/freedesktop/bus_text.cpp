@@ -4,6 +4,8 @@
 #include <QChar>
 #include <QStringView>
 
+#include <algorithm>
+
 namespace zepa::freedesktop {
 
 namespace {
@@ -49,10 +51,26 @@ void append(QString& result, char32_t character, Markup markup)
         result += QChar::fromUcs4(character);
 }
 
+/// Most texts can stay as they are, and this sees most of them at once. Says no rather too often.
+bool isFit(QStringView text, Markup markup)
+{
+    constexpr char16_t firstBeyondControls = 0xA0;
+    constexpr char16_t firstSurrogate = 0xD800;
+    return std::all_of(text.begin(), text.end(), [markup](QChar character) {
+        const char16_t unit = character.unicode();
+        if (markup == Markup::Escaped && (unit == u'&' || unit == u'<' || unit == u'>'))
+            return false;
+        return (unit >= u' ' && unit <= u'~') || unit == u'\n' ||
+               (unit >= firstBeyondControls && unit < firstSurrogate);
+    });
+}
+
 } // namespace
 
 QString busText(const QString& text, qsizetype limit, Markup markup)
 {
+    if (!text.isEmpty() && text.size() <= limit && isFit(text, markup))
+        return text;
     QString result = QLatin1String("");
     qsizetype cutAt = 0;
     for (qsizetype position = 0; position < text.size();) {

@@ -27,10 +27,10 @@ CFArrayRef arrayIn(CFDictionaryRef dictionary, CFStringRef key)
     return static_cast<CFArrayRef>(value);
 }
 
-QStringList stringsIn(CFArrayRef array)
+QStringList stringsIn(CFArrayRef array, CFIndex count)
 {
     QStringList strings;
-    for (CFIndex index = 0; array != nullptr && index < CFArrayGetCount(array); ++index) {
+    for (CFIndex index = 0; array != nullptr && index < count; ++index) {
         const void* value = CFArrayGetValueAtIndex(array, index);
         if (CFGetTypeID(value) == CFStringGetTypeID())
             strings.append(toQString(static_cast<CFStringRef>(value)));

@@ -15,7 +15,7 @@ QString toQString(CFStringRef string);
 QByteArrayView bytesOf(CFDataRef data);
 /// The array under `key`; null when there is none.
 CFArrayRef arrayIn(CFDictionaryRef dictionary, CFStringRef key);
-/// The strings in `array`, in order, without what else there may be; empty for null.
-QStringList stringsIn(CFArrayRef array);
+/// The strings among the first `count` values of `array`, in order; empty for null. There must be so many.
+QStringList stringsIn(CFArrayRef array, CFIndex count);
 
 } // namespace zepa::freedesktop

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "icon_cache.h"
 
+#include "cf_values.h"
+
 #include <QBuffer>
 #include <QCryptographicHash>
 #include <QImage>
@@ -41,8 +43,10 @@ NotifyImage decode(QByteArray encoded)
     if (image.isNull())
         return {};
     const QSize shown = shownSize(image.size());
+    // A picture of two colours would be scaled to black and white.
     if (shown != image.size())
-        image = image.scaled(shown, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
+        image = image.convertToFormat(QImage::Format_ARGB32_Premultiplied)
+                    .scaled(shown, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
     return NotifyImage::fromImage(image);
 }
 
@@ -53,7 +57,24 @@ NotifyImage IconCache::icon(QByteArrayView encoded)
     if (encoded.isEmpty())
         return {};
     const QByteArray bytes = QByteArray::fromRawData(encoded.data(), encoded.size());
-    QByteArray key = keyOf(bytes);
+    return iconFor(keyOf(bytes), bytes);
+}
+
+NotifyImage IconCache::icon(CFDataRef encoded)
+{
+    const QByteArrayView view = bytesOf(encoded);
+    if (view.size() <= longestKey)
+        return icon(view);
+    const QByteArray bytes = QByteArray::fromRawData(view.data(), view.size());
+    if (const Digest* known = m_digests.object(encoded))
+        return iconFor(known->digest, bytes);
+    const QByteArray digest = keyOf(bytes);
+    m_digests.insert(encoded, std::make_unique<Digest>(encoded, digest).release(), bytes.size());
+    return iconFor(digest, bytes);
+}
+
+NotifyImage IconCache::iconFor(QByteArray key, const QByteArray& bytes)
+{
     if (const NotifyImage* known = m_icons.object(key))
         return *known;
     ++m_decodedCount;

@@ -3,6 +3,8 @@
 
 #include "notify_image.h"
 
+#include <CoreFoundation/CoreFoundation.h>
+
 #include <QByteArray>
 #include <QByteArrayView>
 #include <QCache>
@@ -23,17 +25,33 @@ public:
     /// An icon that declares more pixels than this is not decoded.
     static constexpr qint64 pixelLimit = qint64(4096) * 4096;
 
-    IconCache() : m_icons(byteLimit) {}
+    IconCache() : m_icons(byteLimit), m_digests(byteLimit) {}
 
     /// The icon in `encoded`, a picture file's bytes. Null for none, for broken data and for an icon that is too large.
     NotifyImage icon(QByteArrayView encoded);
+    /// The same. What was asked for before is found without a look at its bytes, which never change.
+    NotifyImage icon(CFDataRef encoded);
 
     /// For tests: how many pictures were decoded so far, and what is kept in bytes.
     int decodedCount() const { return m_decodedCount; }
     qsizetype byteCount() const { return m_icons.totalCost(); }
 
 private:
+    /// The digest of data that is held, so that no other data gets its address.
+    struct Digest
+    {
+        Digest(CFDataRef owner, const QByteArray& bytes) : data(owner), digest(bytes) { CFRetain(data); }
+        ~Digest() { CFRelease(data); }
+        Q_DISABLE_COPY_MOVE(Digest)
+
+        CFDataRef data;
+        QByteArray digest;
+    };
+
+    NotifyImage iconFor(QByteArray key, const QByteArray& encoded);
+
     QCache<QByteArray, NotifyImage> m_icons;
+    QCache<CFDataRef, Digest> m_digests; ///< of large files; what is held counts in bytes
     int m_decodedCount = 0;
 };
 

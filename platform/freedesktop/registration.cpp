@@ -17,6 +17,12 @@ QSet<QString> setOf(const QStringList& names)
     return {names.cbegin(), names.cend()};
 }
 
+/// The array of names under that key, null when there is none.
+CFArrayRef namesIn(CFDictionaryRef dictionary, CFStringRef key)
+{
+    return dictionary == nullptr ? nullptr : arrayIn(dictionary, key);
+}
+
 } // namespace
 
 Registration::~Registration()
@@ -37,25 +43,39 @@ void Registration::set(const Growl_Delegate* delegate)
         m_iconData = icon.toByteArray();
     m_clicked = record.growlNotificationWasClicked;
     m_timedOut = record.growlNotificationTimedOut;
-    readNames(record.registrationDictionary);
+    setNames(record.registrationDictionary);
 }
 
-void Registration::readNames(CFDictionaryRef dictionary)
+bool Registration::isEnabled(const QString& name) const
 {
-    const CFArrayRef all = dictionary == nullptr ? nullptr : arrayIn(dictionary, CFSTR("AllNotifications"));
-    const CFArrayRef enabled = dictionary == nullptr ? nullptr : arrayIn(dictionary, CFSTR("DefaultNotifications"));
-    const CFIndex nameCount = countOf(all) + countOf(enabled);
-    if (dictionary == m_dictionary && nameCount == m_nameCount)
+    if (!m_isRead)
+        readNames();
+    return m_enabled.contains(name);
+}
+
+void Registration::setNames(CFDictionaryRef dictionary)
+{
+    const CFIndex allCount = countOf(namesIn(dictionary, CFSTR("AllNotifications")));
+    const CFIndex defaultCount = countOf(namesIn(dictionary, CFSTR("DefaultNotifications")));
+    if (dictionary == m_dictionary && allCount == m_allCount && defaultCount == m_defaultCount)
         return;
     if (dictionary != nullptr)
         CFRetain(dictionary);
     if (m_dictionary != nullptr)
         CFRelease(m_dictionary);
     m_dictionary = dictionary;
-    m_nameCount = nameCount;
-    m_enabled = setOf(stringsIn(all));
-    if (enabled != nullptr)
-        m_enabled.intersect(setOf(stringsIn(enabled)));
+    m_allCount = allCount;
+    m_defaultCount = defaultCount;
+    m_isRead = false;
+}
+
+/// As many as there were when they were registered: an array may have grown since.
+void Registration::readNames() const
+{
+    m_enabled = setOf(stringsIn(namesIn(m_dictionary, CFSTR("AllNotifications")), m_allCount));
+    if (const CFArrayRef enabled = namesIn(m_dictionary, CFSTR("DefaultNotifications")))
+        m_enabled.intersect(setOf(stringsIn(enabled, m_defaultCount)));
+    m_isRead = true;
 }
 
 } // namespace zepa::freedesktop

@@ -19,20 +19,21 @@ public:
     ~Registration();
     Q_DISABLE_COPY_MOVE(Registration)
 
-    /// Reads the record; null withdraws. Cheap when names were read from this very dictionary before.
+    /// Reads the record; null withdraws.
     void set(const Growl_Delegate* delegate);
 
     bool isSet() const { return m_set; }
     /// Changes with each withdrawal: who registers afterwards is somebody else.
     int generation() const { return m_generation; }
-    bool isEnabled(const QString& name) const { return m_enabled.contains(name); }
+    bool isEnabled(const QString& name) const;
     QString applicationName() const { return m_applicationName; } ///< null when the record names none
     QByteArray iconData() const { return m_iconData; }            ///< null when the record has none
     CallBack clicked() const { return m_clicked; }                ///< null when nobody wants to know, as timedOut
     CallBack timedOut() const { return m_timedOut; }
 
 private:
-    void readNames(CFDictionaryRef dictionary);
+    void setNames(CFDictionaryRef dictionary);
+    void readNames() const;
 
     bool m_set = false;
     int m_generation = 0;
@@ -40,11 +41,14 @@ private:
     QByteArray m_iconData;
     CallBack m_clicked = nullptr;
     CallBack m_timedOut = nullptr;
-    QSet<QString> m_enabled;
+    // Read when somebody asks: an application registers all its names anew for each one that it adds.
+    mutable QSet<QString> m_enabled;
+    mutable bool m_isRead = true;
     // Held so that no other dictionary gets its address: the same address then means the same names, unless the
     // arrays grew, which is all that can happen to them.
     CFDictionaryRef m_dictionary = nullptr;
-    CFIndex m_nameCount = 0;
+    CFIndex m_allCount = 0;
+    CFIndex m_defaultCount = 0;
 };
 
 } // namespace zepa::freedesktop

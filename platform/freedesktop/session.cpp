@@ -96,7 +96,7 @@ void Session::post(const Growl_Notification& notification)
         return;
     // 2. Everything of the record that is needed becomes ours.
     Posting posting = postingOf(notification, name, m_registration.applicationName());
-    posting.icon = m_icons.icon(bytesOf(notification.iconData));
+    posting.icon = m_icons.icon(notification.iconData);
     if (posting.icon.isNull())
         posting.icon = m_icons.icon(m_registration.iconData());
     // 3. The book first: whatever becomes of the call, the answer is owed from here on.

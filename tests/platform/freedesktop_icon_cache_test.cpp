@@ -69,6 +69,15 @@ TEST(IconCache, ScalesToTheLongestSideAndKeepsTheAspect)
     EXPECT_EQ(cache.icon(plainPng(16, 16, 0xff0000ff)).width, 16);
 }
 
+TEST(IconCache, KeepsTheColourOfAPictureOfTwoColoursThatItScales)
+{
+    QImage image(300, 300, QImage::Format_Mono);
+    image.setColorTable({qRgb(0, 200, 0), qRgb(0, 0, 0)});
+    image.fill(0U);
+    const NotifyImage icon = IconCache().icon(png(image));
+    EXPECT_EQ(icon.pixels, QByteArray("\x00\xc8\x00\xff", 4).repeated(128 * 128));
+}
+
 TEST(IconCache, KeepsAHairlineVisible)
 {
     const NotifyImage icon = IconCache().icon(plainPng(1000, 1, 0xff00ff00));
@@ -130,6 +139,30 @@ TEST(IconCache, DecodesAFileOnceThatIsLargerThanTheCache)
     large[large.size() - 1] = static_cast<char>(large[large.size() - 1] ^ 1);
     cache.icon(large);
     EXPECT_EQ(cache.decodedCount(), 2);
+}
+
+TEST(IconCache, KnowsLargeDataAgainAndHoldsIt)
+{
+    QImage noise(128, 128, QImage::Format_ARGB32);
+    quint32 grain = 1;
+    for (int y = 0; y < noise.height(); ++y) {
+        for (int x = 0; x < noise.width(); ++x)
+            noise.setPixel(x, y, 0xff000000U | (grain = grain * 1664525U + 1013904223U));
+    }
+    const QByteArray bytes = png(noise);
+    ASSERT_GT(bytes.size(), IconCache::longestKey);
+    const CFDataRef data = CFDataCreate(nullptr, reinterpret_cast<const UInt8*>(bytes.constData()), bytes.size());
+    {
+        IconCache cache;
+        const NotifyImage icon = cache.icon(data);
+        EXPECT_EQ(icon.width, 128);
+        EXPECT_EQ(cache.icon(data), icon);
+        EXPECT_EQ(cache.icon(QByteArrayView(bytes)), icon);
+        EXPECT_EQ(cache.decodedCount(), 1);
+        EXPECT_EQ(CFGetRetainCount(data), 2) << "other data could get its address";
+    }
+    EXPECT_EQ(CFGetRetainCount(data), 1);
+    CFRelease(data);
 }
 
 TEST(IconCache, KeepsNothingThatPointsAtTheCallersBytes)
