@@ -45,6 +45,16 @@ TEST_F(Program, VersionIsOneLine)
     EXPECT_TRUE(outcome.out.startsWith(QStringLiteral("zepa ")));
 }
 
+TEST_F(Program, WithoutAVerbSaysThatItsWindowNeedsADisplay)
+{
+    for (const char* name : {"QT_QPA_PLATFORM", "DISPLAY", "WAYLAND_DISPLAY"})
+        environment.remove(QString::fromLatin1(name));
+    const Outcome outcome = runBare({QStringLiteral("--settings"), inFolder(QStringLiteral("mine"))});
+    EXPECT_EQ(outcome.code, 2);
+    EXPECT_TRUE(outcome.err.startsWith(QStringLiteral("zepa: no display"))) << outcome.err.toStdString();
+    EXPECT_FALSE(QFile::exists(inFolder(QStringLiteral("mine"))));
+}
+
 TEST_F(Program, WrongCommandLinesAreRefusedWithAReasonAndChangeNothing)
 {
     const QList<QStringList> wrong{
