@@ -529,10 +529,6 @@
         <translation>&amp;Filter:</translation>
     </message>
     <message>
-        <source>Verdict</source>
-        <translation>Ergebnis</translation>
-    </message>
-    <message>
         <source>All verdicts</source>
         <translation>Alle Ergebnisse</translation>
     </message>
@@ -552,6 +548,10 @@
         <source>%1: %2</source>
         <comment>event and verdict</comment>
         <translation>%1: %2</translation>
+    </message>
+    <message>
+        <source>Verdict that is shown</source>
+        <translation>Ergebnis, das gezeigt wird</translation>
     </message>
 </context>
 <context>
@@ -859,6 +859,10 @@ Von außen installiert. Kennung: %2</translation>
     <message>
         <source>&amp;Text:</source>
         <translation>&amp;Text:</translation>
+    </message>
+    <message>
+        <source>Event to simulate</source>
+        <translation>Ereignis, das simuliert wird</translation>
     </message>
 </context>
 <context>

@@ -529,10 +529,6 @@
         <translation>&amp;Filtro:</translation>
     </message>
     <message>
-        <source>Verdict</source>
-        <translation>Veredicto</translation>
-    </message>
-    <message>
         <source>All verdicts</source>
         <translation>Todos los veredictos</translation>
     </message>
@@ -552,6 +548,10 @@
         <source>%1: %2</source>
         <comment>event and verdict</comment>
         <translation>%1: %2</translation>
+    </message>
+    <message>
+        <source>Verdict that is shown</source>
+        <translation>Veredicto que se muestra</translation>
     </message>
 </context>
 <context>
@@ -859,6 +859,10 @@ Instalado desde fuera. Identificador: %2</translation>
     <message>
         <source>&amp;Text:</source>
         <translation>&amp;Texto:</translation>
+    </message>
+    <message>
+        <source>Event to simulate</source>
+        <translation>Suceso que simular</translation>
     </message>
 </context>
 <context>

@@ -529,10 +529,6 @@
         <translation>&amp;Filtre :</translation>
     </message>
     <message>
-        <source>Verdict</source>
-        <translation>Verdict</translation>
-    </message>
-    <message>
         <source>All verdicts</source>
         <translation>Tous les verdicts</translation>
     </message>
@@ -552,6 +548,10 @@
         <source>%1: %2</source>
         <comment>event and verdict</comment>
         <translation>%1 : %2</translation>
+    </message>
+    <message>
+        <source>Verdict that is shown</source>
+        <translation>Verdict affiché</translation>
     </message>
 </context>
 <context>
@@ -859,6 +859,10 @@ Installé de l’extérieur. Identifiant : %2</translation>
     <message>
         <source>&amp;Text:</source>
         <translation>&amp;Texte :</translation>
+    </message>
+    <message>
+        <source>Event to simulate</source>
+        <translation>Événement à simuler</translation>
     </message>
 </context>
 <context>

@@ -529,10 +529,6 @@
         <translation>&amp;Filtr:</translation>
     </message>
     <message>
-        <source>Verdict</source>
-        <translation>Wynik</translation>
-    </message>
-    <message>
         <source>All verdicts</source>
         <translation>Wszystkie wyniki</translation>
     </message>
@@ -552,6 +548,10 @@
         <source>%1: %2</source>
         <comment>event and verdict</comment>
         <translation>%1: %2</translation>
+    </message>
+    <message>
+        <source>Verdict that is shown</source>
+        <translation>Pokazywany wynik</translation>
     </message>
 </context>
 <context>
@@ -859,6 +859,10 @@ Zainstalowane z zewnątrz. Identyfikator: %2</translation>
     <message>
         <source>&amp;Text:</source>
         <translation>&amp;Tekst:</translation>
+    </message>
+    <message>
+        <source>Event to simulate</source>
+        <translation>Zdarzenie do symulacji</translation>
     </message>
 </context>
 <context>

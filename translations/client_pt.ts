@@ -529,10 +529,6 @@
         <translation>&amp;Filtro:</translation>
     </message>
     <message>
-        <source>Verdict</source>
-        <translation>Veredicto</translation>
-    </message>
-    <message>
         <source>All verdicts</source>
         <translation>Todos os veredictos</translation>
     </message>
@@ -552,6 +548,10 @@
         <source>%1: %2</source>
         <comment>event and verdict</comment>
         <translation>%1: %2</translation>
+    </message>
+    <message>
+        <source>Verdict that is shown</source>
+        <translation>Veredicto mostrado</translation>
     </message>
 </context>
 <context>
@@ -859,6 +859,10 @@ Instalado de fora. Identificador: %2</translation>
     <message>
         <source>&amp;Text:</source>
         <translation>&amp;Texto:</translation>
+    </message>
+    <message>
+        <source>Event to simulate</source>
+        <translation>Evento a simular</translation>
     </message>
 </context>
 <context>
