@@ -3,6 +3,10 @@
 
 #include "qt_printers.h"
 
+#include <QCoreApplication>
+#include <QFile>
+#include <QLibraryInfo>
+
 #include <gtest/gtest.h>
 
 namespace {
@@ -57,6 +61,19 @@ TEST(Languages, AreNoneWhereEnglishIsWanted)
 TEST(Languages, LeadNowhereElse)
 {
     EXPECT_EQ(languagesFor({"../../x:de", nullptr, nullptr, "fr_FR"}), words("de"));
+}
+
+TEST(Languages, AreSpokenByTheLibraryTheClientAndQt)
+{
+    languagesFor({"nl:pt", nullptr, nullptr, "de_DE.UTF-8"});
+    zepa::installTranslations(*QCoreApplication::instance());
+    EXPECT_EQ(QCoreApplication::translate("translation", "Message received", "notification event"),
+              QStringLiteral("Mensagem recebida"));
+    EXPECT_EQ(QCoreApplication::translate("zepa", "read out"), QStringLiteral("ler em voz alta"));
+    if (!QFile::exists(QLibraryInfo::path(QLibraryInfo::TranslationsPath) + QStringLiteral("/qtbase_pt_BR.qm")))
+        GTEST_SKIP() << "Qt's own translations are not installed";
+    // Qt has Portuguese as Brazil writes it.
+    EXPECT_EQ(QCoreApplication::translate("QPlatformTheme", "Cancel"), QStringLiteral("Cancelar"));
 }
 
 } // namespace
