@@ -62,6 +62,16 @@ TEST_F(Sound, PlaysAnAlertFromTheContactListAloneWhenTheUserChoseSoOrNothing)
     }
 }
 
+TEST_F(Sound, NeverPlaysAnAlertWhenTheStoredChoiceIsNoneOfTheThree)
+{
+    for (const QString& choice : {QStringLiteral("sometimes"), QStringLiteral(""), QStringLiteral("Always")}) {
+        host.alerts = choice;
+        EXPECT_EQ(playedForAlert({sender(ZepaBuddy::Contact)}), silence) << choice.toStdString();
+    }
+    host.alerts = QStringLiteral("always");
+    EXPECT_EQ(playedForAlert({sender(ZepaBuddy::Contact)}), sound);
+}
+
 TEST_F(Sound, TakesAnAlertWithoutASenderForOneFromOutsideTheContactList)
 {
     EXPECT_EQ(playedForAlert({}), silence);

@@ -33,7 +33,8 @@ ZepaField RecordingHost::readGlobalSetting(const ZepaField& field) const
     if (field.getId() == QStringLiteral("duplicated_notifications_time"))
         answer.setIntValue(repeatLimit);
     else if (field.getId() == QStringLiteral("alerts") && !alerts.isNull())
-        answer.setSelectedId(alerts);
+        answer = ZepaField::comboBox(field.getLabel(), field.getId(), field.getItemIds() << alerts,
+                                     field.getItemLabels() << alerts, alerts, field.getDescription());
     return answer;
 }
 

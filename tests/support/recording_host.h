@@ -74,7 +74,7 @@ public:
     QString soundThemeDir = QStringLiteral("/themes/a/");
 
     int repeatLimit = 5;
-    /// The stored choice for alerts; null when the user never chose.
+    /// The stored choice for alerts, which may be one that nobody offers; null when the user never chose.
     QString alerts;
     mutable QList<ZepaField> settingsRead;
     QStringList played;
