@@ -150,3 +150,27 @@ class AttentionOnWayland(AttentionTest):
 
     def test_windows_ask_for_attention(self):
         self.skipTest("Qt 6.4 has no attention state on Wayland; docks are told instead")
+
+
+class AttentionOfTheClient(DesktopTest):
+    """The program itself, from the posting to the window manager."""
+
+    options = {"service": "none"}
+
+    def test_a_message_that_opens_a_conversation_asks_with_the_chat_window_until_it_is_activated(self):
+        script = self.desktop.folder / "script.jsonl"
+        # On a slow machine the first comes before the other window is active, and asks for nothing.
+        script.write_text("".join(
+            f'{{"at": {at}, "type": "message_received_initial", "title": "{at}", "buddy": "Ann"}}\n'
+            for at in (3, 8, 15, 100)))
+        self.start_zepa("play", str(script), "--chats")
+        chat = screen.wait_until(lambda: screen.windows(self.desktop, "--name", "^Ann"), "the chat window")[0]
+        other = Probe(self, 1)
+        self.desktop.run("xdotool", "windowactivate", "--sync", other.windows[0])
+
+        def asks():
+            return ASKED in self.desktop.run("xprop", "-id", chat, "_NET_WM_STATE")
+
+        screen.wait_until(asks, "the chat window should ask for attention")
+        self.desktop.run("xdotool", "windowactivate", "--sync", chat)
+        screen.wait_until(lambda: not asks(), "the chat window should not ask any more")
