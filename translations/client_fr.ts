@@ -511,6 +511,18 @@
     </message>
 </context>
 <context>
+    <name>zepa::FieldEdit</name>
+    <message>
+        <source>%1 %2</source>
+        <comment>description, bounds</comment>
+        <translation>%1 %2</translation>
+    </message>
+    <message>
+        <source>From %1 to %2.</source>
+        <translation>De %1 à %2.</translation>
+    </message>
+</context>
+<context>
     <name>zepa::JournalView</name>
     <message>
         <source>Why did this not pop up?</source>
@@ -637,18 +649,6 @@
     <message>
         <source>Last change: %1</source>
         <translation>Dernière modification : %1</translation>
-    </message>
-</context>
-<context>
-    <name>zepa::NumberEdit</name>
-    <message>
-        <source>%1 %2</source>
-        <comment>description, bounds</comment>
-        <translation>%1 %2</translation>
-    </message>
-    <message>
-        <source>From %1 to %2.</source>
-        <translation>De %1 à %2.</translation>
     </message>
 </context>
 <context>

@@ -69,11 +69,12 @@ public:
         // A number is complete when the user leaves it or presses Enter: "30" is not "3" first.
         m_box->setKeyboardTracking(false);
         arrange(field, m_box);
-        const QString bounds =
-            tr("From %1 to %2.").arg(QString::number(field.getLowerBound()), QString::number(field.getUpperBound()));
-        const QString explained = field.getDescription().isEmpty()
-                                      ? bounds
-                                      : tr("%1 %2", "description, bounds").arg(field.getDescription(), bounds);
+        const QString bounds = FieldEdit::tr("From %1 to %2.")
+                                   .arg(QString::number(field.getLowerBound()), QString::number(field.getUpperBound()));
+        const QString explained =
+            field.getDescription().isEmpty()
+                ? bounds
+                : FieldEdit::tr("%1 %2", "description, bounds").arg(field.getDescription(), bounds);
         m_box->setAccessibleDescription(explained);
         m_box->setToolTip(explained);
         NumberEdit::setField(field);

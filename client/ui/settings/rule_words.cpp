@@ -10,16 +10,12 @@ namespace zepa {
 
 namespace {
 
-QString tr(const char* text)
-{
-    return QCoreApplication::translate("zepa", text);
-}
-
 QString valueText(const ZepaField& field)
 {
     switch (field.getType()) {
     case ZepaField::CheckBox:
-        return field.isChecked() ? tr("on") : tr("off");
+        return field.isChecked() ? QCoreApplication::translate("zepa", "on")
+                                 : QCoreApplication::translate("zepa", "off");
     case ZepaField::ComboBox:
         return field.getItemLabels().value(field.getItemIds().indexOf(field.getSelectedId()), field.getSelectedId());
     case ZepaField::SpinBox:
@@ -34,16 +30,17 @@ QString valueText(const ZepaField& field)
 QString ruleCountText(qsizetype count)
 {
     if (count == 0)
-        return tr("no rule");
-    return count == 1 ? tr("one rule") : tr("%1 rules").arg(count);
+        return QCoreApplication::translate("zepa", "no rule");
+    return count == 1 ? QCoreApplication::translate("zepa", "one rule")
+                      : QCoreApplication::translate("zepa", "%1 rules").arg(count);
 }
 
 QString settingsText(const RuleState& rule)
 {
     QStringList texts;
     for (const ZepaField& field : rule.fields)
-        texts.append(tr("%1: %2").arg(fieldLabel(field), valueText(field)));
-    return texts.join(tr(", "));
+        texts.append(QCoreApplication::translate("zepa", "%1: %2").arg(fieldLabel(field), valueText(field)));
+    return texts.join(QCoreApplication::translate("zepa", ", "));
 }
 
 } // namespace zepa

@@ -15,21 +15,17 @@ namespace zepa {
 
 namespace {
 
-QString tr(const char* text)
-{
-    return QCoreApplication::translate("zepa", text);
-}
-
 Posting sampleOf(Client& client, const ZepaNotification& type, int number)
 {
     Posting posting;
     posting.type = type.getId();
-    posting.title = tr("%1 (sample %2)").arg(type.getName(), QString::number(number));
-    posting.text = tr("Ann: Shall we have lunch at noon?");
+    posting.title = QCoreApplication::translate("zepa", "%1 (sample %2)").arg(type.getName(), QString::number(number));
+    posting.text = QCoreApplication::translate("zepa", "Ann: Shall we have lunch at noon?");
     const QString picture = client.settings().getCurrentThemeDir() + QStringLiteral("icons/%1.png").arg(type.getId());
     if (QFile::exists(picture))
         posting.icon = picture;
-    posting.buddy = ZepaBuddy(tr("Ann"), tr("Ann"), ZepaBuddy::Contact);
+    posting.buddy = ZepaBuddy(QCoreApplication::translate("zepa", "Ann"), QCoreApplication::translate("zepa", "Ann"),
+                              ZepaBuddy::Contact);
     return posting;
 }
 
@@ -38,15 +34,15 @@ QStringList obstacles(const Report& report)
 {
     QStringList sentences;
     if (report.popup == PopupState::NoBus || report.popup == PopupState::NoService)
-        sentences.append(tr("No notification service is there to show the pop-up."));
+        sentences.append(QCoreApplication::translate("zepa", "No notification service is there to show the pop-up."));
     if (report.popup == PopupState::NotRegistered)
-        sentences.append(tr("The notification service does not know this event yet."));
+        sentences.append(QCoreApplication::translate("zepa", "The notification service does not know this event yet."));
     if (report.sound == SoundState::MutedForAll || report.sound == SoundState::MutedForStrangers)
-        sentences.append(tr("The setting for alert sounds keeps it silent."));
+        sentences.append(QCoreApplication::translate("zepa", "The setting for alert sounds keeps it silent."));
     if (report.sound == SoundState::NoFile)
-        sentences.append(tr("The sound file is not there."));
+        sentences.append(QCoreApplication::translate("zepa", "The sound file is not there."));
     if (report.chat == ChatState::NoWindow)
-        sentences.append(tr("No chat with Ann is open to write a line in."));
+        sentences.append(QCoreApplication::translate("zepa", "No chat with Ann is open to write a line in."));
     return sentences;
 }
 
@@ -59,10 +55,10 @@ QString postSample(Client& client, const ZepaNotification& type)
     switch (report.fate) {
     case Fate::NoRule:
     case Fate::UnknownType:
-        return tr("Sample %1: there is no rule for “%2”, so nothing happens.")
+        return QCoreApplication::translate("zepa", "Sample %1: there is no rule for “%2”, so nothing happens.")
             .arg(QString::number(number), type.getName());
     case Fate::Repeat:
-        return tr("Sample %1 was dropped as a repeat.").arg(number);
+        return QCoreApplication::translate("zepa", "Sample %1 was dropped as a repeat.").arg(number);
     case Fate::Delivered:
         break;
     }
@@ -73,7 +69,8 @@ QString postSample(Client& client, const ZepaNotification& type)
         const ZepaNotificationMethod* method = client.module().getMethods().value(id);
         titles.append(method ? methodTitle(*method) : id);
     }
-    QStringList sentences{tr("Sample %1 went to: %2.").arg(QString::number(number), titles.join(tr(", ")))};
+    QStringList sentences{QCoreApplication::translate("zepa", "Sample %1 went to: %2.")
+                              .arg(QString::number(number), titles.join(QCoreApplication::translate("zepa", ", ")))};
     sentences += obstacles(report);
     return sentences.join(u' ');
 }
