@@ -60,6 +60,17 @@ def _check_debug(options, results):
         _announce("clang-tidy")
         rooms = tidy.ROOMS if options.tidy else tidy.PRODUCT
         results.add(f"tidy: clang-tidy finds nothing in {', '.join(rooms)}", tidy.problems(build, rooms))
+    if options.all:
+        _check_budgets(results)
+
+
+def _check_budgets(results):
+    """Counts instructions, which watch speed on any machine: times on a shared one are no test."""
+    _announce("instruction budgets")
+    ran = subprocess.run(["/usr/bin/python3", "-B", str(ROOT / "tools/benching/budgets.py")], cwd=ROOT,
+                         stdin=subprocess.DEVNULL, stdout=subprocess.PIPE, stderr=subprocess.STDOUT, text=True)
+    problems = [] if ran.returncode == 0 else ran.stdout.splitlines()
+    results.add("budget: no watched case takes over 5 % more instructions than its budget", problems)
 
 
 def _run_tests(preset, prefix, selection, results):
