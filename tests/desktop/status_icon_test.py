@@ -2,6 +2,7 @@
 """The icon in the status area: seen on the screen, for both kinds of hosts, and read from the session bus."""
 
 import subprocess
+import threading
 
 import gi
 import numpy
@@ -15,6 +16,12 @@ ICONS = ROOT / "client" / "themes" / "roster" / "default" / "icons"
 # Each picture once; those with a size in their name are the same again.
 PICTURES = [path for path in sorted(ICONS.glob("*.png")) if "-" not in path.stem]
 ITEM = "org.kde.StatusNotifierItem"
+WATCHER_XML = """<node><interface name="org.kde.StatusNotifierWatcher">
+  <method name="RegisterStatusNotifierItem"><arg type="s" direction="in"/></method>
+  <property name="IsStatusNotifierHostRegistered" type="b" access="read"/>
+  <property name="RegisteredStatusNotifierItems" type="as" access="read"/>
+  <property name="ProtocolVersion" type="i" access="read"/>
+</interface></node>"""
 WATCHER = ("org.kde.StatusNotifierWatcher", "/StatusNotifierWatcher", "org.kde.StatusNotifierWatcher")
 
 
@@ -153,8 +160,8 @@ class IconOfAWindowInTrayer(IconOfAWindow, DesktopTest):
         screen.click(self.desktop, menu.at(0.5, {"Show": 0.25, "Quit": 0.75}[name]))
 
 
-class PanelTest(DesktopTest):
-    """Has no test itself: a host for icons that are objects on the session bus, and a way to read these."""
+class BusTest(DesktopTest):
+    """Has no test itself: reads icons that are objects on the session bus, and chooses from their menus."""
 
     def setUp(self):
         super().setUp()
@@ -178,13 +185,6 @@ class PanelTest(DesktopTest):
         name, _, path = items[0].partition("/")
         return name, f"/{path}" if path else "/StatusNotifierItem"
 
-
-class IconOfAWindowInPanel(IconOfAWindow, PanelTest):
-    options = {"service": "none", "tray": "lxqt-panel"}
-
-    def click_icon(self):
-        self.call(*self.item(), ITEM, "Activate", GLib.Variant("(ii)", (0, 0)))
-
     def choose(self, name):
         owner, path = self.item()
         menu = (owner, self.read(owner, path, ITEM, "Menu"), "com.canonical.dbusmenu")
@@ -194,12 +194,15 @@ class IconOfAWindowInPanel(IconOfAWindow, PanelTest):
         self.call(*menu, "Event", GLib.Variant("(isvu)", (labels[name], "clicked", GLib.Variant("s", ""), 0)))
 
 
-class StatusIconInPanel(StatusIcon, PanelTest):
-    """StatusNotifierItem: the panel draws the icon."""
+class IconOfAWindowInPanel(IconOfAWindow, BusTest):
+    options = {"service": "none", "tray": "lxqt-panel"}
 
-    options = {"service": "dunst", "tray": "lxqt-panel", "popup_seconds": 120}
-    # Without the clock in the corner.
-    area = screen.Box(1000, 766, 247, 34)
+    def click_icon(self):
+        self.call(*self.item(), ITEM, "Activate", GLib.Variant("(ii)", (0, 0)))
+
+
+class ItemOnTheBus:
+    """The test of X11 and Wayland; a class below names the desktop."""
 
     def test_the_item_on_the_bus_has_the_theme_s_picture_and_a_menu(self):
         self.start()
@@ -217,3 +220,53 @@ class StatusIconInPanel(StatusIcon, PanelTest):
         likenesses = {path.stem: likeness(shown, grey(path, width, height, *flat)) for path in PICTURES}
         self.assertGreater(likenesses["unavail"], 0.95, likenesses)
         self.assertEqual(max(likenesses, key=likenesses.get), "unavail", likenesses)
+
+
+class StatusIconInPanel(StatusIcon, ItemOnTheBus, BusTest):
+    """StatusNotifierItem: the panel draws the icon."""
+
+    options = {"service": "dunst", "tray": "lxqt-panel", "popup_seconds": 120}
+    # Without the clock in the corner.
+    area = screen.Box(1000, 766, 247, 34)
+
+
+class StatusIconOnWayland(ItemOnTheBus, BusTest):
+    """Debian has no panel for sway that shows icons, so the test is the host that they look for."""
+
+    options = {"service": "none", "wayland": True}
+
+    def setUp(self):
+        super().setUp()
+        self.items = []
+        self.bus.register_object(WATCHER[1], Gio.DBusNodeInfo.new_for_xml(WATCHER_XML).interfaces[0], self.register,
+                                 lambda *asked: self.properties()[asked[-1]], None)
+        # Icons wait for the host's answers at times when the test is waiting for theirs.
+        loop = GLib.MainLoop()
+        answering = threading.Thread(target=loop.run)
+        answering.start()
+        self.addCleanup(answering.join)
+        self.addCleanup(loop.quit)
+        self.call("org.freedesktop.DBus", "/org/freedesktop/DBus", "org.freedesktop.DBus", "RequestName",
+                  GLib.Variant("(su)", (WATCHER[0], 0)))
+
+    def properties(self):
+        return {"IsStatusNotifierHostRegistered": GLib.Variant("b", True),
+                "RegisteredStatusNotifierItems": GLib.Variant("as", self.items),
+                "ProtocolVersion": GLib.Variant("i", 0)}
+
+    def register(self, _, sender, *call):
+        arguments, invocation = call[-2:]
+        self.items.append(arguments.unpack()[0])
+        invocation.return_value(None)
+
+    def start(self):
+        return self.start_zepa()
+
+    def item(self):
+        name = screen.wait_until(lambda: self.items, "an item")[0]
+        return name, "/StatusNotifierItem"
+
+    def test_quit_in_the_menu_ends_the_client(self):
+        client = self.start()
+        self.choose("Quit")
+        client.finish(0)
