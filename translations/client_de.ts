@@ -210,7 +210,7 @@
     </message>
     <message>
         <source>About</source>
-        <translation>Über</translation>
+        <translation>Person</translation>
     </message>
     <message>
         <source>Methods called</source>

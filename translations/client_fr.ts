@@ -210,7 +210,7 @@
     </message>
     <message>
         <source>About</source>
-        <translation>À propos de</translation>
+        <translation>Personne</translation>
     </message>
     <message>
         <source>Methods called</source>

@@ -210,7 +210,7 @@
     </message>
     <message>
         <source>About</source>
-        <translation>Dotyczy</translation>
+        <translation>Osoba</translation>
     </message>
     <message>
         <source>Methods called</source>

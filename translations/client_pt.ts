@@ -210,7 +210,7 @@
     </message>
     <message>
         <source>About</source>
-        <translation>Sobre</translation>
+        <translation>Pessoa</translation>
     </message>
     <message>
         <source>Methods called</source>

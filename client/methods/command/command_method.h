@@ -24,7 +24,7 @@ class CommandMethod final : public ZepaNotificationMethod
 {
 public:
     /// A longer text of an event is cut there, in UTF-16 units: the system takes no arguments of any length.
-    static constexpr qsizetype longestText = 16 * 1024;
+    static constexpr qsizetype longestText = qsizetype{16} * 1024;
 
     CommandMethod();
 

@@ -6,6 +6,7 @@
 #include <QProcessEnvironment>
 #include <QSocketNotifier>
 
+#include <algorithm>
 #include <cerrno>
 #include <csignal>
 #include <cstring>
@@ -36,12 +37,19 @@ public:
     Q_DISABLE_COPY_MOVE(Child)
 
     QSocketNotifier& end() { return m_end; }
-    void bury() const { ::waitpid(m_process, nullptr, WNOHANG); }
+    void bury()
+    {
+        ::waitpid(m_process, nullptr, WNOHANG);
+        m_end.setEnabled(false);
+        m_hasEnded = true;
+    }
+    bool hasEnded() const { return m_hasEnded; }
 
 private:
     const pid_t m_process;
     const int m_descriptor;
     QSocketNotifier m_end;
+    bool m_hasEnded = false;
 };
 
 namespace {
@@ -123,9 +131,17 @@ QString reason(int error)
 CommandRunner::CommandRunner() = default;
 CommandRunner::~CommandRunner() = default;
 
+std::size_t CommandRunner::running() const
+{
+    return static_cast<std::size_t>(
+        std::count_if(m_children.cbegin(), m_children.cend(), [](const auto& child) { return !child->hasEnded(); }));
+}
+
 QString CommandRunner::start(const QStringList& words, const QHash<QString, QString>& environment)
 {
-    if (m_running.size() >= mostAtOnce)
+    // Not when it ended: its notifier was telling us just then.
+    std::erase_if(m_children, [](const auto& child) { return child->hasEnded(); });
+    if (m_children.size() >= mostAtOnce)
         return QStringLiteral("%1 commands run already").arg(mostAtOnce);
     const PointerList arguments(words);
     const PointerList variables(environmentWith(environment));
@@ -138,16 +154,8 @@ QString CommandRunner::start(const QStringList& words, const QHash<QString, QStr
     const int descriptor = ::pidfd_open(process, 0);
     if (descriptor < 0)
         return QStringLiteral("runs, but its end cannot be seen: ") + reason(errno);
-    Child& child = *m_running.emplace_back(std::make_unique<Child>(process, descriptor));
-    QObject::connect(&child.end(), &QSocketNotifier::activated, &child.end(), [this, &child] {
-        child.bury();
-        child.end().setEnabled(false);
-        // Later: the notifier that tells us is the child's own.
-        QMetaObject::invokeMethod(
-            &child.end(),
-            [this, &child] { std::erase_if(m_running, [&child](const auto& one) { return one.get() == &child; }); },
-            Qt::QueuedConnection);
-    });
+    Child& child = *m_children.emplace_back(std::make_unique<Child>(process, descriptor));
+    QObject::connect(&child.end(), &QSocketNotifier::activated, &child.end(), [&child] { child.bury(); });
     return {};
 }
 

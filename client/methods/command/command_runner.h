@@ -28,11 +28,12 @@ public:
     /// has a part in it, not even for a script without a first line. Empty when it runs, else why it does not.
     QString start(const QStringList& words, const QHash<QString, QString>& environment);
 
-    std::size_t running() const { return m_running.size(); }
+    /// How many of them run.
+    std::size_t running() const;
 
 private:
     class Child;
-    std::vector<std::unique_ptr<Child>> m_running;
+    std::vector<std::unique_ptr<Child>> m_children;
 };
 
 } // namespace zepa
