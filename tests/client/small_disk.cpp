@@ -56,7 +56,9 @@ void SmallDisk::fill() const
     QFile filler(m_folder + QStringLiteral("/filler"));
     if (!filler.open(QIODevice::Append | QIODevice::Unbuffered))
         return;
-    const QByteArray byte(1, 'x');
-    while (filler.write(byte) == 1) {
+    for (const qsizetype size : {4096, 1}) {
+        const QByteArray bytes(size, 'x');
+        while (filler.write(bytes) == size) {
+        }
     }
 }

@@ -68,7 +68,7 @@ public:
         const QString type = m_types[below(m_types.size())];
         RuleList rules = rulesOf(m_module, type);
         const auto dice = below(10);
-        if (dice == 0)
+        if (dice == 0 && (!m_plan.fewTypes || below(10) == 0))
             return replaceAll(type);
         if (dice < 4 && rules.size() < m_plan.mostRules)
             return add(type, rules);
@@ -151,7 +151,9 @@ private:
             return false;
         case SafeChange::Refused:
             say("refused", type, texts);
-            return false;
+            // Somebody may make room.
+            usleep(1000);
+            return true;
         }
         return false;
     }

@@ -19,5 +19,6 @@ struct EditorPlan
 };
 
 /// Starts as the client does, reports what rules it finds, and then changes rules without a pause through the module's
-/// operations, one after the other, until it is killed; or until the disk takes nothing more.
+/// operations, one after the other, until it is killed; or until the disk did not take a
+/// change that was made.
 void runEditor(const EditorPlan& plan);

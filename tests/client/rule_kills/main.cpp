@@ -16,6 +16,7 @@
 #include <QFile>
 #include <QTemporaryDir>
 
+#include <algorithm>
 #include <cerrno>
 #include <csignal>
 #include <cstdio>
@@ -30,6 +31,8 @@
 namespace {
 
 constexpr int skipped = 77;
+/// Microseconds.
+constexpr int slice = 2000;
 
 class Killer
 {
@@ -51,10 +54,12 @@ public:
 
     bool fewTypes = false;
     int mostRules = 6;
+    /// Called every now and then while an editor works; may be empty.
+    std::function<void()> meanwhile;
 
 private:
     void begin(bool editsNothing, const QString& folder);
-    void readFor(Ledger& ledger, qint64 microseconds, const std::function<bool()>& enough);
+    bool readFor(Ledger& ledger, qint64 microseconds, const std::function<bool()>& enough);
     void end(Ledger& ledger, bool kills);
     void countBroken();
 
@@ -90,25 +95,26 @@ void Killer::begin(bool editsNothing, const QString& folder)
     m_report = ends[0];
 }
 
-/// Reads the report until the time is over, there is enough, or the editor ended.
-void Killer::readFor(Ledger& ledger, qint64 microseconds, const std::function<bool()>& enough)
+/// Reads the report until the time is over, there is enough, or the editor ended; false for the last.
+bool Killer::readFor(Ledger& ledger, qint64 microseconds, const std::function<bool()>& enough)
 {
     QElapsedTimer clock;
     clock.start();
     while (!enough()) {
         const qint64 left = microseconds * 1000 - clock.nsecsElapsed();
         if (left <= 0)
-            return;
+            return true;
         const timespec limit{left / 1'000'000'000, left % 1'000'000'000};
         pollfd report{m_report, POLLIN, 0};
         if (ppoll(&report, 1, &limit, nullptr) <= 0)
-            return;
+            return true;
         char block[65536];
         const ssize_t count = read(m_report, block, sizeof block);
         if (count <= 0)
-            return;
+            return false;
         ledger.read(QByteArray(block, count));
     }
+    return true;
 }
 
 void Killer::end(Ledger& ledger, bool isKill)
@@ -131,7 +137,12 @@ void Killer::killOne(Ledger& ledger, From from, int limit)
     begin(false, m_folder);
     if (from == From::Ready)
         readFor(ledger, 60'000'000, [&ledger] { return ledger.isReady(); });
-    readFor(ledger, std::uniform_int_distribution<int>(0, limit)(m_random), [] { return false; });
+    for (int left = std::uniform_int_distribution<int>(0, limit)(m_random); left > 0; left -= slice) {
+        if (!readFor(ledger, std::min(left, slice), [] { return false; }))
+            break;
+        if (meanwhile)
+            meanwhile();
+    }
     end(ledger, true);
     countBroken();
 }
@@ -205,13 +216,17 @@ int fillSmallDisk(Killer& killer, const SmallDisk& disk, const QString& folder, 
     killer.fewTypes = true;
     // As many as it takes to fill the disk.
     killer.mostRules = 1000;
+    // Somebody else uses the disk, too.
+    std::mt19937 random(static_cast<unsigned int>(count));
+    killer.meanwhile = [&] {
+        const auto dice = random() % 8;
+        if (dice == 0)
+            QFile::remove(folder + QStringLiteral("/filler"));
+        else if (dice < 4)
+            disk.fill();
+    };
     Ledger ledger;
     for (int i = 0; i < count; ++i) {
-        // Room comes and goes.
-        if (i % 5 == 4)
-            QFile::remove(folder + QStringLiteral("/filler"));
-        else if (i % 5 == 2)
-            disk.fill();
         killer.killOne(ledger, Killer::From::Ready, i % 2 == 0 ? 400'000 : 30'000);
     }
     killer.look(ledger);
