@@ -70,7 +70,7 @@ QImage readPicture(const QString& file, const QSize& most)
     if (size.isEmpty() || qint64(size.width()) * size.height() > mostPicturePixels)
         return {};
     // A picture of two colours would be scaled to black and white.
-    const QImage picture = reader.read().convertToFormat(QImage::Format_ARGB32_Premultiplied);
+    QImage picture = reader.read().convertToFormat(QImage::Format_ARGB32_Premultiplied);
     if (picture.isNull() || (picture.width() <= most.width() && picture.height() <= most.height()))
         return picture;
     const QSize fitting = picture.size().scaled(most, Qt::KeepAspectRatio).expandedTo(QSize(1, 1));
