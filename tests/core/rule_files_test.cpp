@@ -5,6 +5,12 @@
 
 #include <QFile>
 
+#include <sys/inotify.h>
+#include <unistd.h>
+
+#include <array>
+#include <cstring>
+
 namespace {
 
 const QString event = QStringLiteral("message_received");
@@ -34,6 +40,21 @@ protected:
         return element(QStringLiteral("probe"), {ProbeMethod::text(setting, value)});
     }
     qsizetype ruleCount(const QString& id = event) { return module().getRules(type(id)).size(); }
+
+    /// How often a watched file was opened, written and closed since the last call.
+    static int endedWrites(int watch)
+    {
+        alignas(inotify_event) std::array<char, 4096> bytes = {};
+        const ssize_t count = read(watch, bytes.data(), bytes.size());
+        int ended = 0;
+        for (ssize_t at = 0; at < count;) {
+            inotify_event news = {};
+            std::memcpy(&news, bytes.data() + at, sizeof news);
+            ended += (news.mask & IN_CLOSE_WRITE) != 0 ? 1 : 0;
+            at += static_cast<ssize_t>(sizeof news + news.len);
+        }
+        return ended;
+    }
 
     ProbeMethod probe;
     ProbeMethod second{QStringLiteral("second")};
@@ -206,27 +227,17 @@ TEST_F(RuleFiles, OfTypesWithRulesAloneAreWrittenForNull)
 
 TEST_F(RuleFiles, AreWrittenOnceForEachRuleOfATypeForNull)
 {
-    // What a method is asked for its identifier is what an element needs: one for each rule, each time it is written.
-    class Counting : public ProbeMethod
-    {
-    public:
-        QString getId() const override
-        {
-            ++asked;
-            return ProbeMethod::getId();
-        }
-        mutable int asked = 0;
-    };
-    Counting counting;
     registerType(other);
     for (int i = 0; i < 3; ++i)
-        addRule(other, counting);
-    counting.asked = 0;
+        addRule(other, probe);
+    const int watch = inotify_init1(IN_CLOEXEC | IN_NONBLOCK);
+    const QByteArray file = QFile::encodeName(host.settings.path() + QStringLiteral("/notifications/") + other);
+    ASSERT_GE(inotify_add_watch(watch, file.constData(), IN_OPEN | IN_CLOSE_WRITE), 0);
     module().storeNotificationRules(type(other));
-    EXPECT_EQ(counting.asked, 3);
-    counting.asked = 0;
+    EXPECT_EQ(endedWrites(watch), 1);
     module().storeNotificationRules(nullptr);
-    EXPECT_EQ(counting.asked, 9);
+    EXPECT_EQ(endedWrites(watch), 3);
+    close(watch);
 }
 
 TEST_F(RuleFiles, HoldAnEmptyRulesElementAfterTheLastRuleIsRemovedAndKeepDefaultsAway)
