@@ -56,7 +56,7 @@ bool isBuiltIn(const QString& methodId)
 QString methodPicture(const ZepaNotificationMethod& method)
 {
     const auto* const title = find(method.getId());
-    const QString own = method.getActionIcon();
+    QString own = method.getActionIcon();
     if (!own.isEmpty() || title == builtIn.cend())
         return own;
     return ZepaSettingsManager::getInstance()->getCurrentThemeDir() + QString::fromUtf16(title->picture);

@@ -323,9 +323,9 @@ void RuleEditor::remember()
 /// Whether the rules are others than when they were last looked at.
 bool RuleEditor::rememberType(const QString& type)
 {
-    QList<RuleState> now = rulesOf(module(), type);
+    const QList<RuleState> now = rulesOf(module(), type);
     const bool differs = m_rules.value(type) != now;
-    m_rules.insert(type, std::move(now));
+    m_rules.insert(type, now);
     return differs;
 }
 
