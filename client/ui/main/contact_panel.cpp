@@ -21,6 +21,7 @@ ContactPanel::ContactPanel(Client& client, QWidget* parent)
     m_list->setIconSize({22, 22});
     m_list->setUniformItemSizes(true);
     m_list->setAccessibleName(tr("Contacts"));
+    setFocusProxy(m_list);
     m_list->setContextMenuPolicy(Qt::CustomContextMenu);
     auto* heading = new QLabel(tr("C&ontacts"), this);
     heading->setBuddy(m_list);

@@ -21,29 +21,13 @@
 
 namespace zepa {
 
-MainWindow::MainWindow(Client& client)
-    : m_client(client)
-    , m_place(client.settings(), QStringLiteral("main_window"))
-    , m_splitter(new QSplitter(this))
-    , m_notice(new NoticeBar(this))
-    , m_contacts(new ContactPanel(client, m_splitter))
-    , m_journal(new JournalView(client.journal(), m_splitter))
+MainWindow::MainWindow(Client& client) : m_client(client), m_place(client.settings(), QStringLiteral("main_window"))
 {
     setWindowTitle(QStringLiteral("Zepa"));
-    auto* middle = new QWidget(this);
-    auto* column = new QVBoxLayout(middle);
-    column->addWidget(m_notice);
-    column->addWidget(m_splitter, 1);
-    setCentralWidget(middle);
-    fillMenus();
-    takeItsPlace();
-
-    // What the user writes in a chat is an event, too; the chat window shows it already.
-    connect(&ChatManager::instance(), &ChatManager::messageEntered, this,
-            [this](const ZepaBuddy& buddy, const QString& text) {
-                m_client.start();
-                announce(m_client, {QStringLiteral("message_sent"), buddy.getName(), text, {}, buddy, {}});
-            });
+    // Not in letters: to look for a font takes as long as everything else here together.
+    constexpr QSize usual(1000, 640);
+    resize(usual.boundedTo(screen()->availableSize()));
+    m_place.restore(*this);
 }
 
 MainWindow::~MainWindow()
@@ -74,13 +58,16 @@ void MainWindow::openNotificationSettings()
 
 void MainWindow::tell(const QString& text)
 {
+    fill();
     m_notice->tell(text);
 }
 
 bool MainWindow::event(QEvent* event)
 {
     const bool done = QMainWindow::event(event);
-    if (event->type() == QEvent::Paint && !m_wasPainted) {
+    if (event->type() == QEvent::Show && !m_splitter)
+        QTimer::singleShot(0, this, &MainWindow::fill);
+    if (event->type() == QEvent::Paint && m_splitter && !m_wasPainted) {
         m_wasPainted = true;
         QTimer::singleShot(0, this, &MainWindow::startClient);
     }
@@ -97,6 +84,44 @@ void MainWindow::closeEvent(QCloseEvent* event)
     }
     event->accept();
     QCoreApplication::quit();
+}
+
+/// The window is on its way to the screen by now; the window manager and the server have their part of the work to do
+/// meanwhile, and ask for a picture afterwards.
+void MainWindow::fill()
+{
+    if (m_splitter)
+        return;
+    auto* middle = new QWidget(this);
+    m_notice = new NoticeBar(middle);
+    m_splitter = new QSplitter(middle);
+    m_contacts = new ContactPanel(m_client, m_splitter);
+    m_journal = new JournalView(m_client.journal(), m_splitter);
+    auto* column = new QVBoxLayout(middle);
+    column->addWidget(m_notice);
+    column->addWidget(m_splitter, 1);
+    setCentralWidget(middle);
+    fillMenus();
+
+    m_splitter->setObjectName(QStringLiteral("columns"));
+    m_splitter->setChildrenCollapsible(false);
+    m_splitter->setSizes({width() * 3 / 10, width() * 7 / 10});
+    m_splitter->setStretchFactor(1, 1);
+    m_journal->splitter().setObjectName(QStringLiteral("journal"));
+    m_place.restore(*m_splitter);
+    m_place.restore(m_journal->splitter());
+
+    // What the user writes in a chat is an event, too; the chat window shows it already.
+    connect(&ChatManager::instance(), &ChatManager::messageEntered, this,
+            [this](const ZepaBuddy& buddy, const QString& text) {
+                m_client.start();
+                announce(m_client, {QStringLiteral("message_sent"), buddy.getName(), text, {}, buddy, {}});
+            });
+    // The window may be active already: what is not shown yet would not get the keyboard.
+    middle->show();
+    m_contacts->setFocus();
+    // A picture in any case, also where there was one without all this.
+    update();
 }
 
 void MainWindow::fillMenus()
@@ -122,25 +147,10 @@ void MainWindow::fillMenus()
     journal->addAction(tr("C&lear"), &m_client.journal(), &Journal::clear);
 }
 
-void MainWindow::takeItsPlace()
-{
-    const QFontMetrics letters = fontMetrics();
-    const QSize wished(letters.averageCharWidth() * 165, letters.height() * 38);
-    resize(wished.boundedTo(screen()->availableSize()));
-    m_splitter->setObjectName(QStringLiteral("columns"));
-    m_splitter->setChildrenCollapsible(false);
-    m_splitter->setSizes({width() * 3 / 10, width() * 7 / 10});
-    m_splitter->setStretchFactor(1, 1);
-    m_journal->splitter().setObjectName(QStringLiteral("journal"));
-
-    m_place.restore(*this);
-    m_place.restore(*m_splitter);
-    m_place.restore(m_journal->splitter());
-}
-
 void MainWindow::keepPlace()
 {
-    m_place.keep(*this, {m_splitter, &m_journal->splitter()});
+    if (m_splitter)
+        m_place.keep(*this, {m_splitter, &m_journal->splitter()});
 }
 
 void MainWindow::startClient()

@@ -18,8 +18,9 @@ class NotificationSettings;
 /// The window that the program opens without a verb: contacts, a simulator of events, and the journal of what became
 /// of them.
 ///
-/// It is shown with the settings alone, and starts the client once it stands on the screen. Closing hides it where
-/// there is a status area, from whose icon it comes back, and ends the program elsewhere.
+/// It needs the settings alone to be shown: it is filled on its way to the screen, and starts the client after its
+/// first picture. Closing hides it where there is a status area, from whose icon it comes back, and ends the program
+/// elsewhere.
 class MainWindow final : public QMainWindow
 {
     Q_OBJECT
@@ -43,17 +44,18 @@ protected:
     void closeEvent(QCloseEvent* event) override;
 
 private:
+    void fill();
     void fillMenus();
-    void takeItsPlace();
     void keepPlace();
     void startClient();
 
     Client& m_client;
     const WindowPlace m_place;
-    QSplitter* m_splitter;
-    NoticeBar* m_notice;
-    ContactPanel* m_contacts;
-    JournalView* m_journal;
+    /// Null until it is filled.
+    QSplitter* m_splitter = nullptr;
+    NoticeBar* m_notice = nullptr;
+    ContactPanel* m_contacts = nullptr;
+    JournalView* m_journal = nullptr;
     NotificationSettings* m_notificationSettings = nullptr;
     bool m_wasPainted = false;
 };
