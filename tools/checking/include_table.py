@@ -19,8 +19,8 @@ MAY_CREATE_METHODS = {"core/notification_module.cpp"}
 _INCLUDE = re.compile(r'^\s*#\s*(?:include|import)\s*([<"])([^>"]+)[>"]', re.MULTILINE)
 _SYSTEM = re.compile(r"^(Growl|CoreFoundation|zepa_platform|objc)/")
 _QTDBUS = re.compile(r"^(QtDBus/.*|QDBus\w+|qdbus\w+\.h)$")
-_QT = re.compile(r"^(Qt\w*/.*|Q[A-Z]\w+|Qt|q[a-z]\w+\.h)$")
-_LANGUAGE = re.compile(r"^([a-z_]+|(assert|errno|fcntl|signal|stdint|stddef|stdio|stdlib|string|time|unistd|dlfcn)\.h"
+_QT = re.compile(r"^(Qt\w*/.*|Qt?[A-Z]\w+|Qt|q[a-z]\w+\.h)$")
+_LANGUAGE = re.compile(r"^([a-z_]+|(assert|errno|fcntl|poll|signal|stdint|stddef|stdio|stdlib|string|time|unistd|dlfcn)\.h"
                        r"|sys/\w+\.h)$")
 
 
