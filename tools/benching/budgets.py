@@ -43,14 +43,14 @@ def main(write):
 
 def count():
     """The instructions of each case."""
-    building.build("instruction_cases")
+    program = building.build_counted()
     with tempfile.TemporaryDirectory(prefix="zepa-instructions-") as name:
         folder = pathlib.Path(name)
         pictures.write_one(folder / "picture.png", 64)
         out = folder / "callgrind.out"
         ran = subprocess.run(
             ["valgrind", "--tool=callgrind", f"--callgrind-out-file={out}", "--instr-atstart=no", "--collect-atstart=no",
-             str(building.PROGRAMS / "instruction_cases"), str(folder / "picture.png")],
+             str(program), str(folder / "picture.png")],
             env=environment(folder, **_SAME_EVERYWHERE), stdin=subprocess.DEVNULL, stdout=subprocess.PIPE,
             stderr=subprocess.STDOUT, text=True)
         if ran.returncode != 0:

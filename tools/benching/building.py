@@ -35,6 +35,15 @@ def build_peers():
     return peers
 
 
+def build_counted():
+    """Builds the program whose instructions are counted, and returns it: by itself and quickly, since every check does."""
+    folder = ROOT / "build" / "instructions"
+    _run("cmake", "-G", "Ninja", "-S", ROOT, "-B", folder, "-DCMAKE_BUILD_TYPE=Release", "-DZEPA_BUILD_TESTS=OFF",
+         "-DZEPA_BUILD_BENCHMARKS=ON", "-DZEPA_UNITY=all", "-DCMAKE_CXX_COMPILER_LAUNCHER=ccache", "--log-level=WARNING")
+    _run("cmake", "--build", folder, "--target", "instruction_cases", "--", "--quiet")
+    return folder / "bin/instruction_cases"
+
+
 def _run(*command):
     words = [str(word) for word in command]
     ran = subprocess.run(words, cwd=ROOT, stdin=subprocess.DEVNULL, stdout=subprocess.PIPE, stderr=subprocess.STDOUT,
