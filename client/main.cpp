@@ -37,7 +37,8 @@ int runWindow(zepa::Client& client, zepa::bus::SessionBus& bus, const QString& t
     }
     zepa::MainWindow window(client);
     QObject::connect(&ClientRequests::instance(), &ClientRequests::show, &window, &zepa::MainWindow::bringToFront);
-    QObject::connect(&ClientRequests::instance(), &ClientRequests::quit, qApp, &QCoreApplication::quit);
+    // Not quit(): that asks the windows first, and ours would rather hide.
+    QObject::connect(&ClientRequests::instance(), &ClientRequests::quit, qApp, [] { QCoreApplication::exit(); });
     window.show();
     return QCoreApplication::exec();
 }

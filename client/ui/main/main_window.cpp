@@ -4,6 +4,7 @@
 #include "client/client.h"
 #include "client/posting/announce.h"
 #include "client/services/chat_manager.h"
+#include "client/services/client_requests.h"
 #include "client/ui/main/contact_panel.h"
 #include "client/ui/main/journal_view.h"
 #include "client/ui/main/notice_bar.h"
@@ -83,7 +84,7 @@ void MainWindow::closeEvent(QCloseEvent* event)
         return;
     }
     event->accept();
-    QCoreApplication::quit();
+    Q_EMIT ClientRequests::instance().quit();
 }
 
 /// The window is on its way to the screen by now; the window manager and the server have their part of the work to do
@@ -131,7 +132,7 @@ void MainWindow::fillMenus()
         program->addAction(tr("&Notification settings..."), this, &MainWindow::openNotificationSettings);
     settings->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_Comma));
     program->addSeparator();
-    QAction* quit = program->addAction(tr("&Quit"), qApp, &QCoreApplication::quit);
+    QAction* quit = program->addAction(tr("&Quit"), this, [] { Q_EMIT ClientRequests::instance().quit(); });
     quit->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_Q));
 
     QMenu* contact = menuBar()->addMenu(tr("&Contact"));
