@@ -1,23 +1,10 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "fixture.h"
 
+#include "benchmarks/remembered_postings.h"
+
 #include <QHash>
 #include <QTime>
-
-namespace {
-
-/// An explicit instantiation may name private members: this is how the table is filled without posting.
-QHash<QString, QTime>& rememberedPostings(ZepaNotificationModule& module);
-
-template <QHash<QString, QTime> ZepaNotificationModule::*member>
-struct Reach
-{
-    friend QHash<QString, QTime>& rememberedPostings(ZepaNotificationModule& module) { return module.*member; }
-};
-
-template struct Reach<&ZepaNotificationModule::lastPostings>;
-
-} // namespace
 
 Fixture::Fixture() : m_settings(m_folder.path())
 {

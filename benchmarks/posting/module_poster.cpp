@@ -3,6 +3,7 @@
 #include "poster.h"
 #include "qt_loop.h"
 
+#include "benchmarks/remembered_postings.h"
 #include "client/services/settings.h"
 #include "core/notification_module.h"
 #include "host/plugin_action.h"
@@ -38,12 +39,7 @@ public:
     }
     void settle(int microseconds) override { runEventLoop(microseconds); }
     /// Every title is a new one, which the module remembers for a while: what that costs is measured elsewhere.
-    void refresh() override
-    {
-        m_module.reset();
-        m_module.reset(ZepaNotificationModule::getInstance());
-        addType();
-    }
+    void refresh() override { rememberedPostings(*m_module).clear(); }
 
 private:
     void addType()

@@ -18,7 +18,7 @@ public:
     /// Longest side of an icon, in pixels; larger ones are scaled down, keeping their aspect.
     static constexpr int longestSide = 128;
     /// What is kept in bytes: what icons are known by, and decoded icons, together. The least recently used go first.
-    static constexpr qsizetype byteLimit = qsizetype(16) * 1024 * 1024;
+    static constexpr qsizetype byteLimit = qsizetype(8) * 1024 * 1024;
     /// A picture file up to this size is known by its bytes, a larger one by their digest: a photograph's file may be
     /// larger than the whole cache, its icon never is. In bytes.
     static constexpr qsizetype longestKey = qsizetype(32) * 1024;

@@ -135,7 +135,9 @@ def _in_process(context, pattern, env=None, repetitions=30):
             values.setdefault(name, []).append(run["real_time"] / units[run["time_unit"]])
     if not values:
         raise RuntimeError(f"no benchmark matches {pattern}")
-    return values
+    # They ran in a random order.
+    return dict(sorted(values.items(), key=lambda entry: [int(word) if word.isdigit() else 0
+                                                          for word in entry[0].split("/")]))
 
 
 def _per_item(table, name, title, label):
