@@ -78,8 +78,9 @@ void ChatHistory::append(const ChatLine& line)
     const QString text = messageText(line.text);
     const QString time = shownTime(line.time.time());
     QTextCursor cursor(document());
-    cursor.movePosition(QTextCursor::End);
+    // Inside the edit, where moving a cursor does not lay the last line out anew.
     cursor.beginEditBlock();
+    cursor.movePosition(QTextCursor::End);
     const QTextBlockFormat block = m_style.block(line.kind, directionOf(text, layoutDirection()));
     if (m_empty)
         cursor.setBlockFormat(block);
