@@ -5,7 +5,7 @@
 
 namespace {
 
-constexpr qint64 millisecondsPerQuarter = 15 * 60 * 1000;
+constexpr qint64 millisecondsPerQuarter = qint64(15) * 60 * 1000;
 constexpr qint64 millisecondsPerDay = 96 * millisecondsPerQuarter;
 
 /// Rounds down before 1970, too.

@@ -69,7 +69,7 @@ void ZepaNotificationModule::storeNotificationRules(ZepaNotification* notificati
     QByteArray content;
     for (ZepaNotification* target : targets) {
         // Ready before the file is opened, since opening empties it; then written in one go, past any buffer.
-        if (target != previous)
+        if (previous == nullptr || target != previous)
             content = ruleFileContent(rules.values(target));
         previous = target;
         QFile file(directory + target->getId());

@@ -61,6 +61,7 @@ CFDataRef qPixmapToCFDataRef(const QPixmap& pixmap)
     QBuffer buffer(&bytes);
     buffer.open(QIODevice::WriteOnly);
     pixmap.save(&buffer, "PNG");
+    // NOLINTNEXTLINE(clang-analyzer-osx.cocoa.RetainCount): the caller's, whatever the name of the function begins with
     return CFDataCreate(kCFAllocatorDefault, reinterpret_cast<const UInt8*>(bytes.constData()), bytes.size());
 }
 

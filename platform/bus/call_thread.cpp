@@ -1,9 +1,24 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "bus/call_thread.h"
 
-#include <QMetaObject>
+#include <QCoreApplication>
+#include <QEvent>
 
 namespace zepa::bus {
+
+namespace {
+
+/// Brings a call from its thread to the main one.
+class SentEvent : public QEvent
+{
+public:
+    SentEvent(quint64 theNumber, const QDBusPendingCall& theCall) : QEvent(User), number(theNumber), call(theCall) {}
+
+    const quint64 number;
+    const QDBusPendingCall call;
+};
+
+} // namespace
 
 CallThread::CallThread()
 {
@@ -20,10 +35,14 @@ CallThread::~CallThread()
 void CallThread::send(const QDBusConnection& connection, const QDBusMessage& message, int limit, quint64 number)
 {
     m_thread.start([this, connection, message, limit, number] {
-        const QDBusPendingCall call = connection.asyncCall(message, limit);
-        QMetaObject::invokeMethod(
-            this, [this, number, call] { Q_EMIT sent(number, call); }, Qt::QueuedConnection);
+        QCoreApplication::postEvent(this, new SentEvent(number, connection.asyncCall(message, limit)));
     });
+}
+
+void CallThread::customEvent(QEvent* event)
+{
+    const auto* news = static_cast<const SentEvent*>(event);
+    Q_EMIT sent(news->number, news->call);
 }
 
 } // namespace zepa::bus

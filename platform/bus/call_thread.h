@@ -30,6 +30,9 @@ Q_SIGNALS:
     /// Once for each call, from the event loop, in their order. The call may have failed or been answered by then.
     void sent(quint64 number, const QDBusPendingCall& call);
 
+protected:
+    void customEvent(QEvent* event) override;
+
 private:
     QThreadPool m_thread;
 };
