@@ -52,6 +52,13 @@ function(zepa_test name)
   if(ZEPA_UNITY STREQUAL "tests")
     zepa_compile_together(${name})
   endif()
+  if(NOT ZEPA_UNITY STREQUAL "none")
+    target_precompile_headers(${name} REUSE_FROM zepa_test_headers)
+    # Some libraries want it; a precompiled header wants the same for all.
+    target_compile_definitions(${name} PRIVATE _REENTRANT)
+    # Without it ccache does not know results of precompiled headers again.
+    target_compile_options(${name} PRIVATE $<$<CXX_COMPILER_ID:GNU>:-fpch-preprocess>)
+  endif()
   target_include_directories(${name} PRIVATE ${CMAKE_SOURCE_DIR} ${CMAKE_SOURCE_DIR}/tests/support)
   target_link_libraries(${name} PRIVATE ${arg_LIBRARIES} Qt6::Widgets GTest::gtest GTest::gmock)
   set(environment "XDG_RUNTIME_DIR=${CMAKE_BINARY_DIR}/test-home/run" "HOME=${CMAKE_BINARY_DIR}/test-home"

@@ -25,7 +25,7 @@ struct StoredFile
     unsigned int mode = 0;
 };
 
-inline constexpr qint64 largestStoredFile = 4 * 1024 * 1024;
+inline constexpr qint64 largestStoredFile = qint64(4) * 1024 * 1024;
 
 /// Reads it whole; follows links. Never waits, whatever stands under that name.
 StoredFile readStored(const QString& path);

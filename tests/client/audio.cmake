@@ -16,4 +16,4 @@ zepa_test(client_themes_test LABEL unit
   LIBRARIES zepa_gui_notification zepa_client zepa_platform zepa_client_audio)
 target_compile_definitions(client_themes_test PRIVATE ZEPA_SOURCE_THEMES="${CMAKE_SOURCE_DIR}/client/themes")
 # It compares millions of samples.
-set_source_files_properties(audio/likeness.cpp PROPERTIES COMPILE_OPTIONS -O2)
+set_source_files_properties(audio/likeness.cpp PROPERTIES COMPILE_OPTIONS -O2 SKIP_PRECOMPILE_HEADERS ON)

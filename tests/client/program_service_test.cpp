@@ -93,11 +93,14 @@ TEST_F(ProgramOnBus, PostWithoutWaitEndsWhenTheServiceHasThePopUp)
 TEST_F(ProgramOnBus, PostReachesAServiceThatTheBusHasToStart)
 {
     const QString log = makeActivatable({});
-    EXPECT_EQ(run(postAnna({})).code, 0);
-    EXPECT_TRUE(waitFor([&log] {
+    const Outcome outcome = run(postAnna({}));
+    EXPECT_EQ(outcome.code, 0);
+    const auto seen = [&log] {
         QFile file(log);
-        return file.open(QIODevice::ReadOnly) && file.readAll().contains("Anna");
-    }));
+        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+    };
+    EXPECT_TRUE(waitFor([&seen] { return seen().contains("Anna"); }))
+        << outcome.err.toStdString() << seen().toStdString();
 }
 
 TEST_F(ProgramOnBus, PostReachesAServiceThatNeverSaysWhatItCanDo)

@@ -154,8 +154,9 @@ class IconOfAWindowInTrayer(IconOfAWindow, DesktopTest):
         screen.click(self.desktop, screen.wait_until(self.icon, "the icon in the status area").at(), button)
 
     def choose(self, name):
+        icon = screen.wait_until(self.icon, "the icon in the status area")
         before = screen.Watcher(self.desktop)
-        self.click_icon(3)
+        screen.click(self.desktop, icon.at(), 3)
         menu = before.appeared("the menu")
         screen.click(self.desktop, menu.at(0.5, {"Show": 0.25, "Quit": 0.75}[name]))
 

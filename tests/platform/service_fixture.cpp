@@ -5,6 +5,7 @@
 
 #include <QCoreApplication>
 #include <QDBusConnection>
+#include <QDBusConnectionInterface>
 #include <QDBusMessage>
 #include <QDir>
 #include <QFile>
@@ -220,6 +221,17 @@ QString ServiceTest::makeActivatable(const QStringList& options)
     file.open(QIODevice::WriteOnly);
     file.write("[D-BUS Service]\nName=org.freedesktop.Notifications\nExec=" SCRIPTED_SERVICE " log=" +
                path("activated.log").toUtf8() + ' ' + options.join(u' ').toUtf8() + '\n');
+    file.close();
+    if (m_bus.state() == QProcess::NotRunning)
+        return path("activated.log");
+    // The bus looks at its folder when it has heard that a file is new, not at once.
+    EXPECT_TRUE(waitFor([this] {
+        const QDBusConnection bus =
+            QDBusConnection::connectToBus(QString::fromUtf8(startedBusAddress()), QStringLiteral("asking"));
+        return bus.interface()->activatableServiceNames().value().contains(
+            QStringLiteral("org.freedesktop.Notifications"));
+    }));
+    QDBusConnection::disconnectFromBus(QStringLiteral("asking"));
     return path("activated.log");
 }
 

@@ -18,6 +18,8 @@ from sources import ROOT
 
 def main():
     options = _parse()
+    # So that ccache takes results of precompiled headers.
+    os.environ.setdefault("CCACHE_SLOPPINESS", "pch_defines,time_macros")
     results = Results()
     if not options.sanitize or options.all:
         _check_debug(options, results)

@@ -40,7 +40,7 @@ private:
     const int m_descriptor;
 };
 
-QString reason(int error)
+QString whyNot(int error)
 {
     return error == ELOOP ? QStringLiteral("is a symbolic link")
                           : QString::fromLocal8Bit(std::strerror(error)); // NOLINT(concurrency-mt-unsafe): one thread
@@ -75,8 +75,8 @@ QString write(int descriptor, const QByteArray& line, off_t before)
         return {};
     const int error = written < 0 ? errno : ENOSPC;
     if (written > 0 && before >= 0 && ::ftruncate(descriptor, before) != 0)
-        return reason(errno);
-    return reason(error);
+        return whyNot(errno);
+    return whyNot(error);
 }
 
 } // namespace
@@ -91,7 +91,7 @@ QString appendToLog(const LogTarget& target, const QByteArray& line)
         const OpenFile file(path);
         struct stat state = {};
         if (file.descriptor() < 0 || ::fstat(file.descriptor(), &state) != 0)
-            return reason(errno);
+            return whyNot(errno);
         if (!S_ISREG(state.st_mode))
             return QStringLiteral("is not a regular file");
         // Whoever holds the lock writes one line and may rotate; without it, we only add ours.
@@ -100,11 +100,11 @@ QString appendToLog(const LogTarget& target, const QByteArray& line)
         if (!isStillAt(state, path))
             continue;
         if (::fstat(file.descriptor(), &state) != 0)
-            return reason(errno);
+            return whyNot(errno);
         if (state.st_size == 0 || state.st_size + line.size() <= target.mostBytes)
             return write(file.descriptor(), line, state.st_size);
         if (!rotate(target))
-            return reason(errno);
+            return whyNot(errno);
     }
     return QStringLiteral("is taken away again and again");
 }

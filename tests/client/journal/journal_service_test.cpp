@@ -4,6 +4,8 @@
 #include "journal_fixture.h"
 #include "tests/platform/service_fixture.h"
 
+#include <zepa_platform/popups.h>
+
 #include <gmock/gmock.h>
 
 namespace {
@@ -16,6 +18,14 @@ class JournalOnBus : public ServiceTest, protected JournalClient
 protected:
     /// Both bases have one.
     using JournalClient::post;
+
+    /// A service that the client has heard of: what it says at once is not the news of a moment ago.
+    std::unique_ptr<ServiceProcess> startKnownService()
+    {
+        auto service = startService();
+        EXPECT_TRUE(waitFor([] { return zepaPopupService() == ZepaPopupService::There; }));
+        return service;
+    }
 
     bool becomes(Verdict wanted)
     {
@@ -33,7 +43,7 @@ TEST_F(JournalOnBus, SaysThatThereIsNoService)
 
 TEST_F(JournalOnBus, SaysThatAPopUpWithoutAnActionWasHandedOver)
 {
-    const auto service = startService();
+    const auto service = startKnownService();
     post(m_received);
     ASSERT_TRUE(waitForPopups(*service, 1));
     EXPECT_EQ(verdict(), Verdict::PopupSent);
@@ -42,7 +52,7 @@ TEST_F(JournalOnBus, SaysThatAPopUpWithoutAnActionWasHandedOver)
 
 TEST_F(JournalOnBus, SaysThatAPopUpWaitsAndThenThatItWasClicked)
 {
-    const auto service = startService();
+    const auto service = startKnownService();
     zepa::JournalFilter waiting(m_client.journal());
     waiting.setVerdict(Verdict::PopupWaiting);
     post(m_received, QStringLiteral("Ann"), true);
@@ -57,7 +67,7 @@ TEST_F(JournalOnBus, SaysThatAPopUpWaitsAndThenThatItWasClicked)
 
 TEST_F(JournalOnBus, SaysThatAPopUpTimedOut)
 {
-    const auto service = startService();
+    const auto service = startKnownService();
     post(m_received, QStringLiteral("Ann"), true);
     ASSERT_TRUE(waitForPopups(*service, 1));
     service->tell(QStringLiteral("close 1"));
@@ -67,7 +77,7 @@ TEST_F(JournalOnBus, SaysThatAPopUpTimedOut)
 
 TEST_F(JournalOnBus, SaysThatTheTypeIsNotRegistered)
 {
-    const auto service = startService();
+    const auto service = startKnownService();
     // Somebody registers a list without it; the next type that is registered brings all back.
     m_client.module().getMethods().value(m_popups)->registerNotifications({});
     post(m_received, QStringLiteral("Ann"), true);
