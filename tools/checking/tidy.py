@@ -15,7 +15,7 @@ from sources import ROOMS, ROOT
 # What users run. The tests are as many sources again, and take as long.
 PRODUCT = ("core", "methods", "host", "platform", "client")
 # What only g++ understands.
-FOREIGN = ("-Wno-subobject-linkage",)
+FOREIGN = ("-Wno-subobject-linkage", "-fpch-preprocess", "-Winvalid-pch")
 # How many sources one run looks at: nearly all of its time goes to Qt's headers, which it then reads once.
 TOGETHER = 8
 
@@ -73,7 +73,12 @@ def _flags(entry):
     words = words[next(at for at, word in enumerate(words) if word.startswith("-")):]
     at = words.index("-o")
     del words[at:at + 2]
-    return [word for word in words[:words.index("-c")] if word not in FOREIGN]
+    words = [word for word in words[:words.index("-c")] if word not in FOREIGN]
+    # A precompiled header of g++ is no use to another compiler, which reads what the sources themselves include.
+    while "-include" in words:
+        at = words.index("-include")
+        del words[at:at + 2]
+    return words
 
 
 def _object(entry):
