@@ -146,19 +146,22 @@ class IconOfAWindowInTrayer(IconOfAWindow, DesktopTest):
 
     def icon(self):
         """The icon's window is the only one of the client's in the corner where the host is."""
-        boxes = (screen.window_box(self.desktop, window)
-                 for window in screen.windows(self.desktop, "--pid", str(self.client.pid)))
+        boxes = (screen.window_box(self.desktop, window) for window in self.own_windows())
         return next((box for box in boxes if box.y < 32 and box.height <= 32), None)
+
+    def own_windows(self):
+        """The client's windows that are shown, its icon and its menu among them."""
+        return set(screen.windows(self.desktop, "--pid", str(self.client.pid)))
 
     def click_icon(self, button=1):
         screen.click(self.desktop, screen.wait_until(self.icon, "the icon in the status area").at(), button)
 
     def choose(self, name):
         icon = screen.wait_until(self.icon, "the icon in the status area")
-        before = screen.Watcher(self.desktop)
+        before = self.own_windows()
         screen.click(self.desktop, icon.at(), 3)
-        menu = before.appeared("the menu")
-        screen.click(self.desktop, menu.at(0.5, {"Show": 0.25, "Quit": 0.75}[name]))
+        [menu] = screen.wait_until(lambda: self.own_windows() - before, "the menu")
+        screen.click(self.desktop, screen.window_box(self.desktop, menu).at(0.5, {"Show": 0.25, "Quit": 0.75}[name]))
 
 
 class BusTest(DesktopTest):
