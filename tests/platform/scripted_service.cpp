@@ -4,6 +4,7 @@
 // Options, one argument each:
 //   markup              says that it understands markup
 //   mute                never replies to anything; mute-capabilities: never to GetCapabilities
+//   mute-first-capabilities   never replies to GetCapabilities before the first Notify
 //   late-capabilities   replies to GetCapabilities after 300 ms
 //   wrong-types         replies with values of types that are not the interface's
 //   refuse              replies to Notify with an error
@@ -109,7 +110,9 @@ public:
             return true;
         }
         write(line);
-        if (method != QStringLiteral("GetCapabilities") || has("mute") || has("mute-capabilities"))
+        const bool isMute =
+            has("mute") || has("mute-capabilities") || (has("mute-first-capabilities") && m_lastId == 0);
+        if (method != QStringLiteral("GetCapabilities") || isMute)
             return true;
         QStringList capabilities{QStringLiteral("actions"), QStringLiteral("body")};
         if (has("markup"))
