@@ -545,8 +545,8 @@
         <translation>Alle Ergebnisse</translation>
     </message>
     <message>
-        <source>C&amp;opy</source>
-        <translation>K&amp;opieren</translation>
+        <source>Cop&amp;y</source>
+        <translation>Kop&amp;ieren</translation>
     </message>
     <message>
         <source>Puts the chosen lines onto the clipboard</source>
@@ -578,7 +578,7 @@
     </message>
     <message>
         <source>&amp;Notification settings...</source>
-        <translation>&amp;Benachrichtigungseinstellungen …</translation>
+        <translation>Be&amp;nachrichtigungseinstellungen …</translation>
     </message>
     <message>
         <source>&amp;Contact</source>
@@ -728,8 +728,8 @@
 <context>
     <name>zepa::RulePane</name>
     <message>
-        <source>R&amp;ule:</source>
-        <translation>&amp;Regel:</translation>
+        <source>Ru&amp;le:</source>
+        <translation>Re&amp;gel:</translation>
     </message>
     <message>
         <source>&amp;Add a rule</source>
@@ -745,7 +745,7 @@
     </message>
     <message>
         <source>Restore &amp;defaults</source>
-        <translation>&amp;Voreinstellungen</translation>
+        <translation>Vorei&amp;nstellungen</translation>
     </message>
     <message>
         <source>Posts an event of this kind, so that you see and hear what its rules do.</source>
@@ -869,7 +869,7 @@ Von außen installiert. Kennung: %2</translation>
     <name>zepa::SoundEdit</name>
     <message>
         <source>&amp;Play</source>
-        <translation>Abs&amp;pielen</translation>
+        <translation>Abspie&amp;len</translation>
     </message>
     <message>
         <source>Play the sound</source>
@@ -877,7 +877,7 @@ Von außen installiert. Kennung: %2</translation>
     </message>
     <message>
         <source>C&amp;hoose...</source>
-        <translation>Aus&amp;wählen …</translation>
+        <translation>Auswä&amp;hlen …</translation>
     </message>
     <message>
         <source>Choose a sound file</source>

@@ -545,8 +545,8 @@
         <translation>Todos los veredictos</translation>
     </message>
     <message>
-        <source>C&amp;opy</source>
-        <translation>C&amp;opiar</translation>
+        <source>Cop&amp;y</source>
+        <translation>Cop&amp;iar</translation>
     </message>
     <message>
         <source>Puts the chosen lines onto the clipboard</source>
@@ -605,7 +605,7 @@
     <name>zepa::NoticeBar</name>
     <message>
         <source>&amp;Understood</source>
-        <translation>&amp;Entendido</translation>
+        <translation>Ente&amp;ndido</translation>
     </message>
 </context>
 <context>
@@ -728,7 +728,7 @@
 <context>
     <name>zepa::RulePane</name>
     <message>
-        <source>R&amp;ule:</source>
+        <source>Ru&amp;le:</source>
         <translation>Reg&amp;la:</translation>
     </message>
     <message>
@@ -745,7 +745,7 @@
     </message>
     <message>
         <source>Restore &amp;defaults</source>
-        <translation>Valores pre&amp;determinados</translation>
+        <translation>&amp;Valores predeterminados</translation>
     </message>
     <message>
         <source>Posts an event of this kind, so that you see and hear what its rules do.</source>
@@ -869,7 +869,7 @@ Instalado desde fuera. Identificador: %2</translation>
     <name>zepa::SoundEdit</name>
     <message>
         <source>&amp;Play</source>
-        <translation>&amp;Reproducir</translation>
+        <translation>Re&amp;producir</translation>
     </message>
     <message>
         <source>Play the sound</source>

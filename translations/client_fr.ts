@@ -545,8 +545,8 @@
         <translation>Tous les verdicts</translation>
     </message>
     <message>
-        <source>C&amp;opy</source>
-        <translation>C&amp;opier</translation>
+        <source>Cop&amp;y</source>
+        <translation>Cop&amp;ier</translation>
     </message>
     <message>
         <source>Puts the chosen lines onto the clipboard</source>
@@ -605,7 +605,7 @@
     <name>zepa::NoticeBar</name>
     <message>
         <source>&amp;Understood</source>
-        <translation>&amp;Compris</translation>
+        <translation>Com&amp;pris</translation>
     </message>
 </context>
 <context>
@@ -728,12 +728,12 @@
 <context>
     <name>zepa::RulePane</name>
     <message>
-        <source>R&amp;ule:</source>
+        <source>Ru&amp;le:</source>
         <translation>Règ&amp;le :</translation>
     </message>
     <message>
         <source>&amp;Add a rule</source>
-        <translation>&amp;Ajouter une règle</translation>
+        <translation>A&amp;jouter une règle</translation>
     </message>
     <message>
         <source>Re&amp;move this rule</source>
@@ -770,7 +770,7 @@
     </message>
     <message>
         <source>&amp;Add another rule</source>
-        <translation>&amp;Ajouter une autre règle</translation>
+        <translation>A&amp;jouter une autre règle</translation>
     </message>
     <message>
         <source>Choose an event in the table.</source>
@@ -854,7 +854,7 @@ Installé de l’extérieur. Identifiant : %2</translation>
     </message>
     <message>
         <source>&amp;Event:</source>
-        <translation>&amp;Événement :</translation>
+        <translation>É&amp;vénement :</translation>
     </message>
     <message>
         <source>&amp;Text:</source>
@@ -869,7 +869,7 @@ Installé de l’extérieur. Identifiant : %2</translation>
     <name>zepa::SoundEdit</name>
     <message>
         <source>&amp;Play</source>
-        <translation>&amp;Jouer</translation>
+        <translation>Jo&amp;uer</translation>
     </message>
     <message>
         <source>Play the sound</source>

@@ -545,7 +545,7 @@
         <translation>Wszystkie wyniki</translation>
     </message>
     <message>
-        <source>C&amp;opy</source>
+        <source>Cop&amp;y</source>
         <translation>Ko&amp;piuj</translation>
     </message>
     <message>
@@ -728,7 +728,7 @@
 <context>
     <name>zepa::RulePane</name>
     <message>
-        <source>R&amp;ule:</source>
+        <source>Ru&amp;le:</source>
         <translation>&amp;Reguła:</translation>
     </message>
     <message>
@@ -745,7 +745,7 @@
     </message>
     <message>
         <source>Restore &amp;defaults</source>
-        <translation>Przywróć &amp;domyślne</translation>
+        <translation>Przy&amp;wróć domyślne</translation>
     </message>
     <message>
         <source>Posts an event of this kind, so that you see and hear what its rules do.</source>
@@ -854,7 +854,7 @@ Zainstalowane z zewnątrz. Identyfikator: %2</translation>
     </message>
     <message>
         <source>&amp;Event:</source>
-        <translation>Z&amp;darzenie:</translation>
+        <translation>Zdarz&amp;enie:</translation>
     </message>
     <message>
         <source>&amp;Text:</source>
@@ -869,7 +869,7 @@ Zainstalowane z zewnątrz. Identyfikator: %2</translation>
     <name>zepa::SoundEdit</name>
     <message>
         <source>&amp;Play</source>
-        <translation>O&amp;dtwórz</translation>
+        <translation>Od&amp;twórz</translation>
     </message>
     <message>
         <source>Play the sound</source>

@@ -545,8 +545,8 @@
         <translation>Todos os veredictos</translation>
     </message>
     <message>
-        <source>C&amp;opy</source>
-        <translation>C&amp;opiar</translation>
+        <source>Cop&amp;y</source>
+        <translation>Cop&amp;iar</translation>
     </message>
     <message>
         <source>Puts the chosen lines onto the clipboard</source>
@@ -605,7 +605,7 @@
     <name>zepa::NoticeBar</name>
     <message>
         <source>&amp;Understood</source>
-        <translation>&amp;Entendido</translation>
+        <translation>E&amp;ntendido</translation>
     </message>
 </context>
 <context>
@@ -728,8 +728,8 @@
 <context>
     <name>zepa::RulePane</name>
     <message>
-        <source>R&amp;ule:</source>
-        <translation>&amp;Regra:</translation>
+        <source>Ru&amp;le:</source>
+        <translation>Re&amp;gra:</translation>
     </message>
     <message>
         <source>&amp;Add a rule</source>
@@ -737,7 +737,7 @@
     </message>
     <message>
         <source>Re&amp;move this rule</source>
-        <translation>&amp;Remover esta regra</translation>
+        <translation>Remo&amp;ver esta regra</translation>
     </message>
     <message>
         <source>Post a &amp;sample</source>
@@ -745,7 +745,7 @@
     </message>
     <message>
         <source>Restore &amp;defaults</source>
-        <translation>Repor pre&amp;definições</translation>
+        <translation>Repor &amp;predefinições</translation>
     </message>
     <message>
         <source>Posts an event of this kind, so that you see and hear what its rules do.</source>
@@ -850,7 +850,7 @@ Instalado de fora. Identificador: %2</translation>
     </message>
     <message>
         <source>&amp;Post</source>
-        <translation>&amp;Enviar</translation>
+        <translation>En&amp;viar</translation>
     </message>
     <message>
         <source>&amp;Event:</source>
@@ -869,7 +869,7 @@ Instalado de fora. Identificador: %2</translation>
     <name>zepa::SoundEdit</name>
     <message>
         <source>&amp;Play</source>
-        <translation>&amp;Tocar</translation>
+        <translation>To&amp;car</translation>
     </message>
     <message>
         <source>Play the sound</source>

@@ -74,7 +74,7 @@ QWidget* JournalView::makeFilterRow()
     verdicts->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
     verdicts->setMinimumContentsLength(14);
     verdicts->setMaxVisibleItems(verdicts->count());
-    auto* copyButton = new QPushButton(tr("C&opy"), rowWidget);
+    auto* copyButton = new QPushButton(tr("Cop&y"), rowWidget);
     copyButton->setToolTip(tr("Puts the chosen lines onto the clipboard"));
 
     auto* row = new QHBoxLayout(rowWidget);
