@@ -24,6 +24,9 @@ QString methodPicture(const ZepaNotificationMethod& method);
 /// All installed methods: the built-in ones, then the others by title.
 QList<ZepaNotificationMethod*> methodsInOrder(const ZepaNotificationModule& module);
 
+/// The name of the type; the identifier of an unknown one.
+QString typeName(const ZepaNotificationModule& module, const QString& typeId);
+
 /// All types by name, as the user's language sorts.
 QList<ZepaNotification*> typesInOrder(const ZepaNotificationModule& module);
 

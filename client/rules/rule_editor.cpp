@@ -3,14 +3,11 @@
 
 #include "client/client.h"
 #include "client/rules/method_titles.h"
-#include "client/rules/rule_file_check.h"
 #include "client/services/field_value.h"
 #include "client/services/global_settings.h"
 #include "core/notification.h"
 #include "core/notification_method.h"
 #include "core/notification_module.h"
-
-#include <QDir>
 
 #include <algorithm>
 
@@ -33,13 +30,6 @@ bool sameButForOrder(const QList<RuleState>& a, const QList<RuleState>& b)
     return a.size() == b.size() && std::is_permutation(a.cbegin(), a.cend(), b.cbegin());
 }
 
-/// A path as the user knows it.
-QString shownPath(const QString& path)
-{
-    const QString home = QDir::homePath() + u'/';
-    return QDir::toNativeSeparators(path.startsWith(home) ? QStringLiteral("~/") + path.mid(home.size()) : path);
-}
-
 /// The setting of the whole client with that identifier; without type when there is none.
 ZepaField findSetting(const QString& id)
 {
@@ -51,7 +41,7 @@ ZepaField findSetting(const QString& id)
 
 } // namespace
 
-RuleEditor::RuleEditor(Client& client, QObject* parent) : QObject(parent), m_client(client)
+RuleEditor::RuleEditor(Client& client, QObject* parent) : QObject(parent), m_client(client), m_problem(client)
 {
     remember();
 }
@@ -116,7 +106,7 @@ void RuleEditor::change(const QString& type, const QString& method, qsizetype in
 void RuleEditor::restoreDefaults(const QString& type)
 {
     if (!hasDefaults(type))
-        edit(tr("Restore defaults: %1").arg(typeName(type)), type, defaultRulesOf(module(), type));
+        edit(tr("Restore defaults: %1").arg(typeName(module(), type)), type, defaultRulesOf(module(), type));
 }
 
 bool RuleEditor::hasDefaults(const QString& type) const
@@ -173,14 +163,14 @@ void RuleEditor::redo()
 
 void RuleEditor::retry()
 {
-    const QStringList types = m_notStored;
+    const QStringList types = m_problem.notStored();
     for (const QString& type : types) {
         const auto store = [this, &type] { module().storeNotificationRules(module().getNotifications().value(type)); };
         const SafeChange outcome = changeSafely(module(), m_client.ruleBackup(), type, store);
         // The change itself was made long ago: refused now means that it is still not stored.
         note(outcome == SafeChange::Refused ? SafeChange::NotStored : outcome, type);
     }
-    if (m_problem.isEmpty())
+    if (m_problem.text().isEmpty())
         Q_EMIT said(tr("All rules are stored now."));
 }
 
@@ -253,57 +243,19 @@ bool RuleEditor::carryOut(const RuleChange& change, bool back)
 bool RuleEditor::carryOut(const SettingChange& change, bool back)
 {
     const ZepaField field = findSetting(change.setting);
-    if (!m_client.settings().store(field, back ? change.before : change.after)) {
-        setProblem(tr("The setting “%1” cannot be written, so it was not changed. The file is %2.")
-                       .arg(field.getLabel(), shownPath(m_client.settings().settingsFile())));
+    const bool isStored = m_client.settings().store(field, back ? change.before : change.after);
+    m_problem.noteSetting(field, isStored);
+    Q_EMIT problemChanged();
+    if (!isStored)
         return false;
-    }
-    // What a rule file lacks is still wrong after a setting could be written.
-    setProblem(m_notStored.isEmpty() ? QString() : lossText());
     m_settings.insert(change.setting, setting(field).getText());
     Q_EMIT settingChanged(change.setting);
     return true;
 }
 
-/// What became of a change, for problem(). A later change may have stored earlier ones, too: the module rewrites more
-/// files than that of the type.
 void RuleEditor::note(SafeChange outcome, const QString& type)
 {
-    if (outcome == SafeChange::NotStored && !m_notStored.contains(type))
-        m_notStored.append(type);
-    m_notStored.removeIf(
-        [this](const QString& id) { return rulesAreStored(module(), m_client.settings().getSettingsDir(), id); });
-
-    QStringList sentences;
-    if (outcome == SafeChange::Refused) {
-        sentences.append(tr("The rules of “%1” were not changed: the file %2 cannot be written, or there is no room on "
-                            "the disk for the copy that protects it.")
-                             .arg(typeName(type), shownPath(m_client.ruleBackup().ruleFile(type))));
-    }
-    if (outcome == SafeChange::StoredWithoutCopy) {
-        sentences.append(tr("The rules of “%1” are stored, but there is no room on the disk for the copy that protects "
-                            "them. Make room before you change more.")
-                             .arg(typeName(type)));
-    }
-    if (!m_notStored.isEmpty())
-        sentences.append(lossText());
-    setProblem(sentences.join(u' '));
-}
-
-QString RuleEditor::lossText() const
-{
-    QStringList names;
-    for (const QString& id : m_notStored)
-        names.append(typeName(id));
-    return tr("These events have rules that could not be written to %2, perhaps because the disk is full. They are in "
-              "use "
-              "until the client ends: %1.")
-        .arg(names.join(tr(", ")), shownPath(m_client.settings().getSettingsDir() + QStringLiteral("notifications")));
-}
-
-void RuleEditor::setProblem(const QString& problem)
-{
-    m_problem = problem;
+    m_problem.noteRules(outcome, type);
     Q_EMIT problemChanged();
 }
 
@@ -332,13 +284,7 @@ bool RuleEditor::rememberType(const QString& type)
 QString RuleEditor::pairName(const QString& type, const QString& method) const
 {
     const ZepaNotificationMethod* found = module().getMethods().value(method);
-    return tr("%1, %2").arg(typeName(type), found ? methodTitle(*found) : method);
-}
-
-QString RuleEditor::typeName(const QString& type) const
-{
-    const ZepaNotification* found = module().getNotifications().value(type);
-    return found ? found->getName() : type;
+    return tr("%1, %2").arg(typeName(module(), type), found ? methodTitle(*found) : method);
 }
 
 ZepaNotificationModule& RuleEditor::module() const

@@ -4,6 +4,7 @@
 #include "client/rules/edit_history.h"
 #include "client/rules/rule_state.h"
 #include "client/rules/safe_change.h"
+#include "client/rules/storing_problem.h"
 #include "host/field.h"
 
 #include <QHash>
@@ -63,9 +64,9 @@ public:
     void redo();
 
     /// What could not be written, in words for the user; empty when all is well.
-    const QString& problem() const { return m_problem; }
+    const QString& problem() const { return m_problem.text(); }
     /// Whether a change is in memory and not in its file: retry() may help. Else the change was not made at all.
-    bool canRetry() const { return !m_notStored.isEmpty(); }
+    bool canRetry() const { return !m_problem.notStored().isEmpty(); }
     /// Writes again what could not be written.
     void retry();
 
@@ -92,19 +93,14 @@ private:
     bool carryOut(const RuleChange& change, bool back);
     bool carryOut(const SettingChange& change, bool back);
     void note(SafeChange outcome, const QString& type);
-    QString lossText() const;
-    void setProblem(const QString& problem);
     void remember();
     bool rememberType(const QString& type);
     QString pairName(const QString& type, const QString& method) const;
-    QString typeName(const QString& type) const;
     ZepaNotificationModule& module() const;
 
     Client& m_client;
     EditHistory m_history;
-    QString m_problem;
-    /// Types whose rules are in memory and not in their files.
-    QStringList m_notStored;
+    StoringProblem m_problem;
     QHash<QString, QList<RuleState>> m_rules;
     QHash<QString, QString> m_settings;
     QStringList m_methods;

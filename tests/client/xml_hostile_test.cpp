@@ -7,7 +7,12 @@
 
 namespace {
 
+#ifdef __SANITIZE_ADDRESS__
+// Every step costs several times as much then, and a stack overflows at far fewer levels.
+constexpr qsizetype million = 200000;
+#else
 constexpr qsizetype million = 1000000;
+#endif
 
 ZepaXmlNode read(const QByteArray& xml)
 {

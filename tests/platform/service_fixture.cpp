@@ -224,10 +224,13 @@ QString ServiceTest::makeActivatable(const QStringList& options)
     file.close();
     if (m_bus.state() == QProcess::NotRunning)
         return path("activated.log");
-    // The bus looks at its folder when it has heard that a file is new, not at once.
+    // A bus looks at its folder when it has heard that a file is new: not at once, and not while it starts itself.
     EXPECT_TRUE(waitFor([this] {
         const QDBusConnection bus =
             QDBusConnection::connectToBus(QString::fromUtf8(startedBusAddress()), QStringLiteral("asking"));
+        bus.call(QDBusMessage::createMethodCall(
+            QStringLiteral("org.freedesktop.DBus"), QStringLiteral("/org/freedesktop/DBus"),
+            QStringLiteral("org.freedesktop.DBus"), QStringLiteral("ReloadConfig")));
         return bus.interface()->activatableServiceNames().value().contains(
             QStringLiteral("org.freedesktop.Notifications"));
     }));

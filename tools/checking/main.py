@@ -89,7 +89,8 @@ def _run_tests(preset, prefix, selection, results):
     junit = build / "test-results.xml"
     junit.unlink(missing_ok=True)
     subprocess.run(
-        ["ctest", "--test-dir", str(build), "--output-on-failure", "--progress", "--parallel", str(os.cpu_count()),
+        # More than there are cores: many tests wait most of the time.
+        ["ctest", "--test-dir", str(build), "--output-on-failure", "--progress", "--parallel", str(os.cpu_count() + 1),
          "--output-junit", str(junit), *selection],
         cwd=ROOT, stdin=subprocess.DEVNULL)
     if junit.exists():
