@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "methods/picture_cache.h"
 
+#include <QFile>
 #include <QFileInfo>
 #include <QImage>
 #include <QPixmap>
@@ -9,12 +10,19 @@
 #include <memory>
 #include <utility>
 
+#include <sys/stat.h>
+
 CFDataRef PictureCache::picture(const QString& path)
 {
     if (path.isEmpty())
         return nullptr;
     const QFileInfo file(path);
-    // Without its ending in the path a picture is found too, and of that file nothing is known here.
+    // What QPixmap does with a path: without its ending a picture is found, but not where the path has a dot.
+    if (!file.exists() && !file.completeSuffix().isEmpty()) {
+        pictures.remove(path);
+        return nullptr;
+    }
+    // Of a file that is found so nothing is known here.
     const bool isKnown = file.isFile();
     const State state = isKnown ? stateOf(file) : State();
     if (const Entry* entry = isKnown ? pictures.object(path) : nullptr; entry != nullptr && entry->file == state)
@@ -33,7 +41,11 @@ CFDataRef PictureCache::picture(const QString& path)
 
 PictureCache::State PictureCache::stateOf(const QFileInfo& file)
 {
-    return {file.size(), file.lastModified(), file.metadataChangeTime()};
+    struct stat numbers = {};
+    // A file that is built into the program has none.
+    if (stat(QFile::encodeName(file.filePath()).constData(), &numbers) != 0)
+        numbers = {};
+    return {file.size(), file.lastModified(), file.metadataChangeTime(), numbers.st_dev, numbers.st_ino};
 }
 
 /// A file that has just been written may be written once more within the same tick of the file system's clock.

@@ -7,6 +7,8 @@
 #include <QDateTime>
 #include <QString>
 
+#include <sys/types.h>
+
 class QFileInfo;
 class QPixmap;
 
@@ -27,12 +29,14 @@ public:
     CFDataRef picture(const QString& path);
 
 private:
-    /// What changes when a file's content does.
+    /// What changes when the content that a path leads to does.
     struct State
     {
         qint64 size = 0;
         QDateTime modified;
         QDateTime changed; ///< also when the one before was set back
+        dev_t device = 0;  ///< with the number of the file on it: links lead from one file to another
+        ino_t number = 0;
 
         friend bool operator==(const State&, const State&) = default;
     };

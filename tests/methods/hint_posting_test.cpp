@@ -217,6 +217,47 @@ TEST_F(HintPosting, NoticesEveryChangeOfAFileThatIsBeingWritten)
     }
 }
 
+/// Two pictures of one length and, to the millisecond, of the same times; false when the machine is too slow for it.
+bool saveTwins(const QString& first, const QColor& firstColour, const QString& second, const QColor& secondColour)
+{
+    for (int attempt = 0; attempt < 200; ++attempt) {
+        if (!savePicture(first, firstColour) || !savePicture(second, secondColour))
+            return false;
+        const QFileInfo one(first);
+        const QFileInfo other(second);
+        if (one.size() == other.size() && one.lastModified() == other.lastModified() &&
+            one.metadataChangeTime() == other.metadataChangeTime())
+            return true;
+    }
+    return false;
+}
+
+TEST_F(HintPosting, NoticesThatAPathLeadsToAnotherFileOfTheSameSizeAndTime)
+{
+    const QString green = host.settings.filePath(QStringLiteral("green.bmp"));
+    const QString red = host.settings.filePath(QStringLiteral("red.bmp"));
+    const QString link = host.settings.filePath(QStringLiteral("picture.bmp"));
+    if (!saveTwins(green, Qt::green, red, Qt::red))
+        GTEST_SKIP() << "no two files were written within a millisecond";
+    QThread::msleep(settledAge);
+    ASSERT_TRUE(QFile::link(green, link));
+    EXPECT_EQ(colourOf(post(a, a, {}, {}, link).icon), QColor(Qt::green));
+    ASSERT_TRUE(QFile::remove(link) && QFile::link(red, link));
+    EXPECT_EQ(colourOf(post(a, a, {}, {}, link).icon), QColor(Qt::red));
+}
+
+TEST_F(HintPosting, FindsThePictureOfAPathWithoutItsEndingWhereAPixmapWould)
+{
+    ASSERT_TRUE(savePicture(host.settings.filePath(QStringLiteral("picture.png")), Qt::green));
+    ASSERT_TRUE(savePicture(host.settings.filePath(QStringLiteral("picture.of.anna.png")), Qt::red));
+    const QString plain = host.settings.filePath(QStringLiteral("picture"));
+    const QString dotted = host.settings.filePath(QStringLiteral("picture.of.anna"));
+    ASSERT_FALSE(QPixmap(plain).isNull());
+    ASSERT_TRUE(QPixmap(dotted).isNull());
+    EXPECT_EQ(colourOf(post(a, a, {}, {}, plain).icon), QColor(Qt::green));
+    EXPECT_TRUE(post(a, a, {}, {}, dotted).icon.isNull());
+}
+
 TEST_F(HintPosting, HandsNoPictureOnWhenItsFileIsGone)
 {
     const QString file = host.settings.filePath(QStringLiteral("picture.png"));
