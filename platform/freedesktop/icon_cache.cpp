@@ -62,12 +62,16 @@ NotifyImage IconCache::icon(QByteArrayView encoded)
 
 NotifyImage IconCache::icon(CFDataRef encoded)
 {
+    if (encoded == nullptr)
+        return {};
     const QByteArrayView view = bytesOf(encoded);
-    if (view.size() <= longestKey)
-        return icon(view);
     const QByteArray bytes = QByteArray::fromRawData(view.data(), view.size());
     if (const Digest* known = m_digests.object(encoded))
         return iconFor(known->digest, bytes);
+    // Whoever comes with other data has perhaps let go of earlier ones.
+    dropAbandonedData();
+    if (view.size() <= longestKey)
+        return icon(view);
     const QByteArray digest = keyOf(bytes);
     m_digests.insert(encoded, std::make_unique<Digest>(encoded, digest).release(), bytes.size());
     return iconFor(digest, bytes);
@@ -84,6 +88,16 @@ NotifyImage IconCache::iconFor(QByteArray key, const QByteArray& bytes)
     NotifyImage result = *decoded;
     m_icons.insert(key, decoded.release(), key.size() + result.pixels.size());
     return result;
+}
+
+/// What nobody else holds would count beside what its former holder keeps instead of it.
+void IconCache::dropAbandonedData()
+{
+    const QList<CFDataRef> held = m_digests.keys();
+    for (const CFDataRef data : held) {
+        if (CFGetRetainCount(data) == 1)
+            m_digests.remove(data);
+    }
 }
 
 } // namespace zepa::freedesktop

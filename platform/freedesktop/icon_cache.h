@@ -29,12 +29,15 @@ public:
 
     /// The icon in `encoded`, a picture file's bytes. Null for none, for broken data and for an icon that is too large.
     NotifyImage icon(QByteArrayView encoded);
-    /// The same. What was asked for before is found without a look at its bytes, which never change.
+    /// The same. What was asked for before is found without a look at its bytes, which never change, as long as others
+    /// hold it too: the cache keeps nobody's data alive for longer than until the next call with other data.
     NotifyImage icon(CFDataRef encoded);
 
     /// For tests: how many pictures were decoded so far, and what is kept in bytes.
     int decodedCount() const { return m_decodedCount; }
     qsizetype byteCount() const { return m_icons.totalCost(); }
+    /// For tests: of how many data a reference is held.
+    qsizetype heldCount() const { return m_digests.size(); }
 
 private:
     /// The digest of data that is held, so that no other data gets its address.
@@ -49,9 +52,10 @@ private:
     };
 
     NotifyImage iconFor(QByteArray key, const QByteArray& encoded);
+    void dropAbandonedData();
 
     QCache<QByteArray, NotifyImage> m_icons;
-    QCache<CFDataRef, Digest> m_digests; ///< of large files; what is held counts in bytes
+    QCache<CFDataRef, Digest> m_digests; ///< of large files that somebody else holds; they count in bytes
     int m_decodedCount = 0;
 };
 

@@ -43,6 +43,24 @@ QByteArray pngDeclaring(quint32 width, quint32 height)
     return bytes;
 }
 
+/// A picture whose file is larger than what is known by its bytes.
+QByteArray largePng(quint32 seed)
+{
+    QImage noise(128, 128, QImage::Format_ARGB32);
+    quint32 grain = seed;
+    for (int y = 0; y < noise.height(); ++y) {
+        for (int x = 0; x < noise.width(); ++x)
+            noise.setPixel(x, y, 0xff000000U | (grain = grain * 1664525U + 1013904223U));
+    }
+    return png(noise);
+}
+
+/// New data, the caller's.
+CFDataRef dataOf(const QByteArray& bytes)
+{
+    return CFDataCreate(nullptr, reinterpret_cast<const UInt8*>(bytes.constData()), bytes.size());
+}
+
 } // namespace
 
 TEST(IconCache, GivesUnpaddedRedGreenBlueAlphaRows)
@@ -143,15 +161,9 @@ TEST(IconCache, DecodesAFileOnceThatIsLargerThanTheCache)
 
 TEST(IconCache, KnowsLargeDataAgainAndHoldsIt)
 {
-    QImage noise(128, 128, QImage::Format_ARGB32);
-    quint32 grain = 1;
-    for (int y = 0; y < noise.height(); ++y) {
-        for (int x = 0; x < noise.width(); ++x)
-            noise.setPixel(x, y, 0xff000000U | (grain = grain * 1664525U + 1013904223U));
-    }
-    const QByteArray bytes = png(noise);
+    const QByteArray bytes = largePng(1);
     ASSERT_GT(bytes.size(), IconCache::longestKey);
-    const CFDataRef data = CFDataCreate(nullptr, reinterpret_cast<const UInt8*>(bytes.constData()), bytes.size());
+    const CFDataRef data = dataOf(bytes);
     {
         IconCache cache;
         const NotifyImage icon = cache.icon(data);
@@ -163,6 +175,25 @@ TEST(IconCache, KnowsLargeDataAgainAndHoldsIt)
     }
     EXPECT_EQ(CFGetRetainCount(data), 1);
     CFRelease(data);
+}
+
+TEST(IconCache, HoldsNoLargeDataForLongThatNobodyElseHolds)
+{
+    IconCache cache;
+    const CFDataRef wanted = dataOf(largePng(1));
+    cache.icon(wanted);
+    for (quint32 seed = 2; seed < 6; ++seed) {
+        const CFDataRef passing = dataOf(largePng(seed));
+        cache.icon(passing);
+        CFRelease(passing);
+    }
+    EXPECT_LE(cache.heldCount(), 2) << "what is still wanted, and what came last";
+    const CFDataRef small = dataOf(plainPng(8, 8, 0xff00ff00));
+    cache.icon(small);
+    EXPECT_EQ(cache.heldCount(), 1);
+    EXPECT_EQ(CFGetRetainCount(wanted), 2);
+    CFRelease(small);
+    CFRelease(wanted);
 }
 
 TEST(IconCache, KeepsNothingThatPointsAtTheCallersBytes)
