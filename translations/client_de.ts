@@ -701,28 +701,8 @@
         <translation>Regeln oder Einstellungen wurden außerhalb dieses Fensters geändert.</translation>
     </message>
     <message>
-        <source>The setting “%1” cannot be written, so it was not changed. The file is %2.</source>
-        <translation>Die Einstellung „%1“ kann nicht geschrieben werden, deshalb wurde sie nicht geändert. Die Datei ist %2.</translation>
-    </message>
-    <message>
-        <source>, </source>
-        <translation>, </translation>
-    </message>
-    <message>
         <source>%1, %2</source>
         <translation>%1, %2</translation>
-    </message>
-    <message>
-        <source>The rules of “%1” were not changed: the file %2 cannot be written, or there is no room on the disk for the copy that protects it.</source>
-        <translation>Die Regeln von „%1“ wurden nicht geändert: Die Datei %2 kann nicht geschrieben werden, oder auf dem Datenträger ist kein Platz für die Kopie, die sie schützt.</translation>
-    </message>
-    <message>
-        <source>The rules of “%1” are stored, but there is no room on the disk for the copy that protects them. Make room before you change more.</source>
-        <translation>Die Regeln von „%1“ sind gespeichert, aber für die Kopie, die sie schützt, ist auf dem Datenträger kein Platz. Schaffen Sie Platz, bevor Sie mehr ändern.</translation>
-    </message>
-    <message>
-        <source>These events have rules that could not be written to %2, perhaps because the disk is full. They are in use until the client ends: %1.</source>
-        <translation>Diese Ereignisse haben Regeln, die nicht nach %2 geschrieben werden konnten, vielleicht weil der Datenträger voll ist. Sie gelten, bis das Programm endet: %1.</translation>
     </message>
 </context>
 <context>
@@ -898,6 +878,29 @@ Von außen installiert. Kennung: %2</translation>
     <message>
         <source>This file cannot be played.</source>
         <translation>Diese Datei lässt sich nicht abspielen.</translation>
+    </message>
+</context>
+<context>
+    <name>zepa::StoringProblem</name>
+    <message>
+        <source>The rules of “%1” were not changed: the file %2 cannot be written, or there is no room on the disk for the copy that protects it.</source>
+        <translation>Die Regeln von „%1“ wurden nicht geändert: Die Datei %2 kann nicht geschrieben werden, oder auf dem Datenträger ist kein Platz für die Kopie, die sie schützt.</translation>
+    </message>
+    <message>
+        <source>The rules of “%1” are stored, but there is no room on the disk for the copy that protects them. Make room before you change more.</source>
+        <translation>Die Regeln von „%1“ sind gespeichert, aber für die Kopie, die sie schützt, ist auf dem Datenträger kein Platz. Schaffen Sie Platz, bevor Sie mehr ändern.</translation>
+    </message>
+    <message>
+        <source>The setting “%1” cannot be written, so it was not changed. The file is %2.</source>
+        <translation>Die Einstellung „%1“ kann nicht geschrieben werden, deshalb wurde sie nicht geändert. Die Datei ist %2.</translation>
+    </message>
+    <message>
+        <source>These events have rules that could not be written to %2, perhaps because the disk is full. They are in use until the client ends: %1.</source>
+        <translation>Diese Ereignisse haben Regeln, die nicht nach %2 geschrieben werden konnten, vielleicht weil der Datenträger voll ist. Sie gelten, bis das Programm endet: %1.</translation>
+    </message>
+    <message>
+        <source>, </source>
+        <translation>, </translation>
     </message>
 </context>
 </TS>

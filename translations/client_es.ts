@@ -701,28 +701,8 @@
         <translation>Se cambiaron reglas o ajustes fuera de esta ventana.</translation>
     </message>
     <message>
-        <source>The setting “%1” cannot be written, so it was not changed. The file is %2.</source>
-        <translation>El ajuste «%1» no se puede escribir, así que no se cambió. El archivo es %2.</translation>
-    </message>
-    <message>
-        <source>, </source>
-        <translation>, </translation>
-    </message>
-    <message>
         <source>%1, %2</source>
         <translation>%1, %2</translation>
-    </message>
-    <message>
-        <source>The rules of “%1” were not changed: the file %2 cannot be written, or there is no room on the disk for the copy that protects it.</source>
-        <translation>Las reglas de «%1» no se cambiaron: no se puede escribir el archivo %2, o no hay sitio en el disco para la copia que lo protege.</translation>
-    </message>
-    <message>
-        <source>The rules of “%1” are stored, but there is no room on the disk for the copy that protects them. Make room before you change more.</source>
-        <translation>Las reglas de «%1» están guardadas, pero no hay sitio en el disco para la copia que las protege. Haga sitio antes de cambiar más.</translation>
-    </message>
-    <message>
-        <source>These events have rules that could not be written to %2, perhaps because the disk is full. They are in use until the client ends: %1.</source>
-        <translation>Estos sucesos tienen reglas que no se pudieron escribir en %2, quizá porque el disco está lleno. Valen hasta que termine el programa: %1.</translation>
     </message>
 </context>
 <context>
@@ -898,6 +878,29 @@ Instalado desde fuera. Identificador: %2</translation>
     <message>
         <source>This file cannot be played.</source>
         <translation>Este archivo no se puede reproducir.</translation>
+    </message>
+</context>
+<context>
+    <name>zepa::StoringProblem</name>
+    <message>
+        <source>The rules of “%1” were not changed: the file %2 cannot be written, or there is no room on the disk for the copy that protects it.</source>
+        <translation>Las reglas de «%1» no se cambiaron: no se puede escribir el archivo %2, o no hay sitio en el disco para la copia que lo protege.</translation>
+    </message>
+    <message>
+        <source>The rules of “%1” are stored, but there is no room on the disk for the copy that protects them. Make room before you change more.</source>
+        <translation>Las reglas de «%1» están guardadas, pero no hay sitio en el disco para la copia que las protege. Haga sitio antes de cambiar más.</translation>
+    </message>
+    <message>
+        <source>The setting “%1” cannot be written, so it was not changed. The file is %2.</source>
+        <translation>El ajuste «%1» no se puede escribir, así que no se cambió. El archivo es %2.</translation>
+    </message>
+    <message>
+        <source>These events have rules that could not be written to %2, perhaps because the disk is full. They are in use until the client ends: %1.</source>
+        <translation>Estos sucesos tienen reglas que no se pudieron escribir en %2, quizá porque el disco está lleno. Valen hasta que termine el programa: %1.</translation>
+    </message>
+    <message>
+        <source>, </source>
+        <translation>, </translation>
     </message>
 </context>
 </TS>

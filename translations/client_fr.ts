@@ -701,28 +701,8 @@
         <translation>Des règles ou des réglages ont été modifiés en dehors de cette fenêtre.</translation>
     </message>
     <message>
-        <source>The setting “%1” cannot be written, so it was not changed. The file is %2.</source>
-        <translation>Le réglage « %1 » ne peut pas être écrit, il n’a donc pas été modifié. Le fichier est %2.</translation>
-    </message>
-    <message>
-        <source>, </source>
-        <translation>, </translation>
-    </message>
-    <message>
         <source>%1, %2</source>
         <translation>%1, %2</translation>
-    </message>
-    <message>
-        <source>The rules of “%1” were not changed: the file %2 cannot be written, or there is no room on the disk for the copy that protects it.</source>
-        <translation>Les règles de « %1 » n’ont pas été modifiées : le fichier %2 ne peut pas être écrit, ou il n’y a pas de place sur le disque pour la copie qui le protège.</translation>
-    </message>
-    <message>
-        <source>The rules of “%1” are stored, but there is no room on the disk for the copy that protects them. Make room before you change more.</source>
-        <translation>Les règles de « %1 » sont enregistrées, mais il n’y a pas de place sur le disque pour la copie qui les protège. Faites de la place avant d’en modifier d’autres.</translation>
-    </message>
-    <message>
-        <source>These events have rules that could not be written to %2, perhaps because the disk is full. They are in use until the client ends: %1.</source>
-        <translation>Ces événements ont des règles qui n’ont pas pu être écrites dans %2, peut-être parce que le disque est plein. Elles valent jusqu’à la fin du programme : %1.</translation>
     </message>
 </context>
 <context>
@@ -898,6 +878,29 @@ Installé de l’extérieur. Identifiant : %2</translation>
     <message>
         <source>This file cannot be played.</source>
         <translation>Ce fichier ne peut pas être joué.</translation>
+    </message>
+</context>
+<context>
+    <name>zepa::StoringProblem</name>
+    <message>
+        <source>The rules of “%1” were not changed: the file %2 cannot be written, or there is no room on the disk for the copy that protects it.</source>
+        <translation>Les règles de « %1 » n’ont pas été modifiées : le fichier %2 ne peut pas être écrit, ou il n’y a pas de place sur le disque pour la copie qui le protège.</translation>
+    </message>
+    <message>
+        <source>The rules of “%1” are stored, but there is no room on the disk for the copy that protects them. Make room before you change more.</source>
+        <translation>Les règles de « %1 » sont enregistrées, mais il n’y a pas de place sur le disque pour la copie qui les protège. Faites de la place avant d’en modifier d’autres.</translation>
+    </message>
+    <message>
+        <source>The setting “%1” cannot be written, so it was not changed. The file is %2.</source>
+        <translation>Le réglage « %1 » ne peut pas être écrit, il n’a donc pas été modifié. Le fichier est %2.</translation>
+    </message>
+    <message>
+        <source>These events have rules that could not be written to %2, perhaps because the disk is full. They are in use until the client ends: %1.</source>
+        <translation>Ces événements ont des règles qui n’ont pas pu être écrites dans %2, peut-être parce que le disque est plein. Elles valent jusqu’à la fin du programme : %1.</translation>
+    </message>
+    <message>
+        <source>, </source>
+        <translation>, </translation>
     </message>
 </context>
 </TS>

@@ -701,28 +701,8 @@
         <translation>Reguły lub ustawienia zmieniono poza tym oknem.</translation>
     </message>
     <message>
-        <source>The setting “%1” cannot be written, so it was not changed. The file is %2.</source>
-        <translation>Nie można zapisać ustawienia „%1”, więc go nie zmieniono. Plik: %2.</translation>
-    </message>
-    <message>
-        <source>, </source>
-        <translation>, </translation>
-    </message>
-    <message>
         <source>%1, %2</source>
         <translation>%1, %2</translation>
-    </message>
-    <message>
-        <source>The rules of “%1” were not changed: the file %2 cannot be written, or there is no room on the disk for the copy that protects it.</source>
-        <translation>Reguł „%1” nie zmieniono: nie można zapisać pliku %2 albo na dysku brak miejsca na chroniącą go kopię.</translation>
-    </message>
-    <message>
-        <source>The rules of “%1” are stored, but there is no room on the disk for the copy that protects them. Make room before you change more.</source>
-        <translation>Reguły „%1” są zapisane, ale na dysku brak miejsca na chroniącą je kopię. Zwolnij miejsce przed dalszymi zmianami.</translation>
-    </message>
-    <message>
-        <source>These events have rules that could not be written to %2, perhaps because the disk is full. They are in use until the client ends: %1.</source>
-        <translation>Te zdarzenia mają reguły, których nie udało się zapisać w %2, być może z powodu pełnego dysku. Obowiązują do końca programu: %1.</translation>
     </message>
 </context>
 <context>
@@ -898,6 +878,29 @@ Zainstalowane z zewnątrz. Identyfikator: %2</translation>
     <message>
         <source>This file cannot be played.</source>
         <translation>Tego pliku nie da się odtworzyć.</translation>
+    </message>
+</context>
+<context>
+    <name>zepa::StoringProblem</name>
+    <message>
+        <source>The rules of “%1” were not changed: the file %2 cannot be written, or there is no room on the disk for the copy that protects it.</source>
+        <translation>Reguł „%1” nie zmieniono: nie można zapisać pliku %2 albo na dysku brak miejsca na chroniącą go kopię.</translation>
+    </message>
+    <message>
+        <source>The rules of “%1” are stored, but there is no room on the disk for the copy that protects them. Make room before you change more.</source>
+        <translation>Reguły „%1” są zapisane, ale na dysku brak miejsca na chroniącą je kopię. Zwolnij miejsce przed dalszymi zmianami.</translation>
+    </message>
+    <message>
+        <source>The setting “%1” cannot be written, so it was not changed. The file is %2.</source>
+        <translation>Nie można zapisać ustawienia „%1”, więc go nie zmieniono. Plik: %2.</translation>
+    </message>
+    <message>
+        <source>These events have rules that could not be written to %2, perhaps because the disk is full. They are in use until the client ends: %1.</source>
+        <translation>Te zdarzenia mają reguły, których nie udało się zapisać w %2, być może z powodu pełnego dysku. Obowiązują do końca programu: %1.</translation>
+    </message>
+    <message>
+        <source>, </source>
+        <translation>, </translation>
     </message>
 </context>
 </TS>

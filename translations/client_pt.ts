@@ -701,28 +701,8 @@
         <translation>Regras ou definições foram alteradas fora desta janela.</translation>
     </message>
     <message>
-        <source>The setting “%1” cannot be written, so it was not changed. The file is %2.</source>
-        <translation>A definição «%1» não pode ser escrita, por isso não foi alterada. O ficheiro é %2.</translation>
-    </message>
-    <message>
-        <source>, </source>
-        <translation>, </translation>
-    </message>
-    <message>
         <source>%1, %2</source>
         <translation>%1, %2</translation>
-    </message>
-    <message>
-        <source>The rules of “%1” were not changed: the file %2 cannot be written, or there is no room on the disk for the copy that protects it.</source>
-        <translation>As regras de «%1» não foram alteradas: o ficheiro %2 não pode ser escrito, ou não há espaço no disco para a cópia que o protege.</translation>
-    </message>
-    <message>
-        <source>The rules of “%1” are stored, but there is no room on the disk for the copy that protects them. Make room before you change more.</source>
-        <translation>As regras de «%1» estão guardadas, mas não há espaço no disco para a cópia que as protege. Arranje espaço antes de alterar mais.</translation>
-    </message>
-    <message>
-        <source>These events have rules that could not be written to %2, perhaps because the disk is full. They are in use until the client ends: %1.</source>
-        <translation>Estes eventos têm regras que não puderam ser escritas em %2, talvez porque o disco está cheio. Valem até o programa terminar: %1.</translation>
     </message>
 </context>
 <context>
@@ -898,6 +878,29 @@ Instalado de fora. Identificador: %2</translation>
     <message>
         <source>This file cannot be played.</source>
         <translation>Este ficheiro não pode ser tocado.</translation>
+    </message>
+</context>
+<context>
+    <name>zepa::StoringProblem</name>
+    <message>
+        <source>The rules of “%1” were not changed: the file %2 cannot be written, or there is no room on the disk for the copy that protects it.</source>
+        <translation>As regras de «%1» não foram alteradas: o ficheiro %2 não pode ser escrito, ou não há espaço no disco para a cópia que o protege.</translation>
+    </message>
+    <message>
+        <source>The rules of “%1” are stored, but there is no room on the disk for the copy that protects them. Make room before you change more.</source>
+        <translation>As regras de «%1» estão guardadas, mas não há espaço no disco para a cópia que as protege. Arranje espaço antes de alterar mais.</translation>
+    </message>
+    <message>
+        <source>The setting “%1” cannot be written, so it was not changed. The file is %2.</source>
+        <translation>A definição «%1» não pode ser escrita, por isso não foi alterada. O ficheiro é %2.</translation>
+    </message>
+    <message>
+        <source>These events have rules that could not be written to %2, perhaps because the disk is full. They are in use until the client ends: %1.</source>
+        <translation>Estes eventos têm regras que não puderam ser escritas em %2, talvez porque o disco está cheio. Valem até o programa terminar: %1.</translation>
+    </message>
+    <message>
+        <source>, </source>
+        <translation>, </translation>
     </message>
 </context>
 </TS>

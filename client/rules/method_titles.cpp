@@ -76,6 +76,12 @@ QList<ZepaNotificationMethod*> methodsInOrder(const ZepaNotificationModule& modu
     return methods;
 }
 
+QString typeName(const ZepaNotificationModule& module, const QString& typeId)
+{
+    const ZepaNotification* type = module.getNotifications().value(typeId);
+    return type ? type->getName() : typeId;
+}
+
 QList<ZepaNotification*> typesInOrder(const ZepaNotificationModule& module)
 {
     QList<ZepaNotification*> types = module.getNotifications().values();

@@ -1,0 +1,75 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "client/rules/storing_problem.h"
+
+#include "client/client.h"
+#include "client/rules/method_titles.h"
+#include "client/rules/rule_backup.h"
+#include "client/rules/rule_file_check.h"
+
+#include <QDir>
+
+namespace zepa {
+
+namespace {
+
+/// A path as the user knows it.
+QString shownPath(const QString& path)
+{
+    const QString home = QDir::homePath() + u'/';
+    return QDir::toNativeSeparators(path.startsWith(home) ? QStringLiteral("~/") + path.mid(home.size()) : path);
+}
+
+} // namespace
+
+void StoringProblem::noteRules(SafeChange outcome, const QString& type)
+{
+    if (outcome == SafeChange::NotStored && !m_notStored.contains(type))
+        m_notStored.append(type);
+    m_notStored.removeIf([this](const QString& id) {
+        return rulesAreStored(m_client.module(), m_client.settings().getSettingsDir(), id);
+    });
+
+    if (outcome == SafeChange::Refused)
+        tell(tr("The rules of “%1” were not changed: the file %2 cannot be written, or there is no room on the disk "
+                "for the copy that protects it.")
+                 .arg(nameOf(type), shownPath(m_client.ruleBackup().ruleFile(type))));
+    else if (outcome == SafeChange::StoredWithoutCopy)
+        tell(tr("The rules of “%1” are stored, but there is no room on the disk for the copy that protects them. Make "
+                "room before you change more.")
+                 .arg(nameOf(type)));
+    else
+        tell({});
+}
+
+void StoringProblem::noteSetting(const ZepaField& setting, bool isStored)
+{
+    if (isStored)
+        tell({});
+    else
+        tell(tr("The setting “%1” cannot be written, so it was not changed. The file is %2.")
+                 .arg(setting.getLabel(), shownPath(m_client.settings().settingsFile())));
+}
+
+void StoringProblem::tell(const QString& sentence)
+{
+    QStringList sentences;
+    if (!sentence.isEmpty())
+        sentences.append(sentence);
+    if (!m_notStored.isEmpty()) {
+        QStringList names;
+        for (const QString& id : std::as_const(m_notStored))
+            names.append(nameOf(id));
+        sentences.append(tr("These events have rules that could not be written to %2, perhaps because the disk is "
+                            "full. They are in use until the client ends: %1.")
+                             .arg(names.join(tr(", ")),
+                                  shownPath(m_client.settings().getSettingsDir() + QStringLiteral("notifications"))));
+    }
+    m_text = sentences.join(u' ');
+}
+
+QString StoringProblem::nameOf(const QString& type) const
+{
+    return typeName(m_client.module(), type);
+}
+
+} // namespace zepa

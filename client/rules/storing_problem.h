@@ -1,0 +1,44 @@
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include "client/rules/safe_change.h"
+#include "host/field.h"
+
+#include <QCoreApplication>
+#include <QString>
+#include <QStringList>
+
+namespace zepa {
+
+class Client;
+
+/// What of the rules and settings did not reach the disk, in words for the user. The client must outlive this object.
+class StoringProblem
+{
+    Q_DECLARE_TR_FUNCTIONS(zepa::StoringProblem)
+
+public:
+    explicit StoringProblem(Client& client) : m_client(client) {}
+
+    /// One or more translated sentences; empty when all is well.
+    const QString& text() const { return m_text; }
+    /// Types whose rules are in memory and not in their files.
+    const QStringList& notStored() const { return m_notStored; }
+
+    /// What became of a change of the type's rules. It may have stored earlier ones, too: the module rewrites more
+    /// files than that of the type.
+    void noteRules(SafeChange outcome, const QString& type);
+    /// The same of a setting of the whole client.
+    void noteSetting(const ZepaField& setting, bool isStored);
+
+private:
+    /// Says that, and what is still wrong from before.
+    void tell(const QString& sentence);
+    QString nameOf(const QString& type) const;
+
+    Client& m_client;
+    QString m_text;
+    QStringList m_notStored;
+};
+
+} // namespace zepa
