@@ -600,6 +600,10 @@
         <source>C&amp;lear</source>
         <translation>&amp;Leeren</translation>
     </message>
+    <message>
+        <source>The settings folder %1 cannot be written: rules have their defaults, and nothing that changes is kept.</source>
+        <translation>In den Einstellungsordner %1 kann nicht geschrieben werden: Die Regeln haben ihre Voreinstellungen, und keine Änderung bleibt erhalten.</translation>
+    </message>
 </context>
 <context>
     <name>zepa::NoticeBar</name>

@@ -600,6 +600,10 @@
         <source>C&amp;lear</source>
         <translation>&amp;Vaciar</translation>
     </message>
+    <message>
+        <source>The settings folder %1 cannot be written: rules have their defaults, and nothing that changes is kept.</source>
+        <translation>No se puede escribir en la carpeta de ajustes %1: las reglas tienen sus valores predeterminados y ningún cambio se conserva.</translation>
+    </message>
 </context>
 <context>
     <name>zepa::NoticeBar</name>

@@ -600,6 +600,10 @@
         <source>C&amp;lear</source>
         <translation>&amp;Effacer</translation>
     </message>
+    <message>
+        <source>The settings folder %1 cannot be written: rules have their defaults, and nothing that changes is kept.</source>
+        <translation>Le dossier des réglages %1 ne peut pas être écrit : les règles ont leurs valeurs par défaut, et aucun changement n’est conservé.</translation>
+    </message>
 </context>
 <context>
     <name>zepa::NoticeBar</name>

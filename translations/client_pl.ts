@@ -600,6 +600,10 @@
         <source>C&amp;lear</source>
         <translation>&amp;Wyczyść</translation>
     </message>
+    <message>
+        <source>The settings folder %1 cannot be written: rules have their defaults, and nothing that changes is kept.</source>
+        <translation>Nie można zapisywać w folderze ustawień %1: reguły mają wartości domyślne, a żadna zmiana nie zostanie zachowana.</translation>
+    </message>
 </context>
 <context>
     <name>zepa::NoticeBar</name>

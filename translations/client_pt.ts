@@ -600,6 +600,10 @@
         <source>C&amp;lear</source>
         <translation>&amp;Limpar</translation>
     </message>
+    <message>
+        <source>The settings folder %1 cannot be written: rules have their defaults, and nothing that changes is kept.</source>
+        <translation>Não é possível escrever na pasta de definições %1: as regras têm as suas predefinições e nenhuma alteração é guardada.</translation>
+    </message>
 </context>
 <context>
     <name>zepa::NoticeBar</name>

@@ -208,10 +208,13 @@ bool RuleBackup::saveBytes(const QByteArray& content, const QString& typeId) con
     return replaceStored(nextAsideName(typeId), content, workshop(typeId), 0600);
 }
 
-QStringList RuleBackup::news() const
+QStringList RuleBackup::news(const std::function<QString(const QString& typeId)>& nameOf) const
 {
-    const auto tell = [](const char* sentence, const QStringList& types) {
-        return QCoreApplication::translate("zepa", sentence).arg(types.join(QStringLiteral(", ")));
+    const auto tell = [&nameOf](const char* sentence, const QStringList& types) {
+        QStringList names;
+        for (const QString& type : types)
+            names.append(nameOf ? nameOf(type) : type);
+        return QCoreApplication::translate("zepa", sentence).arg(names.join(QStringLiteral(", ")));
     };
     QStringList sentences;
     if (!m_restored.isEmpty())

@@ -6,6 +6,8 @@
 #include <QString>
 #include <QStringList>
 
+#include <functional>
+
 namespace zepa {
 
 struct StoredFile;
@@ -62,8 +64,9 @@ public:
     const QStringList& reset() const { return m_reset; }
     /// types whose file could not be mended.
     const QStringList& stillBroken() const { return m_stillBroken; }
-    /// The same in sentences for the user, none when all was well.
-    QStringList news() const;
+    /// The same in sentences for the user, none when all was well. They call a type what `nameOf` makes of its
+    /// identifier, or by that itself.
+    QStringList news(const std::function<QString(const QString& typeId)>& nameOf = {}) const;
 
     /// Whether these bytes are a good rule file.
     static bool isGood(const QByteArray& content);

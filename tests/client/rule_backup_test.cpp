@@ -43,6 +43,20 @@ TEST_F(RuleBackupTest, PutsBackWhatACrashLeftEmptyOrCutOff)
     EXPECT_TRUE(start()->news().isEmpty());
 }
 
+TEST_F(RuleBackupTest, CallsTypesWhatTheUserCallsThem)
+{
+    write(rule(message), oneRule);
+    start();
+    write(rule(message), {});
+    const auto backup = start();
+    const QStringList news = backup->news([this](const QString& type) {
+        EXPECT_EQ(type, message);
+        return QStringLiteral("Message received");
+    });
+    ASSERT_EQ(news.size(), 1);
+    EXPECT_TRUE(news.constFirst().endsWith(QStringLiteral(": Message received")));
+}
+
 TEST_F(RuleBackupTest, LeavesAnEmptyRulesElementAsItIs)
 {
     write(rule(message), oneRule);

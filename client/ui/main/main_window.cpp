@@ -3,6 +3,7 @@
 
 #include "client/client.h"
 #include "client/posting/announce.h"
+#include "client/rules/method_titles.h"
 #include "client/services/chat_manager.h"
 #include "client/services/client_requests.h"
 #include "client/ui/main/contact_panel.h"
@@ -157,7 +158,12 @@ void MainWindow::keepPlace()
 void MainWindow::startClient()
 {
     m_client.start();
-    const QStringList news = m_client.ruleBackup().news();
+    QStringList news =
+        m_client.ruleBackup().news([this](const QString& type) { return typeName(m_client.module(), type); });
+    if (!m_client.settings().isUsable())
+        news.prepend(tr("The settings folder %1 cannot be written: rules have their defaults, and nothing that changes "
+                        "is kept.")
+                         .arg(m_client.settings().getSettingsDir()));
     if (!news.isEmpty())
         tell(news.join(u'\n'));
 }

@@ -88,7 +88,7 @@ NotificationSettings::NotificationSettings(Client& client, QWidget* parent)
     showHistory();
     m_table->setCurrentIndex(m_model->index(0, 0));
     m_table->setFocus();
-    resize(QSize(980, 780).boundedTo(screen()->availableSize() * 9 / 10));
+    resize(QSize(1120, 780).boundedTo(screen()->availableSize() * 9 / 10));
 }
 
 void NotificationSettings::refresh()

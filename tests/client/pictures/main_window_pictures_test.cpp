@@ -2,10 +2,15 @@
 #include "client/client.h"
 #include "client/posting/announce.h"
 #include "client/ui/main/main_window.h"
+#include "client/ui/main/notice_bar.h"
 #include "client/ui/main/simulated_event.h"
 #include "pictures.h"
 
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
 #include <QTemporaryDir>
+#include <QTest>
 
 #include <gtest/gtest.h>
 
@@ -47,16 +52,51 @@ TEST(MainWindowPictures, ShowContactsAndTheJournal)
     });
 }
 
-TEST(MainWindowPictures, ShowWhatTheUserShouldKnow)
+void write(const QString& path, const QByteArray& content)
+{
+    ASSERT_TRUE(QFileInfo(path).dir().mkpath(QStringLiteral(".")));
+    QFile file(path);
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    file.write(content);
+}
+
+/// The notice in the window, after the client started.
+QString noticeIn(const MainWindow& window)
+{
+    const auto* notice = window.findChild<NoticeBar*>();
+    return notice && notice->isVisible() ? notice->accessibleName() : QString();
+}
+
+TEST(MainWindowPictures, ShowThatRulesWereMended)
 {
     const QTemporaryDir folder;
+    write(folder.filePath(QStringLiteral("rules-backup/copies/message_received")), "<rules/>");
+    write(folder.filePath(QStringLiteral("notifications/message_received")), "<rules><zepa_hi");
     Client client(folder.path());
-    takePictures(QStringLiteral("main-window-notice"), [&client] {
-        auto window = std::make_unique<MainWindow>(client);
-        window->tell(QStringLiteral("The rules of \"Message received\" were broken, probably by a crash. They were put "
-                                    "back from the copy of the last good ones."));
-        return window;
-    });
+    takePictures(QStringLiteral("main-window-notice"), [&client] { return std::make_unique<MainWindow>(client); });
+}
+
+TEST(MainWindow, TellsOfMendedRulesByTheNameOfTheirEvent)
+{
+    const QTemporaryDir folder;
+    write(folder.filePath(QStringLiteral("rules-backup/copies/message_received")), "<rules/>");
+    write(folder.filePath(QStringLiteral("notifications/message_received")), {});
+    Client client(folder.path());
+    MainWindow window(client);
+    EXPECT_EQ(noticeIn(window), QString());
+    window.show();
+    EXPECT_TRUE(QTest::qWaitFor([&window] { return !noticeIn(window).isEmpty(); }));
+    EXPECT_TRUE(noticeIn(window).endsWith(QStringLiteral(": Message received"))) << noticeIn(window).toStdString();
+}
+
+TEST(MainWindow, TellsThatNothingIsKeptWhereTheFolderCannotBeWritten)
+{
+    const QTemporaryDir folder;
+    write(folder.filePath(QStringLiteral("file")), {});
+    Client client(folder.filePath(QStringLiteral("file/settings")));
+    MainWindow window(client);
+    window.show();
+    EXPECT_TRUE(QTest::qWaitFor([&window] { return noticeIn(window).contains(u"cannot be written"); }));
 }
 
 } // namespace

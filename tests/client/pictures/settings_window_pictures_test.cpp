@@ -53,7 +53,7 @@ TEST_F(SettingsWindowPictures, ShowASoundAndItsFields)
     takePictures(QStringLiteral("notification-settings"), [this] {
         auto window = std::make_unique<NotificationSettings>(client);
         choose(*window, client, message, sound);
-        window->resize(960, 760);
+        window->resize(1120, 760);
         return window;
     });
 }
@@ -68,7 +68,7 @@ TEST_F(SettingsWindowPictures, ShowAPairWithTwoRulesAndAProblem)
         choose(*window, client, QStringLiteral("typing_started_notify"), popup);
         window->findChild<QPushButton*>(QStringLiteral("add"))->click();
         choose(*window, client, message, popup);
-        window->resize(960, 760);
+        window->resize(1120, 760);
         return window;
     });
 }
