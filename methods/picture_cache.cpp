@@ -17,13 +17,13 @@ CFDataRef PictureCache::picture(const QString& path)
     if (path.isEmpty())
         return nullptr;
     const QFileInfo file(path);
-    // What QPixmap does with a path: without its ending a picture is found, but not where the path has a dot.
-    if (!file.exists() && !file.completeSuffix().isEmpty()) {
+    const bool isKnown = file.isFile();
+    // What QPixmap does with a path: without its ending a picture is found, of whose file nothing is known here, but
+    // not where the path has a dot.
+    if (!isKnown && !file.exists() && !file.completeSuffix().isEmpty()) {
         pictures.remove(path);
         return nullptr;
     }
-    // Of a file that is found so nothing is known here.
-    const bool isKnown = file.isFile();
     const State state = isKnown ? stateOf(file) : State();
     if (const Entry* entry = isKnown ? pictures.object(path) : nullptr; entry != nullptr && entry->file == state)
         return static_cast<CFDataRef>(CFRetain(entry->encoded));
