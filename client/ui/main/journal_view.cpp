@@ -53,6 +53,9 @@ JournalView::JournalView(Journal& journal, QWidget* parent)
     connect(&m_shown, &QAbstractItemModel::dataChanged, this, &JournalView::showDetails);
     connect(&m_shown, &QAbstractItemModel::modelReset, this, &JournalView::showDetails);
     connect(m_table->selectionModel(), &QItemSelectionModel::currentRowChanged, this, &JournalView::showDetails);
+    // What was posted before there was a window.
+    if (m_shown.rowCount() > 0)
+        follow(0, m_shown.rowCount() - 1);
 }
 
 QWidget* JournalView::makeFilterRow()

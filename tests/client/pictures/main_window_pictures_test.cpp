@@ -9,6 +9,7 @@
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
+#include <QPlainTextEdit>
 #include <QTemporaryDir>
 #include <QTest>
 
@@ -87,6 +88,20 @@ TEST(MainWindow, TellsOfMendedRulesByTheNameOfTheirEvent)
     window.show();
     EXPECT_TRUE(QTest::qWaitFor([&window] { return !noticeIn(window).isEmpty(); }));
     EXPECT_TRUE(noticeIn(window).endsWith(QStringLiteral(": Message received"))) << noticeIn(window).toStdString();
+}
+
+TEST(MainWindow, AnswersForThePostingThatCameBeforeIt)
+{
+    const QTemporaryDir folder;
+    Client client(folder.path());
+    post(client, u"typing_started_notify", {});
+    MainWindow window(client);
+    window.show();
+    const auto* answer = QTest::qWaitFor([&window] { return window.findChild<QPlainTextEdit*>(); })
+                             ? window.findChild<QPlainTextEdit*>()
+                             : nullptr;
+    ASSERT_NE(answer, nullptr);
+    EXPECT_TRUE(answer->toPlainText().contains(QStringLiteral("has no rule"))) << answer->toPlainText().toStdString();
 }
 
 TEST(MainWindow, TellsThatNothingIsKeptWhereTheFolderCannotBeWritten)
