@@ -1,9 +1,27 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "client/environment.h"
 
+#include "platform/bus/bus_address.h"
+
+#include <zepa_platform/session_bus.h>
+
 #include <QGuiApplication>
 
 namespace zepa {
+
+namespace {
+
+/// Qt waits for a bus that accepts and says nothing, for ever: in its status icon, for screen readers. So one that does
+/// not answer counts as none, for everybody in this process.
+void passOverSilentBus()
+{
+    constexpr int patience = 2000; // milliseconds
+    // A bus elsewhere in the network is left to those who find their way there.
+    if (!bus::sessionBusAddresses().isEmpty() && !zepaSessionBusAnswers(patience))
+        qputenv("DBUS_SESSION_BUS_ADDRESS", "disabled:");
+}
+
+} // namespace
 
 void prepareEnvironment(bool needsDisplay)
 {
@@ -11,6 +29,7 @@ void prepareEnvironment(bool needsDisplay)
     // library does for every remembered posting: twenty times as slow.
     if (!qEnvironmentVariableIsSet("TZ"))
         qputenv("TZ", ":/etc/localtime");
+    passOverSilentBus();
 
     if (qEnvironmentVariableIsSet("QT_QPA_PLATFORM"))
         return;

@@ -3,7 +3,8 @@
 
 namespace zepa {
 
-/// Puts the process's environment in order; to be called before there is a QApplication.
+/// Puts the process's environment in order; to be called before there is a QApplication. Asks the session bus whether
+/// it answers, which takes two seconds where it keeps silent; from then on there is none.
 ///
 /// @param needsDisplay  whether the program is to show anything: without need, none is opened
 void prepareEnvironment(bool needsDisplay);

@@ -28,6 +28,7 @@ zepa_test(client_program_bus_test LABEL service
   SOURCES
     program.cpp
     program_service_test.cpp
+    ${PROJECT_SOURCE_DIR}/tests/platform/fake_bus.cpp
     ${PROJECT_SOURCE_DIR}/tests/platform/service_fixture.cpp
   LIBRARIES zepa_platform Qt6::DBus)
 target_compile_definitions(client_program_bus_test PRIVATE

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "program.h"
+#include "tests/platform/fake_bus.h"
 #include "tests/platform/service_fixture.h"
 
 #include <QFile>
@@ -63,6 +64,20 @@ TEST_F(ProgramOnBus, PostSaysThatThePopUpWentAwayWithoutAClick)
     EXPECT_EQ(outcome.code, 3);
     EXPECT_EQ(outcome.lines().constLast(), QStringLiteral("timed out"));
     EXPECT_FALSE(QFileInfo::exists(inFolder(QStringLiteral("ran"))));
+}
+
+TEST_F(ProgramOnBus, ABusThatKeepsSilentIsAskedOnceAndCountsAsNone)
+{
+    const QString socket = inFolder(QStringLiteral("silent"));
+    const FakeBus silent(QFile::encodeName(socket));
+    ASSERT_TRUE(silent.listens());
+    environment.insert(QStringLiteral("DBUS_SESSION_BUS_ADDRESS"), QStringLiteral("unix:path=") + socket);
+    const auto program = start(postAnna({wait}));
+    ASSERT_TRUE(waitFor([&program] { return program->state() == QProcess::NotRunning; }));
+    const Outcome outcome = finish(*program);
+    EXPECT_EQ(outcome.code, 4) << outcome.err.toStdString();
+    EXPECT_TRUE(outcome.lines().constLast().contains(QStringLiteral("no session bus"))) << outcome.out.toStdString();
+    EXPECT_EQ(silent.connectionCount(), 1);
 }
 
 TEST_F(ProgramOnBus, PostEndsWhenTheServiceRefusesOrDies)
