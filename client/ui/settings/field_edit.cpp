@@ -163,7 +163,7 @@ void FieldEdit::present(const ZepaField& field, QWidget* part)
     part->setToolTip(field.getDescription());
     part->setFocusPolicy(Qt::StrongFocus);
     part->installEventFilter(this);
-    setFocusProxy(part);
+    m_part = part;
 }
 
 void FieldEdit::arrange(const ZepaField& field, QWidget* part)

@@ -20,6 +20,8 @@ public:
 
     /// Shows the value of `field`, which has the identifier and type of the first one; edited() is not emitted.
     virtual void setField(const ZepaField& field) = 0;
+    /// The part that holds the value: what a label beside it belongs to.
+    QWidget* part() const { return m_part; }
     /// The label stands in the widget itself: none is needed beside it.
     virtual bool showsLabel() const { return false; }
 
@@ -29,11 +31,14 @@ Q_SIGNALS:
 
 protected:
     explicit FieldEdit(QWidget* parent) : QWidget(parent) {}
-    /// Gives the part that holds the value the field's name and description, and the focus of the whole.
+    /// Gives the part that holds the value the field's name and description.
     void present(const ZepaField& field, QWidget* part);
     /// present(), for a part that is all there is.
     void arrange(const ZepaField& field, QWidget* part);
     bool eventFilter(QObject* watched, QEvent* event) override;
+
+private:
+    QWidget* m_part = nullptr;
 };
 
 /// The field's label, or its identifier where it has no label.

@@ -20,6 +20,11 @@ bool sameShape(const ZepaField& a, const ZepaField& b)
            a.getLowerBound() == b.getLowerBound();
 }
 
+bool isTabStop(const QWidget& widget)
+{
+    return (widget.focusPolicy() & Qt::TabFocus) != 0 && !widget.focusProxy();
+}
+
 } // namespace
 
 FieldForm::FieldForm(QWidget* parent) : QWidget(parent), m_layout(new QFormLayout(this))
@@ -53,9 +58,27 @@ void FieldForm::rebuild()
             m_layout->addRow(edit);
         } else {
             auto* label = new QLabel(plainLabel(fieldLabel(field)), this);
-            label->setBuddy(edit);
+            label->setBuddy(edit->part());
             label->setToolTip(field.getDescription());
             m_layout->addRow(label, edit);
+        }
+    }
+    putTabStopsInPlace();
+}
+
+/// The form stands in the tab order where it was made; fields that are made later would come last in the window.
+void FieldForm::putTabStopsInPlace()
+{
+    QWidget* stop = previousInFocusChain();
+    while (stop != this && !isTabStop(*stop))
+        stop = stop->previousInFocusChain();
+    for (const FieldEdit* edit : std::as_const(m_edits)) {
+        const auto parts = edit->findChildren<QWidget*>();
+        for (QWidget* part : parts) {
+            if (!isTabStop(*part))
+                continue;
+            setTabOrder(stop, part);
+            stop = part;
         }
     }
 }

@@ -31,6 +31,7 @@ Q_SIGNALS:
 
 private:
     void rebuild();
+    void putTabStopsInPlace();
 
     QFormLayout* m_layout;
     QList<ZepaField> m_fields;

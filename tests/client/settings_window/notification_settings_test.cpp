@@ -133,6 +133,24 @@ TEST_F(NotificationSettingsTest, TabReachesEveryFieldAndButtonThatIsThere)
     EXPECT_GE(expected, 12);
 }
 
+TEST_F(NotificationSettingsTest, TabGoesThroughTheWindowAsItIsRead)
+{
+    // The second choice builds the fields of the rule anew.
+    clickCell(cell(message, popup));
+    clickCell(cell(message, sound));
+    click(find("add"));
+    table()->setFocus();
+    QStringList names;
+    do {
+        names.append(QApplication::focusWidget()->objectName());
+        press(Qt::Key_Tab);
+    } while (!table()->hasFocus() && names.size() < 60);
+    const QString asRead = QStringLiteral("rules rule sound_file play choose add remove sample defaults "
+                                          "duplicated_notifications_time alerts icon_theme roster_theme sound_theme "
+                                          "undo close");
+    EXPECT_EQ(names.join(u' '), asRead);
+}
+
 TEST_F(NotificationSettingsTest, EverythingThatTakesTheFocusHasANameForScreenReaders)
 {
     for (const QString& method : {popup, sound, chat}) {
