@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
+#include "listening_translator.h"
 #include "marking_translator.h"
 #include "module_test.h"
 
@@ -83,6 +84,19 @@ TEST_F(Catalogue, TranslatesNameAndDescriptionUnderCommentsOfTheirOwn)
     const ZepaNotification* alert = type(QStringLiteral("alert_sent_notify"));
     EXPECT_EQ(alert->getName(), QStringLiteral("Alert sent|translation|notification event"));
     EXPECT_EQ(alert->getDescription(), QStringLiteral("Alert sent|translation|notification event description"));
+}
+
+TEST_F(Catalogue, TranslatesEachDescriptionBeforeItsName)
+{
+    module();
+    ListeningTranslator translator;
+    QCoreApplication::installTranslator(&translator);
+    ZepaNotificationModule::init();
+    QCoreApplication::removeTranslator(&translator);
+    QStringList expected;
+    for (std::size_t i = 0; i < expectedTypes.size(); ++i)
+        expected << QStringLiteral("notification event description") << QStringLiteral("notification event");
+    EXPECT_EQ(translator.heard, expected);
 }
 
 TEST_F(Catalogue, ChangesNothingWhenItIsFilledTwice)

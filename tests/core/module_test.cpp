@@ -2,6 +2,7 @@
 #include "module_test.h"
 
 #include "host/tray_icon.h"
+#include "listening_translator.h"
 
 namespace {
 
@@ -327,6 +328,18 @@ TEST_F(Module, MakesTheMainIconFirstAndShowsItBeforeTheMethodsAreInstalled)
                                         {QStringLiteral("made"), QStringLiteral("icon"), QStringLiteral("visible")}}));
 }
 
+TEST_F(Module, MakesTheMethodForPopupsBeforeTheOneForSounds)
+{
+    // Each translates the label of its setting while it is made.
+    ListeningTranslator translator;
+    QCoreApplication::installTranslator(&translator);
+    module();
+    QCoreApplication::removeTranslator(&translator);
+    ASSERT_FALSE(translator.heard.isEmpty());
+    EXPECT_TRUE(translator.heard.constFirst().startsWith(QStringLiteral("sticky")));
+    EXPECT_EQ(translator.heard.constLast(), QStringLiteral("nc"));
+}
+
 TEST_F(Module, IsNoLongerTheInstanceWhenItsIconsGoAndDeletesTheMainOneFirst)
 {
     const ZepaNotificationModule* old = &module();
@@ -362,4 +375,78 @@ TEST_F(Module, TellsAMethodOfATypeBeforeItGivesItTheDefaultRule)
     registerType(event);
     EXPECT_EQ(looking.rulesThen, 0);
     EXPECT_EQ(module().getRules(type(event)).size(), 1);
+}
+
+TEST_F(Module, HasReadStoredRulesWhenItTellsAMethodOfTheType)
+{
+    class Looking : public ProbeMethod
+    {
+    public:
+        void registerNotification(ZepaNotification* notification) override
+        {
+            rulesThen = ZepaNotificationModule::getInstance()->getRules(notification).size();
+        }
+        qsizetype rulesThen = -1;
+    };
+    Looking looking;
+    module().installNotificationMethod(&looking);
+    host.writeRuleFile(event, "<rules><probe><config/></probe></rules>");
+    registerType(event);
+    EXPECT_EQ(looking.rulesThen, 1);
+}
+
+TEST_F(Module, KnowsAMethodBeforeItTellsItOfTheTypesAndGivesItRulesAfterwards)
+{
+    class Looking : public ProbeMethod
+    {
+    public:
+        void registerNotifications(const QList<ZepaNotification*>& notifications) override
+        {
+            auto* module = ZepaNotificationModule::getInstance();
+            isKnownThen = module->getMethods().value(getId()) == this;
+            rulesThen = module->getRules(notifications.value(0)).size();
+        }
+        bool isKnownThen = false;
+        qsizetype rulesThen = -1;
+    };
+    registerType(event);
+    Looking looking;
+    looking.setDefaultNotificationConfig(event, {});
+    module().installNotificationMethod(&looking);
+    EXPECT_TRUE(looking.isKnownThen);
+    EXPECT_EQ(looking.rulesThen, 0);
+    EXPECT_EQ(module().getRules(type(event)).size(), 1);
+}
+
+TEST_F(Module, WritesOnlyTheTypesFileWhenARuleIsAddedOrRemoved)
+{
+    ProbeMethod probe;
+    registerType(event);
+    registerType(other);
+    addRule(other, probe);
+    host.writeRuleFile(other, "untouched");
+    ZepaNotificationRule* rule = addRule(event, probe);
+    module().removeNotificationRule(rule);
+    EXPECT_FALSE(host.readRuleFile(event).isNull());
+    EXPECT_EQ(host.readRuleFile(other), QByteArray("untouched"));
+}
+
+TEST_F(Module, DeletesItsIconsBeforeTheMethodsAndTheirWaitingActions)
+{
+    // One of the types for which pop-ups are on by default.
+    const QString mail = QStringLiteral("email_notify");
+    registerType(mail);
+    module().setTrayIcon(QStringLiteral("mail"), QIcon());
+    QStringList order;
+    {
+        const std::shared_ptr<int> token(new int, [&order](const int* value) {
+            delete value;
+            order.append(QStringLiteral("action"));
+        });
+        post(mail, QStringLiteral("title"), ZepaPluginAction([token] {}));
+    }
+    ASSERT_EQ(RecordingGrowl::popups.size(), 1);
+    host.whenIconIsDeleted = [&](const ZepaTrayIcon* /*icon*/) { order.append(QStringLiteral("icon")); };
+    closeModule();
+    EXPECT_EQ(order, QStringList({QStringLiteral("icon"), QStringLiteral("icon"), QStringLiteral("action")}));
 }

@@ -194,6 +194,16 @@ TEST_F(RuleFiles, AddASecondRuleForEachMethodAlreadyReadWhenAMethodIsInstalledLa
     EXPECT_EQ(ruleCount(), 3);
 }
 
+TEST_F(RuleFiles, AreReadFromTheirBeginningSoThatTheLastElementIsTheNewestRule)
+{
+    module().installNotificationMethod(&probe);
+    host.writeRuleFile(event, document(probeElement(QStringLiteral("upper")) + probeElement(QStringLiteral("lower"))));
+    registerType(event);
+    ASSERT_EQ(ruleCount(), 2);
+    const ZepaNotificationRule* newest = module().getNotificationRule(event, QStringLiteral("probe"));
+    EXPECT_EQ(textOf(newest->getConfig(), setting), QStringLiteral("lower"));
+}
+
 TEST_F(RuleFiles, AreNotReadForAMethodThatIsGivenButNotInstalled)
 {
     registerType(other);

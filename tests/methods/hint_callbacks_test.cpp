@@ -212,3 +212,16 @@ TEST_F(HintCallbacks, AClickRunsTheActionsInTheOrderOfTheTable)
     notificationClicked(CFSTR("7"));
     EXPECT_EQ(order, QStringList(names.values()));
 }
+
+TEST_F(HintCallbacks, ATimeOutForgetsTheActionsOfAllEqualContexts)
+{
+    CFPropertyListRef first = postNumber(7, count);
+    CFPropertyListRef second = postNumber(7, count);
+    CFPropertyListRef other = postNumber(8, count);
+    notificationTimedOut(CFSTR("7"));
+    EXPECT_EQ(CFGetRetainCount(first), 1);
+    EXPECT_EQ(CFGetRetainCount(second), 1);
+    EXPECT_EQ(CFGetRetainCount(other), 2);
+    notificationClicked(CFSTR("7"));
+    EXPECT_EQ(runs, 0);
+}

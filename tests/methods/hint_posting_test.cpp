@@ -294,6 +294,19 @@ TEST_F(HintPosting, LeavesTheTableOneReferenceOnTheContext)
     EXPECT_EQ(CFGetRetainCount(popup.context), 2);
 }
 
+TEST_F(HintPosting, GivesUpEveryStringThatItMadeForGrowl)
+{
+    const QString file = host.settings.filePath(QStringLiteral("picture.png"));
+    ASSERT_TRUE(savePicture(file, Qt::green));
+    for (const ZepaPluginAction& each : {ZepaPluginAction(), action}) {
+        const RecordedPopup& popup = post(a, a, {}, each, file);
+        // Name, title, description and picture, each with the recording Growl's reference alone.
+        EXPECT_EQ(popup.kept.size(), 4);
+        for (CFTypeRef object : popup.kept)
+            EXPECT_EQ(CFGetRetainCount(object), 1);
+    }
+}
+
 TEST_F(HintPosting, KeepsTheActionUntilAnAnswer)
 {
     auto alive = std::make_shared<int>();

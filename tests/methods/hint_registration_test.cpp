@@ -72,6 +72,14 @@ TEST_F(HintRegistration, MakesTheMethodTheOneOfTheCallBacks)
     EXPECT_EQ(hnminstance, &method);
 }
 
+TEST_F(HintRegistration, IsMadeWhenTheMethodIsTheOneOfTheCallBacksAlready)
+{
+    const ZepaHintNotificationMethod* then = nullptr;
+    RecordingGrowl::whileRegistering = [&then] { then = hnminstance; };
+    const ZepaHintNotificationMethod method;
+    EXPECT_EQ(then, &method);
+}
+
 TEST_F(HintRegistration, IsEmptyAfterInstallationIntoAModuleWithoutTypes)
 {
     module();
@@ -81,7 +89,8 @@ TEST_F(HintRegistration, IsEmptyAfterInstallationIntoAModuleWithoutTypes)
 TEST_F(HintRegistration, HoldsTheDisplayNamesOfAllTypesAfterEachNewOne)
 {
     module();
-    module().registerNotification(QStringLiteral("one"), QStringLiteral("First"), QString(), QString());
+    module().registerNotification(QStringLiteral("one"), QStringLiteral("First"), QStringLiteral("extra"),
+                                  QStringLiteral("description"));
     EXPECT_EQ(RecordingGrowl::registrations.last(), QStringList({QStringLiteral("First")}));
     module().registerNotification(QStringLiteral("two"), QStringLiteral("Second"), QString(), QString());
     EXPECT_EQ(sorted(RecordingGrowl::registrations.last()),

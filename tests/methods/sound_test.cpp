@@ -139,6 +139,8 @@ TEST_F(Sound, IsSilentForARuleWithoutFields)
     EXPECT_EQ(played(QStringLiteral("event"), {}), silence);
     host.alerts = QStringLiteral("always");
     EXPECT_EQ(played(alert, {}, {sender(ZepaBuddy::Contact)}), silence);
+    // The user's choice comes first.
+    EXPECT_EQ(host.settingsRead.size(), 1);
 }
 
 TEST_F(Sound, OffersOneFieldWithTheBell)

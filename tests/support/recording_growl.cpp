@@ -14,6 +14,8 @@ void RecordingGrowl::reset()
     for (const RecordedPopup& popup : std::as_const(popups)) {
         if (popup.context != nullptr)
             CFRelease(popup.context);
+        for (CFTypeRef object : popup.kept)
+            CFRelease(object);
     }
     running = true;
     calls.clear();
@@ -72,6 +74,12 @@ void Growl_PostNotification(const Growl_Notification* notification)
     if (popup.context != nullptr) {
         CFRetain(popup.context);
         popup.contextText = RecordingGrowl::toQString(static_cast<CFStringRef>(popup.context));
+    }
+    for (CFTypeRef object :
+         {static_cast<CFTypeRef>(notification->name), static_cast<CFTypeRef>(notification->title),
+          static_cast<CFTypeRef>(notification->description), static_cast<CFTypeRef>(notification->iconData)}) {
+        if (object != nullptr)
+            popup.kept.append(CFRetain(object));
     }
     popup.hasCallback = notification->clickCallback != nullptr;
     popup.hasIdentifier = notification->identifier != nullptr;

@@ -27,6 +27,8 @@ struct RecordedPopup
     /// there is none.
     CFPropertyListRef context = nullptr;
     QString contextText;
+    /// Name, title, description and picture, as far as there are any; each with a reference of its own like `context`.
+    QList<CFTypeRef> kept;
     bool hasCallback = false;
     bool hasIdentifier = false;
 };
