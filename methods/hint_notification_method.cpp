@@ -105,6 +105,35 @@ const CFStringRef& allNotificationsKey()
     return key;
 }
 
+/// Registers with Growl. The dictionary owns, besides its own references, the creation references of `names` and of
+/// every string in it; releaseRegistration() gives all of them up.
+void registerNames(Growl_Delegate& delegate, CFArrayRef names)
+{
+    const void* keys[] = {allNotificationsKey()};
+    const void* values[] = {names};
+    delegate.registrationDictionary = CFDictionaryCreate(
+        kCFAllocatorDefault, keys, values, 1, &kCFTypeDictionaryKeyCallBacks, &kCFTypeDictionaryValueCallBacks);
+    Growl_SetDelegate(&delegate);
+}
+
+void releaseRegistration(Growl_Delegate& delegate)
+{
+    if (delegate.registrationDictionary == nullptr)
+        return;
+    const auto names =
+        static_cast<CFArrayRef>(CFDictionaryGetValue(delegate.registrationDictionary, allNotificationsKey()));
+    // The creation references of the names and of their array are the dictionary's own, beside the borrowed ones that
+    // the analyzer sees here.
+    // NOLINTBEGIN(clang-analyzer-osx.cocoa.RetainCount): as said
+    const CFIndex count = CFArrayGetCount(names);
+    for (CFIndex i = 0; i < count; ++i)
+        CFRelease(CFArrayGetValueAtIndex(names, i));
+    CFRelease(delegate.registrationDictionary);
+    CFRelease(names);
+    // NOLINTEND(clang-analyzer-osx.cocoa.RetainCount)
+    delegate.registrationDictionary = nullptr;
+}
+
 } // namespace
 
 ZepaHintNotificationMethod::ZepaHintNotificationMethod()
@@ -143,7 +172,7 @@ ZepaHintNotificationMethod::ZepaHintNotificationMethod()
                            CFSTR("error_notify"),
                            CFSTR("email_notify")};
     constexpr CFIndex registeredAtFirst = 3;
-    registerNames(CFArrayCreate(kCFAllocatorDefault, names, registeredAtFirst, &kCFTypeArrayCallBacks));
+    registerNames(growlDelegate, CFArrayCreate(kCFAllocatorDefault, names, registeredAtFirst, &kCFTypeArrayCallBacks));
 }
 
 ZepaHintNotificationMethod::~ZepaHintNotificationMethod()
@@ -151,7 +180,7 @@ ZepaHintNotificationMethod::~ZepaHintNotificationMethod()
     if (liveInstance == this)
         liveInstance = nullptr;
     CFRelease(growlDelegate.applicationName);
-    releaseRegistration();
+    releaseRegistration(growlDelegate);
     for (auto entry = pendingActions.constBegin(); entry != pendingActions.constEnd(); ++entry)
         CFRelease(entry.key());
 }
@@ -188,37 +217,8 @@ void ZepaHintNotificationMethod::registerNotifications(const QList<ZepaNotificat
     }
     CFArrayRef array =
         CFArrayCreate(kCFAllocatorDefault, names.data(), static_cast<CFIndex>(names.size()), &kCFTypeArrayCallBacks);
-    releaseRegistration();
-    registerNames(array);
-}
-
-/// Registers with Growl. The dictionary owns, besides its own references, the creation references of `names` and of
-/// every string in it; releaseRegistration() gives all of them up.
-void ZepaHintNotificationMethod::registerNames(CFArrayRef names)
-{
-    const void* keys[] = {allNotificationsKey()};
-    const void* values[] = {names};
-    growlDelegate.registrationDictionary = CFDictionaryCreate(
-        kCFAllocatorDefault, keys, values, 1, &kCFTypeDictionaryKeyCallBacks, &kCFTypeDictionaryValueCallBacks);
-    Growl_SetDelegate(&growlDelegate);
-}
-
-void ZepaHintNotificationMethod::releaseRegistration()
-{
-    if (growlDelegate.registrationDictionary == nullptr)
-        return;
-    const auto names =
-        static_cast<CFArrayRef>(CFDictionaryGetValue(growlDelegate.registrationDictionary, allNotificationsKey()));
-    // The creation references of the names and of their array are the dictionary's own, beside the borrowed ones that
-    // the analyzer sees here.
-    // NOLINTBEGIN(clang-analyzer-osx.cocoa.RetainCount): as said
-    const CFIndex count = CFArrayGetCount(names);
-    for (CFIndex i = 0; i < count; ++i)
-        CFRelease(CFArrayGetValueAtIndex(names, i));
-    CFRelease(growlDelegate.registrationDictionary);
-    CFRelease(names);
-    // NOLINTEND(clang-analyzer-osx.cocoa.RetainCount)
-    growlDelegate.registrationDictionary = nullptr;
+    releaseRegistration(growlDelegate);
+    registerNames(growlDelegate, array);
 }
 
 void ZepaHintNotificationMethod::postNotification(unsigned int sequence, ZepaNotification* notification,

@@ -43,9 +43,6 @@ private:
     friend void notificationClicked(const void* clickContext);
     friend void notificationTimedOut(const void* clickContext);
 
-    void registerNames(CFArrayRef names);
-    void releaseRegistration();
-
     /// Growl holds its address, so it stays where it is.
     Growl_Delegate growlDelegate;
     /// Idle, and meant to be: made here, never read, filled or released.
