@@ -5,7 +5,7 @@ from accessible import AccessibleTest, press, write
 from support import SERVICES, screen
 
 # The simulator's events in their order.
-WRITES, E_MAIL, NEWS, COMES_ONLINE, STARTS_TYPING = 0, 6, 7, 10, 14
+WRITES, E_MAIL, NEWS, FAILS, COMES_ONLINE, STARTS_TYPING = 0, 6, 7, 8, 10, 14
 # The journal's columns.
 VERDICT, EVENT, ABOUT, METHODS = 1, 2, 4, 5
 
@@ -101,17 +101,23 @@ class MainWindowVerdicts(MainWindowTest):
         self.told("waits for an answer")
         self.told("ended without a click")
 
+        press(self.desktop, "alt+a")
+        self.window.find("check box", "With an action for a click").wait_for_state("checked", False)
+        self.post(NEWS)
+        self.told("It has no action, so nobody tells what became of it.")
+
         self.desktop.service.kill()
         screen.wait_until(lambda: self.desktop.ask_bus("NameHasOwner", "org.freedesktop.Notifications") == "(false,)",
                           "the service should be gone")
-        self.post(NEWS)
+        self.post(FAILS)
         self.told("there is no notification service on the session bus")
 
         self.assertEqual([(row[EVENT], row[VERDICT]) for row in self.journal()],
                          [("Message received", "clicked"), ("Message received", "repeat"),
                           ("Typing started", "no rule"), ("Buddy connected", "no rule for a pop-up"),
-                          ("New email", "timed out"), ("Information message", "no notification service")])
-        self.assertEqual([row[ABOUT] for row in self.journal()], ["Ann", "Ann", "Ann", "Ben", "", ""])
+                          ("New email", "timed out"), ("Information message", "pop-up"),
+                          ("Error message", "no notification service")])
+        self.assertEqual([row[ABOUT] for row in self.journal()], ["Ann", "Ann", "Ann", "Ben", "", "", ""])
 
 
 class MainWindowByKeyboard(MainWindowTest):
