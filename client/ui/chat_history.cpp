@@ -203,30 +203,40 @@ void ChatHistory::forgetOldLines()
     verticalScrollBar()->setValue(following ? verticalScrollBar()->maximum() : qMax(0, place - removedHeight));
 }
 
-QString ChatHistory::textAloud(const QTextCursor& selection) const
+QString ChatHistory::textAloud(int from, int to) const
 {
-    QString text = selection.selectedText();
-    text.replace(QChar::ParagraphSeparator, u'\n').replace(QChar::LineSeparator, u'\n');
-    QTextCursor picture(document());
-    for (qsizetype at = text.lastIndexOf(QChar::ObjectReplacementCharacter); at >= 0;
-         at = at > 0 ? text.lastIndexOf(QChar::ObjectReplacementCharacter, at - 1) : -1) {
-        picture.setPosition(selection.selectionStart() + int(at) + 1);
-        text.replace(at, 1, picture.charFormat().stringProperty(QTextFormat::ImageAltText));
+    // By fragments: a cursor that moves lays its line out, to know its place in it.
+    QString text;
+    for (QTextBlock line = document()->findBlock(from); line.isValid() && line.position() < to; line = line.next()) {
+        for (auto piece = line.begin(); !piece.atEnd(); ++piece) {
+            const QTextFragment fragment = piece.fragment();
+            const int begin = qMax(from, fragment.position());
+            const int end = qMin(to, fragment.position() + fragment.length());
+            if (begin >= end)
+                continue;
+            const QTextCharFormat format = fragment.charFormat();
+            if (format.isImageFormat())
+                text += format.stringProperty(QTextFormat::ImageAltText).repeated(end - begin);
+            else
+                text += fragment.text().sliced(begin - fragment.position(), end - begin);
+        }
+        if (line.position() + line.length() <= to)
+            text += u'\n';
     }
+    text.replace(QChar::LineSeparator, u'\n');
     return text.removeIf([](QChar c) { return c == beginIsolate || c == endIsolate; });
 }
 
 QString ChatHistory::lastLineAloud() const
 {
-    QTextCursor line(document()->lastBlock());
-    line.movePosition(QTextCursor::EndOfBlock, QTextCursor::KeepAnchor);
-    return textAloud(line);
+    const QTextBlock line = document()->lastBlock();
+    return textAloud(line.position(), line.position() + line.length() - 1);
 }
 
 QMimeData* ChatHistory::createMimeDataFromSelection() const
 {
     auto* copied = new QMimeData;
-    copied->setText(textAloud(textCursor()));
+    copied->setText(textAloud(textCursor().selectionStart(), textCursor().selectionEnd()));
     return copied;
 }
 

@@ -44,7 +44,8 @@ private:
     /// The shown height of a picture at most, and of a letter's.
     int pictureHeight() const;
     int signHeight() const;
-    QString textAloud(const QTextCursor& selection) const;
+    /// What stands between two positions of the document.
+    QString textAloud(int from, int to) const;
     void forgetOldLines();
     void restyle();
 

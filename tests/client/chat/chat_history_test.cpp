@@ -3,9 +3,11 @@
 
 #include "client/ui/message_text.h"
 
-#include <QCoreApplication>
+#include <QClipboard>
+#include <QGuiApplication>
 #include <QScrollBar>
 #include <QTextBlock>
+#include <QTextCursor>
 #include <QTextDocument>
 #include <gtest/gtest.h>
 
@@ -31,6 +33,7 @@ protected:
     bool isAtEnd() { return history.verticalScrollBar()->value() == history.verticalScrollBar()->maximum(); }
 
     ChatHistory history;
+    const QDateTime time{QDate(2026, 1, 2), QTime(12, 5)};
 };
 
 } // namespace
@@ -102,4 +105,28 @@ TEST_F(History, ANewLineSelectsNothing)
 {
     add(QStringLiteral("hello"), 3);
     EXPECT_FALSE(history.textCursor().hasSelection());
+}
+
+TEST_F(History, WhatIsCopiedAreTheWordsThatAreSelected)
+{
+    for (const QString& name : {QStringLiteral("Anna"), QStringLiteral("Bob")}) {
+        history.append({ChatLine::Kind::Information, {}, name + QStringLiteral(" is away"), time});
+        history.append({ChatLine::Kind::Incoming, name, QStringLiteral("two\nlines"), time});
+    }
+    const int end = history.document()->characterCount() - 1;
+    for (int from = 0; from < end; ++from) {
+        for (int to = from + 1; to <= end; ++to) {
+            QTextCursor selection(history.document());
+            selection.setPosition(from);
+            selection.setPosition(to, QTextCursor::KeepAnchor);
+            QString expected = selection.selectedText();
+            expected.replace(QChar::ParagraphSeparator, u'\n').replace(QChar::LineSeparator, u'\n');
+            expected.replace(QChar::ObjectReplacementCharacter, QStringLiteral("Information:"));
+            expected.remove(u'\u2068').remove(u'\u2069');
+            history.setTextCursor(selection);
+            history.copy();
+            ASSERT_EQ(QGuiApplication::clipboard()->text(), expected) << from << " to " << to;
+        }
+    }
+    EXPECT_EQ(history.lastLineAloud(), QStringLiteral("Bob  12:05\ntwo\nlines"));
 }
