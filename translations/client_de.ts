@@ -523,6 +523,181 @@
     </message>
 </context>
 <context>
+    <name>zepa::JournalText</name>
+    <message>
+        <source>It was dropped as a repeat of a posting that the journal does not hold any more. Repeats are dropped for %1 s (setting &quot;duplicated_notifications_time&quot;).</source>
+        <translation>Sie wurde als Wiederholung einer Meldung weggelassen, die das Protokoll nicht mehr enthält. Wiederholungen werden %1 s lang weggelassen (Einstellung &quot;duplicated_notifications_time&quot;).</translation>
+    </message>
+    <message>
+        <source>It was dropped as a repeat: the same type and title was posted at %1. Times of day are compared without their dates, so it stays a repeat until that time has come again.</source>
+        <translation>Sie wurde als Wiederholung weggelassen: Dieselbe Art mit demselben Titel wurde um %1 gemeldet. Uhrzeiten werden ohne ihr Datum verglichen, deshalb bleibt sie eine Wiederholung, bis diese Uhrzeit wiederkommt.</translation>
+    </message>
+    <message>
+        <source>It was dropped as a repeat: the same type and title was posted %1 s ago, and repeats are dropped for %2 s (setting &quot;duplicated_notifications_time&quot;).</source>
+        <translation>Sie wurde als Wiederholung weggelassen: Dieselbe Art mit demselben Titel wurde vor %1 s gemeldet, und Wiederholungen werden %2 s lang weggelassen (Einstellung &quot;duplicated_notifications_time&quot;).</translation>
+    </message>
+    <message>
+        <source>That was type %1 with title &quot;%2&quot;: type and title written in one count as the same.</source>
+        <translation>Das war die Art %1 mit dem Titel &quot;%2&quot;: Art und Titel hintereinander geschrieben gelten als dasselbe.</translation>
+    </message>
+    <message>
+        <source>No sound: no rule of this type calls the sound method.</source>
+        <translation>Kein Klang: Keine Regel dieser Art ruft die Klangmethode auf.</translation>
+    </message>
+    <message>
+        <source>No sound: alerts are mute (setting &quot;alerts&quot;: never).</source>
+        <translation>Kein Klang: Weckrufe sind stumm (Einstellung &quot;alerts&quot;: never).</translation>
+    </message>
+    <message>
+        <source>No sound: the sender is not on the contact list (setting &quot;alerts&quot;: buddies_only).</source>
+        <translation>Kein Klang: Der Absender steht nicht auf der Kontaktliste (Einstellung &quot;alerts&quot;: buddies_only).</translation>
+    </message>
+    <message>
+        <source>No sound: the rule&apos;s sound file is not there.</source>
+        <translation>Kein Klang: Die Klangdatei der Regel ist nicht da.</translation>
+    </message>
+    <message>
+        <source>The sound method was called, and its file handed to the sound player.</source>
+        <translation>Die Klangmethode wurde aufgerufen und ihre Datei zum Abspielen übergeben.</translation>
+    </message>
+    <message>
+        <source>No line in a chat: no rule of this type calls the chat window method.</source>
+        <translation>Keine Zeile in einem Chat: Keine Regel dieser Art ruft die Methode für Chatfenster auf.</translation>
+    </message>
+    <message>
+        <source>No line in a chat: the posting is not about anybody.</source>
+        <translation>Keine Zeile in einem Chat: Die Meldung betrifft niemanden.</translation>
+    </message>
+    <message>
+        <source>No line in a chat: the chat window of %1 is not open.</source>
+        <translation>Keine Zeile in einem Chat: Das Chatfenster von %1 ist nicht offen.</translation>
+    </message>
+    <message>
+        <source>A line was written into the chat window of %1.</source>
+        <translation>Eine Zeile wurde in das Chatfenster von %1 geschrieben.</translation>
+    </message>
+    <message>
+        <source>pop-up</source>
+        <translation>Einblendung</translation>
+    </message>
+    <message>
+        <source>pop-up waits</source>
+        <translation>Einblendung wartet</translation>
+    </message>
+    <message>
+        <source>clicked</source>
+        <translation>angeklickt</translation>
+    </message>
+    <message>
+        <source>timed out</source>
+        <translation>abgelaufen</translation>
+    </message>
+    <message>
+        <source>repeat</source>
+        <translation>Wiederholung</translation>
+    </message>
+    <message>
+        <source>no rule</source>
+        <translation>keine Regel</translation>
+    </message>
+    <message>
+        <source>no rule for a pop-up</source>
+        <translation>keine Regel für Einblendung</translation>
+    </message>
+    <message>
+        <source>no session bus</source>
+        <translation>kein Sitzungsbus</translation>
+    </message>
+    <message>
+        <source>no notification service</source>
+        <translation>kein Benachrichtigungsdienst</translation>
+    </message>
+    <message>
+        <source>not registered</source>
+        <translation>nicht angemeldet</translation>
+    </message>
+    <message>
+        <source>unknown type</source>
+        <translation>unbekannte Art</translation>
+    </message>
+    <message>
+        <source>A pop-up was handed to the notification service. It has no action, so nobody tells what became of it.</source>
+        <translation>Eine Einblendung wurde dem Benachrichtigungsdienst übergeben. Sie hat keine Aktion, deshalb sagt niemand, was aus ihr wurde.</translation>
+    </message>
+    <message>
+        <source>A pop-up was handed to the notification service and waits for an answer.</source>
+        <translation>Eine Einblendung wurde dem Benachrichtigungsdienst übergeben und wartet auf eine Antwort.</translation>
+    </message>
+    <message>
+        <source>It popped up and was clicked.</source>
+        <translation>Sie wurde eingeblendet und angeklickt.</translation>
+    </message>
+    <message>
+        <source>A pop-up was handed to the notification service and ended without a click: its time was over, it was closed, or the service gave it up.</source>
+        <translation>Eine Einblendung wurde dem Benachrichtigungsdienst übergeben und endete ohne Klick: Ihre Zeit war um, sie wurde geschlossen, oder der Dienst gab sie auf.</translation>
+    </message>
+    <message>
+        <source>The type &quot;%1&quot; has no rule, so no method was called.</source>
+        <translation>Die Art &quot;%1&quot; hat keine Regel, deshalb wurde keine Methode aufgerufen.</translation>
+    </message>
+    <message>
+        <source>No rule of the type &quot;%1&quot; calls the pop-up method; called was: %2.</source>
+        <translation>Keine Regel der Art &quot;%1&quot; ruft die Methode für Einblendungen auf; aufgerufen wurde: %2.</translation>
+    </message>
+    <message>
+        <source>The pop-up method was called, but there is no session bus, so no notification service.</source>
+        <translation>Die Methode für Einblendungen wurde aufgerufen, aber es gibt keinen Sitzungsbus und deshalb keinen Benachrichtigungsdienst.</translation>
+    </message>
+    <message>
+        <source>The pop-up method was called, but there is no notification service on the session bus.</source>
+        <translation>Die Methode für Einblendungen wurde aufgerufen, aber am Sitzungsbus ist kein Benachrichtigungsdienst.</translation>
+    </message>
+    <message>
+        <source>The pop-up method was called, but the type &quot;%1&quot; is not registered with the notification service.</source>
+        <translation>Die Methode für Einblendungen wurde aufgerufen, aber die Art &quot;%1&quot; ist beim Benachrichtigungsdienst nicht angemeldet.</translation>
+    </message>
+    <message>
+        <source>Nobody registered a notification type &quot;%1&quot;.</source>
+        <translation>Niemand hat eine Meldungsart &quot;%1&quot; angemeldet.</translation>
+    </message>
+    <message>
+        <source>Why did this not pop up?</source>
+        <translation>Warum wurde das nicht eingeblendet?</translation>
+    </message>
+    <message>
+        <source>nobody</source>
+        <translation>niemand</translation>
+    </message>
+    <message>
+        <source>%1 (not on the contact list)</source>
+        <translation>%1 (nicht auf der Kontaktliste)</translation>
+    </message>
+    <message>
+        <source>Posted: %1</source>
+        <translation>Gemeldet: %1</translation>
+    </message>
+    <message>
+        <source>Type: %1 (%2)</source>
+        <translation>Art: %1 (%2)</translation>
+    </message>
+    <message>
+        <source>Title: %1</source>
+        <translation>Titel: %1</translation>
+    </message>
+    <message>
+        <source>Text: %1</source>
+        <translation>Text: %1</translation>
+    </message>
+    <message>
+        <source>About: %1</source>
+        <translation>Person: %1</translation>
+    </message>
+    <message>
+        <source>Methods in the order of their calls (the newest rule comes first):</source>
+        <translation>Methoden in der Reihenfolge ihrer Aufrufe (die neueste Regel zuerst):</translation>
+    </message>
+</context>
+<context>
     <name>zepa::JournalView</name>
     <message>
         <source>Why did this not pop up?</source>

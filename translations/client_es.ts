@@ -523,6 +523,181 @@
     </message>
 </context>
 <context>
+    <name>zepa::JournalText</name>
+    <message>
+        <source>It was dropped as a repeat of a posting that the journal does not hold any more. Repeats are dropped for %1 s (setting &quot;duplicated_notifications_time&quot;).</source>
+        <translation>Se omitió por ser la repetición de un envío que el registro ya no contiene. Las repeticiones se omiten durante %1 s (ajuste &quot;duplicated_notifications_time&quot;).</translation>
+    </message>
+    <message>
+        <source>It was dropped as a repeat: the same type and title was posted at %1. Times of day are compared without their dates, so it stays a repeat until that time has come again.</source>
+        <translation>Se omitió por repetido: el mismo tipo con el mismo título se envió a las %1. Las horas se comparan sin su fecha, así que sigue siendo una repetición hasta que vuelva esa hora.</translation>
+    </message>
+    <message>
+        <source>It was dropped as a repeat: the same type and title was posted %1 s ago, and repeats are dropped for %2 s (setting &quot;duplicated_notifications_time&quot;).</source>
+        <translation>Se omitió por repetido: el mismo tipo con el mismo título se envió hace %1 s, y las repeticiones se omiten durante %2 s (ajuste &quot;duplicated_notifications_time&quot;).</translation>
+    </message>
+    <message>
+        <source>That was type %1 with title &quot;%2&quot;: type and title written in one count as the same.</source>
+        <translation>Era el tipo %1 con el título &quot;%2&quot;: el tipo y el título escritos seguidos cuentan como iguales.</translation>
+    </message>
+    <message>
+        <source>No sound: no rule of this type calls the sound method.</source>
+        <translation>Sin sonido: ninguna regla de este tipo llama al método de sonido.</translation>
+    </message>
+    <message>
+        <source>No sound: alerts are mute (setting &quot;alerts&quot;: never).</source>
+        <translation>Sin sonido: los avisos están en silencio (ajuste &quot;alerts&quot;: never).</translation>
+    </message>
+    <message>
+        <source>No sound: the sender is not on the contact list (setting &quot;alerts&quot;: buddies_only).</source>
+        <translation>Sin sonido: el remitente no está en la lista de contactos (ajuste &quot;alerts&quot;: buddies_only).</translation>
+    </message>
+    <message>
+        <source>No sound: the rule&apos;s sound file is not there.</source>
+        <translation>Sin sonido: el archivo de sonido de la regla no está.</translation>
+    </message>
+    <message>
+        <source>The sound method was called, and its file handed to the sound player.</source>
+        <translation>Se llamó al método de sonido y su archivo se entregó al reproductor.</translation>
+    </message>
+    <message>
+        <source>No line in a chat: no rule of this type calls the chat window method.</source>
+        <translation>Ninguna línea en un chat: ninguna regla de este tipo llama al método de la ventana de chat.</translation>
+    </message>
+    <message>
+        <source>No line in a chat: the posting is not about anybody.</source>
+        <translation>Ninguna línea en un chat: el envío no trata de nadie.</translation>
+    </message>
+    <message>
+        <source>No line in a chat: the chat window of %1 is not open.</source>
+        <translation>Ninguna línea en un chat: la ventana de chat de %1 no está abierta.</translation>
+    </message>
+    <message>
+        <source>A line was written into the chat window of %1.</source>
+        <translation>Se escribió una línea en la ventana de chat de %1.</translation>
+    </message>
+    <message>
+        <source>pop-up</source>
+        <translation>aviso emergente</translation>
+    </message>
+    <message>
+        <source>pop-up waits</source>
+        <translation>aviso en espera</translation>
+    </message>
+    <message>
+        <source>clicked</source>
+        <translation>pulsado</translation>
+    </message>
+    <message>
+        <source>timed out</source>
+        <translation>caducado</translation>
+    </message>
+    <message>
+        <source>repeat</source>
+        <translation>repetición</translation>
+    </message>
+    <message>
+        <source>no rule</source>
+        <translation>sin regla</translation>
+    </message>
+    <message>
+        <source>no rule for a pop-up</source>
+        <translation>sin regla de aviso emergente</translation>
+    </message>
+    <message>
+        <source>no session bus</source>
+        <translation>sin bus de sesión</translation>
+    </message>
+    <message>
+        <source>no notification service</source>
+        <translation>sin servicio de notificaciones</translation>
+    </message>
+    <message>
+        <source>not registered</source>
+        <translation>no registrado</translation>
+    </message>
+    <message>
+        <source>unknown type</source>
+        <translation>tipo desconocido</translation>
+    </message>
+    <message>
+        <source>A pop-up was handed to the notification service. It has no action, so nobody tells what became of it.</source>
+        <translation>Se entregó un aviso emergente al servicio de notificaciones. No tiene acción, así que nadie dice qué fue de él.</translation>
+    </message>
+    <message>
+        <source>A pop-up was handed to the notification service and waits for an answer.</source>
+        <translation>Se entregó un aviso emergente al servicio de notificaciones y espera una respuesta.</translation>
+    </message>
+    <message>
+        <source>It popped up and was clicked.</source>
+        <translation>El aviso apareció y se pulsó.</translation>
+    </message>
+    <message>
+        <source>A pop-up was handed to the notification service and ended without a click: its time was over, it was closed, or the service gave it up.</source>
+        <translation>Se entregó un aviso emergente al servicio de notificaciones y terminó sin pulsarse: se acabó su tiempo, se cerró o el servicio lo abandonó.</translation>
+    </message>
+    <message>
+        <source>The type &quot;%1&quot; has no rule, so no method was called.</source>
+        <translation>El tipo &quot;%1&quot; no tiene reglas, así que no se llamó a ningún método.</translation>
+    </message>
+    <message>
+        <source>No rule of the type &quot;%1&quot; calls the pop-up method; called was: %2.</source>
+        <translation>Ninguna regla del tipo &quot;%1&quot; llama al método de avisos emergentes; se llamó a: %2.</translation>
+    </message>
+    <message>
+        <source>The pop-up method was called, but there is no session bus, so no notification service.</source>
+        <translation>Se llamó al método de avisos emergentes, pero no hay bus de sesión, así que tampoco servicio de notificaciones.</translation>
+    </message>
+    <message>
+        <source>The pop-up method was called, but there is no notification service on the session bus.</source>
+        <translation>Se llamó al método de avisos emergentes, pero no hay servicio de notificaciones en el bus de sesión.</translation>
+    </message>
+    <message>
+        <source>The pop-up method was called, but the type &quot;%1&quot; is not registered with the notification service.</source>
+        <translation>Se llamó al método de avisos emergentes, pero el tipo &quot;%1&quot; no está registrado en el servicio de notificaciones.</translation>
+    </message>
+    <message>
+        <source>Nobody registered a notification type &quot;%1&quot;.</source>
+        <translation>Nadie registró un tipo de notificación &quot;%1&quot;.</translation>
+    </message>
+    <message>
+        <source>Why did this not pop up?</source>
+        <translation>¿Por qué no hubo aviso emergente?</translation>
+    </message>
+    <message>
+        <source>nobody</source>
+        <translation>nadie</translation>
+    </message>
+    <message>
+        <source>%1 (not on the contact list)</source>
+        <translation>%1 (no está en la lista de contactos)</translation>
+    </message>
+    <message>
+        <source>Posted: %1</source>
+        <translation>Enviado: %1</translation>
+    </message>
+    <message>
+        <source>Type: %1 (%2)</source>
+        <translation>Tipo: %1 (%2)</translation>
+    </message>
+    <message>
+        <source>Title: %1</source>
+        <translation>Título: %1</translation>
+    </message>
+    <message>
+        <source>Text: %1</source>
+        <translation>Texto: %1</translation>
+    </message>
+    <message>
+        <source>About: %1</source>
+        <translation>Trata de: %1</translation>
+    </message>
+    <message>
+        <source>Methods in the order of their calls (the newest rule comes first):</source>
+        <translation>Métodos en el orden de sus llamadas (la regla más nueva va primero):</translation>
+    </message>
+</context>
+<context>
     <name>zepa::JournalView</name>
     <message>
         <source>Why did this not pop up?</source>

@@ -523,6 +523,181 @@
     </message>
 </context>
 <context>
+    <name>zepa::JournalText</name>
+    <message>
+        <source>It was dropped as a repeat of a posting that the journal does not hold any more. Repeats are dropped for %1 s (setting &quot;duplicated_notifications_time&quot;).</source>
+        <translation>Elle a été ignorée comme répétition d’une annonce que le journal ne contient plus. Les répétitions sont ignorées pendant %1 s (réglage &quot;duplicated_notifications_time&quot;).</translation>
+    </message>
+    <message>
+        <source>It was dropped as a repeat: the same type and title was posted at %1. Times of day are compared without their dates, so it stays a repeat until that time has come again.</source>
+        <translation>Elle a été ignorée comme répétition : le même type avec le même titre a été annoncé à %1. Les heures sont comparées sans leur date, elle reste donc une répétition jusqu’à ce que cette heure revienne.</translation>
+    </message>
+    <message>
+        <source>It was dropped as a repeat: the same type and title was posted %1 s ago, and repeats are dropped for %2 s (setting &quot;duplicated_notifications_time&quot;).</source>
+        <translation>Elle a été ignorée comme répétition : le même type avec le même titre a été annoncé il y a %1 s, et les répétitions sont ignorées pendant %2 s (réglage &quot;duplicated_notifications_time&quot;).</translation>
+    </message>
+    <message>
+        <source>That was type %1 with title &quot;%2&quot;: type and title written in one count as the same.</source>
+        <translation>C’était le type %1 avec le titre &quot;%2&quot; : le type et le titre écrits à la suite comptent comme identiques.</translation>
+    </message>
+    <message>
+        <source>No sound: no rule of this type calls the sound method.</source>
+        <translation>Pas de son : aucune règle de ce type n’appelle la méthode du son.</translation>
+    </message>
+    <message>
+        <source>No sound: alerts are mute (setting &quot;alerts&quot;: never).</source>
+        <translation>Pas de son : les alertes sont muettes (réglage &quot;alerts&quot; : never).</translation>
+    </message>
+    <message>
+        <source>No sound: the sender is not on the contact list (setting &quot;alerts&quot;: buddies_only).</source>
+        <translation>Pas de son : l’expéditeur n’est pas dans la liste de contacts (réglage &quot;alerts&quot; : buddies_only).</translation>
+    </message>
+    <message>
+        <source>No sound: the rule&apos;s sound file is not there.</source>
+        <translation>Pas de son : le fichier son de la règle est absent.</translation>
+    </message>
+    <message>
+        <source>The sound method was called, and its file handed to the sound player.</source>
+        <translation>La méthode du son a été appelée, et son fichier remis au lecteur.</translation>
+    </message>
+    <message>
+        <source>No line in a chat: no rule of this type calls the chat window method.</source>
+        <translation>Pas de ligne dans une discussion : aucune règle de ce type n’appelle la méthode de la fenêtre de discussion.</translation>
+    </message>
+    <message>
+        <source>No line in a chat: the posting is not about anybody.</source>
+        <translation>Pas de ligne dans une discussion : l’annonce ne concerne personne.</translation>
+    </message>
+    <message>
+        <source>No line in a chat: the chat window of %1 is not open.</source>
+        <translation>Pas de ligne dans une discussion : la fenêtre de discussion de %1 n’est pas ouverte.</translation>
+    </message>
+    <message>
+        <source>A line was written into the chat window of %1.</source>
+        <translation>Une ligne a été écrite dans la fenêtre de discussion de %1.</translation>
+    </message>
+    <message>
+        <source>pop-up</source>
+        <translation>bulle</translation>
+    </message>
+    <message>
+        <source>pop-up waits</source>
+        <translation>bulle en attente</translation>
+    </message>
+    <message>
+        <source>clicked</source>
+        <translation>cliquée</translation>
+    </message>
+    <message>
+        <source>timed out</source>
+        <translation>expirée</translation>
+    </message>
+    <message>
+        <source>repeat</source>
+        <translation>répétition</translation>
+    </message>
+    <message>
+        <source>no rule</source>
+        <translation>pas de règle</translation>
+    </message>
+    <message>
+        <source>no rule for a pop-up</source>
+        <translation>pas de règle pour une bulle</translation>
+    </message>
+    <message>
+        <source>no session bus</source>
+        <translation>pas de bus de session</translation>
+    </message>
+    <message>
+        <source>no notification service</source>
+        <translation>pas de service de notification</translation>
+    </message>
+    <message>
+        <source>not registered</source>
+        <translation>non enregistré</translation>
+    </message>
+    <message>
+        <source>unknown type</source>
+        <translation>type inconnu</translation>
+    </message>
+    <message>
+        <source>A pop-up was handed to the notification service. It has no action, so nobody tells what became of it.</source>
+        <translation>Une bulle a été remise au service de notification. Elle n’a pas d’action, personne ne dit donc ce qu’elle est devenue.</translation>
+    </message>
+    <message>
+        <source>A pop-up was handed to the notification service and waits for an answer.</source>
+        <translation>Une bulle a été remise au service de notification et attend une réponse.</translation>
+    </message>
+    <message>
+        <source>It popped up and was clicked.</source>
+        <translation>La bulle s’est affichée et a été cliquée.</translation>
+    </message>
+    <message>
+        <source>A pop-up was handed to the notification service and ended without a click: its time was over, it was closed, or the service gave it up.</source>
+        <translation>Une bulle a été remise au service de notification et a pris fin sans clic : son temps était écoulé, elle a été fermée, ou le service l’a abandonnée.</translation>
+    </message>
+    <message>
+        <source>The type &quot;%1&quot; has no rule, so no method was called.</source>
+        <translation>Le type &quot;%1&quot; n’a pas de règle, aucune méthode n’a donc été appelée.</translation>
+    </message>
+    <message>
+        <source>No rule of the type &quot;%1&quot; calls the pop-up method; called was: %2.</source>
+        <translation>Aucune règle du type &quot;%1&quot; n’appelle la méthode des bulles ; a été appelé : %2.</translation>
+    </message>
+    <message>
+        <source>The pop-up method was called, but there is no session bus, so no notification service.</source>
+        <translation>La méthode des bulles a été appelée, mais il n’y a pas de bus de session, donc pas de service de notification.</translation>
+    </message>
+    <message>
+        <source>The pop-up method was called, but there is no notification service on the session bus.</source>
+        <translation>La méthode des bulles a été appelée, mais il n’y a pas de service de notification sur le bus de session.</translation>
+    </message>
+    <message>
+        <source>The pop-up method was called, but the type &quot;%1&quot; is not registered with the notification service.</source>
+        <translation>La méthode des bulles a été appelée, mais le type &quot;%1&quot; n’est pas enregistré auprès du service de notification.</translation>
+    </message>
+    <message>
+        <source>Nobody registered a notification type &quot;%1&quot;.</source>
+        <translation>Personne n’a enregistré de type de notification &quot;%1&quot;.</translation>
+    </message>
+    <message>
+        <source>Why did this not pop up?</source>
+        <translation>Pourquoi n’y a-t-il pas eu de bulle ?</translation>
+    </message>
+    <message>
+        <source>nobody</source>
+        <translation>personne</translation>
+    </message>
+    <message>
+        <source>%1 (not on the contact list)</source>
+        <translation>%1 (pas dans la liste de contacts)</translation>
+    </message>
+    <message>
+        <source>Posted: %1</source>
+        <translation>Annoncée : %1</translation>
+    </message>
+    <message>
+        <source>Type: %1 (%2)</source>
+        <translation>Type : %1 (%2)</translation>
+    </message>
+    <message>
+        <source>Title: %1</source>
+        <translation>Titre : %1</translation>
+    </message>
+    <message>
+        <source>Text: %1</source>
+        <translation>Texte : %1</translation>
+    </message>
+    <message>
+        <source>About: %1</source>
+        <translation>Concerne : %1</translation>
+    </message>
+    <message>
+        <source>Methods in the order of their calls (the newest rule comes first):</source>
+        <translation>Méthodes dans l’ordre de leurs appels (la règle la plus récente d’abord) :</translation>
+    </message>
+</context>
+<context>
     <name>zepa::JournalView</name>
     <message>
         <source>Why did this not pop up?</source>

@@ -523,6 +523,181 @@
     </message>
 </context>
 <context>
+    <name>zepa::JournalText</name>
+    <message>
+        <source>It was dropped as a repeat of a posting that the journal does not hold any more. Repeats are dropped for %1 s (setting &quot;duplicated_notifications_time&quot;).</source>
+        <translation>Pominięto je jako powtórzenie zgłoszenia, którego dziennik już nie zawiera. Powtórzenia są pomijane przez %1 s (ustawienie &quot;duplicated_notifications_time&quot;).</translation>
+    </message>
+    <message>
+        <source>It was dropped as a repeat: the same type and title was posted at %1. Times of day are compared without their dates, so it stays a repeat until that time has come again.</source>
+        <translation>Pominięto je jako powtórzenie: ten sam rodzaj z tym samym tytułem zgłoszono o %1. Godziny są porównywane bez daty, więc pozostaje powtórzeniem, aż ta godzina nadejdzie znowu.</translation>
+    </message>
+    <message>
+        <source>It was dropped as a repeat: the same type and title was posted %1 s ago, and repeats are dropped for %2 s (setting &quot;duplicated_notifications_time&quot;).</source>
+        <translation>Pominięto je jako powtórzenie: ten sam rodzaj z tym samym tytułem zgłoszono %1 s temu, a powtórzenia są pomijane przez %2 s (ustawienie &quot;duplicated_notifications_time&quot;).</translation>
+    </message>
+    <message>
+        <source>That was type %1 with title &quot;%2&quot;: type and title written in one count as the same.</source>
+        <translation>Był to rodzaj %1 z tytułem &quot;%2&quot;: rodzaj i tytuł zapisane razem liczą się jako takie same.</translation>
+    </message>
+    <message>
+        <source>No sound: no rule of this type calls the sound method.</source>
+        <translation>Bez dźwięku: żadna reguła tego rodzaju nie wywołuje metody dźwięku.</translation>
+    </message>
+    <message>
+        <source>No sound: alerts are mute (setting &quot;alerts&quot;: never).</source>
+        <translation>Bez dźwięku: alerty są wyciszone (ustawienie &quot;alerts&quot;: never).</translation>
+    </message>
+    <message>
+        <source>No sound: the sender is not on the contact list (setting &quot;alerts&quot;: buddies_only).</source>
+        <translation>Bez dźwięku: nadawcy nie ma na liście kontaktów (ustawienie &quot;alerts&quot;: buddies_only).</translation>
+    </message>
+    <message>
+        <source>No sound: the rule&apos;s sound file is not there.</source>
+        <translation>Bez dźwięku: pliku dźwiękowego z reguły nie ma.</translation>
+    </message>
+    <message>
+        <source>The sound method was called, and its file handed to the sound player.</source>
+        <translation>Wywołano metodę dźwięku, a jej plik przekazano do odtworzenia.</translation>
+    </message>
+    <message>
+        <source>No line in a chat: no rule of this type calls the chat window method.</source>
+        <translation>Bez wiersza w rozmowie: żadna reguła tego rodzaju nie wywołuje metody okna rozmowy.</translation>
+    </message>
+    <message>
+        <source>No line in a chat: the posting is not about anybody.</source>
+        <translation>Bez wiersza w rozmowie: zgłoszenie nie dotyczy nikogo.</translation>
+    </message>
+    <message>
+        <source>No line in a chat: the chat window of %1 is not open.</source>
+        <translation>Bez wiersza w rozmowie: okno rozmowy z %1 nie jest otwarte.</translation>
+    </message>
+    <message>
+        <source>A line was written into the chat window of %1.</source>
+        <translation>Wpisano wiersz do okna rozmowy z %1.</translation>
+    </message>
+    <message>
+        <source>pop-up</source>
+        <translation>dymek</translation>
+    </message>
+    <message>
+        <source>pop-up waits</source>
+        <translation>dymek czeka</translation>
+    </message>
+    <message>
+        <source>clicked</source>
+        <translation>kliknięty</translation>
+    </message>
+    <message>
+        <source>timed out</source>
+        <translation>wygasł</translation>
+    </message>
+    <message>
+        <source>repeat</source>
+        <translation>powtórzenie</translation>
+    </message>
+    <message>
+        <source>no rule</source>
+        <translation>brak reguły</translation>
+    </message>
+    <message>
+        <source>no rule for a pop-up</source>
+        <translation>brak reguły dla dymka</translation>
+    </message>
+    <message>
+        <source>no session bus</source>
+        <translation>brak magistrali sesji</translation>
+    </message>
+    <message>
+        <source>no notification service</source>
+        <translation>brak usługi powiadomień</translation>
+    </message>
+    <message>
+        <source>not registered</source>
+        <translation>niezarejestrowany</translation>
+    </message>
+    <message>
+        <source>unknown type</source>
+        <translation>nieznany rodzaj</translation>
+    </message>
+    <message>
+        <source>A pop-up was handed to the notification service. It has no action, so nobody tells what became of it.</source>
+        <translation>Dymek przekazano usłudze powiadomień. Nie ma on czynności, więc nikt nie powie, co się z nim stało.</translation>
+    </message>
+    <message>
+        <source>A pop-up was handed to the notification service and waits for an answer.</source>
+        <translation>Dymek przekazano usłudze powiadomień; czeka na odpowiedź.</translation>
+    </message>
+    <message>
+        <source>It popped up and was clicked.</source>
+        <translation>Dymek się pokazał i został kliknięty.</translation>
+    </message>
+    <message>
+        <source>A pop-up was handed to the notification service and ended without a click: its time was over, it was closed, or the service gave it up.</source>
+        <translation>Dymek przekazano usłudze powiadomień i skończył się bez kliknięcia: minął jego czas, został zamknięty albo usługa z niego zrezygnowała.</translation>
+    </message>
+    <message>
+        <source>The type &quot;%1&quot; has no rule, so no method was called.</source>
+        <translation>Rodzaj &quot;%1&quot; nie ma reguł, więc nie wywołano żadnej metody.</translation>
+    </message>
+    <message>
+        <source>No rule of the type &quot;%1&quot; calls the pop-up method; called was: %2.</source>
+        <translation>Żadna reguła rodzaju &quot;%1&quot; nie wywołuje metody dymków; wywołano: %2.</translation>
+    </message>
+    <message>
+        <source>The pop-up method was called, but there is no session bus, so no notification service.</source>
+        <translation>Wywołano metodę dymków, ale nie ma magistrali sesji, a więc i usługi powiadomień.</translation>
+    </message>
+    <message>
+        <source>The pop-up method was called, but there is no notification service on the session bus.</source>
+        <translation>Wywołano metodę dymków, ale na magistrali sesji nie ma usługi powiadomień.</translation>
+    </message>
+    <message>
+        <source>The pop-up method was called, but the type &quot;%1&quot; is not registered with the notification service.</source>
+        <translation>Wywołano metodę dymków, ale rodzaj &quot;%1&quot; nie jest zarejestrowany w usłudze powiadomień.</translation>
+    </message>
+    <message>
+        <source>Nobody registered a notification type &quot;%1&quot;.</source>
+        <translation>Nikt nie zarejestrował rodzaju powiadomień &quot;%1&quot;.</translation>
+    </message>
+    <message>
+        <source>Why did this not pop up?</source>
+        <translation>Dlaczego nie pokazał się dymek?</translation>
+    </message>
+    <message>
+        <source>nobody</source>
+        <translation>nikt</translation>
+    </message>
+    <message>
+        <source>%1 (not on the contact list)</source>
+        <translation>%1 (spoza listy kontaktów)</translation>
+    </message>
+    <message>
+        <source>Posted: %1</source>
+        <translation>Zgłoszono: %1</translation>
+    </message>
+    <message>
+        <source>Type: %1 (%2)</source>
+        <translation>Rodzaj: %1 (%2)</translation>
+    </message>
+    <message>
+        <source>Title: %1</source>
+        <translation>Tytuł: %1</translation>
+    </message>
+    <message>
+        <source>Text: %1</source>
+        <translation>Tekst: %1</translation>
+    </message>
+    <message>
+        <source>About: %1</source>
+        <translation>Dotyczy: %1</translation>
+    </message>
+    <message>
+        <source>Methods in the order of their calls (the newest rule comes first):</source>
+        <translation>Metody w kolejności wywołań (najpierw najnowsza reguła):</translation>
+    </message>
+</context>
+<context>
     <name>zepa::JournalView</name>
     <message>
         <source>Why did this not pop up?</source>

@@ -523,6 +523,181 @@
     </message>
 </context>
 <context>
+    <name>zepa::JournalText</name>
+    <message>
+        <source>It was dropped as a repeat of a posting that the journal does not hold any more. Repeats are dropped for %1 s (setting &quot;duplicated_notifications_time&quot;).</source>
+        <translation>Foi ignorado por repetir um envio que o registo já não contém. As repetições são ignoradas durante %1 s (definição &quot;duplicated_notifications_time&quot;).</translation>
+    </message>
+    <message>
+        <source>It was dropped as a repeat: the same type and title was posted at %1. Times of day are compared without their dates, so it stays a repeat until that time has come again.</source>
+        <translation>Foi ignorado por ser repetido: o mesmo tipo com o mesmo título foi enviado às %1. As horas são comparadas sem a data, por isso continua a ser uma repetição até essa hora voltar.</translation>
+    </message>
+    <message>
+        <source>It was dropped as a repeat: the same type and title was posted %1 s ago, and repeats are dropped for %2 s (setting &quot;duplicated_notifications_time&quot;).</source>
+        <translation>Foi ignorado por ser repetido: o mesmo tipo com o mesmo título foi enviado há %1 s, e as repetições são ignoradas durante %2 s (definição &quot;duplicated_notifications_time&quot;).</translation>
+    </message>
+    <message>
+        <source>That was type %1 with title &quot;%2&quot;: type and title written in one count as the same.</source>
+        <translation>Era o tipo %1 com o título &quot;%2&quot;: o tipo e o título escritos seguidos contam como iguais.</translation>
+    </message>
+    <message>
+        <source>No sound: no rule of this type calls the sound method.</source>
+        <translation>Sem som: nenhuma regra deste tipo chama o método de som.</translation>
+    </message>
+    <message>
+        <source>No sound: alerts are mute (setting &quot;alerts&quot;: never).</source>
+        <translation>Sem som: os alertas estão em silêncio (definição &quot;alerts&quot;: never).</translation>
+    </message>
+    <message>
+        <source>No sound: the sender is not on the contact list (setting &quot;alerts&quot;: buddies_only).</source>
+        <translation>Sem som: o remetente não está na lista de contactos (definição &quot;alerts&quot;: buddies_only).</translation>
+    </message>
+    <message>
+        <source>No sound: the rule&apos;s sound file is not there.</source>
+        <translation>Sem som: o ficheiro de som da regra não está lá.</translation>
+    </message>
+    <message>
+        <source>The sound method was called, and its file handed to the sound player.</source>
+        <translation>O método de som foi chamado e o seu ficheiro entregue ao leitor.</translation>
+    </message>
+    <message>
+        <source>No line in a chat: no rule of this type calls the chat window method.</source>
+        <translation>Nenhuma linha numa conversa: nenhuma regra deste tipo chama o método da janela de conversa.</translation>
+    </message>
+    <message>
+        <source>No line in a chat: the posting is not about anybody.</source>
+        <translation>Nenhuma linha numa conversa: o envio não diz respeito a ninguém.</translation>
+    </message>
+    <message>
+        <source>No line in a chat: the chat window of %1 is not open.</source>
+        <translation>Nenhuma linha numa conversa: a janela de conversa de %1 não está aberta.</translation>
+    </message>
+    <message>
+        <source>A line was written into the chat window of %1.</source>
+        <translation>Foi escrita uma linha na janela de conversa de %1.</translation>
+    </message>
+    <message>
+        <source>pop-up</source>
+        <translation>aviso</translation>
+    </message>
+    <message>
+        <source>pop-up waits</source>
+        <translation>aviso em espera</translation>
+    </message>
+    <message>
+        <source>clicked</source>
+        <translation>clicado</translation>
+    </message>
+    <message>
+        <source>timed out</source>
+        <translation>expirado</translation>
+    </message>
+    <message>
+        <source>repeat</source>
+        <translation>repetição</translation>
+    </message>
+    <message>
+        <source>no rule</source>
+        <translation>sem regra</translation>
+    </message>
+    <message>
+        <source>no rule for a pop-up</source>
+        <translation>sem regra para aviso</translation>
+    </message>
+    <message>
+        <source>no session bus</source>
+        <translation>sem barramento de sessão</translation>
+    </message>
+    <message>
+        <source>no notification service</source>
+        <translation>sem serviço de notificações</translation>
+    </message>
+    <message>
+        <source>not registered</source>
+        <translation>não registado</translation>
+    </message>
+    <message>
+        <source>unknown type</source>
+        <translation>tipo desconhecido</translation>
+    </message>
+    <message>
+        <source>A pop-up was handed to the notification service. It has no action, so nobody tells what became of it.</source>
+        <translation>Foi entregue um aviso ao serviço de notificações. Não tem ação, por isso ninguém diz o que lhe aconteceu.</translation>
+    </message>
+    <message>
+        <source>A pop-up was handed to the notification service and waits for an answer.</source>
+        <translation>Foi entregue um aviso ao serviço de notificações e espera uma resposta.</translation>
+    </message>
+    <message>
+        <source>It popped up and was clicked.</source>
+        <translation>O aviso apareceu e foi clicado.</translation>
+    </message>
+    <message>
+        <source>A pop-up was handed to the notification service and ended without a click: its time was over, it was closed, or the service gave it up.</source>
+        <translation>Foi entregue um aviso ao serviço de notificações e terminou sem clique: o seu tempo acabou, foi fechado ou o serviço desistiu dele.</translation>
+    </message>
+    <message>
+        <source>The type &quot;%1&quot; has no rule, so no method was called.</source>
+        <translation>O tipo &quot;%1&quot; não tem regras, por isso nenhum método foi chamado.</translation>
+    </message>
+    <message>
+        <source>No rule of the type &quot;%1&quot; calls the pop-up method; called was: %2.</source>
+        <translation>Nenhuma regra do tipo &quot;%1&quot; chama o método de avisos; foi chamado: %2.</translation>
+    </message>
+    <message>
+        <source>The pop-up method was called, but there is no session bus, so no notification service.</source>
+        <translation>O método de avisos foi chamado, mas não há barramento de sessão, logo não há serviço de notificações.</translation>
+    </message>
+    <message>
+        <source>The pop-up method was called, but there is no notification service on the session bus.</source>
+        <translation>O método de avisos foi chamado, mas não há serviço de notificações no barramento de sessão.</translation>
+    </message>
+    <message>
+        <source>The pop-up method was called, but the type &quot;%1&quot; is not registered with the notification service.</source>
+        <translation>O método de avisos foi chamado, mas o tipo &quot;%1&quot; não está registado no serviço de notificações.</translation>
+    </message>
+    <message>
+        <source>Nobody registered a notification type &quot;%1&quot;.</source>
+        <translation>Ninguém registou um tipo de notificação &quot;%1&quot;.</translation>
+    </message>
+    <message>
+        <source>Why did this not pop up?</source>
+        <translation>Porque não houve aviso?</translation>
+    </message>
+    <message>
+        <source>nobody</source>
+        <translation>ninguém</translation>
+    </message>
+    <message>
+        <source>%1 (not on the contact list)</source>
+        <translation>%1 (não está na lista de contactos)</translation>
+    </message>
+    <message>
+        <source>Posted: %1</source>
+        <translation>Enviado: %1</translation>
+    </message>
+    <message>
+        <source>Type: %1 (%2)</source>
+        <translation>Tipo: %1 (%2)</translation>
+    </message>
+    <message>
+        <source>Title: %1</source>
+        <translation>Título: %1</translation>
+    </message>
+    <message>
+        <source>Text: %1</source>
+        <translation>Texto: %1</translation>
+    </message>
+    <message>
+        <source>About: %1</source>
+        <translation>Diz respeito a: %1</translation>
+    </message>
+    <message>
+        <source>Methods in the order of their calls (the newest rule comes first):</source>
+        <translation>Métodos pela ordem das suas chamadas (a regra mais recente primeiro):</translation>
+    </message>
+</context>
+<context>
     <name>zepa::JournalView</name>
     <message>
         <source>Why did this not pop up?</source>

@@ -13,10 +13,11 @@ namespace zepa {
 
 namespace {
 
-QString translated(const char* text)
+/// The context of the texts for translators.
+struct JournalText
 {
-    return QCoreApplication::translate("zepa", text);
-}
+    Q_DECLARE_TR_FUNCTIONS(zepa::JournalText)
+};
 
 QString clock(const QDateTime& time)
 {
@@ -33,23 +34,26 @@ QString whyRepeat(const JournalEntry& entry)
 {
     const QString limit = QString::number(entry.report.repeatLimit);
     if (!entry.earlier)
-        return translated("It was dropped as a repeat of a posting that the journal does not hold any more. Repeats "
-                          "are dropped for %1 s (setting \"duplicated_notifications_time\").")
+        return JournalText::tr(
+                   "It was dropped as a repeat of a posting that the journal does not hold any more. Repeats "
+                   "are dropped for %1 s (setting \"duplicated_notifications_time\").")
             .arg(limit);
     const JournalEntry::Earlier& earlier = *entry.earlier;
     const int seconds = secondsBetween(earlier.time, entry.time);
     QString why;
     if (seconds < 0)
-        why = translated("It was dropped as a repeat: the same type and title was posted at %1. Times of day are "
-                         "compared without their dates, so it stays a repeat until that time has come again.")
+        why = JournalText::tr("It was dropped as a repeat: the same type and title was posted at %1. Times of day are "
+                              "compared without their dates, so it stays a repeat until that time has come again.")
                   .arg(clock(earlier.time));
     else
-        why = translated("It was dropped as a repeat: the same type and title was posted %1 s ago, and repeats are "
-                         "dropped for %2 s (setting \"duplicated_notifications_time\").")
-                  .arg(QString::number(seconds), limit);
+        why =
+            JournalText::tr("It was dropped as a repeat: the same type and title was posted %1 s ago, and repeats are "
+                            "dropped for %2 s (setting \"duplicated_notifications_time\").")
+                .arg(QString::number(seconds), limit);
     if (earlier.type != entry.type)
-        why += u' ' + translated("That was type %1 with title \"%2\": type and title written in one count as the same.")
-                          .arg(nameText(earlier.type), nameText(earlier.title));
+        why += u' ' +
+               JournalText::tr("That was type %1 with title \"%2\": type and title written in one count as the same.")
+                   .arg(nameText(earlier.type), nameText(earlier.title));
     return why;
 }
 
@@ -57,32 +61,32 @@ QString soundText(SoundState sound)
 {
     switch (sound) {
     case SoundState::NotAsked:
-        return translated("No sound: no rule of this type calls the sound method.");
+        return JournalText::tr("No sound: no rule of this type calls the sound method.");
     case SoundState::MutedForAll:
-        return translated("No sound: alerts are mute (setting \"alerts\": never).");
+        return JournalText::tr("No sound: alerts are mute (setting \"alerts\": never).");
     case SoundState::MutedForStrangers:
-        return translated("No sound: the sender is not on the contact list (setting \"alerts\": buddies_only).");
+        return JournalText::tr("No sound: the sender is not on the contact list (setting \"alerts\": buddies_only).");
     case SoundState::NoFile:
-        return translated("No sound: the rule's sound file is not there.");
+        return JournalText::tr("No sound: the rule's sound file is not there.");
     case SoundState::Asked:
         break;
     }
-    return translated("The sound method was called, and its file handed to the sound player.");
+    return JournalText::tr("The sound method was called, and its file handed to the sound player.");
 }
 
 QString chatText(const JournalEntry& entry)
 {
     switch (entry.report.chat) {
     case ChatState::NotAsked:
-        return translated("No line in a chat: no rule of this type calls the chat window method.");
+        return JournalText::tr("No line in a chat: no rule of this type calls the chat window method.");
     case ChatState::NoBuddy:
-        return translated("No line in a chat: the posting is not about anybody.");
+        return JournalText::tr("No line in a chat: the posting is not about anybody.");
     case ChatState::NoWindow:
-        return translated("No line in a chat: the chat window of %1 is not open.").arg(nameText(entry.who));
+        return JournalText::tr("No line in a chat: the chat window of %1 is not open.").arg(nameText(entry.who));
     case ChatState::Written:
         break;
     }
-    return translated("A line was written into the chat window of %1.").arg(nameText(entry.who));
+    return JournalText::tr("A line was written into the chat window of %1.").arg(nameText(entry.who));
 }
 
 QString callText(const Delivery& call)
@@ -109,63 +113,68 @@ QString verdictText(Verdict verdict)
 {
     switch (verdict) {
     case Verdict::PopupSent:
-        return translated("pop-up");
+        return JournalText::tr("pop-up");
     case Verdict::PopupWaiting:
-        return translated("pop-up waits");
+        return JournalText::tr("pop-up waits");
     case Verdict::PopupClicked:
-        return translated("clicked");
+        return JournalText::tr("clicked");
     case Verdict::PopupTimedOut:
-        return translated("timed out");
+        return JournalText::tr("timed out");
     case Verdict::Repeat:
-        return translated("repeat");
+        return JournalText::tr("repeat");
     case Verdict::NoRule:
-        return translated("no rule");
+        return JournalText::tr("no rule");
     case Verdict::NoPopupRule:
-        return translated("no rule for a pop-up");
+        return JournalText::tr("no rule for a pop-up");
     case Verdict::NoBus:
-        return translated("no session bus");
+        return JournalText::tr("no session bus");
     case Verdict::NoService:
-        return translated("no notification service");
+        return JournalText::tr("no notification service");
     case Verdict::NotRegistered:
-        return translated("not registered");
+        return JournalText::tr("not registered");
     case Verdict::UnknownType:
         break;
     }
-    return translated("unknown type");
+    return JournalText::tr("unknown type");
 }
 
 QString whyNoPopup(const JournalEntry& entry)
 {
     switch (entry.verdict()) {
     case Verdict::PopupSent:
-        return translated("A pop-up was handed to the notification service. It has no action, so nobody tells what "
-                          "became of it.");
+        return JournalText::tr(
+            "A pop-up was handed to the notification service. It has no action, so nobody tells what "
+            "became of it.");
     case Verdict::PopupWaiting:
-        return translated("A pop-up was handed to the notification service and waits for an answer.");
+        return JournalText::tr("A pop-up was handed to the notification service and waits for an answer.");
     case Verdict::PopupClicked:
-        return translated("It popped up and was clicked.");
+        return JournalText::tr("It popped up and was clicked.");
     case Verdict::PopupTimedOut:
-        return translated("A pop-up was handed to the notification service and ended without a click: its time was "
-                          "over, it was closed, or the service gave it up.");
+        return JournalText::tr(
+            "A pop-up was handed to the notification service and ended without a click: its time was "
+            "over, it was closed, or the service gave it up.");
     case Verdict::Repeat:
         return whyRepeat(entry);
     case Verdict::NoRule:
-        return translated("The type \"%1\" has no rule, so no method was called.").arg(entry.typeName);
+        return JournalText::tr("The type \"%1\" has no rule, so no method was called.").arg(entry.typeName);
     case Verdict::NoPopupRule:
-        return translated("No rule of the type \"%1\" calls the pop-up method; called was: %2.")
+        return JournalText::tr("No rule of the type \"%1\" calls the pop-up method; called was: %2.")
             .arg(entry.typeName, methodsText(entry));
     case Verdict::NoBus:
-        return translated("The pop-up method was called, but there is no session bus, so no notification service.");
+        return JournalText::tr(
+            "The pop-up method was called, but there is no session bus, so no notification service.");
     case Verdict::NoService:
-        return translated("The pop-up method was called, but there is no notification service on the session bus.");
+        return JournalText::tr(
+            "The pop-up method was called, but there is no notification service on the session bus.");
     case Verdict::NotRegistered:
-        return translated("The pop-up method was called, but the type \"%1\" is not registered with the notification "
-                          "service.")
+        return JournalText::tr(
+                   "The pop-up method was called, but the type \"%1\" is not registered with the notification "
+                   "service.")
             .arg(entry.typeName);
     case Verdict::UnknownType:
         break;
     }
-    return translated("Nobody registered a notification type \"%1\".").arg(nameText(entry.type));
+    return JournalText::tr("Nobody registered a notification type \"%1\".").arg(nameText(entry.type));
 }
 
 QString methodsText(const JournalEntry& entry)
@@ -178,17 +187,19 @@ QString methodsText(const JournalEntry& entry)
 
 QString detailsText(const JournalEntry& entry)
 {
-    QStringList lines{translated("Why did this not pop up?") + u' ' + whyNoPopup(entry), QString()};
-    const QString who = entry.who.isEmpty()    ? translated("nobody")
-                        : entry.isFromStranger ? translated("%1 (not on the contact list)").arg(nameText(entry.who))
-                                               : nameText(entry.who);
-    lines.append(translated("Posted: %1").arg(QLocale().toString(entry.time, QLocale::ShortFormat)));
-    lines.append(translated("Type: %1 (%2)").arg(entry.typeName, nameText(entry.type)));
-    lines.append(translated("Title: %1").arg(nameText(entry.title)));
-    lines.append(translated("Text: %1").arg(messageText(entry.text)));
-    lines.append(translated("About: %1").arg(who));
+    QStringList lines{JournalText::tr("Why did this not pop up?") + u' ' + whyNoPopup(entry), QString()};
+    const QString who = entry.who.isEmpty() ? JournalText::tr("nobody")
+                        : entry.isFromStranger
+                            ? JournalText::tr("%1 (not on the contact list)").arg(nameText(entry.who))
+                            : nameText(entry.who);
+    lines.append(JournalText::tr("Posted: %1").arg(QLocale().toString(entry.time, QLocale::ShortFormat)));
+    lines.append(JournalText::tr("Type: %1 (%2)").arg(entry.typeName, nameText(entry.type)));
+    lines.append(JournalText::tr("Title: %1").arg(nameText(entry.title)));
+    lines.append(JournalText::tr("Text: %1").arg(messageText(entry.text)));
+    lines.append(JournalText::tr("About: %1").arg(who));
     if (!entry.report.calls.isEmpty()) {
-        lines.append({QString(), translated("Methods in the order of their calls (the newest rule comes first):")});
+        lines.append(
+            {QString(), JournalText::tr("Methods in the order of their calls (the newest rule comes first):")});
         for (qsizetype i = 0; i < entry.report.calls.size(); ++i)
             lines.append(QStringLiteral("%1. %2").arg(i + 1).arg(callText(entry.report.calls[i])));
         lines.append({soundText(entry.report.sound), chatText(entry)});
