@@ -141,6 +141,18 @@ TEST_F(Module, CreatesARuleForAOneFieldDefaultOfAnotherType)
               QStringLiteral("true"));
 }
 
+TEST_F(Module, CreatesARuleForALongerDefaultThatBeginsWithAFieldWithoutAType)
+{
+    ProbeMethod probe;
+    probe.setDefaultNotificationConfig(event, {ZepaField(), ZepaField()});
+    probe.setDefaultNotificationConfig(other, {ZepaField()});
+    registerType(event);
+    registerType(other);
+    module().installNotificationMethod(&probe);
+    EXPECT_NE(module().getNotificationRule(event, probe.getId()), nullptr);
+    EXPECT_EQ(module().getNotificationRule(other, probe.getId()), nullptr);
+}
+
 TEST_F(Module, StillPostsThroughAMethodThatWasUninstalledButFindsItNoMore)
 {
     ProbeMethod probe;

@@ -2,7 +2,28 @@
 #include "methods/hint_notification_method.h"
 #include "module_test.h"
 
+#include <dlfcn.h>
+
 #include <functional>
+#include <utility>
+
+namespace {
+
+/// What is handed out for every property list, when set: a system may keep one object for each text.
+CFPropertyListRef sharedContext = nullptr;
+
+} // namespace
+
+// The program's definition comes before those of its libraries.
+CFPropertyListRef CFPropertyListCreateFromXMLData(CFAllocatorRef allocator, CFDataRef data, CFOptionFlags options,
+                                                  CFStringRef* error)
+{
+    if (sharedContext != nullptr)
+        return CFRetain(sharedContext);
+    static const auto make = reinterpret_cast<decltype(&CFPropertyListCreateFromXMLData)>(
+        dlsym(RTLD_NEXT, "CFPropertyListCreateFromXMLData"));
+    return make(allocator, data, options, error);
+}
 
 namespace {
 
@@ -224,4 +245,19 @@ TEST_F(HintCallbacks, ATimeOutForgetsTheActionsOfAllEqualContexts)
     EXPECT_EQ(CFGetRetainCount(other), 2);
     notificationClicked(CFSTR("7"));
     EXPECT_EQ(runs, 0);
+}
+
+TEST_F(HintCallbacks, TheLaterOfTwoPostingsWhoseContextsAreOneObjectTakesThePlaceOfTheEarlier)
+{
+    const UniChar seven = '7';
+    sharedContext = CFStringCreateWithBytes(kCFAllocatorDefault, reinterpret_cast<const UInt8*>(&seven), sizeof(seven),
+                                            kCFStringEncodingUnicode, 0);
+    postNumber(7, [] { FAIL(); });
+    postNumber(7, count);
+    // The test's reference, the recording Growl's two, and one of the table.
+    EXPECT_EQ(CFGetRetainCount(sharedContext), 4);
+    notificationClicked(sharedContext);
+    EXPECT_EQ(runs, 1);
+    EXPECT_EQ(CFGetRetainCount(sharedContext), 3);
+    CFRelease(std::exchange(sharedContext, nullptr));
 }
