@@ -113,7 +113,7 @@ void JournalView::setUpTable()
     header->setDefaultAlignment(Qt::AlignLeading | Qt::AlignVCenter);
     header->setStretchLastSection(true);
     const int letter = m_table->fontMetrics().averageCharWidth();
-    constexpr std::array widths{10, 21, 19, 13, 11};
+    constexpr std::array widths{10, 26, 19, 13, 11};
     for (int column = 0; column < int(widths.size()); ++column)
         header->resizeSection(column, widths.at(std::size_t(column)) * letter);
     m_table->installEventFilter(this);
