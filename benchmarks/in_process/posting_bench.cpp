@@ -32,11 +32,14 @@ void unknownType(benchmark::State& state)
 }
 BENCHMARK(unknownType);
 
-void rules(benchmark::State& state)
+void postThroughRules(benchmark::State& state, int settings)
 {
     Fixture fixture;
     fixture.registerTypes(18);
     QList<ZepaField> config;
+    for (int i = 0; i < settings; ++i)
+        fixture.idleMethod().fields.append(
+            ZepaField::checkBox(QString(), QStringLiteral("setting_%1").arg(i), false, QString(), QStringList()));
     for (int i = 0; i < state.range(0); ++i)
         fixture.module().addNotificationRule(Fixture::typeId(0), QStringLiteral("idle"), config);
     int number = 0;
@@ -49,7 +52,19 @@ void rules(benchmark::State& state)
         fixture.post(Fixture::typeId(0), QString::number(number++));
     }
 }
+
+void rules(benchmark::State& state)
+{
+    postThroughRules(state, 0);
+}
 BENCHMARK(rules)->Arg(0)->Arg(1)->Arg(4)->Arg(16)->Arg(64);
+
+/// Each rule hands its method a list of its settings.
+void rulesWithSettings(benchmark::State& state)
+{
+    postThroughRules(state, 4);
+}
+BENCHMARK(rulesWithSettings)->Arg(0)->Arg(1)->Arg(4)->Arg(16)->Arg(64);
 
 void keys(benchmark::State& state)
 {

@@ -22,6 +22,8 @@ _POSTERS = ("bench_service", "limit_poster", "module_poster")
 CASES = {
     "popup": Case("a posting with one pop-up rule, with icons and services of several kinds", _POSTERS,
                   posting_cases.popup),
+    "services": Case("the library's posting to services that answer at once, later and never, in turn",
+                     ("bench_service", "module_poster"), posting_cases.services),
     "popup-unanswered": Case("one posting to a service that never answers", _POSTERS, posting_cases.popup_unanswered),
     "first": Case("the first posting of a process", _POSTERS, posting_cases.first),
     "end-to-end": Case("from posting to the moment at which the service has the message", _POSTERS,

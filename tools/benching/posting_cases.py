@@ -13,6 +13,8 @@ LIMIT = "limit"
 _MICRO = 1000.0
 # Some competitors decode and encode a large picture each time, which takes a quarter of a second.
 _ROUNDS = {"no icon": 150, "the same 64-pixel icon": 60, "100 different 256-pixel icons": 20, "one 1024-pixel icon": 3}
+# The library alone is quick with every picture.
+_SERVICE_ROUNDS = 60
 _SERVICES = {"answers at once": "0", "after 5 ms": "5", "never": "never"}
 
 
@@ -29,6 +31,21 @@ def popup(context):
                 table.add(row, name, [waited / _MICRO for _, waited, _ in measured])
                 busy.add(row, name, [work / _MICRO for _, _, work in measured])
     return [table, busy]
+
+
+def services(context):
+    """The library's postings to a service of every kind, each with a program of its own, in turn."""
+    table = Table("services", "The same posting to services of several kinds", "us", list(_SERVICES))
+    for icon_name, icons in _icons(context.pictures).items():
+        with contextlib.ExitStack() as stack:
+            posters = {}
+            for service_name, delay in _SERVICES.items():
+                session = stack.enter_context(Session(context.fresh_folder(), delay))
+                settings = settings_folder(session.folder / "settings")
+                posters[service_name] = stack.enter_context(Poster(PROGRAMS / "module_poster", session.env, settings))
+            for name, measured in _in_turn(posters, icons, context.rounds(_SERVICE_ROUNDS)).items():
+                table.add(icon_name, name, [waited / _MICRO for _, waited, _ in measured])
+    return [table]
 
 
 def popup_unanswered(context):
@@ -94,20 +111,25 @@ def _icons(pictures):
 
 
 def _alternate(context, delay, icons, rounds):
-    """Lets all competitors post in turn, a few pop-ups at a time; returns what each measured."""
-    samples = {}
+    """Lets all competitors post to one service in turn; returns what each measured."""
     with contextlib.ExitStack() as stack:
         session = stack.enter_context(Session(context.fresh_folder(), delay))
         settings = settings_folder(session.folder / "settings")
         posters = {name: stack.enter_context(Poster(program, session.env, settings))
                    for name, program in _posters(context).items() if not (name == "libnotify" and delay == "never")}
-        for poster in posters.values():
-            poster.icons(icons)
-            # What happens once: asking the service what it can do, and each picture's first time.
-            poster.post(5, 100000)
-            poster.post(len(icons), 1000)
-        for _ in range(rounds):
-            for name, poster in posters.items():
-                poster.refresh()
-                samples.setdefault(name, []).extend(poster.post(10))
+        return _in_turn(posters, icons, rounds)
+
+
+def _in_turn(posters, icons, rounds):
+    """Lets all post in turn, a few pop-ups at a time; returns what each measured."""
+    samples = {}
+    for poster in posters.values():
+        poster.icons(icons)
+        # What happens once: asking the service what it can do, and each picture's first time.
+        poster.post(5, 100000)
+        poster.post(len(icons), 1000)
+    for _ in range(rounds):
+        for name, poster in posters.items():
+            poster.refresh()
+            samples.setdefault(name, []).extend(poster.post(10))
     return samples

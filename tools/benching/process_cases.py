@@ -25,8 +25,10 @@ def dropped(context):
 def rules(context):
     """Rules of a method that does nothing."""
     table = Table("rules", "A posting with rules of a method that does nothing", "us", ["library"])
-    for name, values in _in_process(context, "^rules/").items():
-        table.add(f"{name.split('/')[1]} rules", "library", values)
+    columns = {"rules": "library", "rulesWithSettings": "with 4 settings each"}
+    for name, values in _in_process(context, "^rules(WithSettings)?/").items():
+        case, count = name.split("/")
+        table.add(f"{count} rules", columns[case], values)
     return [table, _per_item(table, "rules-each", "What one more rule costs", "a rule")]
 
 
