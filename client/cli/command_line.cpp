@@ -95,7 +95,7 @@ void CommandLine::parse(const QStringList& arguments)
         return;
     const qsizetype count = m_parser.positionalArguments().size();
     if (count < m_command->fewestArguments())
-        return fail(QStringLiteral("something is missing"));
+        return fail(QStringLiteral("%1 is missing").arg(m_command->arguments().section(u' ', count, count)));
     if (count > m_command->mostArguments())
         return fail(QStringLiteral("\"%1\" is too much")
                         .arg(onOneLine(m_parser.positionalArguments().at(m_command->mostArguments()))));

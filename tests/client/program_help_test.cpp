@@ -37,6 +37,21 @@ TEST_F(Program, HelpIsNotAskedForByATextThatLooksLikeIt)
     EXPECT_TRUE(outcome.err.contains(QStringLiteral("no notification type \"nope\"")));
 }
 
+TEST_F(Program, NamesTheWordThatIsMissing)
+{
+    const std::pair<const char*, const char*> lines[]{{"post", "TYPE"},
+                                                      {"play --json", "SCRIPT"},
+                                                      {"rule set", "TYPE"},
+                                                      {"rule remove message_received", "METHOD"},
+                                                      {"setting set alerts", "VALUE"}};
+    for (const auto& [line, word] : lines) {
+        const Outcome outcome = runBare(QString::fromLatin1(line).split(u' '));
+        EXPECT_EQ(outcome.code, 2) << line;
+        EXPECT_TRUE(outcome.err.startsWith(QStringLiteral("zepa: %1 is missing\n").arg(QString::fromLatin1(word))))
+            << outcome.err.toStdString();
+    }
+}
+
 TEST_F(Program, VersionIsOneLine)
 {
     const Outcome outcome = runBare({QStringLiteral("--version")});
