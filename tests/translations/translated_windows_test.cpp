@@ -3,6 +3,7 @@
 #include "client/languages.h"
 #include "client/ui/main/main_window.h"
 #include "client/ui/settings/notification_settings.h"
+#include "tests/client/pictures/picture_checks.h"
 
 #include <QAbstractButton>
 #include <QApplication>
@@ -13,6 +14,7 @@
 #include <QMenuBar>
 #include <QTableView>
 #include <QTemporaryDir>
+#include <QTest>
 
 #include <gtest/gtest.h>
 
@@ -58,10 +60,10 @@ QStringList textsOf(const QWidget& window)
     return texts;
 }
 
-class WindowKeys : public testing::TestWithParam<const char*>
+class TranslatedWindows : public testing::TestWithParam<const char*>
 {
 protected:
-    WindowKeys()
+    TranslatedWindows()
     {
         qputenv("LC_ALL", GetParam());
         qunsetenv("LANGUAGE");
@@ -72,7 +74,7 @@ protected:
     Client client{folder.path()};
 };
 
-TEST_P(WindowKeys, LeadToOneControlOfTheMainWindow)
+TEST_P(TranslatedWindows, HaveEachKeyOnceInTheMainWindow)
 {
     MainWindow window(client);
     window.tell(QStringLiteral("news"));
@@ -88,7 +90,7 @@ TEST_P(WindowKeys, LeadToOneControlOfTheMainWindow)
     }
 }
 
-TEST_P(WindowKeys, LeadToOneControlOfTheSettingsWindow)
+TEST_P(TranslatedWindows, HaveEachKeyOnceInTheSettings)
 {
     NotificationSettings window(client);
     window.show();
@@ -100,7 +102,21 @@ TEST_P(WindowKeys, LeadToOneControlOfTheSettingsWindow)
     expectKeysOfTheirOwn(textsOf(window));
 }
 
-INSTANTIATE_TEST_SUITE_P(Languages, WindowKeys, testing::Values("C", "de_DE", "es_ES", "fr_FR", "pl_PL", "pt_PT"),
+TEST_P(TranslatedWindows, HaveRoomForEachText)
+{
+    MainWindow window(client);
+    window.show();
+    ASSERT_TRUE(QTest::qWaitFor([&window] { return window.findChild<QMenuBar*>() != nullptr; }));
+    window.openNotificationSettings();
+    auto* settings = window.findChild<NotificationSettings*>();
+    ASSERT_NE(settings, nullptr);
+    QTest::qWait(50);
+    checkWidgets(window);
+    checkWidgets(*settings);
+}
+
+INSTANTIATE_TEST_SUITE_P(Languages, TranslatedWindows,
+                         testing::Values("C", "de_DE", "es_ES", "fr_FR", "pl_PL", "pt_PT"),
                          [](const auto& language) { return std::string(language.param).substr(0, 2); });
 
 } // namespace
