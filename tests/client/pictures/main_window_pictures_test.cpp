@@ -44,6 +44,7 @@ TEST(MainWindowPictures, ShowContactsAndTheJournal)
         client.reset();
         client.emplace(folder.path());
         auto window = std::make_unique<MainWindow>(*client);
+        window->resize(1000, 640);
         post(*client, u"buddy_connected", ann);
         post(*client, u"email_notify", ann);
         post(*client, u"alert_received_notify", stranger);
@@ -74,7 +75,11 @@ TEST(MainWindowPictures, ShowThatRulesWereMended)
     write(folder.filePath(QStringLiteral("rules-backup/copies/message_received")), "<rules/>");
     write(folder.filePath(QStringLiteral("notifications/message_received")), "<rules><zepa_hi");
     Client client(folder.path());
-    takePictures(QStringLiteral("main-window-notice"), [&client] { return std::make_unique<MainWindow>(client); });
+    takePictures(QStringLiteral("main-window-notice"), [&client] {
+        auto window = std::make_unique<MainWindow>(client);
+        window->resize(1000, 640);
+        return window;
+    });
 }
 
 TEST(MainWindow, TellsOfMendedRulesByTheNameOfTheirEvent)
