@@ -160,7 +160,6 @@ public:
 private:
     bool readBasic(char type, void* value);
     bool enter(char type, const char* contents);
-    bool skipRest();
 
     Message m_message;
 };
@@ -203,7 +202,6 @@ struct CallOptions
 
 enum class NameResult {
     Owned, ///< now or before
-    Queued,
     Taken, ///< by another connection
     Failed ///< the bus did not say
 };
@@ -274,7 +272,7 @@ public:
     void call(Message message, const QObject* context, std::function<void(const Message&)> reply,
               CallOptions options = {});
     /// Sends without wanting a reply. False when the message was dropped: null, unsound, or the queue is full.
-    bool send(Message message);
+    bool send(const Message& message);
 
     /// Calls `handler` for each such signal. `failed`, if any, gets the error's name when the bus refuses the match; it
     /// is asked again later, and anew on each connection.
@@ -332,7 +330,7 @@ Q_SIGNALS:
 
 private:
     struct State;
-    const std::shared_ptr<State> m_state;
+    const std::unique_ptr<State> m_state;
 };
 
 } // namespace zepa::bus

@@ -1,0 +1,168 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "bus/connection_core.h"
+
+#include <QCoreApplication>
+#include <QThread>
+
+#include <utility>
+
+namespace zepa::bus {
+
+namespace {
+
+/// Not destroyed by what runs at the very end of a process: exit() may be called in the middle of anything.
+Connection* sharedConnection = nullptr;
+
+void endSharedConnection()
+{
+    delete std::exchange(sharedConnection, nullptr);
+}
+
+std::optional<Credentials> credentialsIn(const Message& reply)
+{
+    MessageReader reader(reply);
+    if (reply.isError() || !reader.enterArray("{sv}"))
+        return std::nullopt;
+    Credentials result;
+    for (QString key; reader.enterEntry("sv") && reader.read(key); reader.leave()) {
+        std::uint32_t number = 0;
+        const bool isNumber = reader.enterVariant("u") && reader.read(number);
+        if (isNumber)
+            reader.leave();
+        if (isNumber && key == QStringLiteral("UnixUserID"))
+            result.userId = number;
+        else if (isNumber && key == QStringLiteral("ProcessID"))
+            result.processId = number;
+    }
+    return result;
+}
+
+} // namespace
+
+Connection::Connection(QObject* parent) : QObject(parent), m_core(std::make_shared<ConnectionCore>(*this))
+{}
+
+Connection::~Connection()
+{
+    m_core->detach();
+}
+
+Connection* Connection::shared()
+{
+    const QCoreApplication* application = QCoreApplication::instance();
+    if (application == nullptr || QCoreApplication::closingDown())
+        return nullptr;
+    Q_ASSERT(QThread::currentThread() == application->thread());
+    if (sharedConnection == nullptr) {
+        sharedConnection = new Connection;
+        qAddPostRoutine(endSharedConnection);
+    }
+    return sharedConnection;
+}
+
+void Connection::open()
+{
+    m_core->open();
+}
+
+void Connection::close()
+{
+    m_core->close();
+}
+
+Connection::State Connection::state() const
+{
+    return m_core->state();
+}
+
+QByteArray Connection::uniqueName() const
+{
+    return m_core->uniqueName();
+}
+
+Message Connection::newCall(const char* destination, const char* path, const char* interface, const char* member)
+{
+    return m_core->newCall(destination, path, interface, member);
+}
+
+Message Connection::newSignal(const char* path, const char* interface, const char* member, const char* destination)
+{
+    return m_core->newSignal(path, interface, member, destination);
+}
+
+Message Connection::newReply(const Message& call)
+{
+    return m_core->newReply(call);
+}
+
+Message Connection::newError(const Message& call, const char* name, const QString& text)
+{
+    return m_core->newError(call, name, text);
+}
+
+bool Connection::canCall() const
+{
+    return m_core->canCall();
+}
+
+int Connection::callsUnderWay() const
+{
+    return m_core->calls().underWay();
+}
+
+void Connection::call(Message message, const QObject* context, std::function<void(const Message&)> reply,
+                      CallOptions options)
+{
+    m_core->call(std::move(message), context, std::move(reply), std::move(options));
+}
+
+bool Connection::send(const Message& message)
+{
+    return m_core->send(message);
+}
+
+Registration Connection::subscribe(const SignalMatch& match, std::function<void(const Message&)> handler,
+                                   std::function<void(const QString&)> failed)
+{
+    return Registration(m_core->signalTable().add(match, std::move(handler), std::move(failed)));
+}
+
+Registration Connection::exportObject(const QByteArray& path, const QByteArray& introspection,
+                                      std::function<void(const Message&)> handler)
+{
+    return Registration(m_core->objects().add(path, introspection, std::move(handler)));
+}
+
+void Connection::requestName(const QByteArray& name, const QObject* context, std::function<void(NameResult)> result)
+{
+    constexpr std::uint32_t doNotQueue = 4;
+    Message question = m_core->busCall("RequestName");
+    question.append(name.constData()).append(doNotQueue);
+    call(std::move(question), context, [result = std::move(result)](const Message& reply) {
+        std::uint32_t code = 0;
+        if (reply.isError() || !MessageReader(reply).read(code))
+            return result(NameResult::Failed);
+        constexpr std::uint32_t isOwner = 1;
+        constexpr std::uint32_t isTaken = 3;
+        constexpr std::uint32_t wasOwner = 4;
+        if (code == isOwner || code == wasOwner)
+            return result(NameResult::Owned);
+        result(code == isTaken ? NameResult::Taken : NameResult::Failed);
+    });
+}
+
+void Connection::releaseName(const QByteArray& name)
+{
+    send(m_core->busCall("ReleaseName").append(name.constData()));
+}
+
+void Connection::credentials(const QByteArray& uniqueName, const QObject* context,
+                             std::function<void(const std::optional<Credentials>&)> result)
+{
+    Message question = m_core->busCall("GetConnectionCredentials");
+    question.append(uniqueName.constData());
+    call(std::move(question), context,
+         [result = std::move(result)](const Message& reply) { result(credentialsIn(reply)); });
+}
+
+} // namespace zepa::bus
