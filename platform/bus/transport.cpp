@@ -75,6 +75,9 @@ bool Transport::connectTo(const QByteArray& address)
     } else if (sd_bus_set_address(m_bus, address.constData()) < 0) {
         return false;
     }
+    // Over TCP nobody can tell who we are, and a bus that listens there takes the anonymous or nobody.
+    if (address.startsWith("tcp:") && sd_bus_set_anonymous(m_bus, 1) < 0)
+        return false;
     return sd_bus_set_bus_client(m_bus, 1) >= 0 && sd_bus_negotiate_fds(m_bus, 0) >= 0 && sd_bus_start(m_bus) >= 0;
 }
 

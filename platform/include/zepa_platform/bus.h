@@ -195,7 +195,7 @@ struct CallOptions
     /// After this time without a reply a call ends with NoReply, in milliseconds.
     int limit = 5000;
     /// Gets a reply that comes after that; not an error.
-    std::function<void(const Message&)> late;
+    std::function<void(const Message&)> late = {};
     /// And up to this time, in milliseconds from the call.
     int lateLimit = 600000;
 };

@@ -1,0 +1,31 @@
+// SPDX-License-Identifier: Apache-2.0
+// Loads the library named by its argument, opens its connection and unloads it again, a hundred times, and goes on
+// handling events: what the library left behind must still be there.
+#include <QCoreApplication>
+#include <QTimer>
+
+#include <dlfcn.h>
+
+int main(int argc, char** argv)
+{
+    QCoreApplication application(argc, argv);
+    if (argc < 2)
+        return 2;
+    constexpr int times = 100;
+    for (int i = 0; i < times; ++i) {
+        void* library = dlopen(argv[1], RTLD_NOW | RTLD_LOCAL);
+        if (library == nullptr)
+            return 2;
+        // zepa::bus::Connection::shared() and open().
+        const auto shared = reinterpret_cast<void* (*)()>(dlsym(library, "_ZN4zepa3bus10Connection6sharedEv"));
+        const auto open = reinterpret_cast<void (*)(void*)>(dlsym(library, "_ZN4zepa3bus10Connection4openEv"));
+        if (shared == nullptr || open == nullptr)
+            return 2;
+        open(shared());
+        dlclose(library);
+        QCoreApplication::processEvents();
+    }
+    // Time for answers and for the first timer.
+    QTimer::singleShot(1500, &application, &QCoreApplication::quit);
+    return QCoreApplication::exec();
+}
