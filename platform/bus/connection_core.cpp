@@ -32,7 +32,6 @@ ConnectionCore::ConnectionCore(Connection& connection)
 
 void ConnectionCore::open()
 {
-    m_isWanted = true;
     if (m_state != Connection::State::Closed)
         return;
     const bool isAttempting = m_attemptEndsAt.has_value();
@@ -46,7 +45,6 @@ void ConnectionCore::open()
 
 void ConnectionCore::close()
 {
-    m_isWanted = false;
     m_state = Connection::State::Closed;
     m_transport.stop();
     m_attemptEndsAt.reset();
@@ -94,7 +92,7 @@ void ConnectionCore::onAttemptFailed()
     m_attemptEndsAt.reset();
     m_lastFailure = now();
     m_retryAt = *m_lastFailure + m_retryDelay;
-    m_retryDelay = std::min(2 * m_retryDelay, longestDelay);
+    m_retryDelay = std::min(m_retryDelay * 3 / 2, longestDelay);
     // Told from the event loop: this may be inside open().
     m_mustTellClosed = m_mustTellClosed || m_state == Connection::State::Opening;
     m_state = Connection::State::Closed;
@@ -133,7 +131,7 @@ void ConnectionCore::onLost()
     // A bus that throws us out at once is not asked in a circle.
     const bool wasStable = now() - m_openSince >= second;
     m_retryAt = wasStable ? now() : now() + m_retryDelay;
-    m_retryDelay = wasStable ? second : std::min(2 * m_retryDelay, longestDelay);
+    m_retryDelay = wasStable ? second : std::min(m_retryDelay * 3 / 2, longestDelay);
     m_askAgainAt.reset();
     arm();
     m_signals.onLost();

@@ -76,7 +76,6 @@ private:
 
     Connection* m_connection; ///< null once it is destroyed
     Connection::State m_state = Connection::State::Closed;
-    bool m_isWanted = false;
     Transport m_transport{*this};
     QList<QByteArray> m_addresses; ///< still to be tried
     Time m_addressLimit = 0;       ///< for each of them

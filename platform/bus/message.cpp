@@ -174,7 +174,8 @@ Message& Message::append(QStringView text)
 {
     if (m_message == nullptr)
         return *this;
-    QStringEncoder encoder(QStringEncoder::Utf8);
+    // With a state, half a pair at the end would wait for its other half.
+    QStringEncoder encoder(QStringEncoder::Utf8, QStringEncoder::Flag::Stateless);
     constexpr qsizetype usual = 1024;
     QVarLengthArray<char, usual> bytes(encoder.requiredSpace(text.size()));
     const char* end = encoder.appendToBuffer(bytes.data(), text);

@@ -1,41 +1,45 @@
 // SPDX-License-Identifier: Apache-2.0
 #include <zepa_platform/session_bus.h>
 
-#include "bus/bus_greeting.h"
+#include "bus/address.h"
+#include "bus/transport.h"
 
 #include <QDeadlineTimer>
 
 #include <poll.h>
-#include <unistd.h>
+#include <systemd/sd-bus.h>
+
+#include <algorithm>
 
 namespace {
 
-using zepa::bus::Greeting;
-
-bool answers(int socket, int milliseconds)
+bool answers(sd_bus* bus, const QDeadlineTimer& limit)
 {
-    const QDeadlineTimer limit(milliseconds);
-    Greeting heard = Greeting::NotYet;
-    while (heard == Greeting::NotYet && !limit.hasExpired()) {
-        pollfd readable{socket, POLLIN, 0};
-        if (poll(&readable, 1, static_cast<int>(limit.remainingTime())) > 0)
-            heard = zepa::bus::hearBus(socket);
+    while (sd_bus_is_open(bus) > 0 && sd_bus_is_ready(bus) == 0 && !limit.hasExpired()) {
+        const int result = sd_bus_process(bus, nullptr);
+        if (result < 0)
+            return false;
+        if (result > 0)
+            continue;
+        pollfd socket{sd_bus_get_fd(bus), static_cast<short>(std::max(0, sd_bus_get_events(bus))), 0};
+        poll(&socket, 1, static_cast<int>(limit.remainingTime()));
     }
-    return heard == Greeting::Answered;
+    return sd_bus_is_ready(bus) > 0;
 }
 
 } // namespace
 
 bool zepaSessionBusAnswers(int milliseconds)
 {
-    const QList<zepa::bus::BusAddress> addresses = zepa::bus::sessionBusAddresses();
-    for (const zepa::bus::BusAddress& address : addresses) {
-        const int socket = zepa::bus::greetBus(address);
-        if (socket < 0)
+    const QDeadlineTimer limit(milliseconds);
+    const QList<QByteArray> addresses = zepa::bus::configuredAddresses();
+    for (const QByteArray& address : addresses) {
+        sd_bus* bus = zepa::bus::startBus(address);
+        if (bus == nullptr)
             continue;
         // A library goes to the first that listens, whether it answers or not.
-        const bool answered = answers(socket, milliseconds);
-        close(socket);
+        const bool answered = answers(bus, limit);
+        sd_bus_close_unref(bus);
         return answered;
     }
     return false;

@@ -19,6 +19,24 @@ namespace zepa::bus {
 
 namespace {
 
+bool connectTo(sd_bus* bus, const QByteArray& address)
+{
+    const QList<QByteArray> program = programOf(address);
+    if (!program.isEmpty()) {
+        const int socket = startBusProgram(program);
+        // From here on the socket is sd-bus's.
+        if (socket < 0 || sd_bus_set_fd(bus, socket, socket) < 0)
+            return false;
+    } else if (sd_bus_set_address(bus, address.constData()) < 0) {
+        return false;
+    }
+    // Over TCP nobody can tell who we are, and a bus that listens there takes the anonymous or nobody.
+    if (address.startsWith("tcp:") && sd_bus_set_anonymous(bus, 1) < 0)
+        return false;
+    return sd_bus_set_bus_client(bus, 1) >= 0 && sd_bus_negotiate_fds(bus, 0) >= 0 && sd_bus_start(bus) >= 0 &&
+           sd_bus_get_fd(bus) >= 0;
+}
+
 /// It may be the one whose signal is being handled.
 void retire(QSocketNotifier*& notifier)
 {
@@ -40,18 +58,21 @@ Time now()
     return duration_cast<microseconds>(steady_clock::now().time_since_epoch()).count();
 }
 
+sd_bus* startBus(const QByteArray& address)
+{
+    sd_bus* bus = nullptr;
+    if (sd_bus_new(&bus) < 0)
+        return nullptr;
+    return connectTo(bus, address) ? bus : sd_bus_close_unref(bus);
+}
+
 bool Transport::start(const QByteArray& address)
 {
     stop();
-    if (!connectTo(address)) {
-        stop();
+    m_bus = startBus(address);
+    if (m_bus == nullptr)
         return false;
-    }
     m_socket = sd_bus_get_fd(m_bus);
-    if (m_socket < 0) {
-        stop();
-        return false;
-    }
     m_readable = new QSocketNotifier(m_socket, QSocketNotifier::Read);
     m_writable = new QSocketNotifier(m_socket, QSocketNotifier::Write);
     m_readable->setEnabled(false);
@@ -60,25 +81,6 @@ bool Transport::start(const QByteArray& address)
     QObject::connect(m_writable, &QSocketNotifier::activated, m_writable, [this] { m_listener.onWakeUp(); });
     watch();
     return true;
-}
-
-bool Transport::connectTo(const QByteArray& address)
-{
-    if (sd_bus_new(&m_bus) < 0)
-        return false;
-    const QList<QByteArray> program = programOf(address);
-    if (!program.isEmpty()) {
-        const int socket = startBusProgram(program);
-        // From here on the socket is sd-bus's.
-        if (socket < 0 || sd_bus_set_fd(m_bus, socket, socket) < 0)
-            return false;
-    } else if (sd_bus_set_address(m_bus, address.constData()) < 0) {
-        return false;
-    }
-    // Over TCP nobody can tell who we are, and a bus that listens there takes the anonymous or nobody.
-    if (address.startsWith("tcp:") && sd_bus_set_anonymous(m_bus, 1) < 0)
-        return false;
-    return sd_bus_set_bus_client(m_bus, 1) >= 0 && sd_bus_negotiate_fds(m_bus, 0) >= 0 && sd_bus_start(m_bus) >= 0;
 }
 
 void Transport::stop()

@@ -18,6 +18,9 @@ namespace zepa::bus {
 using Time = std::int64_t;
 Time now();
 
+/// A connection on its way to a bus; null when nobody listens there. Never waits.
+sd_bus* startBus(const QByteArray& address);
+
 /// One sd-bus connection in Qt's event loop: a notifier for each direction, and a time at which it wants to be looked
 /// at. It is made for one address and forgotten when it is lost.
 ///
@@ -65,7 +68,6 @@ public:
     void process();
 
 private:
-    bool connectTo(const QByteArray& address);
     void watch();
     void countQueue();
 

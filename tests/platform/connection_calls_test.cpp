@@ -134,6 +134,10 @@ TEST_F(CallsTest, HandLateRepliesToWhoWantsThem)
     work(service, {.limit = 1, .late = noteLate});
     ASSERT_TRUE(runUntil([&] { return answers.size() == 3; }));
     ASSERT_TRUE(arrived(3));
+    QTimer lateEnough;
+    lateEnough.setSingleShot(true);
+    lateEnough.start(20);
+    ASSERT_TRUE(runUntil([&] { return !lateEnough.isActive(); }));
     ScriptedBus::refuse(bus.kept()[2].get());
     ScriptedBus::replyFrom(ownerName, bus.kept()[1].get(), "too late");
     ScriptedBus::replyFrom(":1.66", bus.kept()[0].get(), "forged");

@@ -10,7 +10,7 @@ TABLE = {
     "host": {"Qt"},
     "core": {"Qt", "host", "methods"},
     "methods": {"Qt", "core", "host", "system"},
-    "platform": {"Qt", "QtDBus"},
+    "platform": {"Qt", "QtDBus", "sd-bus"},
     "client": {"Qt", "QtDBus", "core", "host", "methods", "platform", "system", "other"},
 }
 # The one place in core/ that may know the methods: where the module creates its built-in ones.
@@ -18,10 +18,11 @@ MAY_CREATE_METHODS = {"core/notification_module.cpp"}
 
 _INCLUDE = re.compile(r'^\s*#\s*(?:include|import)\s*([<"])([^>"]+)[>"]', re.MULTILINE)
 _SYSTEM = re.compile(r"^(Growl|CoreFoundation|zepa_platform|objc)/")
+_SDBUS = re.compile(r"^systemd/sd-bus\.h$")
 _QTDBUS = re.compile(r"^(QtDBus/.*|QDBus\w+|qdbus\w+\.h)$")
 _QT = re.compile(r"^(Qt\w*/.*|Qt?[A-Z]\w+|Qt|q[a-z]\w+\.h)$")
 _LANGUAGE = re.compile(r"^([a-z_]+|(assert|errno|fcntl|poll|signal|stdint|stddef|stdio|stdlib|string|time|unistd|dlfcn)\.h"
-                       r"|sys/\w+\.h)$")
+                       r"|(sys|arpa)/\w+\.h)$")
 
 
 def _belongs_to(path, quoted, name, rooms):
@@ -33,7 +34,8 @@ def _belongs_to(path, quoted, name, rooms):
     first = name.split("/")[0]
     if first in rooms and "/" in name:
         return first
-    for kind, pattern in (("system", _SYSTEM), ("QtDBus", _QTDBUS), ("Qt", _QT), ("language", _LANGUAGE)):
+    for kind, pattern in (("system", _SYSTEM), ("sd-bus", _SDBUS), ("QtDBus", _QTDBUS), ("Qt", _QT),
+                          ("language", _LANGUAGE)):
         if pattern.match(name):
             return kind
     if quoted and (ROOT / path.parts[0]).is_dir():
