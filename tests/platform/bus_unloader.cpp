@@ -5,6 +5,24 @@
 #include <QTimer>
 
 #include <dlfcn.h>
+#include <link.h>
+
+namespace {
+
+/// Whether dlclose() leaves it where it is whatever it contains.
+bool isToStay(void* library)
+{
+    link_map* map = nullptr;
+    if (dlinfo(library, RTLD_DI_LINKMAP, &map) != 0)
+        return false;
+    for (const ElfW(Dyn)* entry = map->l_ld; entry->d_tag != DT_NULL; ++entry) {
+        if (entry->d_tag == DT_FLAGS_1)
+            return (entry->d_un.d_val & DF_1_NODELETE) != 0;
+    }
+    return false;
+}
+
+} // namespace
 
 int main(int argc, char** argv)
 {
@@ -16,6 +34,8 @@ int main(int argc, char** argv)
         void* library = dlopen(argv[1], RTLD_NOW | RTLD_LOCAL);
         if (library == nullptr)
             return 2;
+        if (!isToStay(library))
+            return 3;
         // zepa::bus::Connection::shared() and open().
         const auto shared = reinterpret_cast<void* (*)()>(dlsym(library, "_ZN4zepa3bus10Connection6sharedEv"));
         const auto open = reinterpret_cast<void (*)(void*)>(dlsym(library, "_ZN4zepa3bus10Connection4openEv"));
