@@ -6,11 +6,13 @@ import pathlib
 import pty
 import re
 import select
+import signal
 import subprocess
 import time
 
 SCRIPT = pathlib.Path(__file__).resolve().parent.parent.parent / "data" / "completions" / "zepa"
 LIBRARY = "/usr/share/bash-completion/bash_completion"
+ERASE_LINE = b"\x15"
 
 ASK = """
 source "$1"; source "$2"; shift 2
@@ -80,43 +82,62 @@ def choices(allowed):
     return allowed.removeprefix("one of: ").split(", ") if allowed.startswith("one of: ") else None
 
 
+class Shell:
+    """An interactive shell and the terminal in which it runs, with us at the keys."""
+
+    PROMPT = b"ready> "
+    LIMIT = 120  # seconds; only a shell that hangs takes so long
+
+    def __init__(self):
+        self._child, self._terminal = pty.fork()
+        if self._child == 0:
+            os.execve("/bin/bash", ["bash", "--norc", "--noprofile", "-i"],
+                      {"PS1": self.PROMPT.decode(), "TERM": "dumb", "PATH": "/usr/bin:/bin", "HOME": "/nonexistent",
+                       "HISTFILE": "/dev/null", "INPUTRC": "/dev/null", "LC_ALL": "C.UTF-8"})
+        self._shown = b""
+        self.shows(self.PROMPT)
+
+    def keys(self, text):
+        os.write(self._terminal, text)
+
+    def shows(self, text):
+        """Reads what it shows up to `text` and returns that; the rest is for the next call."""
+        end = time.monotonic() + self.LIMIT
+        while text not in self._shown:
+            ready = select.select([self._terminal], [], [], max(0.0, end - time.monotonic()))[0]
+            if not ready:
+                raise AssertionError(f"{text} was not shown, but {self._shown}")
+            try:
+                self._shown += os.read(self._terminal, 65536)
+            except OSError:  # what a terminal answers whose shell has ended
+                raise AssertionError(f"the shell ended before {text}: {self._shown}") from None
+        before, after, self._shown = self._shown.partition(text)
+        return before + after
+
+    def end(self):
+        os.kill(self._child, signal.SIGKILL)
+        os.close(self._terminal)
+        os.waitpid(self._child, 0)
+
+
 def type_in_a_shell(script):
     """Keys go into an interactive shell; what stands behind the prompt afterwards is looked at."""
-    child, terminal = pty.fork()
-    if child == 0:
-        os.execve("/bin/bash", ["bash", "--norc", "--noprofile", "-i"],
-                  {"PS1": "ready> ", "TERM": "dumb", "PATH": "/usr/bin:/bin", "HOME": "/nonexistent",
-                   "HISTFILE": "/dev/null", "INPUTRC": "/dev/null", "LC_ALL": "C.UTF-8"})
-    shown = b""
-
-    def wait_for(text):
-        nonlocal shown
-        end = time.monotonic() + 60
-        while text not in shown and time.monotonic() < end:
-            if select.select([terminal], [], [], 0.2)[0]:
-                shown += os.read(terminal, 65536)
-        return text in shown
-
-    def keys(text):
-        os.write(terminal, text)
-
+    shell = Shell()
     try:
-        keys(f"source {LIBRARY}; source {script}; echo lo''aded\n".encode())
-        if not wait_for(b"loaded\r\n"):
-            yield f"the shell did not start: {shown}"
+        shell.keys(f"source {LIBRARY}; source {script}; echo lo''aded\n".encode())
+        shell.shows(b"loaded\r\n")
+        shell.shows(Shell.PROMPT)
         for typed, completed in ((b"zepa po\t", b"zepa post "),
                                  (b"zepa rule s\tmessage_s\tzepa_hi\tsti\tt\t",
                                   b"zepa rule set message_sent zepa_hint_notification sticky=true"),
                                  (b"zepa setting set al\tn\t", b"zepa setting set alerts never")):
-            shown = b""
-            keys(typed)
-            if not wait_for(completed):
-                yield f"{typed} became {shown}"
-            shown = b""
-            keys(b"\x03")
-            wait_for(b"ready> ")
+            shell.keys(typed)
+            shell.shows(completed)
+            # Keys that the shell takes in their turn. A Ctrl+C is a signal: one that comes while the shell still
+            # completes is not noticed before the next key, and the prompt that we wait for is not shown.
+            shell.keys(ERASE_LINE + b"\n")
+            shell.shows(Shell.PROMPT)
+    except AssertionError as problem:
+        yield str(problem)
     finally:
-        keys(b"\x03")
-        keys(b"exit\n")
-        os.close(terminal)
-        os.waitpid(child, 0)
+        shell.end()
