@@ -2,6 +2,7 @@
 #include "client/cli/command_line.h"
 #include "client/cli/output.h"
 #include "client/cli/run.h"
+#include "client/cli/standard_streams.h"
 #include "client/client.h"
 #include "client/environment.h"
 #include "client/instance/errand.h"
@@ -62,9 +63,7 @@ void obeyRequests()
                      [] { QCoreApplication::exit(zepa::cli::NotClicked); });
 }
 
-} // namespace
-
-int main(int argc, char** argv)
+int run(int argc, char** argv)
 {
     using namespace zepa;
 
@@ -127,4 +126,12 @@ int main(int argc, char** argv)
     if (reachesTheUser && !hasDisplay())
         cli::complain(QStringLiteral("no display: no status icon, no chat window, no attention request"));
     return cli::runHere(line, input, client);
+}
+
+} // namespace
+
+int main(int argc, char** argv)
+{
+    zepa::cli::reserveClosedStreams();
+    return zepa::cli::exitCodeAfterOutput(run(argc, argv));
 }

@@ -1,10 +1,11 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "client/cli/output.h"
 
+#include "client/cli/standard_streams.h"
+
 #include <QJsonDocument>
 
 #include <algorithm>
-#include <cstdio>
 #include <utility>
 
 namespace zepa::cli {
@@ -19,9 +20,7 @@ void write(Stream stream, const QByteArray& bytes)
         currentSink->write(stream, bytes);
         return;
     }
-    std::FILE* file = stream == Stream::Output ? stdout : stderr;
-    std::fwrite(bytes.constData(), 1, static_cast<std::size_t>(bytes.size()), file);
-    std::fflush(file);
+    writeToStream(stream, bytes);
 }
 
 } // namespace

@@ -4,14 +4,13 @@
 #include "client/cli/command_line.h"
 #include "client/cli/job.h"
 #include "client/cli/output.h"
+#include "client/cli/standard_streams.h"
 #include "client/posting/announce.h"
 
 #include <QDir>
 #include <QEventLoop>
 #include <QFile>
 #include <QFileInfo>
-
-#include <cstdio>
 
 namespace zepa::cli {
 
@@ -26,16 +25,19 @@ std::optional<QByteArray> readInput(const CommandLine& line)
     const QString name = line.command()->inputFile(line.parser());
     if (name.isNull())
         return QByteArray();
-    QFile file(name);
-    const bool isOpen = name == QStringLiteral("-") ? file.open(stdin, QIODevice::ReadOnly)
-                                                    : QFileInfo(name).isFile() && file.open(QIODevice::ReadOnly);
-    if (!isOpen) {
-        complain(QStringLiteral("%1 cannot be read; name a file, or - for standard input").arg(onOneLine(name)));
+    const bool isInput = name == QStringLiteral("-");
+    std::optional<QByteArray> content;
+    if (isInput)
+        content = readStandardInput(longestInput);
+    else if (QFile file(name); QFileInfo(name).isFile() && file.open(QIODevice::ReadOnly))
+        content = file.read(longestInput + 1);
+    const QString what = isInput ? QStringLiteral("standard input") : onOneLine(name);
+    if (!content) {
+        complain(QStringLiteral("%1 cannot be read; name a file, or - for standard input").arg(what));
         return std::nullopt;
     }
-    QByteArray content = file.read(longestInput + 1);
-    if (content.size() > longestInput) {
-        complain(QStringLiteral("%1 is too long; allowed are 16 MiB").arg(onOneLine(name)));
+    if (content->size() > longestInput) {
+        complain(QStringLiteral("%1 is too long; allowed are 16 MiB").arg(what));
         return std::nullopt;
     }
     return content;
