@@ -9,6 +9,7 @@
 
 #include <functional>
 #include <optional>
+#include <utility>
 
 namespace zepa::cli {
 
@@ -33,7 +34,8 @@ public:
     /// `sink` takes what the command says; null: this program's own streams.
     Job(Origin origin, OutputSink* sink, QObject* parent = nullptr);
 
-    const QByteArray& input() const { return m_origin.input; }
+    /// The content of the command's file; empty from then on.
+    QByteArray takeInput() { return std::exchange(m_origin.input, {}); }
     bool isElsewhere() const { return m_origin.isElsewhere; }
     const QString& folder() const { return m_origin.folder; }
     /// An absolute path for the name of a file that the user gave; an empty name stays empty.
@@ -54,7 +56,7 @@ Q_SIGNALS:
     void hurried();
 
 private:
-    const Origin m_origin;
+    Origin m_origin;
     OutputSink* const m_sink;
     std::optional<int> m_code;
 };

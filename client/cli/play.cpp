@@ -11,6 +11,8 @@
 
 #include <QCommandLineParser>
 #include <QFileInfo>
+#include <QPointer>
+#include <QTimer>
 
 #include <optional>
 
@@ -26,6 +28,65 @@ bool isNumber(const QString& text)
     bool isOne = false;
     text.toDouble(&isOne);
     return isOne;
+}
+
+/// Reads a job's script and has it played; a child of the job.
+class ScriptPlay final : public QObject
+{
+public:
+    ScriptPlay(Client& client, Job& job, const QString& name, PlayLog::Form form, bool showsChats,
+               std::optional<double> patience)
+        : QObject(&job)
+        , m_client(client)
+        , m_job(job)
+        , m_form(form)
+        , m_showsChats(showsChats)
+        , m_patience(patience)
+        , m_reader(job.takeInput(), name == QStringLiteral("-") ? QStringLiteral("standard input") : name,
+                   name == QStringLiteral("-") ? job.folder() : QFileInfo(job.path(name)).absolutePath(),
+                   typeIds(client))
+    {}
+
+    /// Reads a piece at each turn of the event loop, and plays the script when it has been read.
+    void readOn()
+    {
+        if (m_reader.readOn())
+            QTimer::singleShot(0, this, &ScriptPlay::readOn);
+        else
+            play();
+    }
+
+private:
+    void play();
+
+    Client& m_client;
+    Job& m_job;
+    const PlayLog::Form m_form;
+    const bool m_showsChats;
+    const std::optional<double> m_patience;
+    ScriptReader m_reader;
+};
+
+void ScriptPlay::play()
+{
+    const Script script = m_reader.take();
+    if (!script.problems.isEmpty()) {
+        m_job.speak([&script] {
+            for (const QString& problem : script.problems)
+                complain(problem);
+        });
+        return m_job.finish(WrongUsage);
+    }
+
+    // Handles events, in which the job may be given up.
+    const QPointer<ScriptPlay> self(this);
+    waitForNotificationService();
+    if (!self)
+        return;
+    if (m_showsChats)
+        openChats(script.events);
+    auto* player = new Player(m_client, m_job, script.events, m_form, m_showsChats ? showInChat : nullptr);
+    player->play(m_patience);
 }
 
 class Play final : public Command
@@ -93,23 +154,10 @@ void Play::start(const QCommandLineParser& line, Client& client, Job& job) const
             return job.finish(WrongUsage);
         }
     }
-    const QString name = line.positionalArguments().constFirst();
-    const bool isInput = name == QStringLiteral("-");
-    const Script script =
-        readScript(job.input(), isInput ? QStringLiteral("standard input") : name,
-                   isInput ? job.folder() : QFileInfo(job.path(name)).absolutePath(), typeIds(client));
-    for (const QString& problem : script.problems)
-        complain(problem);
-    if (!script.problems.isEmpty())
-        return job.finish(WrongUsage);
-
-    waitForNotificationService();
-    const bool showsChats = line.isSet(QStringLiteral("chats"));
-    if (showsChats)
-        openChats(script.events);
     const auto form = line.isSet(QStringLiteral("json")) ? PlayLog::Form::Json : PlayLog::Form::ForPeople;
-    auto* player = new Player(client, job, script.events, form, showsChats ? showInChat : nullptr);
-    player->play(patience);
+    auto* play = new ScriptPlay(client, job, line.positionalArguments().constFirst(), form,
+                                line.isSet(QStringLiteral("chats")), patience);
+    play->readOn();
 }
 
 } // namespace

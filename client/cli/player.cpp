@@ -4,6 +4,7 @@
 #include "client/cli/exit_code.h"
 #include "client/cli/job.h"
 #include "client/cli/poster.h"
+#include "client/cli/work_slice.h"
 #include "client/posting/announce.h"
 
 #include <QPointer>
@@ -41,6 +42,9 @@ void Player::play(std::optional<double> patience)
 
 void Player::announceDue()
 {
+    // Many events may be due at once.
+    constexpr int mostEvents = 16;
+    WorkSlice slice(mostEvents);
     while (m_announced < m_events.size()) {
         const double early = m_events[m_announced].at - seconds();
         if (early > 0)
@@ -50,6 +54,8 @@ void Player::announceDue()
         // Methods may do anything, such as handle events meanwhile in which the job is given up.
         if (!self || m_job.code())
             return;
+        if (slice.isOver() && m_announced < m_events.size())
+            return m_next.start(0);
     }
     if (!m_patience || m_waiting == 0)
         return finish();

@@ -3,12 +3,14 @@
 
 #include "client/cli/output.h"
 #include "client/cli/user_action.h"
+#include "client/cli/work_slice.h"
 
 #include <QDir>
 #include <QFileInfo>
 #include <QJsonDocument>
 #include <QJsonObject>
 
+#include <optional>
 #include <utility>
 
 namespace zepa::cli {
@@ -32,53 +34,84 @@ QString shown(const QJsonValue& value)
     return value.isNull() ? QStringLiteral("null") : value.toVariant().toString();
 }
 
-class LineReader
+} // namespace
+
+class ScriptReader::LineReader
 {
 public:
-    LineReader(const QString& folder, const QStringList& types) : m_folder(folder), m_types(types) {}
+    LineReader(const QString& name, const QString& folder, const QStringList& types)
+        : m_name(onOneLine(name))
+        , m_folder(folder)
+        , m_types(types)
+        , m_allowedTypes(QStringLiteral("one of: %1").arg(types.join(QStringLiteral(", "))))
+    {}
 
-    /// Reads one line; the problems with it are left in problems().
-    Event read(const QByteArray& line);
-    const QStringList& problems() const { return m_problems; }
+    /// Reads the next line. Nothing for an empty one, and for one with problems.
+    std::optional<Event> read(const QByteArray& line);
+    bool isFaultless() const { return m_problems.isEmpty(); }
+    QStringList problems() const;
 
 private:
+    void readObject(Event& event, const QJsonObject& object);
     void readField(Event& event, const QString& name, const QJsonValue& value);
     void readTime(Event& event, const QJsonValue& value);
-    void check(const Event& event);
-    void complainAbout(const QString& field, const QString& problem, const QString& allowed);
+    void check(Event& event);
+    /// `text` is called for the problem's text, and only if that is going to be shown.
+    template <typename Text>
+    void complain(const Text& text);
+    template <typename Text>
+    void complainAbout(const QString& field, const QString& allowed, const Text& text);
 
+    const QString m_name;
     const QString m_folder;
     const QStringList m_types;
+    const QString m_allowedTypes;
+    qsizetype m_number = 0;
     double m_lastTime = 0;
     QStringList m_problems;
+    qsizetype m_found = 0; ///< problems, beyond those named too
 };
 
-Event LineReader::read(const QByteArray& line)
+std::optional<Event> ScriptReader::LineReader::read(const QByteArray& line)
 {
-    m_problems.clear();
+    ++m_number;
+    if (line.isEmpty())
+        return std::nullopt;
+    const qsizetype before = m_found;
     Event event;
     event.at = m_lastTime;
+    if (line.size() > longestLine) {
+        complain(
+            [&] { return QStringLiteral("the line has %1 bytes; allowed are %2").arg(line.size()).arg(longestLine); });
+        return std::nullopt;
+    }
 
     QJsonParseError error;
     const QJsonDocument document = QJsonDocument::fromJson(line, &error);
     if (!document.isObject()) {
-        const QString what = document.isNull()
-                                 ? QStringLiteral("%1 at byte %2").arg(error.errorString()).arg(error.offset)
-                                 : QStringLiteral("this is a list");
-        m_problems.append(
-            QStringLiteral("not a JSON object: %1; allowed is one object with the fields %2").arg(what, allFields));
-        return event;
+        complain([&] {
+            const QString what = document.isNull()
+                                     ? QStringLiteral("%1 at byte %2").arg(error.errorString()).arg(error.offset)
+                                     : QStringLiteral("this is a list");
+            return QStringLiteral("not a JSON object: %1; allowed is one object with the fields %2")
+                .arg(what, allFields);
+        });
+        return std::nullopt;
     }
-    const QJsonObject object = document.object();
-    for (auto it = object.begin(); it != object.end(); ++it)
-        readField(event, it.key(), it.value());
-    if (m_problems.isEmpty())
+    readObject(event, document.object());
+    if (m_found == before)
         check(event);
     m_lastTime = event.at;
-    return event;
+    return m_found == before ? std::optional(event) : std::nullopt;
 }
 
-void LineReader::readField(Event& event, const QString& name, const QJsonValue& value)
+void ScriptReader::LineReader::readObject(Event& event, const QJsonObject& object)
+{
+    for (auto it = object.begin(); it != object.end(); ++it)
+        readField(event, it.key(), it.value());
+}
+
+void ScriptReader::LineReader::readField(Event& event, const QString& name, const QJsonValue& value)
 {
     if (name == QStringLiteral("at"))
         return readTime(event, value);
@@ -86,73 +119,115 @@ void LineReader::readField(Event& event, const QString& name, const QJsonValue& 
         if (name != QString::fromUtf16(field))
             continue;
         if (!value.isString())
-            return complainAbout(name, QStringLiteral("%1 is no text").arg(shown(value)), QStringLiteral("a text"));
+            return complainAbout(name, QStringLiteral("a text"),
+                                 [&] { return QStringLiteral("%1 is no text").arg(shown(value)); });
         event.*member = value.toString();
         return;
     }
-    complainAbout(name.left(40), QStringLiteral("there is no such field"), allFields);
+    complainAbout(name.left(40), allFields, [] { return QStringLiteral("there is no such field"); });
 }
 
-void LineReader::readTime(Event& event, const QJsonValue& value)
+void ScriptReader::LineReader::readTime(Event& event, const QJsonValue& value)
 {
     const double at = value.toDouble(-1);
     if (at < m_lastTime || at > latestTime)
-        return complainAbout(QStringLiteral("at"), QStringLiteral("%1 does not fit").arg(shown(value)),
+        return complainAbout(QStringLiteral("at"),
                              QStringLiteral("a number of seconds from %1, the time of the line above, to %2")
                                  .arg(m_lastTime)
-                                 .arg(latestTime));
+                                 .arg(latestTime),
+                             [&] { return QStringLiteral("%1 does not fit").arg(shown(value)); });
     event.at = at;
 }
 
-void LineReader::check(const Event& event)
+void ScriptReader::LineReader::check(Event& event)
 {
-    const QString types = QStringLiteral("one of: %1").arg(m_types.join(QStringLiteral(", ")));
+    const qsizetype type = m_types.indexOf(event.type);
     if (event.type.isNull())
-        complainAbout(QStringLiteral("type"), QStringLiteral("it is missing"), types);
-    else if (!m_types.contains(event.type))
-        complainAbout(QStringLiteral("type"),
-                      QStringLiteral("there is no notification type \"%1\"").arg(onOneLine(event.type.left(40))),
-                      types);
+        complainAbout(QStringLiteral("type"), m_allowedTypes, [] { return QStringLiteral("it is missing"); });
+    else if (type < 0)
+        complainAbout(QStringLiteral("type"), m_allowedTypes, [&] {
+            return QStringLiteral("there is no notification type \"%1\"").arg(onOneLine(event.type.left(40)));
+        });
+    else
+        event.type = m_types[type]; // one text for all events of a type
     if (event.title.isNull())
-        complainAbout(QStringLiteral("title"), QStringLiteral("it is missing"), QStringLiteral("a text"));
+        complainAbout(QStringLiteral("title"), QStringLiteral("a text"),
+                      [] { return QStringLiteral("it is missing"); });
     if (!event.icon.isEmpty() && !QFileInfo(QDir(m_folder), event.icon).isFile())
-        complainAbout(QStringLiteral("icon"),
-                      QStringLiteral("there is no file %1").arg(onOneLine(QDir(m_folder).filePath(event.icon))),
-                      QStringLiteral("a picture, absolute or beside the script"));
+        complainAbout(QStringLiteral("icon"), QStringLiteral("a picture, absolute or beside the script"), [&] {
+            return QStringLiteral("there is no file %1").arg(onOneLine(QDir(m_folder).filePath(event.icon)));
+        });
     if (!event.action.isNull()) {
         const QString problem = problemWithAction(event.action);
         if (!problem.isEmpty())
-            m_problems.append(QStringLiteral("field \"action\": it %1").arg(problem));
+            complain([&] { return QStringLiteral("field \"action\": it %1").arg(problem); });
     }
+    if (!event.icon.isEmpty())
+        event.icon = QDir(m_folder).absoluteFilePath(event.icon);
 }
 
-void LineReader::complainAbout(const QString& field, const QString& problem, const QString& allowed)
+template <typename Text>
+void ScriptReader::LineReader::complain(const Text& text)
 {
-    m_problems.append(QStringLiteral("field \"%1\": %2; allowed is %3").arg(onOneLine(field), problem, allowed));
+    if (++m_found <= mostProblems)
+        m_problems.append(QStringLiteral("%1:%2: %3").arg(m_name).arg(m_number).arg(text()));
 }
 
-} // namespace
+template <typename Text>
+void ScriptReader::LineReader::complainAbout(const QString& field, const QString& allowed, const Text& text)
+{
+    complain([&] { return QStringLiteral("field \"%1\": %2; allowed is %3").arg(onOneLine(field), text(), allowed); });
+}
+
+QStringList ScriptReader::LineReader::problems() const
+{
+    QStringList lines = m_problems;
+    if (m_found > mostProblems)
+        lines.append(QStringLiteral("%1: and %2 more").arg(m_name).arg(m_found - mostProblems));
+    return lines;
+}
+
+ScriptReader::ScriptReader(QByteArray content, const QString& name, const QString& folder, const QStringList& types)
+    : m_content(std::move(content)), m_reader(std::make_unique<LineReader>(name, folder, types))
+{}
+
+ScriptReader::~ScriptReader() = default;
+
+bool ScriptReader::readOn()
+{
+    constexpr int mostLines = 1000;
+    WorkSlice slice(mostLines);
+    while (m_at < m_content.size()) {
+        readLine();
+        if (slice.isOver())
+            break;
+    }
+    return m_at < m_content.size();
+}
+
+void ScriptReader::readLine()
+{
+    const qsizetype end = m_content.indexOf('\n', m_at);
+    const QByteArray line = m_content.mid(m_at, end < 0 ? -1 : end - m_at).trimmed();
+    m_at = end < 0 ? m_content.size() : end + 1;
+    if (const auto event = m_reader->read(line); event && m_reader->isFaultless())
+        m_events.append(*event);
+    // A script with problems is not played.
+    if (!m_reader->isFaultless())
+        m_events = {};
+}
+
+Script ScriptReader::take()
+{
+    return {std::exchange(m_events, {}), m_reader->problems()};
+}
 
 Script readScript(const QByteArray& content, const QString& name, const QString& folder, const QStringList& types)
 {
-    Script script;
-    LineReader reader(folder, types);
-    qsizetype number = 0;
-    for (qsizetype start = 0; start < content.size();) {
-        const qsizetype end = content.indexOf('\n', start);
-        const QByteArray line = content.mid(start, end < 0 ? -1 : end - start).trimmed();
-        start = end < 0 ? content.size() : end + 1;
-        ++number;
-        if (line.isEmpty())
-            continue;
-        Event event = reader.read(line);
-        for (const QString& problem : reader.problems())
-            script.problems.append(QStringLiteral("%1:%2: %3").arg(onOneLine(name)).arg(number).arg(problem));
-        if (!event.icon.isEmpty())
-            event.icon = QDir(folder).absoluteFilePath(event.icon);
-        script.events.append(event);
-    }
-    return script;
+    ScriptReader reader(content, name, folder, types);
+    while (reader.readOn())
+        ;
+    return reader.take();
 }
 
 } // namespace zepa::cli

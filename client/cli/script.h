@@ -8,6 +8,8 @@
 #include <QString>
 #include <QStringList>
 
+#include <memory>
+
 namespace zepa::cli {
 
 /// A script of events: one JSON object a line, in the order of time. Empty lines are passed over.
@@ -19,17 +21,46 @@ namespace zepa::cli {
 struct Script
 {
     QList<Event> events;
-    /// What is wrong, one line each: "FILE:LINE: field "FIELD": PROBLEM; allowed is ...". Nothing is to be played then.
+    /// What is wrong, one line each: "FILE:LINE: field "FIELD": PROBLEM; allowed is ...". Nothing is to be played then,
+    /// and there are no events. Of more than mostProblems, the last line gives the number: "FILE: and 7 more".
     QStringList problems;
 };
 
 /// The latest time that a line may name, in seconds.
 inline constexpr int latestTime = 86400;
+/// So many problems are named.
+inline constexpr int mostProblems = 20;
+/// A line may have so many bytes.
+inline constexpr int longestLine = 1048576;
 
-/// @param content  the script, in UTF-8
-/// @param name     the script's name in messages
-/// @param folder   where relative pictures are
-/// @param types    the notification types that may be posted
+/// Reads a script piece by piece, so that a long one leaves the event loop its turns.
+class ScriptReader
+{
+public:
+    /// @param content  the script, in UTF-8
+    /// @param name     the script's name in messages
+    /// @param folder   where relative pictures are
+    /// @param types    the notification types that may be posted
+    ScriptReader(QByteArray content, const QString& name, const QString& folder, const QStringList& types);
+    ~ScriptReader();
+    Q_DISABLE_COPY_MOVE(ScriptReader)
+
+    /// Reads on for a few milliseconds. False when the script has been read to its end.
+    bool readOn();
+    /// The script as far as it was read; to be called once.
+    Script take();
+
+private:
+    void readLine();
+
+    class LineReader;
+    const QByteArray m_content;
+    const std::unique_ptr<LineReader> m_reader;
+    qsizetype m_at = 0;
+    QList<Event> m_events;
+};
+
+/// A whole script at once, with the parameters of the reader.
 Script readScript(const QByteArray& content, const QString& name, const QString& folder, const QStringList& types);
 
 } // namespace zepa::cli

@@ -5,6 +5,7 @@ zepa_test(client_cli_test LABEL unit
     answer_token_test.cpp
     field_text_test.cpp
     output_test.cpp
+    player_test.cpp
     script_test.cpp
     user_action_test.cpp
     watched_method_test.cpp

@@ -120,6 +120,49 @@ TEST(ScriptTest, NamesEveryProblem)
     EXPECT_EQ(read("{\"type\":1,\"title\":2,\"foo\":3}\n[]\n\n{\"type\":\"x\"}").problems.size(), 6);
 }
 
+TEST(ScriptTest, NamesTwentyProblemsAndCountsTheRest)
+{
+    const Script exact = read(QByteArray("{\"title\":\"a\"}\n").repeated(20));
+    EXPECT_EQ(exact.problems.size(), 20);
+    const Script flood = read(QByteArray("{}\n").repeated(10000));
+    ASSERT_EQ(flood.problems.size(), 21);
+    EXPECT_EQ(flood.problems[19], QStringLiteral("demo.jsonl:10: field \"title\": it is missing; allowed is a text"));
+    EXPECT_EQ(flood.problems[20], QStringLiteral("demo.jsonl: and 19980 more"));
+}
+
+TEST(ScriptTest, KeepsNoEventsBesideProblems)
+{
+    const QByteArray good("{\"type\":\"logged_in\",\"title\":\"a\"}\n");
+    const Script script = read(good.repeated(100) + "{}\n" + good.repeated(100));
+    EXPECT_EQ(script.problems.size(), 2);
+    EXPECT_TRUE(script.events.isEmpty());
+}
+
+TEST(ScriptTest, KeepsTheNameOfATypeOnce)
+{
+    const Script script = read(QByteArray("{\"type\":\"logged_in\",\"title\":\"a\"}\n").repeated(2));
+    ASSERT_EQ(script.events.size(), 2);
+    EXPECT_EQ(script.events[0].type.constData(), script.events[1].type.constData());
+}
+
+TEST(ScriptTest, RefusesLongLines)
+{
+    const QByteArray start("{\"type\":\"logged_in\",\"title\":\"");
+    const QByteArray longest = start + QByteArray(zepa::cli::longestLine - start.size() - 2, 'x') + "\"}";
+    EXPECT_EQ(read(longest).events.size(), 1);
+    EXPECT_EQ(onlyProblem(longest + '}'), "demo.jsonl:1: the line has 1048577 bytes; allowed are 1048576");
+}
+
+TEST(ScriptTest, IsReadInPieces)
+{
+    zepa::cli::ScriptReader reader(QByteArray("{}\n").repeated(10000), QStringLiteral("demo.jsonl"), {}, {});
+    int pieces = 1;
+    while (reader.readOn())
+        ++pieces;
+    EXPECT_GE(pieces, 10);
+    EXPECT_EQ(reader.take().problems.constLast(), QStringLiteral("demo.jsonl: and 19980 more"));
+}
+
 TEST(ScriptTest, KeepsMessagesOnOneLine)
 {
     const std::string problem = onlyProblem("{\"type\":\"x\\n\\u001b[2J\",\"title\":\"a\"}");
