@@ -42,7 +42,10 @@ int tellFailure(const QDBusMessage& answer)
         const QStringList lines = answer.errorMessage().split(u'\n');
         for (const QString& line : lines)
             cli::complain(cli::onOneLine(line));
-        return cli::WrongUsage;
+        const QString kind = answer.errorName().mid(ownErrors.size());
+        if (kind == QStringLiteral("TooMuch"))
+            return cli::Busy;
+        return kind == QStringLiteral("AccessDenied") ? cli::Failure : cli::WrongUsage;
     }
     cli::complain(QStringLiteral("a client with these settings is running and does not answer (%1): nothing was done; "
                                  "end it, or name another folder with --settings")

@@ -35,7 +35,7 @@ public:
     enum class Claim {
         First,  ///< the name is ours
         Second, ///< another client has it, and its window is in front now
-        Failed  ///< another client has it and does not answer, which was said
+        Failed  ///< another client has it and does not answer or refuses, which was said
     };
     /// Takes the name or, when somebody has it, asks for the window; `token` is the desktop's for that.
     Claim claim(const QString& token);

@@ -8,11 +8,16 @@
 #include "interface_xml.h"
 #include "platform/bus/session_bus.h"
 
+#include <QDBusArgument>
 #include <QDBusConnection>
 #include <QDBusPendingCallWatcher>
+#include <QDBusUnixFileDescriptor>
 #include <QDir>
 #include <QRegularExpression>
 
+#include <fcntl.h>
+
+#include <chrono>
 #include <memory>
 #include <utility>
 
@@ -20,7 +25,32 @@ namespace zepa::instance {
 
 namespace {
 
-constexpr qsizetype mostJobs = 64;
+constexpr int mostAtOnce = 64;
+constexpr int mostOfOneCaller = 16;
+/// A caller gives up after five seconds: the answer, a refusal too, must be there before.
+constexpr std::chrono::milliseconds lookUpLimit{2000};
+
+QString tooMuch(const Quota& quota, Quota::Answer answer)
+{
+    return answer == Quota::Answer::TooManyOfCaller
+               ? QStringLiteral("%1 commands of this caller are under way; no more are allowed for one")
+                     .arg(quota.mostPerCaller())
+               : QStringLiteral("%1 commands are under way; no more are allowed").arg(quota.most());
+}
+
+Caller callerOf(const QDBusMessage& answer)
+{
+    const auto facts = qdbus_cast<QVariantMap>(answer.arguments().value(0));
+    Caller caller;
+    if (const QVariant user = facts.value(QStringLiteral("UnixUserID")); user.isValid())
+        caller.user = user.toUInt();
+    caller.process = facts.value(QStringLiteral("ProcessID")).toInt();
+    caller.label = facts.value(QStringLiteral("LinuxSecurityLabel")).toByteArray();
+    const auto process = facts.value(QStringLiteral("ProcessFD")).value<QDBusUnixFileDescriptor>();
+    if (process.isValid())
+        caller.processDescriptor = shareDescriptor(::fcntl(process.fileDescriptor(), F_DUPFD_CLOEXEC, 0));
+    return caller;
+}
 
 /// Keeps what is said.
 class Ear final : public cli::OutputSink
@@ -43,7 +73,12 @@ public:
 
 } // namespace
 
-Server::Server(Client& client, bus::SessionBus& bus) : m_client(client), m_bus(bus)
+Server::Server(Client& client, bus::SessionBus& bus)
+    : m_client(client)
+    , m_bus(bus)
+    , m_lookups(lookUpLimit)
+    , m_calls(mostAtOnce, mostOfOneCaller)
+    , m_commands(mostAtOnce, mostOfOneCaller)
 {
     QDBusConnection connection = bus.connection();
     connection.connect(QString(), bus::busPath(), bus::busName(), QStringLiteral("NameOwnerChanged"), this,
@@ -74,10 +109,46 @@ bool Server::handleMessage(const QDBusMessage& message, const QDBusConnection& b
     if (message.interface() != interfaceName || message.type() != QDBusMessage::MethodCallMessage)
         return false;
 
-    QVariantList answer;
+    const QString sender = message.service();
+    if (const auto taken = m_calls.take(sender); taken != Quota::Answer::Taken) {
+        bus.send(message.createErrorReply(interfaceName + QStringLiteral(".Error.TooMuch"), tooMuch(m_calls, taken)));
+        return true;
+    }
+    lookUp(sender, [this, message](const Caller& caller, const QString& problem) {
+        m_calls.giveBack(message.service());
+        answer(message, caller, problem);
+    });
+    return true;
+}
+
+void Server::lookUp(const QString& sender, const std::function<void(const Caller&, const QString& problem)>& done)
+{
+    QDBusMessage question = bus::busCall(QStringLiteral("GetConnectionCredentials"));
+    question << sender;
+    auto* watcher = new QDBusPendingCallWatcher(
+        m_bus.connection().asyncCall(question, static_cast<int>(lookUpLimit.count())), this);
+    connect(watcher, &QDBusPendingCallWatcher::finished, this, [this, done, watcher] {
+        watcher->deleteLater();
+        // An error leaves nothing known, which is refused.
+        const Caller caller = callerOf(watcher->reply());
+        const CallerLook look(caller);
+        if (const auto problem = look.quickProblem())
+            return done(caller, *problem);
+        m_lookups.ask([look] { return look.problem(); },
+                      [done, caller](const QString& problem) { done(caller, problem); });
+    });
+}
+
+void Server::answer(const QDBusMessage& message, const Caller& caller, const QString& problem)
+{
+    if (!m_bus.isOpen())
+        return;
+    QVariantList values;
     std::optional<Refusal> refusal;
-    if (message.member() == QStringLiteral("Run"))
-        refusal = run(message, answer);
+    if (!problem.isEmpty())
+        refusal = Refusal{QStringLiteral("AccessDenied"), problem};
+    else if (message.member() == QStringLiteral("Run"))
+        refusal = run(message, caller, values);
     else if (message.member() == QStringLiteral("Cancel"))
         refusal = cancel(message);
     else if (message.member() == QStringLiteral("Activate"))
@@ -87,21 +158,18 @@ bool Server::handleMessage(const QDBusMessage& message, const QDBusConnection& b
             QStringLiteral("UnknownMethod"),
             QStringLiteral("there is no method \"%1\"; there are: Run, Cancel, Activate").arg(message.member())};
 
+    const QDBusConnection bus = m_bus.connection();
     if (refusal)
         bus.send(message.createErrorReply(interfaceName + QStringLiteral(".Error.") + refusal->kind, refusal->text));
     else
-        bus.send(message.createReply(answer));
-    return true;
+        bus.send(message.createReply(values));
 }
 
-std::optional<Refusal> Server::run(const QDBusMessage& message, QVariantList& answer)
+std::optional<Refusal> Server::run(const QDBusMessage& message, const Caller& caller, QVariantList& answer)
 {
     RunRequest request;
     if (auto refusal = read(message, request))
         return refusal;
-    if (m_jobs.size() >= mostJobs)
-        return Refusal{QStringLiteral("TooMuch"),
-                       QStringLiteral("%1 commands are under way; no more are allowed").arg(mostJobs)};
 
     Ear ear;
     std::unique_ptr<cli::CommandLine> line;
@@ -121,6 +189,9 @@ std::optional<Refusal> Server::run(const QDBusMessage& message, QVariantList& an
         return Refusal{QStringLiteral("WrongFolder"),
                        QStringLiteral("this client has the settings in %1").arg(m_client.settings().getSettingsDir())};
 
+    const QString process = QString::number(caller.process);
+    if (const auto taken = m_commands.take(process); taken != Quota::Answer::Taken)
+        return Refusal{QStringLiteral("TooMuch"), tooMuch(m_commands, taken)};
     const unsigned int number = ++m_lastNumber;
     auto* job = new HandedJob(m_bus, number, message.service(), std::move(line), {request.folder, request.input, true});
     for (const auto& [stream, text] : std::as_const(ear.heard))
@@ -128,6 +199,7 @@ std::optional<Refusal> Server::run(const QDBusMessage& message, QVariantList& an
     connect(job, &HandedJob::ended, this, &Server::forget);
     connect(job, &HandedJob::ended, &ClientRequests::instance(), &ClientRequests::commandCarriedOut);
     m_jobs.insert(number, job);
+    m_processes.insert(number, process);
     follow(QStringLiteral("AddMatch"), message.service());
     // The caller learns the number before anything else, and at once, whatever the command does. Then the bus is asked:
     // a caller that gave up while we were busy has said that nothing was done, and does not leave the bus any more.
@@ -190,8 +262,10 @@ void Server::drop(unsigned int number)
 void Server::forget(unsigned int number)
 {
     const HandedJob* job = m_jobs.take(number);
-    if (job)
-        follow(QStringLiteral("RemoveMatch"), job->caller());
+    if (!job)
+        return;
+    m_commands.giveBack(m_processes.take(number));
+    follow(QStringLiteral("RemoveMatch"), job->caller());
 }
 
 /// AddMatch or RemoveMatch: whether the bus tells us that the caller left. It counts equal rules.

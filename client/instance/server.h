@@ -1,6 +1,9 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include "client/instance/caller_lookups.h"
+#include "client/instance/caller_policy.h"
+#include "client/instance/quota.h"
 #include "client/instance/requests.h"
 
 #include <QDBusVirtualObject>
@@ -8,6 +11,7 @@
 #include <QString>
 #include <QVariantList>
 
+#include <functional>
 #include <optional>
 
 namespace zepa {
@@ -41,7 +45,10 @@ private Q_SLOTS:
     void hearOfOwner(const QDBusMessage& signal);
 
 private:
-    std::optional<Refusal> run(const QDBusMessage& message, QVariantList& answer);
+    /// Finds out whether the sender may call, and calls `done` with why it is refused, "" for nothing.
+    void lookUp(const QString& sender, const std::function<void(const Caller&, const QString& problem)>& done);
+    void answer(const QDBusMessage& message, const Caller& caller, const QString& problem);
+    std::optional<Refusal> run(const QDBusMessage& message, const Caller& caller, QVariantList& answer);
     std::optional<Refusal> cancel(const QDBusMessage& message);
     std::optional<Refusal> activate(const QDBusMessage& message);
     void start(unsigned int number);
@@ -51,7 +58,11 @@ private:
 
     Client& m_client;
     bus::SessionBus& m_bus;
+    CallerLookups m_lookups;
+    Quota m_calls;    ///< that wait for the look-up of their callers, by connection
+    Quota m_commands; ///< under way, by process: one may have many connections
     QHash<unsigned int, HandedJob*> m_jobs;
+    QHash<unsigned int, QString> m_processes; ///< of the jobs' callers
     unsigned int m_lastNumber = 0;
 };
 

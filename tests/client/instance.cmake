@@ -1,10 +1,15 @@
 # SPDX-License-Identifier: Apache-2.0
 # One client a settings folder: real programs on a private bus.
+zepa_test(client_caller_test LABEL unit
+  SOURCES caller_lookups_test.cpp caller_policy_test.cpp quota_test.cpp
+  LIBRARIES zepa_instance)
+
 zepa_test(client_instance_test LABEL service
   SOURCES
     instance_calls_test.cpp
     instance_fixture.cpp
     instance_handed_over_test.cpp
+    instance_sandbox_test.cpp
     instance_start_test.cpp
     program.cpp
     ${PROJECT_SOURCE_DIR}/tests/platform/service_fixture.cpp

@@ -3,8 +3,14 @@
 #include "instance_fixture.h"
 
 #include <QDBusConnection>
+#include <QDBusConnectionInterface>
+#include <QDBusPendingCall>
 #include <QDir>
 #include <QFile>
+
+#include <csignal>
+#include <memory>
+#include <vector>
 
 namespace {
 
@@ -91,17 +97,76 @@ TEST_F(InstanceCallsTest, LetsNobodyEndAnothersJob)
     EXPECT_EQ(waiting->state(), QProcess::Running);
 }
 
-TEST_F(InstanceCallsTest, TakesOnlySoManyJobs)
+TEST_F(InstanceCallsTest, TakesOnlySoManyJobsOfOneCallerAndStillThoseOfOthers)
 {
     const QByteArray script = R"({"at": 600, "type": "info_notify", "title": "last"})";
     std::string last;
-    for (int i = 0; i < 65; ++i) {
+    for (int i = 0; i < 17; ++i) {
         EXPECT_EQ(last, "") << i;
         last = refusal(runMethod, {words("play -"), QStringLiteral("/"), script});
     }
     EXPECT_EQ(last, "TooMuch");
+    // The same program under another name on the bus.
+    const QString name = QStringLiteral("second");
+    QDBusConnection second = QDBusConnection::connectToBus(QDBusConnection::SessionBus, name);
+    EXPECT_EQ(second.call(message(runMethod, {words("types"), QStringLiteral("/"), noInput})).errorName(),
+              QStringLiteral("zepa.Client1.Error.TooMuch"));
+    QDBusConnection::disconnectFromBus(name);
+
+    EXPECT_EQ(run({QStringLiteral("types")}).code, 0);
     EXPECT_EQ(refusal(QStringLiteral("Cancel"), {1U}), "");
     EXPECT_EQ(refusal(runMethod, {words("types"), QStringLiteral("/"), noInput}), "");
+}
+
+TEST_F(InstanceCallsTest, TakesOnlySoManyCallsAtOnceOfOneCaller)
+{
+    // What arrives while it is stopped is there as a whole before it can look up the first caller.
+    ::kill(static_cast<pid_t>(first().processId()), SIGSTOP);
+    QList<QDBusPendingCall> calls;
+    for (int i = 0; i < 100; ++i)
+        calls.append(QDBusConnection::sessionBus().asyncCall(
+            message(runMethod, {words("types"), QStringLiteral("/"), noInput})));
+    ASSERT_FALSE(QDBusConnection::sessionBus().interface()->registeredServiceNames().value().isEmpty());
+    ::kill(static_cast<pid_t>(first().processId()), SIGCONT);
+    int refused = 0;
+    for (QDBusPendingCall& call : calls) {
+        call.waitForFinished();
+        EXPECT_TRUE(!call.isError() || call.error().name() == QStringLiteral("zepa.Client1.Error.TooMuch"))
+            << call.error().name().toStdString();
+        refused += call.isError() ? 1 : 0;
+    }
+    EXPECT_EQ(refused, 84);
+    EXPECT_EQ(run({QStringLiteral("types")}).code, 0);
+}
+
+TEST_F(InstanceCallsTest, SaysThatItIsBusyByAnExitCodeOfItsOwn)
+{
+    const QByteArray script = R"({"at": 600, "type": "info_notify", "title": "last"})";
+    std::vector<std::unique_ptr<QProcess>> players;
+    for (int i = 0; i < 64; ++i)
+        players.push_back(start({QStringLiteral("play"), QStringLiteral("-")}, script));
+    // Whoever of them has begun has been counted; the last may not have come to that yet.
+    EXPECT_TRUE(waitFor([&] {
+        const Outcome types = run({QStringLiteral("types")});
+        EXPECT_TRUE(types.code == 0 || types.code == 6) << types.code << types.err.toStdString();
+        return types.code == 6 && types.err.contains(QStringLiteral("64 commands are under way"));
+    }));
+    for (const auto& player : players)
+        player->kill();
+    EXPECT_TRUE(waitFor([&] { return run({QStringLiteral("types")}).code == 0; }));
+    for (const auto& player : players)
+        player->waitForFinished();
+}
+
+TEST_F(InstanceCallsTest, AnswersOthersWhileAScriptIsPlayed)
+{
+    const QByteArray event("{\"type\": \"info_notify\", \"title\": \"T\"}\n");
+    const auto player = start({QStringLiteral("play"), QStringLiteral("-")}, event.repeated(5000));
+    ASSERT_TRUE(waitForOutput(*player, "posted"));
+    EXPECT_EQ(run({QStringLiteral("types")}).code, 0);
+    // Who was asked for later is done before.
+    player->waitForReadyRead(0);
+    EXPECT_FALSE(player->peek(player->bytesAvailable()).contains("summary"));
 }
 
 TEST_F(InstanceCallsTest, ShowsItsInterfaceAsItIsInstalled)

@@ -45,12 +45,17 @@ bool InstanceTest::isClientThere(const QString& settings)
     return QDBusConnection::sessionBus().interface()->isServiceRegistered(clientName(settings));
 }
 
-QDBusMessage InstanceTest::call(const QString& method, const QVariantList& arguments) const
+QDBusMessage InstanceTest::message(const QString& method, const QVariantList& arguments) const
 {
     QDBusMessage message =
         QDBusMessage::createMethodCall(clientName(), instance::objectPath, instance::interfaceName, method);
     message.setArguments(arguments);
-    return QDBusConnection::sessionBus().call(message);
+    return message;
+}
+
+QDBusMessage InstanceTest::call(const QString& method, const QVariantList& arguments) const
+{
+    return QDBusConnection::sessionBus().call(message(method, arguments));
 }
 
 bool InstanceTest::waitForOutput(QProcess& process, const QByteArray& text)

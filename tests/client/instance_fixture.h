@@ -21,6 +21,8 @@ protected:
     /// Whether somebody has the name of the client with these settings.
     bool isClientThere(const QString& settings = QStringLiteral("settings"));
     QString clientName(const QString& settings = QStringLiteral("settings")) const;
+    /// A call of the first client.
+    QDBusMessage message(const QString& method, const QVariantList& arguments) const;
     /// Calls the first client from this process.
     QDBusMessage call(const QString& method, const QVariantList& arguments) const;
 
