@@ -69,8 +69,8 @@ function(zepa_test name)
     list(APPEND environment "DBUS_SESSION_BUS_ADDRESS=unix:path=/nonexistent")
   endif()
   list(APPEND environment ${arg_ENVIRONMENT})
-  gtest_discover_tests(${name} NO_PRETTY_VALUES DISCOVERY_MODE PRE_TEST DISCOVERY_TIMEOUT 60 TEST_PREFIX "${name}."
-    PROPERTIES LABELS ${arg_LABEL} TIMEOUT 120)
+  gtest_discover_tests(${name} NO_PRETTY_VALUES DISCOVERY_MODE PRE_TEST DISCOVERY_TIMEOUT 300 TEST_PREFIX "${name}."
+    PROPERTIES LABELS ${arg_LABEL} TIMEOUT 300)
   # gtest_discover_tests() takes lists in properties apart, so the environment is set when ctest has found the tests.
   set(environment_file ${CMAKE_CURRENT_BINARY_DIR}/${name}_environment.cmake)
   file(CONFIGURE OUTPUT ${environment_file} @ONLY CONTENT [[

@@ -5,7 +5,7 @@ import collections
 
 import gi
 
-from support import DesktopTest, screen
+from support import LONG, DesktopTest, screen
 
 gi.require_version("Gio", "2.0")
 from gi.repository import Gio, GLib  # noqa: E402  (the version is asked for first)
@@ -76,8 +76,8 @@ class AccessibilityBus:
             self._bus.close_sync()
 
     def call(self, name, path, interface, method, arguments=None):
-        answer = self._bus.call_sync(name, path, interface, method, arguments, None, Gio.DBusCallFlags.NONE, 10000,
-                                     None)
+        answer = self._bus.call_sync(name, path, interface, method, arguments, None, Gio.DBusCallFlags.NONE,
+                                     1000 * LONG, None)
         return answer.unpack()
 
     def application(self, pid):
@@ -245,6 +245,13 @@ class Node:
     def _get(self, interface, name):
         return self._bus.call(self.owner, self.path, "org.freedesktop.DBus.Properties", "Get",
                               GLib.Variant("(ss)", (interface, name)))[0]
+
+
+def next_in_focus(test, *keys):
+    """Presses keys that move the focus of the keyboard, and returns what has it then."""
+    test.accessibility.listen()
+    press(test.desktop, *keys)
+    return test.accessibility.wait_for("state-changed", "focused", lambda event: event.numbers[0] == 1).node
 
 
 def press(desktop, *keys):

@@ -7,9 +7,9 @@ from accessible import AccessibleTest, press, write
 from support import DesktopTest, screen
 
 GREEN = "#00e000"
-LATER = 100
+LATER = 3600
 # Late enough for screen readers to have found the window.
-KNOCK = {"at": 4, "type": "alert_received_notify", "text": "Ann <b>knocks</b>"}
+KNOCK = {"at": 15, "type": "alert_received_notify", "text": "Ann <b>knocks</b>"}
 
 
 class ChatTest(DesktopTest):

@@ -1,7 +1,7 @@
 # SPDX-License-Identifier: Apache-2.0
 """The main window of `zepa`, driven by mouse and keyboard and read as a screen reader reads it."""
 
-from accessible import AccessibleTest, press, write
+from accessible import AccessibleTest, next_in_focus, press, write
 from support import SERVICES, screen
 
 # The simulator's events in their order.
@@ -66,7 +66,7 @@ class MainWindowTest(AccessibleTest):
 class MainWindowVerdicts(MainWindowTest):
     """Every verdict by a real posting, with a real notification service."""
 
-    options = {"service": "dunst", "popup_seconds": 6}
+    options = {"service": "dunst"}
 
     def test_the_journal_says_of_each_posting_why_it_did_not_pop_up(self):
         # Longer than the test takes: what is posted twice is a repeat, however slow the machine.
@@ -99,6 +99,7 @@ class MainWindowVerdicts(MainWindowTest):
 
         self.post(E_MAIL)
         self.told("waits for an answer")
+        self.click_popup(SERVICES["dunst"].dismiss)
         self.told("ended without a click")
 
         press(self.desktop, "alt+a")
@@ -134,10 +135,7 @@ class MainWindowByKeyboard(MainWindowTest):
                      if {"focusable", "showing", "enabled"} <= node.states
                      and node.role in ("list", "combo box", "text", "check box", "push button", "table")}
         self.assertGreaterEqual(len(focusable), 9, self.window.tree())
-        reached = set()
-        for _ in range(len(focusable) + 2):
-            reached |= {node for node in focusable if "focused" in node.states}
-            press(self.desktop, "Tab")
+        reached = {next_in_focus(self, "Tab") for _ in range(len(focusable) + 2)}
         self.assertEqual(focusable - reached, set())
         for node in focusable:
             self.assertNotEqual(node.name, "", node)

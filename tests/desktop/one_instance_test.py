@@ -12,18 +12,16 @@ class OneInstance(DesktopTest):
 
     def test_a_second_start_brings_the_first_window_to_the_front(self):
         first = self.start_zepa()
-        window = screen.wait_until(self.windows, "the main window")[0]
+        window = first.wait_until(self.windows, "the main window")[0]
         self.desktop.run("xdotool", "windowminimize", window)
         screen.wait_until(lambda: not self.windows(), "the window should be minimised")
         self.zepa()
-        self.assertEqual(screen.wait_until(self.windows, "the window again"), [window])
-        screen.wait_until(lambda: self.desktop.run("xdotool", "getactivewindow").strip() == window,
-                          "it should be the active window")
+        self.assertEqual(first.wait_until(self.windows, "the window again"), [window])
+        first.wait_until(lambda: screen.active_window(self.desktop) == window, "it should be the active window")
         first.stop()
 
     def test_a_posting_of_a_second_start_is_answered_by_the_first(self):
-        self.start_zepa()
-        screen.wait_until(self.windows, "the main window")
+        self.start_zepa().wait_until(self.windows, "the main window")
         clicked = self.desktop.folder / "clicked"
         self.zepa("post", "message_received", "--title", "Ann", "--action", f"touch {clicked}")
         popup = screen.wait_until(lambda: screen.windows(self.desktop, "--class", "Dunst"), "a pop-up")[0]

@@ -60,8 +60,8 @@ class Popups:
     def test_popups_are_shown_and_clicked_again_after_a_restart_of_the_service(self):
         script = self.desktop.folder / "script.jsonl"
         script.write_text('{"at": 0, "type": "message_received", "title": "Ann", "action": "true"}\n'
-                          '{"at": 8, "type": "message_received", "title": "Bob", "action": "true"}\n')
-        played = self.start_zepa("play", str(script), "--wait", "30")
+                          '{"at": 20, "type": "message_received", "title": "Bob", "action": "true"}\n')
+        played = self.start_zepa("play", str(script), "--wait", "600")
         self.screen.appeared()
         self.desktop.service.kill()
         self.assertIn('"Ann"  timed out', played.line_with("answered"))
@@ -100,7 +100,7 @@ class MakoOnWayland(Popups, DesktopTest):
 
 
 class DunstExpiry(QuickPopups, DesktopTest):
-    options = {"service": "dunst", "popup_seconds": 2}
+    options = {"service": "dunst", "popup_seconds": 10}
 
 
 class XfceExpiry(QuickPopups, DesktopTest):
@@ -108,8 +108,8 @@ class XfceExpiry(QuickPopups, DesktopTest):
 
 
 class LxqtExpiry(QuickPopups, DesktopTest):
-    options = {"service": "lxqt-notificationd", "popup_seconds": 2}
+    options = {"service": "lxqt-notificationd", "popup_seconds": 10}
 
 
 class MakoOnWaylandExpiry(QuickPopups, DesktopTest):
-    options = {"service": "mako", "wayland": True, "popup_seconds": 2}
+    options = {"service": "mako", "wayland": True, "popup_seconds": 10}

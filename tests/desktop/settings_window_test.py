@@ -3,7 +3,7 @@
 
 import json
 
-from accessible import AccessibleTest, press, write
+from accessible import AccessibleTest, next_in_focus, press, write
 from support import screen
 
 POPUP = "zepa_hint_notification"
@@ -50,8 +50,7 @@ class SettingsTest(AccessibleTest):
         """Presses Tab until that has the focus."""
         target = self.window.find(role, name)
         for _ in range(30):
-            press(self.desktop, "Tab")
-            if "focused" in target.states:
+            if next_in_focus(self, "Tab") == target:
                 return
         self.fail(f"Tab does not lead to {target!r}")
 

@@ -25,7 +25,7 @@ class SilentBus(DesktopTest):
 
     def test_the_main_window_answers_and_closes(self):
         client = self.start_zepa()
-        window = screen.wait_until(lambda: screen.windows(self.desktop, "--name", "^Zepa$"), "the main window")[0]
+        window = client.wait_until(lambda: screen.windows(self.desktop, "--name", "^Zepa$"), "the main window")[0]
 
         def is_gone():
             # Without a status area the program ends with its window.

@@ -7,7 +7,7 @@ import threading
 import gi
 import numpy
 
-from support import ROOT, DesktopTest, screen
+from support import LONG, ROOT, DesktopTest, screen
 
 gi.require_version("Gio", "2.0")
 from gi.repository import Gio, GLib  # noqa: E402  (the version is asked for first)
@@ -99,16 +99,11 @@ class IconOfAWindow:
     def setUp(self):
         super().setUp()
         self.client = self.start_zepa()
-        self.window = screen.wait_until(self.windows, "the main window")[0]
-        screen.wait_until(lambda: self.active() == self.window, "the main window should be the active one")
+        self.window = self.client.wait_until(self.windows, "the main window")[0]
+        screen.wait_until(lambda: screen.active_window(self.desktop) == self.window, "the main window should be the active one")
 
     def windows(self):
         return screen.windows(self.desktop, "--name", "^Zepa$")
-
-    def active(self):
-        ran = subprocess.run(["xdotool", "getactivewindow"], env=self.desktop.env, stdin=subprocess.DEVNULL,
-                             capture_output=True, text=True)
-        return ran.stdout.strip()
 
     def minimise(self):
         self.desktop.run("xdotool", "windowminimize", "--sync", self.window)
@@ -116,7 +111,7 @@ class IconOfAWindow:
 
     def wait_until_shown(self):
         screen.wait_until(lambda: self.windows() == [self.window], "the main window should be shown")
-        screen.wait_until(lambda: self.active() == self.window, "the main window should be the active one")
+        screen.wait_until(lambda: screen.active_window(self.desktop) == self.window, "the main window should be the active one")
 
     def test_a_click_brings_the_window_back(self):
         self.minimise()
@@ -137,7 +132,7 @@ class IconOfAWindow:
 class StatusIconInTrayer(StatusIcon, DesktopTest):
     """XEmbed: the icon is a window in the host's window."""
 
-    options = {"service": "dunst", "tray": "trayer", "popup_seconds": 120}
+    options = {"service": "dunst", "tray": "trayer"}
     area = screen.Box(0, 0, 200, 32)
 
 
@@ -175,8 +170,8 @@ class BusTest(DesktopTest):
         self.addCleanup(self.bus.close_sync)
 
     def call(self, name, path, interface, method, arguments):
-        return self.bus.call_sync(name, path, interface, method, arguments, None, Gio.DBusCallFlags.NONE, 5000,
-                                  None).unpack()
+        return self.bus.call_sync(name, path, interface, method, arguments, None, Gio.DBusCallFlags.NONE,
+                                  1000 * LONG, None).unpack()
 
     def read(self, name, path, interface, property_name):
         return self.call(name, path, "org.freedesktop.DBus.Properties", "Get",
@@ -229,7 +224,7 @@ class ItemOnTheBus:
 class StatusIconInPanel(StatusIcon, ItemOnTheBus, BusTest):
     """StatusNotifierItem: the panel draws the icon."""
 
-    options = {"service": "dunst", "tray": "lxqt-panel", "popup_seconds": 120}
+    options = {"service": "dunst", "tray": "lxqt-panel"}
     # Without the clock in the corner.
     area = screen.Box(1000, 766, 247, 34)
 

@@ -15,7 +15,8 @@ from virtualdesktop.desktop import VirtualDesktop  # noqa: E402
 from virtualdesktop.notification_services import SERVICES  # noqa: E402
 
 ZEPA = os.environ.get("ZEPA_PROGRAM", "")
-LONG = 60
+# Seconds for a program to end: only one that hangs takes so long.
+LONG = 150
 
 
 class DesktopTest(unittest.TestCase):
@@ -25,7 +26,8 @@ class DesktopTest(unittest.TestCase):
     options = {}
 
     def setUp(self):
-        self.desktop = VirtualDesktop(self.folder, **self.options)
+        # Pop-ups stay until they are answered, however long a busy machine takes for that.
+        self.desktop = VirtualDesktop(self.folder, **{"popup_seconds": 600} | self.options)
         self.addCleanup(self.desktop.stop)
         self.settings = self.desktop.folder / "settings"
 
@@ -54,6 +56,16 @@ class RunningZepa:
             if text in line:
                 return line.rstrip("\n")
         raise AssertionError(f"no line with {text!r} in:\n{self._printed}")
+
+    def wait_until(self, ask, what):
+        """As the screen's, and gives up at once when the program has ended."""
+        def ask_while_running():
+            answer = ask()
+            if not answer and self._popen.poll() is not None:
+                raise AssertionError(f"{what}: zepa ended with {self._popen.returncode}:\n{self._popen.stdout.read()}")
+            return answer
+
+        return screen.wait_until(ask_while_running, what)
 
     def finish(self, code=0):
         """Waits for its end, checks its exit code, and returns all that it printed."""

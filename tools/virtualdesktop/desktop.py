@@ -8,7 +8,7 @@ import subprocess
 
 from . import bus, panel, screen
 from .notification_services import BUS_NAME, SERVICES
-from .processes import NotReady, Process
+from .processes import LIMIT, NotReady, Process
 from .sound import Sound
 
 # What a surrounding desktop may have set, and what would lead programs out of ours.
@@ -99,7 +99,7 @@ class VirtualDesktop:
     def run(self, *command, **options):
         """Runs a program on this desktop to its end and returns what it printed; raises when it fails."""
         options = {"env": self.env, "stdin": subprocess.DEVNULL, "check": True, "capture_output": True, "text": True,
-                   "timeout": 60} | options
+                   "timeout": LIMIT} | options
         return subprocess.run(command, **options).stdout
 
     def _make_folders(self):

@@ -12,16 +12,27 @@ class NotReady(Exception):
     """A part of the desktop did not come up; the text says which, and what it printed."""
 
 
-def wait_until(ask, what, seconds=20.0):
-    """Asks every 20 ms until the answer is true, and returns it; raises NotReady after `seconds`."""
+# How long to wait for anything, in seconds: longer than it takes on a machine whose processors are all busy with other
+# things. Only what never comes is waited for so long.
+LIMIT = 150.0
+
+
+def wait_until(ask, what, seconds=LIMIT):
+    """Asks until the answer is true, and returns it; raises NotReady after `seconds`.
+
+    Asks every 20 ms at first, and more and more seldom: each question may start a program of its own, and what is
+    waited for needs the processor, too.
+    """
     end = time.monotonic() + seconds
+    pause = 0.02
     while True:
         answer = ask()
         if answer:
             return answer
         if time.monotonic() > end:
             raise NotReady(f"{what}: no success within {seconds:g} seconds")
-        time.sleep(0.02)
+        time.sleep(pause)
+        pause = min(pause * 1.5, 0.4)
 
 
 class Process:
@@ -43,7 +54,7 @@ class Process:
     def running(self):
         return self._popen.poll() is None
 
-    def wait_until(self, ask, seconds=20.0):
+    def wait_until(self, ask, seconds=LIMIT):
         """As the function above, and gives up at once when the program has ended."""
         def ask_while_running():
             return ask() or (None if self.running() else _ENDED)

@@ -7,7 +7,7 @@ import subprocess
 
 from .processes import NotReady, wait_until
 
-__all__ = ["Box", "NotReady", "Watcher", "click", "colour", "difference", "picture", "wait_until", "window_box",
+__all__ = ["Box", "NotReady", "Watcher", "active_window", "click", "colour", "difference", "picture", "wait_until", "window_box",
            "windows"]
 
 
@@ -109,6 +109,13 @@ def window_box(desktop, window):
     shown = desktop.run("xdotool", "getwindowgeometry", "--shell", window)
     values = dict(line.split("=") for line in shown.split())
     return Box(int(values["X"]), int(values["Y"]), int(values["WIDTH"]), int(values["HEIGHT"]))
+
+
+def active_window(desktop):
+    """The id of the active window; empty while there is none."""
+    ran = subprocess.run(["xdotool", "getactivewindow"], env=desktop.env, stdin=subprocess.DEVNULL,
+                         capture_output=True, text=True)
+    return ran.stdout.strip()
 
 
 def windows(desktop, *search):
