@@ -143,13 +143,10 @@ class VirtualDesktop:
         self.env["DISPLAY"] = self.display
 
     def _start_window_manager(self):
-        self.window_manager = self.start("openbox", ["openbox", "--sm-disable"])
-        self.window_manager.wait_until(self._window_manager_answers)
-
-    def _window_manager_answers(self):
-        asked = subprocess.run(["xprop", "-root", "_NET_SUPPORTING_WM_CHECK"], env=self.env, stdin=subprocess.DEVNULL,
-                               capture_output=True, text=True)
-        return "window id" in asked.stdout
+        # What it says on the screen comes before it manages windows; what it runs for us comes after.
+        ready = self.folder / "window-manager-is-ready"
+        self.window_manager = self.start("openbox", ["openbox", "--sm-disable", "--startup", f"touch {ready}"])
+        self.window_manager.wait_until(ready.exists)
 
     def _start_tray(self, name):
         if name == "lxqt-panel":
