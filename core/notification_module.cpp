@@ -4,6 +4,7 @@
 #include "core/notification.h"
 #include "core/notification_method.h"
 #include "core/notification_rule.h"
+#include "core/regular_file.h"
 #include "host/settings_manager.h"
 #include "host/tray_icon.h"
 #include "methods/chat_window_notification_method.h"
@@ -29,9 +30,11 @@ ZepaNotificationModule::ZepaNotificationModule()
     , chatWindowMethod(new ZepaChatWindowNotificationMethod)
     , taskbarMethod(new ZepaTaskbarNotificationMethod)
 {
-    const QString picture =
+    // QIcon itself would wait for a pipe.
+    QFile file;
+    const QString path =
         ZepaSettingsManager::getInstance()->getCurrentRosterThemeDir() + QStringLiteral("icons/unavail.png");
-    trayIcon->setIcon(QIcon(picture));
+    trayIcon->setIcon(QIcon(openPictureFile(file, path)));
     trayIcon->setVisible(true);
 
     for (ZepaNotificationMethod* method : {hintMethod, soundMethod, chatWindowMethod, taskbarMethod})

@@ -3,6 +3,7 @@
 #include "core/notification_method.h"
 #include "core/notification_module.h"
 #include "core/notification_rule.h"
+#include "core/regular_file.h"
 #include "host/settings_manager.h"
 #include "host/xml_node.h"
 
@@ -26,6 +27,18 @@ QByteArray ruleFileContent(const QList<ZepaNotificationRule*>& stored)
     return root.toByteArray(-1);
 }
 
+/// Empty for a file that cannot be read, or that is far above any that the module writes.
+QByteArray contentOf(const QString& path)
+{
+    constexpr qint64 largestRuleFile = qint64{64} * 1024 * 1024;
+    QFile file(path);
+    if (!openRegularFile(file, QIODevice::ReadOnly) || file.size() > largestRuleFile)
+        return {};
+    // The size alone says nothing: there are regular files of none that hold more than fits into memory.
+    const QByteArray content = file.read(largestRuleFile + 1);
+    return content.size() > largestRuleFile ? QByteArray() : content;
+}
+
 } // namespace
 
 QString ZepaNotificationModule::getRuleFile(const ZepaNotification* notification) const
@@ -37,13 +50,11 @@ void ZepaNotificationModule::setupNotificationRules(ZepaNotification* notificati
 {
     if (notification == nullptr)
         return;
-    QFile file(getRuleFile(notification));
-    if (!file.exists())
+    const QString path = getRuleFile(notification);
+    if (!QFile::exists(path))
         return;
     ZepaXmlNode root{QString(), QString(), nullptr};
-    if (file.open(QIODevice::ReadOnly))
-        root.setContent(file.readAll());
-    file.close();
+    root.setContent(contentOf(path));
     if (root.isNull() || !root.hasChildNodes())
         return;
 
@@ -73,7 +84,7 @@ void ZepaNotificationModule::storeNotificationRules(ZepaNotification* notificati
             content = ruleFileContent(rules.values(target));
         previous = target;
         QFile file(directory + target->getId());
-        if (file.open(QIODevice::WriteOnly | QIODevice::Truncate | QIODevice::Unbuffered))
+        if (openRegularFile(file, QIODevice::WriteOnly | QIODevice::Truncate | QIODevice::Unbuffered))
             file.write(content);
     }
 }

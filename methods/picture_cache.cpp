@@ -1,9 +1,11 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "methods/picture_cache.h"
 
+#include "core/regular_file.h"
+
 #include <QFile>
 #include <QFileInfo>
-#include <QImage>
+#include <QImageReader>
 #include <QPixmap>
 
 #include <algorithm>
@@ -29,7 +31,9 @@ CFDataRef PictureCache::picture(const QString& path)
         return static_cast<CFDataRef>(CFRetain(entry->encoded));
 
     // By way of an image: a pixmap made from the path comes from Qt's own cache, which looks at whole seconds.
-    const CFDataRef encoded = encodePicture(QPixmap::fromImage(QImage(path)));
+    QFile opened;
+    const QImage image = openPictureFile(opened, path).isNull() ? QImage() : QImageReader(&opened).read();
+    const CFDataRef encoded = encodePicture(QPixmap::fromImage(image));
     if (encoded == nullptr || !isKnown || !isSettled(state)) {
         pictures.remove(path);
         return encoded;
