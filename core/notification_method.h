@@ -16,7 +16,8 @@ class ZepaNotification;
 /// hand an object to ZepaNotificationModule::installNotificationMethod().
 ///
 /// A method stays its creator's. It must outlive the module, or be without rules when it goes: rules keep calling it,
-/// also after it was uninstalled. Everything here runs on the main thread.
+/// also after it was uninstalled. Without rules it must still live until the running posting ends, which goes on with
+/// the rules it began with. Everything here runs on the main thread.
 class ZEPA_NOTIFICATION_EXPORT ZepaNotificationMethod
 {
 public:

@@ -8,6 +8,7 @@
 #include <QBuffer>
 #include <QCoreApplication>
 #include <QPixmap>
+#include <QSet>
 
 #include <memory>
 #include <utility>
@@ -17,8 +18,12 @@ ZepaHintNotificationMethod* hnminstance = nullptr;
 
 namespace {
 
-/// The method that hnminstance may be used as: null once that one was destroyed, which hnminstance never tells.
-ZepaHintNotificationMethod* liveInstance = nullptr;
+/// The methods that were made and not destroyed yet. hnminstance may point to one that is gone, and never tells.
+QSet<const ZepaHintNotificationMethod*>& livingMethods()
+{
+    static QSet<const ZepaHintNotificationMethod*> living;
+    return living;
+}
 
 /// One reference on a CoreFoundation object, given up at the end. May hold null, which CFRelease must never see.
 template <typename Ref>
@@ -142,7 +147,7 @@ ZepaHintNotificationMethod::ZepaHintNotificationMethod()
     , pictures(std::make_unique<PictureCache>(qPixmapToCFDataRef))
 {
     hnminstance = this;
-    liveInstance = this;
+    livingMethods().insert(this);
 
     growlDelegate.size = sizeof(growlDelegate);
     growlDelegate.applicationName = CFSTR("Zepa");
@@ -177,8 +182,7 @@ ZepaHintNotificationMethod::ZepaHintNotificationMethod()
 
 ZepaHintNotificationMethod::~ZepaHintNotificationMethod()
 {
-    if (liveInstance == this)
-        liveInstance = nullptr;
+    livingMethods().remove(this);
     CFRelease(growlDelegate.applicationName);
     releaseRegistration(growlDelegate);
     for (auto entry = pendingActions.constBegin(); entry != pendingActions.constEnd(); ++entry)
@@ -292,7 +296,7 @@ private:
 /// hnminstance, unless the method that it points to is gone.
 ZepaHintNotificationMethod* usableInstance()
 {
-    return hnminstance == liveInstance ? hnminstance : nullptr;
+    return livingMethods().contains(hnminstance) ? hnminstance : nullptr;
 }
 
 } // namespace

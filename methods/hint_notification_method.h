@@ -52,7 +52,8 @@ private:
     const std::unique_ptr<PictureCache> pictures;
 };
 
-/// The method that the call-backs work on: the one made last. Null before the first; never cleared.
+/// The method that the call-backs work on: the one made last, unless the client sets another. Null before the first;
+/// never cleared. While it points to a method that is gone, the call-backs do nothing.
 ZEPA_NOTIFICATION_EXPORT extern ZepaHintNotificationMethod* hnminstance;
 
 /// Growl's call-back for a clicked pop-up: runs and forgets the action of every pop-up with an equal context. The

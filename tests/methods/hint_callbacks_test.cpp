@@ -145,6 +145,41 @@ TEST_F(HintCallbacks, AnAnswerAfterTheModuleIsGoneTouchesNothingThoughTheGlobalS
     notificationTimedOut(context);
 }
 
+TEST_F(HintCallbacks, WorkWithTheMethodThatTheGlobalPointsToThoughAnotherWasMadeLater)
+{
+    ZepaHintNotificationMethod* const first = hnminstance;
+    postNumber(7, count);
+    CFPropertyListRef eighth = postNumber(8, count);
+    auto later = std::make_unique<ZepaHintNotificationMethod>();
+    ASSERT_EQ(hnminstance, later.get());
+    notificationClicked(CFSTR("7"));
+    EXPECT_EQ(runs, 0);
+
+    hnminstance = first;
+    notificationClicked(CFSTR("7"));
+    EXPECT_EQ(runs, 1);
+    notificationTimedOut(CFSTR("8"));
+    EXPECT_EQ(CFGetRetainCount(eighth), 1);
+    postNumber(9, count);
+    later.reset();
+    notificationClicked(CFSTR("9"));
+    EXPECT_EQ(runs, 2);
+}
+
+TEST_F(HintCallbacks, TouchNothingOnceTheMethodThatTheGlobalPointsToIsGoneThoughAnotherLives)
+{
+    ZepaHintNotificationMethod* const first = hnminstance;
+    postNumber(7, count);
+    std::make_unique<ZepaHintNotificationMethod>().reset();
+    ASSERT_NE(hnminstance, first);
+    notificationClicked(CFSTR("7"));
+    notificationTimedOut(CFSTR("7"));
+    EXPECT_EQ(runs, 0);
+    hnminstance = first;
+    notificationClicked(CFSTR("7"));
+    EXPECT_EQ(runs, 1);
+}
+
 TEST_F(HintCallbacks, AnActionMayClickTheSamePopupAgain)
 {
     CFPropertyListRef context = nullptr;
