@@ -73,7 +73,8 @@ public:
     QStringList getItemLabels() const;
 
     /// One node that holds the values of all `fields`; its inner layout is the client's own. Any text survives,
-    /// control characters and unpaired surrogates included.
+    /// control characters and unpaired surrogates included. A value that fromXml() found and could not use is written
+    /// as it was, until a setter changes the field.
     static ZepaXmlNode toXml(const QList<ZepaField>& fields);
     /// The fields of `fieldTemplate`, in its order, with the values that `node` holds for their identifiers. A field
     /// that is missing from the node, or whose value there does not fit, keeps the template's value.

@@ -1,31 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
-#include "host/field.h"
-
-#include <QSharedData>
+#include "client/services/field_data.h"
 
 #include <algorithm>
-
-class ZepaFieldData : public QSharedData
-{
-public:
-    ZepaFieldData(int theType, const QString& theLabel, const QString& theId, const QString& theDescription)
-        : type(theType), id(theId), label(theLabel), description(theDescription)
-    {}
-
-    int type;
-    QString id;
-    QString label;
-    QString description;
-    /// The value of a text or sound field and the selected identifier of a combo box.
-    QString text;
-    bool checked = false;
-    int number = 0;
-    int upper = 0;
-    int lower = 0;
-    QString suffix;
-    QStringList itemIds;
-    QStringList itemLabels;
-};
 
 // A field without type has no data at all: an object that was moved from stands for "no field", too.
 ZepaField::ZepaField() = default;
@@ -152,8 +128,10 @@ bool ZepaField::isChecked() const
 
 void ZepaField::setChecked(bool checked)
 {
-    if (getType() == CheckBox)
-        d->checked = checked;
+    if (getType() != CheckBox)
+        return;
+    d->checked = checked;
+    d->unfit.reset();
 }
 
 int ZepaField::getIntValue() const
@@ -163,8 +141,10 @@ int ZepaField::getIntValue() const
 
 void ZepaField::setIntValue(int value)
 {
-    if (getType() == SpinBox)
-        d->number = std::clamp(value, d->lower, d->upper);
+    if (getType() != SpinBox)
+        return;
+    d->number = std::clamp(value, d->lower, d->upper);
+    d->unfit.reset();
 }
 
 int ZepaField::getUpperBound() const
@@ -189,8 +169,10 @@ QString ZepaField::getSelectedId() const
 
 void ZepaField::setSelectedId(const QString& id)
 {
-    if (getType() == ComboBox && d->itemIds.contains(id))
-        d->text = id;
+    if (getType() != ComboBox || !d->itemIds.contains(id))
+        return;
+    d->text = id;
+    d->unfit.reset();
 }
 
 QStringList ZepaField::getItemIds() const

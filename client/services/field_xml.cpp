@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
+#include "client/services/field_data.h"
 #include "client/services/field_value.h"
-#include "host/field.h"
 #include "host/xml_node.h"
 
 #include <QHash>
@@ -15,7 +15,7 @@ ZepaXmlNode ZepaField::toXml(const QList<ZepaField>& fields)
     for (const ZepaField& field : fields) {
         if (field.getType() == NoType)
             continue;
-        ZepaXmlNode child = node.addChild(QStringLiteral("field"), field.getText());
+        ZepaXmlNode child = node.addChild(QStringLiteral("field"), field.d->unfit.value_or(field.getText()));
         child.setAttribute(QStringLiteral("id"), field.getId());
     }
     return node;
@@ -33,8 +33,12 @@ QList<ZepaField> ZepaField::fromXml(const QList<ZepaField>& fieldTemplate, const
     QList<ZepaField> fields = fieldTemplate;
     for (ZepaField& field : fields) {
         const auto value = stored.constFind(field.getId());
-        if (value != stored.cend() && zepa::fieldAllows(field, *value))
+        if (value == stored.cend() || field.getType() == NoType)
+            continue;
+        if (zepa::fieldAllows(field, *value))
             field.setText(*value);
+        else
+            field.d->unfit = *value;
     }
     return fields;
 }

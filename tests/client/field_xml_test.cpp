@@ -78,6 +78,71 @@ TEST(FieldXml, KeepsTheTemplatesValueWhereTheStoredOneDoesNotFit)
     EXPECT_EQ(texts(ZepaField::fromXml(fieldTemplate(), node)), texts(fieldTemplate()));
 }
 
+/// The template's fields, read from values that the first three of them do not allow.
+QList<ZepaField> unfit()
+{
+    ZepaXmlNode node(QStringLiteral("fields"), {}, nullptr);
+    const QStringList values{QStringLiteral("maybe"), QStringLiteral("301"), QStringLiteral("sometimes")};
+    for (qsizetype i = 0; i < values.size(); ++i)
+        node.addChild(QStringLiteral("field"), values[i])
+            .setAttribute(QStringLiteral("id"), fieldTemplate().at(i).getId());
+    return ZepaField::fromXml(fieldTemplate(), throughAFile(node));
+}
+
+/// The values that are written for fields, in their order.
+QStringList written(const QList<ZepaField>& fields)
+{
+    QStringList values;
+    for (const ZepaXmlNode& child : throughAFile(ZepaField::toXml(fields)).getChildNodes())
+        values.append(child.text());
+    return values;
+}
+
+TEST(FieldXml, WritesAStoredValueThatDoesNotFitBackAsItWas)
+{
+    const QStringList values{QStringLiteral("maybe"), QStringLiteral("301"), QStringLiteral("sometimes"),
+                             QStringLiteral("bell.wav")};
+    EXPECT_EQ(texts(unfit()), texts(fieldTemplate()));
+    EXPECT_EQ(written(unfit()), values);
+    // Also after the next start, and where one of its neighbours changes.
+    QList<ZepaField> again = ZepaField::fromXml(fieldTemplate(), throughAFile(ZepaField::toXml(unfit())));
+    again[3].setText(QStringLiteral("x.wav"));
+    EXPECT_EQ(written(again), values.first(3) << QStringLiteral("x.wav"));
+}
+
+TEST(FieldXml, ForgetsAStoredValueThatDoesNotFitWhenASetterChangesTheField)
+{
+    QList<ZepaField> fields = unfit();
+    fields[0].setChecked(false);
+    fields[1].setIntValue(5);
+    fields[2].setSelectedId(QStringLiteral("never"));
+    EXPECT_EQ(written(fields), texts(fieldTemplate()));
+    fields = unfit();
+    for (ZepaField& field : fields)
+        field.setText(field.getText());
+    EXPECT_EQ(written(fields), texts(fieldTemplate()));
+}
+
+TEST(FieldXml, KeepsAStoredValueThatDoesNotFitWhenASetterChangesNothing)
+{
+    QList<ZepaField> fields = unfit();
+    for (ZepaField* field : {&fields[0], &fields[1], &fields[2]})
+        field->setText(QStringLiteral("no"));
+    fields[0].setIntValue(7);
+    fields[0].setSelectedId(QStringLiteral("always"));
+    fields[1].setChecked(true);
+    fields[2].setSelectedId(QStringLiteral("loudly"));
+    EXPECT_EQ(written(fields), written(unfit()));
+}
+
+TEST(FieldXml, KeepsAStoredValueThatDoesNotFitInEachCopyByItself)
+{
+    const QList<ZepaField> fields = unfit();
+    ZepaField copy = fields[1];
+    copy.setIntValue(17);
+    EXPECT_EQ(written({copy, fields[1]}), QStringList({QStringLiteral("17"), QStringLiteral("301")}));
+}
+
 TEST(FieldXml, TakesTheLaterOfTwoValues)
 {
     ZepaXmlNode node = ZepaField::toXml(changed());
