@@ -13,7 +13,9 @@ public:
 
     /// Returns `field` with the value that the user stored under the field's identifier, or unchanged when the user
     /// never stored one (so the field's own initial value is the default). A stored value that the field does not
-    /// allow counts as never stored. Called at every posting: answer from memory.
+    /// allow counts as never stored, except for "alerts": that choice is handed on as it was stored, and one that is
+    /// not among the items stays the selected identifier, which the library takes for silence. Called at every posting:
+    /// answer from memory.
     virtual ZepaField readGlobalSetting(const ZepaField& field) const = 0;
 
 protected:

@@ -48,7 +48,7 @@ SoundState soundOf(const Settings& settings, const Posting& posting, const Deliv
                                 QStringLiteral("buddies_only"), {});
         const QString allowed = settings.readGlobalSetting(alerts).getSelectedId();
         const bool isStranger = !posting.buddy || posting.buddy->getType() == ZepaBuddy::NotOnContactList;
-        if (allowed == QStringLiteral("never"))
+        if (allowed != QStringLiteral("always") && allowed != QStringLiteral("buddies_only"))
             return SoundState::MutedForAll;
         if (allowed == QStringLiteral("buddies_only") && isStranger)
             return SoundState::MutedForStrangers;

@@ -31,7 +31,7 @@ enum class PopupState {
 /// The same of the sound; of several rules the one that got furthest counts.
 enum class SoundState {
     NotAsked,
-    MutedForAll,       ///< an alert, and the setting "alerts" says never
+    MutedForAll,       ///< an alert, and the setting "alerts" says never, or what it does not offer
     MutedForStrangers, ///< an alert from somebody who is not on the contact list, and "alerts" allows only buddies
     NoFile,            ///< the rule names a file that is not there
     Asked              ///< handed on to the audio service

@@ -78,8 +78,14 @@ ZepaField Settings::readGlobalSetting(const ZepaField& field) const
 {
     ZepaField answer = field;
     const auto value = m_values.constFind(field.getId());
-    if (value != m_values.cend() && fieldAllows(field, *value))
+    if (value == m_values.cend())
+        return answer;
+    if (fieldAllows(field, *value))
         answer.setText(*value);
+    else if (field.getId() == QStringLiteral("alerts") && field.getType() == ZepaField::ComboBox)
+        // What a choice that nobody offers means is the library's to say.
+        answer = ZepaField::comboBox(field.getLabel(), field.getId(), field.getItemIds(), field.getItemLabels(), *value,
+                                     field.getDescription());
     return answer;
 }
 

@@ -128,12 +128,29 @@ TEST_F(SettingsTest, TakeAStoredValueThatTheFieldDoesNotAllowAsNeverStored)
 {
     for (const QByteArray value :
          {"-1", "301", "x", "", "1.5", "99999999999999999999", "5, 6", "@Invalid()", "\"\\x0\"", "0x10"}) {
-        write("[General]\nduplicated_notifications_time=" + value + "\nalerts=" + value + '\n');
+        write("[General]\nduplicated_notifications_time=" + value + "\nsound_theme=" + value + '\n');
         const Settings settings(folder());
         EXPECT_EQ(settings.readGlobalSetting(limitField()).getIntValue(), 5) << value.constData();
-        EXPECT_EQ(settings.readGlobalSetting(alertsField()).getSelectedId(), QStringLiteral("buddies_only"))
-            << value.constData();
+        const ZepaField theme = ZepaField::comboBox({}, QStringLiteral("sound_theme"), {QStringLiteral("default")}, {},
+                                                    QStringLiteral("default"), {});
+        EXPECT_EQ(settings.readGlobalSetting(theme).getSelectedId(), QStringLiteral("default")) << value.constData();
     }
+}
+
+TEST_F(SettingsTest, HandOnAChoiceForAlertsThatNobodyOffersAsItIsStored)
+{
+    for (const QString& value : {QStringLiteral("sometimes"), QStringLiteral("Always"), QStringLiteral("")}) {
+        write("[General]\nalerts=" + value.toUtf8() + '\n');
+        const Settings settings(folder());
+        const ZepaField field = settings.readGlobalSetting(alertsField());
+        EXPECT_EQ(field.getSelectedId(), value);
+        EXPECT_EQ(field.getItemIds(), alertsField().getItemIds());
+    }
+    // A field of another type has no choice to hand on.
+    write("[General]\nalerts=sometimes\n");
+    const Settings settings(folder());
+    const ZepaField box = ZepaField::checkBox({}, QStringLiteral("alerts"), true, {}, {});
+    EXPECT_EQ(settings.readGlobalSetting(box).getText(), QStringLiteral("true"));
 }
 
 TEST_F(SettingsTest, ReadWhatAPersonWrote)

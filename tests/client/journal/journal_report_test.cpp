@@ -5,6 +5,8 @@
 #include "client/services/chat_manager.h"
 #include "client/services/global_settings.h"
 
+#include <QFile>
+
 #include <gmock/gmock.h>
 
 #include <functional>
@@ -101,6 +103,20 @@ TEST_F(JournalReport, SaysWhyAnAlertMakesNoSound)
     postAlertFrom(ZepaBuddy::Contact);
     EXPECT_EQ(last().report.sound, SoundState::MutedForAll);
     EXPECT_THAT(details(), HasSubstr("never"));
+}
+
+TEST(JournalReportAlone, SaysThatAlertsAreMuteWhenTheStoredChoiceIsNoneOfThose)
+{
+    const QTemporaryDir folder;
+    QFile file(folder.filePath(QStringLiteral("settings.ini")));
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly) && file.write("[General]\nalerts=sometimes\n") > 0);
+    file.close();
+    zepa::Client client{folder.path()};
+    zepa::Posting posting;
+    posting.type = QStringLiteral("alert_received_notify");
+    posting.title = QStringLiteral("Ann");
+    posting.buddy = ZepaBuddy(QStringLiteral("Ann"), QStringLiteral("Ann"), ZepaBuddy::Contact);
+    EXPECT_EQ(announce(client, posting).sound, SoundState::MutedForAll);
 }
 
 TEST_F(JournalReport, SaysThatASoundFileIsNotThere)
