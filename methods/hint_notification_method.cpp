@@ -237,6 +237,8 @@ void ZepaHintNotificationMethod::postNotification(unsigned int sequence, ZepaNot
     const Owned<CFStringRef> name(qStringToCFStringRef(notification->getName()));
     const Owned<CFStringRef> heading(qStringToCFStringRef(withoutImageMarker(title)));
     const Owned<CFStringRef> body(qStringToCFStringRef(withoutImageMarker(text)));
+    const Owned<CFPropertyListRef> context =
+        action.isValid() ? makeClickContext(sequence) : Owned<CFPropertyListRef>(nullptr);
     const Owned<CFDataRef> picture(pictures->picture(icon));
 
     Growl_Notification popup{};
@@ -256,7 +258,6 @@ void ZepaHintNotificationMethod::postNotification(unsigned int sequence, ZepaNot
     }
 
     // Never sticky with an action, whatever the rule says: this is meant.
-    const Owned<CFPropertyListRef> context = makeClickContext(sequence);
     popup.clickContext = context.get();
     // The table holds one reference on each of its keys. Where equal contexts are one and the same object, the earlier
     // entry gives its place, and its reference, to this one.

@@ -32,16 +32,18 @@ QString alertChoice()
     return ZepaSettingsManagerPrivate::settingsMgrPrivInstance->readGlobalSetting(field).getSelectedId();
 }
 
-/// Whether an alert with these arguments may sound. The sender's type is looked at for "buddies_only" alone; an alert
-/// that carries no sender counts as one from outside the contact list.
+/// Whether an alert with these arguments may sound. The sender is taken in any case, before the setting, but its type
+/// is looked at for "buddies_only" alone; an alert without arguments counts as one from outside the contact list.
 bool mayAlertSound(const QList<ZepaArg>& args)
 {
+    const ZepaBuddy sender =
+        args.isEmpty() ? ZepaBuddy(QString(), QString(), ZepaBuddy::NotOnContactList) : args.first().toBuddy();
     const QString choice = alertChoice();
     if (choice == QStringLiteral("always"))
         return true;
     if (choice != QStringLiteral("buddies_only"))
         return false;
-    return !args.isEmpty() && args.first().toBuddy().getType() != ZepaBuddy::NotOnContactList;
+    return sender.getType() != ZepaBuddy::NotOnContactList;
 }
 
 } // namespace

@@ -49,6 +49,13 @@ TEST_F(ChatWindow, GetsOtherPicturesAsTheyStand)
     EXPECT_EQ(lineOf(QStringLiteral("image:/tmp/x.png:image")), QStringLiteral("image:/tmp/x.png:image"));
 }
 
+TEST_F(ChatWindow, GetsBlanksAtBothEndsOfTheText)
+{
+    for (const QString& text : {QStringLiteral("  Ann is away \n"), QStringLiteral("\t\u00a0"), QStringLiteral(" ")})
+        EXPECT_EQ(lineOf(text), text);
+    EXPECT_EQ(window.lines.size(), 3);
+}
+
 TEST_F(ChatWindow, GetsAMarkerInAnotherCaseAsItStands)
 {
     EXPECT_EQ(lineOf(QStringLiteral("IMAGE::/x Image::/y")), QStringLiteral("IMAGE::/x Image::/y"));

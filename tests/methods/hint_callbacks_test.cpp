@@ -5,6 +5,7 @@
 #include <dlfcn.h>
 
 #include <functional>
+#include <stdexcept>
 #include <utility>
 
 namespace {
@@ -189,6 +190,24 @@ TEST_F(HintCallbacks, AnActionMayClickTheSamePopupAgain)
     });
     notificationClicked(context);
     EXPECT_EQ(runs, 1);
+}
+
+TEST_F(HintCallbacks, AnActionThatThrowsIsForgottenAndItsExceptionPassesThrough)
+{
+    const CFPropertyListRef context = post([] { throw std::runtime_error("from an action"); });
+    EXPECT_THROW(notificationClicked(context), std::runtime_error);
+    EXPECT_EQ(CFGetRetainCount(context), 1);
+    EXPECT_NO_THROW(notificationClicked(context));
+}
+
+TEST_F(HintCallbacks, TheTablesReferenceOnAContextIsGivenUpBeforeTheActionRuns)
+{
+    CFPropertyListRef context = nullptr;
+    CFIndex references = 0;
+    context = post([&] { references = CFGetRetainCount(context); });
+    notificationClicked(context);
+    // The recording Growl's, and that of the call-back while it walks.
+    EXPECT_EQ(references, 2);
 }
 
 TEST_F(HintCallbacks, AnActionMayAnswerAnEqualPopupThatIsStillToCome)

@@ -194,6 +194,23 @@ TEST_F(HintRegistration, OffersAStickyBoxThatIsOffForSevenTypes)
         EXPECT_EQ(method.getDefaultNotificationConfig(QString::fromLatin1(id)).first().getType(), 0) << id;
 }
 
+TEST_F(HintRegistration, OfOneTypeGoesThroughTheRegistrationOfAllThatADerivedMethodHas)
+{
+    class Derived : public ZepaHintNotificationMethod
+    {
+    public:
+        void registerNotifications(const QList<ZepaNotification*>& notifications) override
+        {
+            sizes.append(notifications.size());
+        }
+        QList<qsizetype> sizes;
+    };
+    module().registerNotification(QStringLiteral("one"), QStringLiteral("One"), QString(), QString());
+    Derived derived;
+    derived.registerNotification(nullptr);
+    EXPECT_EQ(derived.sizes, QList<qsizetype>({1}));
+}
+
 TEST_F(HintRegistration, NamesTheMethod)
 {
     const ZepaHintNotificationMethod method;

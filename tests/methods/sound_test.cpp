@@ -83,6 +83,31 @@ TEST_F(Sound, LooksAtTheFirstArgumentAlone)
     EXPECT_EQ(playedForAlert({sender(ZepaBuddy::Contact), sender(4)}), sound);
 }
 
+TEST_F(Sound, TakesTheFirstArgumentForASenderWhateverItsTypeIs)
+{
+    // A text has no sender, and what stands for none is not one from outside the contact list.
+    ASSERT_NE(ZepaArg::fromText(alert).toBuddy().getType(), 4);
+    EXPECT_EQ(playedForAlert({ZepaArg::fromText(alert), sender(4)}), sound);
+    EXPECT_EQ(playedForAlert({ZepaArg(), sender(4)}), sound);
+}
+
+TEST_F(Sound, DescribesItsSettingsWithEmptyTextsAndNotWithNullOnes)
+{
+    const QString explanation = method.fields.first().getDescription();
+    EXPECT_TRUE(explanation.isEmpty() && !explanation.isNull());
+    playedForAlert({});
+    const ZepaField alerts = host.settingsRead.first();
+    EXPECT_TRUE(alerts.getLabel().isEmpty() && !alerts.getLabel().isNull());
+    EXPECT_TRUE(alerts.getDescription().isEmpty() && !alerts.getDescription().isNull());
+}
+
+TEST_F(Sound, HandsAPathOnWhateverItLeadsTo)
+{
+    const QString missing = host.settings.filePath(QStringLiteral("missing.wav"));
+    for (const QString& path : {missing, host.settings.path()})
+        EXPECT_EQ(played(QStringLiteral("event"), {file(path)}), QStringList({path}));
+}
+
 TEST_F(Sound, DescribesTheAlertsSettingByItsThreeChoices)
 {
     playedForAlert({});
