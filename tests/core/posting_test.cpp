@@ -35,6 +35,9 @@ TEST_F(Posting, ReadsItsLimitFromASpinBoxOf300And0And5)
     EXPECT_EQ(field.getLowerBound(), 0);
     EXPECT_EQ(field.getIntValue(), 5);
     EXPECT_EQ(field.getLabel(), QString());
+    // Empty texts, not null ones.
+    EXPECT_TRUE(field.getDescription().isEmpty() && !field.getDescription().isNull());
+    EXPECT_TRUE(field.getSuffix().isEmpty() && !field.getSuffix().isNull());
 }
 
 TEST_F(Posting, ReadsTheLimitAtEveryPosting)

@@ -120,6 +120,22 @@ TEST_F(PostingTime, ForgetsOldPostingsOfOtherTitlesToo)
     EXPECT_TRUE(isDelivered(QStringLiteral("old")));
 }
 
+TEST_F(PostingTime, AsksTheClockAnewForEachRememberedPosting)
+{
+    constexpr int count = 20;
+    for (int i = 0; i < count; ++i)
+        EXPECT_TRUE(isDelivered(QString::number(i)));
+    // A second goes by with each question: the limit of five seconds is passed in the middle of the walk.
+    qputenv("FAKETIME", "@2024-03-02 12:00:00 i1.0");
+    EXPECT_TRUE(isDelivered());
+    setClock("12:00:00");
+    int forgotten = 0;
+    for (int i = 0; i < count; ++i)
+        forgotten += isDelivered(QString::number(i)) ? 1 : 0;
+    EXPECT_GT(forgotten, 0);
+    EXPECT_LT(forgotten, count);
+}
+
 TEST_F(PostingTime, UsesTheLimitOfTheMoment)
 {
     EXPECT_TRUE(isDelivered());
