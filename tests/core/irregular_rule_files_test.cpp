@@ -105,6 +105,20 @@ TEST_F(IrregularRuleFiles, AreNotReadWhenTheyTakeTheFilesPlaceInBetween)
     EXPECT_TRUE(module().getRules(type(event)).isEmpty());
 }
 
+TEST_F(IrregularRuleFiles, AreNotReadWhenTheyTakeTheFilesPlaceInBetweenAndSomebodyHoldsTheOtherEnd)
+{
+    host.writeRuleFile(event, "<rules/>");
+    std::unique_ptr<FilledPipe> pipe;
+    whenLookedAt = [&] {
+        QFile::remove(host.ruleFile(event));
+        pipe = std::make_unique<FilledPipe>(host.ruleFile(event), oneRule);
+    };
+    registerType(event);
+    EXPECT_TRUE(module().getRules(type(event)).isEmpty());
+    ASSERT_NE(pipe, nullptr);
+    EXPECT_EQ(pipe->takeText(), oneRule);
+}
+
 TEST_F(IrregularRuleFiles, AreNotWrittenToWhenTheyTakeTheFilesPlaceInBetween)
 {
     registerType(event);
