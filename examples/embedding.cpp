@@ -3,7 +3,7 @@
 #include "core/notification_module.h"
 
 #include <QApplication>
-#include <QDir>
+#include <QStandardPaths>
 
 #include <memory>
 
@@ -11,7 +11,7 @@ int main(int argc, char** argv)
 {
     QApplication app(argc, argv);
     // The host's services. Here they are the reference client's; yours are bodies for the headers in host/.
-    const zepa::Settings settings(QDir::tempPath() + u"/zepa-embedding"_qs);
+    const zepa::Settings settings(QStandardPaths::writableLocation(QStandardPaths::AppConfigLocation));
     const std::unique_ptr<ZepaNotificationModule> module(ZepaNotificationModule::getInstance());
     // Delivery methods of your own go here, before init(): module->installNotificationMethod(&yours);
     ZepaNotificationModule::init();
