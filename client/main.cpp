@@ -116,6 +116,9 @@ int run(int argc, char** argv)
         cli::complain(QStringLiteral("the settings folder %1 cannot be written: rules have their defaults, and nothing "
                                      "that changes is kept")
                           .arg(cli::onOneLine(client.settings().getSettingsDir())));
+    else if (!client.settings().isFileReadable())
+        cli::complain(QStringLiteral("the settings file %1 cannot be read: every setting has its initial value")
+                          .arg(cli::onOneLine(client.settings().settingsFile())));
     if (line.opensWindow())
         return runWindow(client, bus, token);
 

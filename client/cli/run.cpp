@@ -5,12 +5,12 @@
 #include "client/cli/job.h"
 #include "client/cli/output.h"
 #include "client/cli/standard_streams.h"
+#include "client/files/regular_file.h"
 #include "client/posting/announce.h"
 
 #include <QDir>
 #include <QEventLoop>
 #include <QFile>
-#include <QFileInfo>
 
 namespace zepa::cli {
 
@@ -27,9 +27,10 @@ std::optional<QByteArray> readInput(const CommandLine& line)
         return QByteArray();
     const bool isInput = name == QStringLiteral("-");
     std::optional<QByteArray> content;
+    // A file that is too long is refused below, with a sentence of its own.
     if (isInput)
         content = readStandardInput(longestInput);
-    else if (QFile file(name); QFileInfo(name).isFile() && file.open(QIODevice::ReadOnly))
+    else if (QFile file(name); RegularFile::openToRead(name, RegularFile::anySize).moveTo(file))
         content = file.read(longestInput + 1);
     const QString what = isInput ? QStringLiteral("standard input") : onOneLine(name);
     if (!content) {

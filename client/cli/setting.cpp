@@ -1,18 +1,26 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "client/cli/commands.h"
 #include "client/cli/field_text.h"
+#include "client/cli/job.h"
 #include "client/cli/output.h"
 #include "client/client.h"
 #include "client/services/field_value.h"
 #include "client/services/global_settings.h"
 
 #include <QCommandLineParser>
+#include <QDeadlineTimer>
+#include <QTimer>
 
+#include <chrono>
 #include <optional>
 
 namespace zepa::cli {
 
 namespace {
+
+/// While another process changes the file.
+constexpr std::chrono::milliseconds longestWait{2000};
+constexpr std::chrono::milliseconds timeBetweenAttempts{20};
 
 /// The setting of that name with its current value; nothing, after a message, when there is none.
 std::optional<ZepaField> findSetting(Client& client, const QString& id)
@@ -90,24 +98,45 @@ public:
     qsizetype fewestArguments() const override { return 2; }
     qsizetype mostArguments() const override { return 2; }
 
-    int run(const QCommandLineParser& line, Client& client) const override
+    void start(const QCommandLineParser& line, Client& client, Job& job) const override
     {
         const auto setting = findSetting(client, line.positionalArguments().at(0));
         if (!setting)
-            return WrongUsage;
+            return job.finish(WrongUsage);
         const QString value = line.positionalArguments().at(1);
         if (!fieldAllows(*setting, value)) {
             complain(QStringLiteral("%1 cannot be \"%2\"; allowed is %3")
                          .arg(setting->getId(), onOneLine(value), allowedValues(*setting)));
-            return WrongUsage;
+            return job.finish(WrongUsage);
         }
-        if (!client.settings().store(*setting, value)) {
-            complain(QStringLiteral("the settings file %1 cannot be written: nothing was changed; give yourself write "
-                                    "permission or name another folder with --settings")
-                         .arg(onOneLine(client.settings().settingsFile())));
-            return Failure;
+        store(client.settings(), *setting, value, job, QDeadlineTimer(longestWait));
+    }
+
+private:
+    /// By a timer and not by waiting: this may be the program with the windows.
+    static void store(Settings& settings, const ZepaField& setting, const QString& value, Job& job,
+                      QDeadlineTimer deadline)
+    {
+        const Settings::Stored stored = settings.tryToStore(setting, value);
+        if (stored == Settings::Stored::Done)
+            return job.finish(Success);
+        if (stored == Settings::Stored::Busy && !deadline.hasExpired()) {
+            QTimer::singleShot(timeBetweenAttempts, &job, [&settings, setting, value, &job, deadline] {
+                store(settings, setting, value, job, deadline);
+            });
+            return;
         }
-        return Success;
+        job.speak([&settings, stored] {
+            const QString file = onOneLine(settings.settingsFile());
+            complain(stored == Settings::Stored::Busy
+                         ? QStringLiteral("another program is changing the settings file %1: nothing was changed; try "
+                                          "again in a moment")
+                               .arg(file)
+                         : QStringLiteral("the settings file %1 cannot be written: nothing was changed; give yourself "
+                                          "write permission or name another folder with --settings")
+                               .arg(file));
+        });
+        job.finish(Failure);
     }
 };
 

@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "client/services/settings.h"
 
+#include "client/files/private_folder.h"
 #include "client/services/field_value.h"
 
 #include <QDir>
 #include <QFileInfo>
 #include <QMetaType>
-#include <QSettings>
 #include <QVariant>
 
 namespace zepa {
@@ -15,21 +15,26 @@ namespace {
 
 Settings* current = nullptr;
 
+/// The absolute path with a separator at its end.
+QString asFolder(const QString& path)
+{
+    const QString clean = QDir::cleanPath(QFileInfo(path).absoluteFilePath());
+    return clean.endsWith(u'/') ? clean : clean + u'/';
+}
+
 } // namespace
 
-Settings::Settings(const QString& folder) : m_folder(QDir::cleanPath(QFileInfo(folder).absoluteFilePath()))
+Settings::Settings(const QString& folder) : m_folder(asFolder(folder)), m_file(m_folder)
 {
-    if (!m_folder.endsWith(u'/'))
-        m_folder += u'/';
-    QDir().mkpath(m_folder + QStringLiteral("notifications"));
+    makePrivateFolder(m_folder + QStringLiteral("notifications"));
 
-    const QSettings file(settingsFile(), QSettings::IniFormat);
-    const QStringList keys = file.allKeys();
-    for (const QString& key : keys) {
+    const auto stored = m_file.read();
+    m_isReadable = stored.has_value();
+    const QVariantHash values = stored.value_or(QVariantHash());
+    for (auto value = values.cbegin(); value != values.cend(); ++value) {
         // A comma without quotes makes a list of a value, which is nobody's text.
-        const QVariant value = file.value(key);
-        if (value.metaType() == QMetaType::fromType<QString>())
-            m_values.insert(key, value.toString());
+        if (value->metaType() == QMetaType::fromType<QString>())
+            m_values.insert(value.key(), value->toString());
     }
 
     Q_ASSERT(!current);
@@ -47,11 +52,6 @@ bool Settings::isUsable() const
 {
     const QFileInfo notifications(m_folder + QStringLiteral("notifications"));
     return notifications.isDir() && notifications.isWritable();
-}
-
-QString Settings::settingsFile() const
-{
-    return m_folder + QStringLiteral("settings.ini");
 }
 
 QString Settings::getSettingsDir() const
@@ -89,17 +89,19 @@ ZepaField Settings::readGlobalSetting(const ZepaField& field) const
     return answer;
 }
 
-bool Settings::store(const ZepaField& field, const QString& value)
+Settings::Stored Settings::tryToStore(const ZepaField& field, const QString& value)
 {
     if (!fieldAllows(field, value))
-        return false;
-    QSettings file(settingsFile(), QSettings::IniFormat);
-    file.setValue(field.getId(), value);
-    file.sync();
-    if (file.status() != QSettings::NoError)
-        return false;
-    m_values.insert(field.getId(), value);
-    return true;
+        return Stored::Failed;
+    const Stored stored = m_file.change({{field.getId(), value}});
+    if (stored == Stored::Done)
+        m_values.insert(field.getId(), value);
+    return stored;
+}
+
+bool Settings::store(const ZepaField& field, const QString& value)
+{
+    return tryToStore(field, value) == Stored::Done;
 }
 
 QString Settings::currentTheme(ThemeKind kind, const QString& settingId) const

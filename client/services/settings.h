@@ -2,6 +2,7 @@
 #pragma once
 
 #include "client/client_export.h"
+#include "client/services/settings_file.h"
 #include "client/services/themes.h"
 #include "host/settings_manager.h"
 #include "host/settings_manager_private.h"
@@ -20,8 +21,10 @@ namespace zepa {
 class ZEPA_CLIENT_EXPORT Settings final : public ZepaSettingsManager, public ZepaSettingsManagerPrivate
 {
 public:
+    using Stored = SettingsFile::Change;
+
     /// Reads the settings in `folder` (absolute or relative to the working directory) and makes the folder with its
-    /// "notifications/" when it is not there. Values change later only through store().
+    /// "notifications/" when it is not there, for the user alone. Values change later only through this object.
     explicit Settings(const QString& folder);
     virtual ~Settings();
     Q_DISABLE_COPY_MOVE(Settings)
@@ -29,7 +32,9 @@ public:
     /// Whether the folder is there and rule files can be written; if not, everything has its initial value.
     bool isUsable() const;
     /// The file with the settings of the whole client. It need not exist.
-    QString settingsFile() const;
+    const QString& settingsFile() const { return m_file.path(); }
+    /// False when there is such a file and it could not be read: every setting has its initial value then.
+    bool isFileReadable() const { return m_isReadable; }
 
     QString getSettingsDir() const override;
     QString getCurrentThemeDir() const override;
@@ -37,14 +42,19 @@ public:
     QString getCurrentSoundThemeDir() const override;
     ZepaField readGlobalSetting(const ZepaField& field) const override;
 
-    /// Keeps `value` for the setting that `field` describes, in memory and in the file. False, with nothing changed,
-    /// when the field does not allow the value or the file cannot be written.
+    /// Keeps `value` for the setting that `field` describes, in memory and in the file. Not when the field does not
+    /// allow the value or the file cannot be changed: then nothing is. Never waits: while another process changes the
+    /// file the answer is Stored::Busy, and whoever wants the change tries again from a timer.
+    Stored tryToStore(const ZepaField& field, const QString& value);
+    /// The same for those who take a busy file for one that cannot be written.
     bool store(const ZepaField& field, const QString& value);
 
 private:
     QString currentTheme(ThemeKind kind, const QString& settingId) const;
 
-    QString m_folder;
+    const QString m_folder;
+    const SettingsFile m_file;
+    bool m_isReadable = false;
     QHash<QString, QString> m_values;
 };
 

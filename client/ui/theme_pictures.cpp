@@ -1,12 +1,14 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "client/ui/theme_pictures.h"
 
+#include "client/files/regular_file.h"
 #include "host/settings_manager.h"
 
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
 #include <QImageReader>
+#include <QPixmap>
 
 namespace zepa {
 
@@ -60,7 +62,10 @@ QString pictureFile(const QString& address, const QStringList& themeFolders)
 QImage readPicture(const QString& file, const QSize& most)
 {
     QFile device(file);
-    if (!device.open(QIODevice::ReadOnly) || device.size() > largestPictureFile)
+    // What is built into the program is no file of the system.
+    const bool isOpen = file.startsWith(u':') ? device.open(QIODevice::ReadOnly)
+                                              : RegularFile::openToRead(file, largestPictureFile).moveTo(device);
+    if (!isOpen)
         return {};
     QImageReader reader(&device);
     reader.setDecideFormatFromContent(true);
@@ -75,6 +80,13 @@ QImage readPicture(const QString& file, const QSize& most)
         return picture;
     const QSize fitting = picture.size().scaled(most, Qt::KeepAspectRatio).expandedTo(QSize(1, 1));
     return picture.scaled(fitting, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
+}
+
+QIcon themeIcon(const QString& file)
+{
+    constexpr QSize most(256, 256);
+    const QImage picture = readPicture(file, most);
+    return picture.isNull() ? QIcon() : QIcon(QPixmap::fromImage(picture));
 }
 
 } // namespace zepa

@@ -3,6 +3,7 @@
 
 #include "client/client_export.h"
 
+#include <QIcon>
 #include <QImage>
 #include <QSize>
 #include <QString>
@@ -27,5 +28,8 @@ ZEPA_CLIENT_EXPORT QString pictureFile(const QString& address, const QStringList
 /// The picture in `file`, scaled down to fit into `most` (in the picture's pixels), never up. Null when it is no
 /// PNG, JPEG, GIF or BMP picture, or is too large by the limits above.
 ZEPA_CLIENT_EXPORT QImage readPicture(const QString& file, const QSize& most);
+
+/// The same as an icon, which Qt would load later and without any of these limits. Null when there is no picture.
+ZEPA_CLIENT_EXPORT QIcon themeIcon(const QString& file);
 
 } // namespace zepa

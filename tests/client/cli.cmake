@@ -14,6 +14,7 @@ zepa_test(client_cli_test LABEL unit
 zepa_test(client_program_test LABEL unit
   SOURCES
     program.cpp
+    program_files_test.cpp
     program_help_test.cpp
     program_methods_test.cpp
     program_play_test.cpp

@@ -1,14 +1,15 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "client/methods/log_file/log_writer.h"
 
-#include <QDir>
+#include "client/files/private_folder.h"
+#include "client/files/regular_file.h"
+
 #include <QFile>
 #include <QFileInfo>
 
 #include <cerrno>
 #include <cstdio>
 #include <cstring>
-#include <fcntl.h>
 #include <sys/file.h>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -17,33 +18,15 @@ namespace zepa {
 
 namespace {
 
-/// An open file, closed with the object.
-class OpenFile
-{
-public:
-    explicit OpenFile(const QByteArray& path)
-        // Not blocking, for the sake of pipes without a reader.
-        : m_descriptor(
-              ::open(path.constData(), O_WRONLY | O_APPEND | O_CREAT | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC, 0600))
-    {}
-    ~OpenFile()
-    {
-        if (m_descriptor >= 0)
-            ::close(m_descriptor);
-    }
-    Q_DISABLE_COPY_MOVE(OpenFile)
-
-    /// -1 when there is none; errno says why.
-    int descriptor() const { return m_descriptor; }
-
-private:
-    const int m_descriptor;
-};
-
 QString whyNot(int error)
 {
-    return error == ELOOP ? QStringLiteral("is a symbolic link")
-                          : QString::fromLocal8Bit(std::strerror(error)); // NOLINT(concurrency-mt-unsafe): one thread
+    return QString::fromLocal8Bit(std::strerror(error)); // NOLINT(concurrency-mt-unsafe): one thread
+}
+
+QString whyNot(const RegularFile& file)
+{
+    const bool isForeign = file.state() == RegularFile::State::Link || file.state() == RegularFile::State::NotRegular;
+    return isForeign ? QStringLiteral("is ") + file.reason() : file.reason();
 }
 
 /// FILE.1 and so on make room for the file; the oldest goes. False when the file is still there.
@@ -83,17 +66,15 @@ QString write(int descriptor, const QByteArray& line, off_t before)
 
 QString appendToLog(const LogTarget& target, const QByteArray& line)
 {
-    QDir().mkpath(QFileInfo(target.file).absolutePath());
+    makePrivateFolder(QFileInfo(target.file).absolutePath());
     const QByteArray path = QFile::encodeName(target.file);
     // Another program may take the file away between our opening and our lock, and so do we when it is full.
     constexpr int mostAttempts = 8;
     for (int attempt = 0; attempt < mostAttempts; ++attempt) {
-        const OpenFile file(path);
-        struct stat state = {};
-        if (file.descriptor() < 0 || ::fstat(file.descriptor(), &state) != 0)
-            return whyNot(errno);
-        if (!S_ISREG(state.st_mode))
-            return QStringLiteral("is not a regular file");
+        const RegularFile file = RegularFile::openToAppend(target.file, Links::Refuse);
+        if (!file.isOpen())
+            return whyNot(file);
+        struct stat state = file.status();
         // Whoever holds the lock writes one line and may rotate; without it, we only add ours.
         if (::flock(file.descriptor(), LOCK_EX | LOCK_NB) != 0)
             return write(file.descriptor(), line, -1);

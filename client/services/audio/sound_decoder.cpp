@@ -1,32 +1,15 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "client/services/audio/sound_decoder.h"
 
-#include <QFile>
+#include "client/files/regular_file.h"
 
 #include <algorithm>
 #include <array>
-#include <cerrno>
 #include <cmath>
-#include <fcntl.h>
 #include <sndfile.h>
-#include <sys/stat.h>
-#include <system_error>
-#include <unistd.h>
 
 namespace zepa::audio {
 namespace {
-
-struct Descriptor
-{
-    explicit Descriptor(const char* path) : fd(::open(path, O_RDONLY | O_NONBLOCK | O_CLOEXEC | O_NOCTTY)) {}
-    ~Descriptor()
-    {
-        if (fd >= 0)
-            ::close(fd);
-    }
-    Q_DISABLE_COPY_MOVE(Descriptor)
-    const int fd;
-};
 
 struct CloseSound
 {
@@ -36,21 +19,6 @@ struct CloseSound
 DecodedSound refused(const QString& reason)
 {
     return {nullptr, reason};
-}
-
-QString systemReason(int error)
-{
-    return QString::fromStdString(std::generic_category().message(error));
-}
-
-/// Empty when the file may be opened.
-QString whyNotToOpen(const struct stat& status)
-{
-    if (!S_ISREG(status.st_mode))
-        return QStringLiteral("not a regular file");
-    if (status.st_size > SoundLimits::fileBytes)
-        return QStringLiteral("larger than %1 bytes").arg(SoundLimits::fileBytes);
-    return {};
 }
 
 /// Empty when the format is one that we play. The number of frames is the header's word only: the reader counts too.
@@ -98,28 +66,14 @@ DecodedSound read(SNDFILE* file, const SF_INFO& info)
 
 DecodedSound decodeSound(const QString& path)
 {
-    // A name with a zero in it would be cut there, and another file would be opened.
     if (path.isEmpty() || path.contains(QChar::Null))
         return refused(QStringLiteral("not a file name"));
-    const QByteArray name = QFile::encodeName(path);
-
-    struct stat status = {};
-    if (::stat(name.constData(), &status) != 0)
-        return refused(systemReason(errno));
-    if (const QString reason = whyNotToOpen(status); !reason.isEmpty())
-        return refused(reason);
-
-    const Descriptor descriptor(name.constData());
-    if (descriptor.fd < 0)
-        return refused(systemReason(errno));
-    // Again: another file may have taken the name meanwhile.
-    if (::fstat(descriptor.fd, &status) != 0)
-        return refused(systemReason(errno));
-    if (const QString reason = whyNotToOpen(status); !reason.isEmpty())
-        return refused(reason);
+    const RegularFile opened = RegularFile::openToRead(path, SoundLimits::fileBytes);
+    if (!opened.isOpen())
+        return refused(opened.reason());
 
     SF_INFO info = {};
-    const std::unique_ptr<SNDFILE, CloseSound> file(sf_open_fd(descriptor.fd, SFM_READ, &info, SF_FALSE));
+    const std::unique_ptr<SNDFILE, CloseSound> file(sf_open_fd(opened.descriptor(), SFM_READ, &info, SF_FALSE));
     if (!file)
         return refused(QStringLiteral("no sound format: %1").arg(QString::fromUtf8(sf_strerror(nullptr))));
     if (const QString reason = whyNotToRead(info); !reason.isEmpty())

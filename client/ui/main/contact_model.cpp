@@ -3,6 +3,7 @@
 
 #include "client/journal/journal_entry.h"
 #include "client/ui/message_text.h"
+#include "client/ui/theme_pictures.h"
 #include "host/settings_manager.h"
 
 #include <algorithm>
@@ -75,10 +76,8 @@ QIcon ContactModel::picture(const Contact& who) const
 {
     const QString file = who.isStranger() ? QStringLiteral("icons/unknown.png") : presencePicture(who.presence);
     const QString path = ZepaSettingsManager::getInstance()->getCurrentRosterThemeDir() + file;
-    QIcon& icon = m_pictures[path];
-    if (icon.isNull())
-        icon = QIcon(path);
-    return icon;
+    const auto known = m_pictures.constFind(path);
+    return known != m_pictures.cend() ? *known : *m_pictures.insert(path, themeIcon(path));
 }
 
 } // namespace zepa

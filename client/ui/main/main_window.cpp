@@ -164,6 +164,9 @@ void MainWindow::startClient()
         news.prepend(tr("The settings folder %1 cannot be written: rules have their defaults, and nothing that changes "
                         "is kept.")
                          .arg(m_client.settings().getSettingsDir()));
+    else if (!m_client.settings().isFileReadable())
+        news.prepend(tr("The settings file %1 cannot be read: every setting has its initial value.")
+                         .arg(m_client.settings().settingsFile()));
     if (!news.isEmpty())
         tell(news.join(u'\n'));
 }

@@ -3,7 +3,6 @@
 
 #include "client/services/settings.h"
 
-#include <QSettings>
 #include <QSplitter>
 #include <QWidget>
 
@@ -19,28 +18,33 @@ const QString& geometry()
     return name;
 }
 
+QByteArray bytesIn(const SettingsFile& file, const QString& key)
+{
+    return file.read().value_or(QVariantHash()).value(key).toByteArray();
+}
+
 } // namespace
 
 WindowPlace::WindowPlace(const Settings& settings, QString name)
-    : m_file(settings.settingsFile()), m_name(std::move(name))
+    : m_file(settings.getSettingsDir()), m_name(std::move(name))
 {}
 
 void WindowPlace::restore(QWidget& window) const
 {
-    window.restoreGeometry(QSettings(m_file, QSettings::IniFormat).value(key(geometry())).toByteArray());
+    window.restoreGeometry(bytesIn(m_file, key(geometry())));
 }
 
 void WindowPlace::restore(QSplitter& splitter) const
 {
-    splitter.restoreState(QSettings(m_file, QSettings::IniFormat).value(key(splitter.objectName())).toByteArray());
+    splitter.restoreState(bytesIn(m_file, key(splitter.objectName())));
 }
 
 void WindowPlace::keep(const QWidget& window, const QList<const QSplitter*>& splitters) const
 {
-    QSettings file(m_file, QSettings::IniFormat);
-    file.setValue(key(geometry()), window.saveGeometry());
+    QVariantHash places{{key(geometry()), window.saveGeometry()}};
     for (const QSplitter* splitter : splitters)
-        file.setValue(key(splitter->objectName()), splitter->saveState());
+        places.insert(key(splitter->objectName()), splitter->saveState());
+    m_file.change(places);
 }
 
 } // namespace zepa

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include "client/services/settings_file.h"
+
 #include <QList>
 #include <QString>
 
@@ -22,13 +24,13 @@ public:
     /// Does nothing to what was never kept.
     void restore(QWidget& window) const;
     void restore(QSplitter& splitter) const;
-    /// Splitters are told apart by their objectName().
+    /// Splitters are told apart by their objectName(). Does nothing while another process changes the file.
     void keep(const QWidget& window, const QList<const QSplitter*>& splitters) const;
 
 private:
     QString key(const QString& what) const { return m_name + u'/' + what; }
 
-    QString m_file;
+    SettingsFile m_file;
     QString m_name;
 };
 

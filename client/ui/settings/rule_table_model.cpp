@@ -4,10 +4,9 @@
 #include "client/rules/method_titles.h"
 #include "client/rules/rule_editor.h"
 #include "client/ui/settings/rule_words.h"
+#include "client/ui/theme_pictures.h"
 #include "core/notification.h"
 #include "core/notification_method.h"
-
-#include <QIcon>
 
 namespace zepa {
 
@@ -135,7 +134,7 @@ QVariant RuleTableModel::methodHeader(const ZepaNotificationMethod& method, int 
     case Qt::DisplayRole:
         return methodTitle(method);
     case Qt::DecorationRole:
-        return QIcon(methodPicture(method));
+        return picture(methodPicture(method));
     case Qt::ToolTipRole:
         return isBuiltIn(method.getId())
                    ? tr("%1\nIdentifier: %2").arg(method.getActionName(), method.getId())
@@ -143,6 +142,13 @@ QVariant RuleTableModel::methodHeader(const ZepaNotificationMethod& method, int 
     default:
         return {};
     }
+}
+
+/// Read once: a header asks each time that it is drawn.
+QIcon RuleTableModel::picture(const QString& file) const
+{
+    const auto known = m_pictures.constFind(file);
+    return known != m_pictures.cend() ? *known : *m_pictures.insert(file, themeIcon(file));
 }
 
 Qt::ItemFlags RuleTableModel::flags(const QModelIndex& index) const

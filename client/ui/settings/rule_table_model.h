@@ -2,6 +2,8 @@
 #pragma once
 
 #include <QAbstractTableModel>
+#include <QHash>
+#include <QIcon>
 #include <QList>
 
 class ZepaNotification;
@@ -38,11 +40,13 @@ private:
     QVariant markData(const QModelIndex& index, int role) const;
     QVariant typeHeader(const ZepaNotification& type, int role) const;
     QVariant methodHeader(const ZepaNotificationMethod& method, int role) const;
+    QIcon picture(const QString& file) const;
 
     ZepaNotificationModule& m_module;
     RuleEditor& m_editor;
     QList<ZepaNotification*> m_types;
     QList<ZepaNotificationMethod*> m_methods;
+    mutable QHash<QString, QIcon> m_pictures; ///< of methods, by file
 };
 
 } // namespace zepa

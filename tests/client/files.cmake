@@ -1,0 +1,7 @@
+# SPDX-License-Identifier: Apache-2.0
+# How the client opens files, and what it refuses to open.
+zepa_test(client_files_test LABEL unit
+  SOURCES
+    files/regular_file_test.cpp
+    files/settings_file_test.cpp
+  LIBRARIES zepa_client)

@@ -1,0 +1,143 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "program.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+
+#include <fcntl.h>
+#include <sys/file.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+namespace {
+
+/// The real program and files that others left for it.
+class ProgramFiles : public Program
+{
+protected:
+    QByteArray nameOf(const QString& name) const { return QFile::encodeName(inFolder(name)); }
+
+    mode_t modeOf(const QString& name) const
+    {
+        struct stat status = {};
+        return ::lstat(nameOf(name).constData(), &status) == 0 ? status.st_mode : 0;
+    }
+
+    Outcome setLimit(const QString& value)
+    {
+        return run({QStringLiteral("setting"), QStringLiteral("set"), m_limit, value});
+    }
+
+    const QString m_limit = QStringLiteral("duplicated_notifications_time");
+    const QString m_ini = QStringLiteral("settings/settings.ini");
+};
+
+/// Something under the name of settings.ini that is not to be opened.
+struct Foreign
+{
+    const char* name;
+    bool (*make)(const QByteArray& path);
+};
+
+void PrintTo(const Foreign& foreign, std::ostream* stream)
+{
+    *stream << foreign.name;
+}
+
+class ForeignSettings : public ProgramFiles, public testing::WithParamInterface<Foreign>
+{};
+
+const Foreign pipeWithoutWriter{"pipe", [](const QByteArray& path) { return ::mkfifo(path.constData(), 0600) == 0; }};
+const Foreign linkToDevice{"device",
+                           [](const QByteArray& path) { return ::symlink("/dev/zero", path.constData()) == 0; }};
+const Foreign sparseFile{"sparse", [](const QByteArray& path) {
+                             const int file = ::open(path.constData(), O_WRONLY | O_CREAT | O_CLOEXEC, 0600);
+                             const bool isMade = ::ftruncate(file, off_t{2} * 1024 * 1024 * 1024) == 0;
+                             return ::close(file) == 0 && isMade;
+                         }};
+const Foreign folder{"folder", [](const QByteArray& path) { return ::mkdir(path.constData(), 0700) == 0; }};
+
+TEST_P(ForeignSettings, StopNothingAndAreLeftAsTheyAre)
+{
+    ASSERT_TRUE(QDir().mkpath(inFolder(QStringLiteral("settings"))));
+    ASSERT_TRUE(GetParam().make(nameOf(m_ini)));
+    const mode_t before = modeOf(m_ini);
+    const Outcome get = run({QStringLiteral("setting"), QStringLiteral("get"), m_limit});
+    EXPECT_EQ(get.code, 0);
+    EXPECT_EQ(get.out, QStringLiteral("5\n"));
+    EXPECT_TRUE(get.err.contains(QStringLiteral("settings.ini cannot be read"))) << get.err.toStdString();
+    const Outcome set = setLimit(QStringLiteral("9"));
+    EXPECT_EQ(set.code, 1);
+    EXPECT_TRUE(set.err.contains(QStringLiteral("nothing was changed"))) << set.err.toStdString();
+    EXPECT_EQ(modeOf(m_ini), before);
+}
+
+INSTANTIATE_TEST_SUITE_P(AllKinds, ForeignSettings,
+                         testing::Values(pipeWithoutWriter, linkToDevice, sparseFile, folder));
+
+TEST_F(ProgramFiles, AForeignLockFileStopsNoChangeAndStays)
+{
+    ASSERT_TRUE(QDir().mkpath(inFolder(QStringLiteral("settings"))));
+    write(m_ini + QStringLiteral(".lock"), "");
+    EXPECT_EQ(setLimit(QStringLiteral("9")).code, 0);
+    EXPECT_TRUE(read(m_ini).contains("duplicated_notifications_time=9"));
+    EXPECT_TRUE(QFileInfo::exists(inFolder(m_ini + QStringLiteral(".lock"))));
+}
+
+TEST_F(ProgramFiles, ALockThatIsNotGivenBackIsAClearErrorAndNothingIsChanged)
+{
+    ASSERT_EQ(setLimit(QStringLiteral("8")).code, 0);
+    const QByteArray before = read(m_ini);
+    const int lock =
+        ::open(nameOf(QStringLiteral("settings/settings.lock")).constData(), O_WRONLY | O_CREAT | O_CLOEXEC, 0600);
+    ASSERT_EQ(::flock(lock, LOCK_EX), 0);
+    const Outcome outcome = setLimit(QStringLiteral("9"));
+    EXPECT_EQ(outcome.code, 1);
+    EXPECT_TRUE(outcome.err.contains(QStringLiteral("another program"))) << outcome.err.toStdString();
+    EXPECT_EQ(read(m_ini), before);
+    ::close(lock);
+    EXPECT_EQ(setLimit(QStringLiteral("9")).code, 0);
+}
+
+TEST_F(ProgramFiles, WhatIsMadeIsTheUsersAloneWhateverTheUmask)
+{
+    for (const mode_t mask : {0000U, 0077U, 0777U}) {
+        const mode_t before = ::umask(mask);
+        const QString home = QStringLiteral("home-%1").arg(mask);
+        environment.insert(QStringLiteral("XDG_CONFIG_HOME"), inFolder(home + QStringLiteral("/config")));
+        const Outcome outcome =
+            runBare({QStringLiteral("setting"), QStringLiteral("set"), m_limit, QStringLiteral("9")});
+        ::umask(before);
+        EXPECT_EQ(outcome.code, 0) << mask << outcome.err.toStdString();
+        for (const char* name : {"", "/config", "/config/zepa", "/config/zepa/notifications"})
+            EXPECT_EQ(modeOf(home + QString::fromLatin1(name)) & 07777U, 0700U) << mask << name;
+        EXPECT_EQ(modeOf(home + QStringLiteral("/config/zepa/settings.ini")) & 07777U, 0600U) << mask;
+    }
+}
+
+TEST_F(ProgramFiles, WhatExistsKeepsItsMode)
+{
+    ASSERT_TRUE(QDir().mkpath(inFolder(QStringLiteral("settings"))));
+    write(m_ini, "[General]\nalerts=never\n");
+    ASSERT_EQ(::chmod(nameOf(m_ini).constData(), 0640), 0);
+    ASSERT_EQ(::chmod(nameOf(QStringLiteral("settings")).constData(), 0750), 0);
+    ASSERT_EQ(setLimit(QStringLiteral("9")).code, 0);
+    EXPECT_EQ(modeOf(m_ini) & 07777U, 0640U);
+    EXPECT_EQ(modeOf(QStringLiteral("settings")) & 07777U, 0750U);
+    EXPECT_TRUE(read(m_ini).contains("alerts=never"));
+}
+
+TEST_F(ProgramFiles, SettingsBehindALinkAreReadAndWrittenThere)
+{
+    ASSERT_TRUE(QDir().mkpath(inFolder(QStringLiteral("settings"))));
+    write(QStringLiteral("elsewhere.ini"), "[General]\nalerts=never\n");
+    ASSERT_TRUE(QFile::link(inFolder(QStringLiteral("elsewhere.ini")), inFolder(m_ini)));
+    EXPECT_EQ(run({QStringLiteral("setting"), QStringLiteral("get"), QStringLiteral("alerts")}).out,
+              QStringLiteral("never\n"));
+    ASSERT_EQ(setLimit(QStringLiteral("9")).code, 0);
+    EXPECT_TRUE(S_ISLNK(modeOf(m_ini)));
+    EXPECT_TRUE(read(QStringLiteral("elsewhere.ini")).contains("duplicated_notifications_time=9"));
+}
+
+} // namespace
