@@ -23,6 +23,8 @@ void PlayLog::posted(double seconds, const Event& event, const Report& report)
                     {{QStringLiteral("reason"), QStringLiteral("no rule")}});
     }
     ++m_delivered;
+    if (const QString complaint = pictureComplaint(event.icon, report); !complaint.isEmpty())
+        complain(complaint);
     const QStringList methods = report.methods();
     QString how = methods.join(QStringLiteral(", "));
     QJsonObject json{{QStringLiteral("methods"), QJsonArray::fromStringList(methods)}};

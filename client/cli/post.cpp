@@ -10,7 +10,6 @@
 #include "client/posting/notification_service.h"
 
 #include <QCommandLineParser>
-#include <QImageReader>
 #include <QPointer>
 
 #include <functional>
@@ -102,9 +101,6 @@ void Post::start(const QCommandLineParser& line, Client& client, Job& job) const
     if (!event)
         return job.finish(WrongUsage);
     const bool waits = line.isSet(QStringLiteral("wait"));
-    if (!event->icon.isEmpty() && !QImageReader(event->icon).canRead())
-        complain(QStringLiteral("no picture can be read from %1: the pop-up is shown without it")
-                     .arg(onOneLine(line.value(QStringLiteral("icon")))));
     if (!event->action.isNull() && !waits && !job.isElsewhere())
         complain(QStringLiteral("without --wait nobody is left to run the action when the pop-up is clicked"));
 
@@ -120,6 +116,8 @@ void Post::start(const QCommandLineParser& line, Client& client, Job& job) const
     const Report report =
         announce(client, postingOf(*event, waits ? Answers::Always : Answers::AsTheEventSays, job.folder()), answered);
     tell(*event, report);
+    if (const QString complaint = pictureComplaint(line.value(QStringLiteral("icon")), report); !complaint.isEmpty())
+        complain(complaint);
     const QString reason = whyNoPopup(*event, report);
     if (!waits) {
         if (report.popup != PopupState::NotAsked && !reason.isEmpty())

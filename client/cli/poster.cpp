@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "client/cli/poster.h"
 
+#include "client/cli/output.h"
 #include "client/cli/user_action.h"
 
 namespace zepa::cli {
@@ -32,6 +33,14 @@ QString whyNoPopup(const Event& event, const Report& report)
         break;
     }
     return {};
+}
+
+QString pictureComplaint(const QString& name, const Report& report)
+{
+    if (report.pictureProblem.isEmpty())
+        return {};
+    return QStringLiteral("no picture can be read from %1 (%2): the pop-up is shown without it")
+        .arg(onOneLine(name), report.pictureProblem);
 }
 
 } // namespace zepa::cli

@@ -19,4 +19,7 @@ Posting postingOf(const Event& event, Answers answers, const QString& folder = {
 /// Why nothing was shown by a pop-up; empty when one was handed on to a notification service.
 QString whyNoPopup(const Event& event, const Report& report);
 
+/// That the picture is not shown, and why; empty when there is nothing to say. `name` is what the user calls it.
+QString pictureComplaint(const QString& name, const Report& report);
+
 } // namespace zepa::cli

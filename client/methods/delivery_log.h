@@ -19,6 +19,9 @@ struct Delivery
     QList<ZepaField> config;
     /// The method was told of the posting's type, and no list without it has come since.
     bool isRegistered = true;
+    /// Why the picture that the posting names is not shown, in English; empty when it is, or none was named. The pop-up
+    /// method's alone.
+    QString pictureProblem = {};
 };
 
 /// Which methods were called. The library tells nobody whether it dropped a posting: who wants to know installs a

@@ -9,6 +9,8 @@ namespace zepa {
 WatchedMethod::WatchedMethod(ZepaNotificationMethod& watched, DeliveryLog& log) : m_watched(watched), m_log(log)
 {
     fields = watched.fields;
+    if (watched.getId() == QStringLiteral("zepa_hint_notification"))
+        m_pictures.emplace();
 }
 
 void WatchedMethod::postNotification(unsigned int sequence, ZepaNotification* notification, const QString& title,
@@ -16,8 +18,10 @@ void WatchedMethod::postNotification(unsigned int sequence, ZepaNotification* no
                                      const QList<ZepaField>& config, const ZepaPluginAction& action,
                                      const QList<ZepaArg>& args)
 {
-    m_log.delivered({getId(), methodTitle(m_watched), config, m_names.contains(notification->getName())});
-    m_watched.postNotification(sequence, notification, title, text, icon, extra, config, action, args);
+    const PopupPicture picture = m_pictures ? m_pictures->prepare(icon) : PopupPicture{icon, {}};
+    m_log.delivered(
+        {getId(), methodTitle(m_watched), config, m_names.contains(notification->getName()), picture.problem});
+    m_watched.postNotification(sequence, notification, title, text, picture.path, extra, config, action, args);
 }
 
 QString WatchedMethod::getId() const

@@ -1,10 +1,13 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include "client/files/popup_pictures.h"
 #include "client/methods/delivery_log.h"
 #include "core/notification_method.h"
 
 #include <QSet>
+
+#include <optional>
 
 namespace zepa {
 
@@ -12,6 +15,8 @@ namespace zepa {
 ///
 /// It has the identifier of the other, so it takes its place in the module: uninstall that one first, then install
 /// this, both before the module's init(). The other method and the log must outlive it.
+///
+/// The pop-up method gets pictures that are fit to be loaded; every other method the path as it was posted.
 class WatchedMethod final : public ZepaNotificationMethod
 {
 public:
@@ -32,6 +37,7 @@ private:
 
     ZepaNotificationMethod& m_watched;
     DeliveryLog& m_log;
+    std::optional<PopupPictures> m_pictures; ///< the pop-up method's
     /// The display names of all types that the other method was ever told of, and of those it was told of last:
     /// pop-ups are registered under them.
     QSet<QString> m_told;

@@ -85,12 +85,14 @@ Report reportOn(Client& client, const Posting& posting, const QList<Delivery>& c
                                                                    300, 0, 5, {}, {}))
                              .getIntValue();
     for (const Delivery& call : calls) {
-        if (call.methodId == popupMethod)
+        if (call.methodId == popupMethod) {
             report.popup = popupOf(call);
-        else if (call.methodId == soundMethod)
+            report.pictureProblem = call.pictureProblem;
+        } else if (call.methodId == soundMethod) {
             report.sound = std::max(report.sound, soundOf(client.settings(), posting, call));
-        else if (call.methodId == chatMethod)
+        } else if (call.methodId == chatMethod) {
             report.chat = chatOf(posting);
+        }
     }
     return report;
 }

@@ -53,6 +53,8 @@ struct Report
     /// rules stands here twice.
     QList<Delivery> calls;
     PopupState popup = PopupState::NotAsked;
+    /// Why the pop-up has not the picture that the posting names, in English; empty when it has, or none was named.
+    QString pictureProblem = {};
     SoundState sound = SoundState::NotAsked;
     ChatState chat = ChatState::NotAsked;
     /// A pop-up waits for its answer.

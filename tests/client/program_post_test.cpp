@@ -1,6 +1,10 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "program.h"
 
+#include <QFile>
+
+#include <sys/stat.h>
+
 namespace {
 
 QStringList post(const QStringList& rest)
@@ -98,6 +102,18 @@ TEST_F(ProgramPost, PostsWithoutAPictureThatCannotBeRead)
     EXPECT_EQ(outcome.code, 0);
     EXPECT_TRUE(outcome.err.contains(QStringLiteral("no picture can be read from no.png")))
         << outcome.err.toStdString();
+}
+
+TEST_F(ProgramPost, SaysWhyAPictureIsNotShownAndNeverWaitsForOne)
+{
+    ASSERT_EQ(::mkfifo(QFile::encodeName(inFolder(QStringLiteral("pipe.png"))).constData(), 0600), 0);
+    // Without its ending, too: Qt looks for it.
+    for (const QString& name : {QStringLiteral("pipe.png"), QStringLiteral("pipe"), QStringLiteral("/dev/zero")}) {
+        const Outcome outcome = run(post({title, QStringLiteral("x"), QStringLiteral("--icon"), name}));
+        EXPECT_EQ(outcome.code, 0) << name.toStdString();
+        const QString expected = QStringLiteral("no picture can be read from %1 (not a regular file)").arg(name);
+        EXPECT_TRUE(outcome.err.contains(expected)) << outcome.err.toStdString();
+    }
 }
 
 TEST_F(ProgramPost, WarnsThatAnActionNeedsToBeWaitedFor)

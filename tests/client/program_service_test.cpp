@@ -5,8 +5,11 @@
 
 #include <QFile>
 #include <QFileInfo>
+#include <QImage>
 #include <QJsonDocument>
 #include <QJsonObject>
+
+#include <sys/stat.h>
 
 namespace {
 
@@ -103,6 +106,28 @@ TEST_F(ProgramOnBus, PostWithoutWaitEndsWhenTheServiceHasThePopUp)
     ASSERT_TRUE(waitForPopups(*service, 1));
     const QString call = QString::fromUtf8(QJsonDocument(service->calls().constFirst()).toJson());
     EXPECT_TRUE(call.contains(QStringLiteral("Lunch?"))) << call.toStdString();
+}
+
+TEST_F(ProgramOnBus, PostShowsALargePictureSmallAndThePopUpWithoutOneThatIsNoFile)
+{
+    const auto service = startService();
+    QImage photograph(4000, 3000, QImage::Format_RGB32);
+    photograph.fill(Qt::red);
+    ASSERT_TRUE(photograph.save(inFolder(QStringLiteral("photograph.jpg"))));
+    ASSERT_EQ(::mkfifo(QFile::encodeName(inFolder(QStringLiteral("pipe"))).constData(), 0600), 0);
+    const QStringList icons{QStringLiteral("photograph.jpg"), QStringLiteral("pipe")};
+    for (const QString& icon : icons) {
+        const Outcome outcome = run(postAnna({QStringLiteral("--icon"), icon}));
+        EXPECT_EQ(outcome.code, 0) << icon.toStdString();
+        EXPECT_EQ(outcome.err.contains(QStringLiteral("no picture")), icon == icons.constLast())
+            << outcome.err.toStdString();
+    }
+    ASSERT_TRUE(waitForPopups(*service, 2));
+    const auto imageOf = [&service](int number) {
+        return QString::fromUtf8(QJsonDocument(service->calls().at(number)).toJson()).contains(u"image");
+    };
+    EXPECT_TRUE(imageOf(0));
+    EXPECT_FALSE(imageOf(1));
 }
 
 TEST_F(ProgramOnBus, PostReachesAServiceThatTheBusHasToStart)

@@ -3,7 +3,13 @@
 #include "core/notification.h"
 #include "host/buddy.h"
 
+#include <QFile>
+#include <QTemporaryDir>
+
 #include <gtest/gtest.h>
+
+#include <sys/stat.h>
+#include <utility>
 
 namespace {
 
@@ -11,7 +17,7 @@ namespace {
 class Probe final : public ZepaNotificationMethod
 {
 public:
-    Probe()
+    explicit Probe(QString id = QStringLiteral("probe")) : m_id(std::move(id))
     {
         fields.append(ZepaField::checkBox({}, QStringLiteral("sticky"), false, {}, {}));
         setDefaultNotificationConfig(QStringLiteral("with"), fields);
@@ -28,7 +34,7 @@ public:
         actionIsValid = action.isValid();
         buddy = args.value(0).toBuddy().getName();
     }
-    QString getId() const override { return QStringLiteral("probe"); }
+    QString getId() const override { return m_id; }
     QString getActionName() const override { return QStringLiteral("probe it"); }
     QString getActionIcon() const override { return QStringLiteral("probe.png"); }
     void registerNotification(ZepaNotification* notification) override { registered.append(notification); }
@@ -39,6 +45,9 @@ public:
     bool actionIsValid = false;
     QString buddy;
     QList<ZepaNotification*> registered;
+
+private:
+    const QString m_id;
 };
 
 class WatchedMethodTest : public testing::Test
@@ -75,6 +84,23 @@ TEST_F(WatchedMethodTest, HandsEverythingOnAndNotesIt)
     ASSERT_EQ(recording.deliveries().size(), 1);
     EXPECT_EQ(recording.deliveries().constFirst().methodId, QStringLiteral("probe"));
     EXPECT_EQ(recording.deliveries().constFirst().config.size(), 1);
+}
+
+TEST_F(WatchedMethodTest, LetsNoPictureThroughToPopUpsThatCannotBeLoadedAndLeavesTheOthersTheirPath)
+{
+    const QTemporaryDir folder;
+    const QString pipe = folder.filePath(QStringLiteral("pipe.png"));
+    ASSERT_EQ(::mkfifo(QFile::encodeName(pipe).constData(), 0600), 0);
+    Probe popups(QStringLiteral("zepa_hint_notification"));
+    zepa::WatchedMethod watchedPopups(popups, m_log);
+    const zepa::DeliveryLog::Recording recording(m_log);
+    for (zepa::WatchedMethod* method : {&watchedPopups, &m_watched})
+        method->postNotification(7, &m_with, {}, {}, pipe, {}, {}, {}, {});
+    EXPECT_EQ(popups.texts.at(4), QString());
+    EXPECT_EQ(m_probe.texts.at(4), pipe);
+    ASSERT_EQ(recording.deliveries().size(), 2);
+    EXPECT_EQ(recording.deliveries().at(0).pictureProblem, QStringLiteral("not a regular file"));
+    EXPECT_EQ(recording.deliveries().at(1).pictureProblem, QString());
 }
 
 TEST_F(WatchedMethodTest, HasTheOthersDefaultsFromTheMomentATypeIsAnnounced)
