@@ -8,6 +8,7 @@
 #include <fcntl.h>
 #include <sys/file.h>
 #include <sys/stat.h>
+#include <sys/sysmacros.h>
 #include <unistd.h>
 
 namespace {
@@ -49,8 +50,17 @@ class ForeignSettings : public ProgramFiles, public testing::WithParamInterface<
 {};
 
 const Foreign pipeWithoutWriter{"pipe", [](const QByteArray& path) { return ::mkfifo(path.constData(), 0600) == 0; }};
-const Foreign linkToDevice{"device",
-                           [](const QByteArray& path) { return ::symlink("/dev/zero", path.constData()) == 0; }};
+/// To a device of the test's own where one can be made: a program that writes where the link leads, as an
+/// administrator, would replace the machine's. Who can make none cannot write there either.
+bool linkToDevice(const QByteArray& path)
+{
+    const QByteArray device = path + ".device";
+    const bool isOwn = ::mknod(device.constData(), S_IFCHR | 0600, makedev(1, 5)) == 0;
+    if (!isOwn && ::access("/dev", W_OK) == 0)
+        return false;
+    return ::symlink(isOwn ? device.constData() : "/dev/zero", path.constData()) == 0;
+}
+
 const Foreign sparseFile{"sparse", [](const QByteArray& path) {
                              const int file = ::open(path.constData(), O_WRONLY | O_CREAT | O_CLOEXEC, 0600);
                              const bool isMade = ::ftruncate(file, off_t{2} * 1024 * 1024 * 1024) == 0;
@@ -61,7 +71,8 @@ const Foreign folder{"folder", [](const QByteArray& path) { return ::mkdir(path.
 TEST_P(ForeignSettings, StopNothingAndAreLeftAsTheyAre)
 {
     ASSERT_TRUE(QDir().mkpath(inFolder(QStringLiteral("settings"))));
-    ASSERT_TRUE(GetParam().make(nameOf(m_ini)));
+    if (!GetParam().make(nameOf(m_ini)))
+        GTEST_SKIP() << "it cannot be made here";
     const mode_t before = modeOf(m_ini);
     const Outcome get = run({QStringLiteral("setting"), QStringLiteral("get"), m_limit});
     EXPECT_EQ(get.code, 0);
@@ -74,7 +85,7 @@ TEST_P(ForeignSettings, StopNothingAndAreLeftAsTheyAre)
 }
 
 INSTANTIATE_TEST_SUITE_P(AllKinds, ForeignSettings,
-                         testing::Values(pipeWithoutWriter, linkToDevice, sparseFile, folder));
+                         testing::Values(pipeWithoutWriter, Foreign{"device", linkToDevice}, sparseFile, folder));
 
 TEST_F(ProgramFiles, AForeignLockFileStopsNoChangeAndStays)
 {

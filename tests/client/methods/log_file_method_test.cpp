@@ -77,7 +77,7 @@ TEST_F(LogFile, ThatCannotBeWrittenIsNamedOnceUntilItWorked)
     ASSERT_TRUE(QDir().mkpath(file));
     for (int i = 0; i < 3; ++i)
         call.post(QStringLiteral("secret"));
-    const QString line = u'"' + file + QStringLiteral("\": Is a directory");
+    const QString line = u'"' + file + QStringLiteral("\": is not a regular file");
     EXPECT_EQ(log.lines(), QStringList{line});
     ASSERT_TRUE(QDir().rmdir(file));
     call.post({});
