@@ -23,11 +23,11 @@ CFDataRef PictureCache::picture(const QString& path)
     // What QPixmap does with a path: without its ending a picture is found, of whose file nothing is known here, but
     // not where the path has a dot.
     if (!isKnown && !file.exists() && !file.completeSuffix().isEmpty()) {
-        pictures.remove(path);
+        forget(path);
         return nullptr;
     }
     const State state = isKnown ? stateOf(file) : State();
-    if (const Entry* entry = isKnown ? pictures.object(path) : nullptr; entry != nullptr && entry->file == state)
+    if (const Entry* entry = isKnown ? known(path) : nullptr; entry != nullptr && entry->file == state)
         return static_cast<CFDataRef>(CFRetain(entry->encoded));
 
     // By way of an image: a pixmap made from the path comes from Qt's own cache, which looks at whole seconds.
@@ -35,12 +35,36 @@ CFDataRef PictureCache::picture(const QString& path)
     const QImage image = openPictureFile(opened, path).isNull() ? QImage() : QImageReader(&opened).read();
     const CFDataRef encoded = encodePicture(QPixmap::fromImage(image));
     if (encoded == nullptr || !isKnown || !isSettled(state)) {
-        pictures.remove(path);
+        forget(path);
         return encoded;
     }
     CFRetain(encoded);
-    pictures.insert(path, std::make_unique<Entry>(encoded, state).release(), CFDataGetLength(encoded));
+    keep(path, std::make_unique<Entry>(encoded, state));
     return encoded;
+}
+
+const PictureCache::Entry* PictureCache::known(const QString& path) const
+{
+    return large != nullptr && path == largePath ? large.get() : pictures.object(path);
+}
+
+void PictureCache::keep(const QString& path, std::unique_ptr<Entry> entry)
+{
+    forget(path);
+    const qsizetype size = CFDataGetLength(entry->encoded);
+    if (size <= byteLimit) {
+        pictures.insert(path, entry.release(), size);
+    } else if (size <= largestKept) {
+        largePath = path;
+        large = std::move(entry);
+    }
+}
+
+void PictureCache::forget(const QString& path)
+{
+    pictures.remove(path);
+    if (path == largePath)
+        large.reset();
 }
 
 PictureCache::State PictureCache::stateOf(const QFileInfo& file)

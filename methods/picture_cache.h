@@ -7,6 +7,8 @@
 #include <QDateTime>
 #include <QString>
 
+#include <memory>
+
 #include <sys/types.h>
 
 class QFileInfo;
@@ -21,6 +23,8 @@ public:
 
     /// What is kept in bytes. The least recently used pictures go first.
     static constexpr qsizetype byteLimit = qsizetype(8) * 1024 * 1024;
+    /// Of larger pictures the newest is kept as well, up to this size in bytes: to encode a photograph takes seconds.
+    static constexpr qsizetype largestKept = qsizetype(64) * 1024 * 1024;
 
     explicit PictureCache(Encode encode) : encodePicture(encode), pictures(byteLimit) {}
 
@@ -51,9 +55,14 @@ private:
         State file;
     };
 
+    const Entry* known(const QString& path) const;
+    void keep(const QString& path, std::unique_ptr<Entry> entry);
+    void forget(const QString& path);
     static State stateOf(const QFileInfo& file);
     static bool isSettled(const State& state);
 
     const Encode encodePicture;
     QCache<QString, Entry> pictures;
+    QString largePath;
+    std::unique_ptr<Entry> large; ///< the newest above byteLimit, from largePath
 };
