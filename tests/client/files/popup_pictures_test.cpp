@@ -101,9 +101,20 @@ TEST_F(PopupPicturesTest, ALargePictureIsDecodedOnceForEachStateOfItsFile)
 
 TEST_F(PopupPicturesTest, EveryChangeOfAFileThatIsBeingWrittenIsSeen)
 {
-    for (const QColor& colour : {QColor(Qt::green), QColor(Qt::red), QColor(Qt::blue), QColor(Qt::green)}) {
-        const QString file = save(QStringLiteral("a.bmp"), 300, 300, colour);
-        EXPECT_EQ(QImage(m_pictures.prepare(file).path).pixelColor(9, 9), colour);
+    // Narrow, so that several changes fall into one tick of the file system's clock; of the same length.
+    const QString file = path(QStringLiteral("a.bmp"));
+    const QList<QColor> colours{Qt::green, Qt::red, Qt::blue};
+    QList<QByteArray> contents;
+    for (const QColor& colour : colours) {
+        QFile saved(save(QStringLiteral("saved.bmp"), 300, 1, colour));
+        ASSERT_TRUE(saved.open(QIODevice::ReadOnly));
+        contents.append(saved.readAll());
+    }
+    for (int i = 0; i < 60; ++i) {
+        QFile written(file);
+        ASSERT_TRUE(written.open(QIODevice::WriteOnly) && written.write(contents[i % 3]) > 0);
+        written.close();
+        EXPECT_EQ(QImage(m_pictures.prepare(file).path).pixelColor(9, 0), colours[i % 3]) << i;
     }
 }
 
