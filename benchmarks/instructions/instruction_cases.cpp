@@ -107,16 +107,16 @@ void countStarts()
 
 void countNotifyCall()
 {
-    zepa::freedesktop::Posting posting;
+    zepa::growl::PopupPosting posting;
     posting.applicationName = QStringLiteral("Zepa");
-    posting.desktopEntry = QStringLiteral("zepa");
     posting.title = QStringLiteral("Posting number 100000");
     posting.text = QStringLiteral("Shall we have lunch together at <noon> & go?");
     posting.clickable = true;
     posting.clickLabel = QStringLiteral("Open");
-    const zepa::freedesktop::Capabilities capabilities{.bodyMarkup = true};
+    const zepa::freedesktop::Sender sender{.icon = {}, .desktopEntry = QStringLiteral("zepa")};
+    const zepa::freedesktop::Capabilities capabilities{.bodyMarkup = true, .actions = true};
     count("the arguments of one Notify call",
-          [&] { static_cast<void>(zepa::freedesktop::notifyCall(posting, capabilities).arguments()); });
+          [&] { static_cast<void>(zepa::freedesktop::notifyCall(posting, sender, capabilities).arguments()); });
 }
 
 } // namespace

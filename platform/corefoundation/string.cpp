@@ -55,7 +55,8 @@ CFStringRef __CFStringMakeConstantString(const char* text)
     const cf::String*& constant = constants[text];
     if (constant == nullptr) {
         const std::string_view ascii = text;
-        if (!std::all_of(ascii.begin(), ascii.end(), [](char letter) { return letter > 0; }))
+        if (!std::all_of(ascii.begin(), ascii.end(),
+                         [](char letter) { return static_cast<unsigned char>(letter) < 0x80; }))
             cf::misuse("CFSTR");
         constant = new cf::String(std::u16string(ascii.begin(), ascii.end()), cf::Object::Constant);
     }

@@ -9,6 +9,7 @@
 #include <QDBusPendingCall>
 
 #include <algorithm>
+#include <limits>
 #include <utility>
 
 namespace zepa::freedesktop {
@@ -56,20 +57,15 @@ BusLink::BusLink()
     connect(&m_bus, &bus::SessionBus::closed, this, &BusLink::onClosed);
 }
 
-bool BusLink::isServiceAvailable() const
+ZepaPopupService BusLink::service() const
 {
     if (!m_bus.isOpen())
-        return m_bus.isOpening();
-    if (!m_owner.isEmpty() || !m_ownerKnown || !m_activatable)
-        return true;
-    return *m_activatable;
-}
-
-bool BusLink::isServiceKnown() const
-{
-    if (!m_bus.isOpen())
-        return !m_bus.isOpening();
-    return !m_owner.isEmpty() || (m_ownerKnown && m_activatable);
+        return m_bus.isOpening() ? ZepaPopupService::NotKnownYet : ZepaPopupService::NoBus;
+    if (!m_owner.isEmpty())
+        return ZepaPopupService::There;
+    if (!m_ownerKnown || !m_activatable)
+        return ZepaPopupService::NotKnownYet;
+    return *m_activatable ? ZepaPopupService::There : ZepaPopupService::None;
 }
 
 bool BusLink::isOwner(const QString& sender)
@@ -165,7 +161,8 @@ void BusLink::send(const QDBusMessage& message, Reply reply, Reply late)
 void BusLink::transmit(quint64 number, const QDBusMessage& message)
 {
     // The limit is our own, so that what comes later is heard of.
-    m_sender.send(m_bus.connection(), message, m_calls.at(number).late ? lateLimit : 2 * callLimit, number);
+    constexpr int noLimit = std::numeric_limits<int>::max();
+    m_sender.send(m_bus.connection(), message, m_calls.at(number).late ? noLimit : 2 * callLimit, number);
 }
 
 void BusLink::onSent(quint64 number, const QDBusPendingCall& pending)

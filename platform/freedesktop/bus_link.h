@@ -4,6 +4,8 @@
 #include "bus/call_thread.h"
 #include "bus/session_bus.h"
 
+#include <zepa_platform/popups.h>
+
 #include <QDBusMessage>
 #include <QDBusPendingCallWatcher>
 #include <QElapsedTimer>
@@ -32,9 +34,7 @@ public:
 
     /// After this time without a reply a call ends with an error, in milliseconds.
     static constexpr int callLimit = 5000;
-    /// A reply that comes later than that is heard of up to this time, in milliseconds.
-    static constexpr int lateLimit = 600000;
-    /// Of so many calls at most.
+    /// Of so many calls a reply is heard of that comes later than that, however late.
     static constexpr int lateCallLimit = 1000;
 
     BusLink();
@@ -43,10 +43,8 @@ public:
 
     /// Connects unless it is connected or about to; false when there is no bus.
     bool open() { return m_bus.open(); }
-    /// Whether the name has an owner or the bus can start one. True while the bus has not said yet.
-    bool isServiceAvailable() const;
-    /// Whether the bus has said so, or has gone.
-    bool isServiceKnown() const;
+    /// Whether the name has an owner or the bus can start one.
+    ZepaPopupService service() const;
     /// The connection that owns the name; empty for none and while the bus has not said yet.
     QString owner() const { return m_owner; }
     /// Whether `sender`, which replied to a call by the service's name, owns the name (the bus may still owe the news).

@@ -20,6 +20,13 @@ bool isShowable(char32_t character)
     return QChar::category(character) != QChar::Other_Control && !QChar::isNonCharacter(character);
 }
 
+/// Embeddings, overrides and isolates: one that is left open also turns round what a service puts behind the text, and
+/// an override makes "exe.png" of "gnp.exe". The marks, which plain text needs, are none of them.
+bool turnsText(char32_t character)
+{
+    return (character >= 0x202A && character <= 0x202E) || (character >= 0x2066 && character <= 0x2069);
+}
+
 /// The character at `position`, which moves behind it.
 char32_t takeCharacter(QStringView text, qsizetype& position)
 {
@@ -61,7 +68,7 @@ bool isFit(QStringView text, Markup markup)
         if (markup == Markup::Escaped && (unit == u'&' || unit == u'<' || unit == u'>'))
             return false;
         return (unit >= u' ' && unit <= u'~') || unit == u'\n' ||
-               (unit >= firstBeyondControls && unit < firstSurrogate);
+               (unit >= firstBeyondControls && unit < firstSurrogate && !turnsText(unit));
     });
 }
 
@@ -74,7 +81,8 @@ QString busText(const QString& text, qsizetype limit, Markup markup)
     QString result = QLatin1String("");
     qsizetype cutAt = 0;
     for (qsizetype position = 0; position < text.size();) {
-        append(result, takeCharacter(text, position), markup);
+        if (const char32_t character = takeCharacter(text, position); !turnsText(character))
+            append(result, character, markup);
         if (result.size() > limit) {
             result.truncate(cutAt);
             result += ellipsis;

@@ -2,6 +2,10 @@
 #include "notify_call.h"
 
 #include "bus_text.h"
+#include "notify_image.h"
+
+#include <QGuiApplication>
+#include <QIcon>
 
 namespace zepa::freedesktop {
 
@@ -21,9 +25,18 @@ uchar urgency(int priority)
 
 } // namespace
 
+Sender Sender::ofThisProgram()
+{
+    if (qobject_cast<QGuiApplication*>(QCoreApplication::instance()) == nullptr)
+        return {};
+    const QString entry = QGuiApplication::desktopFileName();
+    const QString icon = QGuiApplication::windowIcon().name();
+    return {icon.isEmpty() ? entry : icon, entry};
+}
+
 Capabilities Capabilities::fromNames(const QStringList& names)
 {
-    return {names.contains(QStringLiteral("body-markup"))};
+    return {names.contains(QStringLiteral("body-markup")), names.contains(QStringLiteral("actions"))};
 }
 
 QVariantList NotifyCall::arguments() const
@@ -31,20 +44,27 @@ QVariantList NotifyCall::arguments() const
     return {applicationName, replacesId, applicationIcon, summary, body, actions, hints, expireTimeout};
 }
 
-NotifyCall notifyCall(const Posting& posting, const Capabilities& capabilities)
+NotifyCall notifyCall(const growl::PopupPosting& posting, const Sender& sender, const Capabilities& capabilities)
 {
     NotifyCall call;
     call.applicationName = busText(posting.applicationName, nameLimit);
-    call.applicationIcon = busText(posting.applicationIcon, nameLimit);
+    call.applicationIcon = busText(sender.icon, nameLimit);
     call.summary = busText(posting.title, summaryLimit);
     call.body = busText(posting.text, bodyLimit, capabilities.bodyMarkup ? Markup::Escaped : Markup::None);
-    if (posting.clickable)
+    // One that lists no actions may open a dialog in the way of everything for them.
+    if (posting.clickable && capabilities.actions)
         call.actions = {QStringLiteral("default"), busText(posting.clickLabel, nameLimit)};
     call.hints.insert(QStringLiteral("urgency"), QVariant::fromValue(urgency(posting.priority)));
-    if (!posting.desktopEntry.isEmpty())
-        call.hints.insert(QStringLiteral("desktop-entry"), busText(posting.desktopEntry, nameLimit));
+    if (!sender.desktopEntry.isEmpty())
+        call.hints.insert(QStringLiteral("desktop-entry"), busText(sender.desktopEntry, nameLimit));
     if (!posting.icon.isNull())
-        call.hints.insert(QStringLiteral("image-data"), QVariant::fromValue(posting.icon));
+        call.hints.insert(QStringLiteral("image-data"), QVariant::fromValue(NotifyImage::fromImage(posting.icon)));
+    if (!posting.wantsSound)
+        call.hints.insert(QStringLiteral("suppress-sound"), true);
+    if (!posting.kind.category.isEmpty())
+        call.hints.insert(QStringLiteral("category"), busText(posting.kind.category, nameLimit));
+    if (posting.kind.isTransient)
+        call.hints.insert(QStringLiteral("transient"), true);
     call.expireTimeout = posting.sticky ? neverExpires : expiresAsTheServiceLikes;
     return call;
 }

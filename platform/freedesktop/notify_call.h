@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
-#include "notify_image.h"
+#include "growl/popup_service.h"
 
 #include <QString>
 #include <QStringList>
@@ -10,25 +10,22 @@
 
 namespace zepa::freedesktop {
 
-/// One pop-up as the application wants it, in values of our own.
-struct Posting
+/// What the desktop knows the application by.
+struct Sender
 {
-    QString applicationName;
-    QString applicationIcon; ///< an icon theme's name, empty for none
-    QString desktopEntry;    ///< the desktop file's name without ".desktop", empty for none
-    QString title;
-    QString text;
-    NotifyImage icon; ///< null for none
-    int priority = 0; ///< -2 to 2
-    bool sticky = false;
-    bool clickable = false;
-    QString clickLabel; ///< what a service calls the click where it shows it
+    QString icon;         ///< an icon theme's name, empty for none
+    QString desktopEntry; ///< the desktop file's name without ".desktop", empty for none
+
+    /// Of the running program: its window icon's name, or else the desktop entry's, since desktop files and their icons
+    /// share their names.
+    static Sender ofThisProgram();
 };
 
 /// What a notification service says that it can do.
 struct Capabilities
 {
     bool bodyMarkup = false;
+    bool actions = false;
 
     static Capabilities fromNames(const QStringList& names);
 };
@@ -50,6 +47,6 @@ struct NotifyCall
 };
 
 /// How `posting` is said to a service that can do `capabilities`. Every text comes out fit for the bus.
-NotifyCall notifyCall(const Posting& posting, const Capabilities& capabilities);
+NotifyCall notifyCall(const growl::PopupPosting& posting, const Sender& sender, const Capabilities& capabilities);
 
 } // namespace zepa::freedesktop

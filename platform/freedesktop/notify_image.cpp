@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "notify_image.h"
 
+#include <QByteArray>
 #include <QDBusArgument>
-#include <QImage>
 
 namespace zepa::freedesktop {
 
@@ -13,34 +13,31 @@ constexpr int channels = 4;
 
 } // namespace
 
-NotifyImage NotifyImage::fromImage(const QImage& image)
+QDBusArgument& operator<<(QDBusArgument& argument, const NotifyImage& hint)
 {
-    if (image.isNull())
-        return {};
     // The one format of Qt's whose rows are never padded: services refuse padded rows.
-    const QImage rgba = image.convertToFormat(QImage::Format_RGBA8888);
-    return {rgba.width(), rgba.height(),
-            QByteArray(reinterpret_cast<const char*>(rgba.constBits()), rgba.sizeInBytes())};
-}
-
-QDBusArgument& operator<<(QDBusArgument& argument, const NotifyImage& image)
-{
+    const QImage& image = hint.image;
     argument.beginStructure();
-    argument << image.width << image.height << channels * image.width << true << bitsPerSample << channels
-             << image.pixels;
+    argument << image.width() << image.height() << channels * image.width() << true << bitsPerSample << channels
+             << QByteArray::fromRawData(reinterpret_cast<const char*>(image.constBits()), image.sizeInBytes());
     argument.endStructure();
     return argument;
 }
 
-const QDBusArgument& operator>>(const QDBusArgument& argument, NotifyImage& image)
+const QDBusArgument& operator>>(const QDBusArgument& argument, NotifyImage& hint)
 {
+    int width = 0;
+    int height = 0;
     int rowBytes = 0;
     int bits = 0;
     int samples = 0;
     bool hasAlpha = false;
+    QByteArray pixels;
     argument.beginStructure();
-    argument >> image.width >> image.height >> rowBytes >> hasAlpha >> bits >> samples >> image.pixels;
+    argument >> width >> height >> rowBytes >> hasAlpha >> bits >> samples >> pixels;
     argument.endStructure();
+    hint.image = QImage(reinterpret_cast<const uchar*>(pixels.constData()), width, height, QImage::Format_RGBA8888);
+    hint.image.detach();
     return argument;
 }
 

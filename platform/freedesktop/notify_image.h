@@ -1,12 +1,11 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
-#include <QByteArray>
+#include <QImage>
 #include <QMetaType>
 
 QT_BEGIN_NAMESPACE
 class QDBusArgument;
-class QImage;
 QT_END_NAMESPACE
 
 namespace zepa::freedesktop {
@@ -14,19 +13,15 @@ namespace zepa::freedesktop {
 /// The "image-data" hint, (iiibiiay): 8 bits for each of red, green, blue and alpha, rows without padding.
 struct NotifyImage
 {
-    int width = 0; ///< in pixels, as height
-    int height = 0;
-    QByteArray pixels; ///< 4 * width * height bytes
+    QImage image; ///< Format_RGBA8888, or null
 
-    bool isNull() const { return pixels.isEmpty(); }
-    /// Null for a null image.
-    static NotifyImage fromImage(const QImage& image);
-
-    friend bool operator==(const NotifyImage&, const NotifyImage&) = default;
+    /// Null for a null image; shares the pixels of one that has the format.
+    static NotifyImage fromImage(const QImage& image) { return {image.convertToFormat(QImage::Format_RGBA8888)}; }
+    bool isNull() const { return image.isNull(); }
 };
 
-QDBusArgument& operator<<(QDBusArgument& argument, const NotifyImage& image);
-const QDBusArgument& operator>>(const QDBusArgument& argument, NotifyImage& image);
+QDBusArgument& operator<<(QDBusArgument& argument, const NotifyImage& hint);
+const QDBusArgument& operator>>(const QDBusArgument& argument, NotifyImage& hint);
 
 } // namespace zepa::freedesktop
 

@@ -2,6 +2,7 @@
 #include "outbox.h"
 
 #include "bus_link.h"
+#include "bus_text.h"
 #include "freedesktop_log.h"
 
 #include <utility>
@@ -17,8 +18,11 @@ Outbox::Outbox(BusLink& link) : m_link(link)
             [this](const QString& /*oldOwner*/, const QString& newOwner) { onOwnerChanged(newOwner); });
 }
 
-void Outbox::post(Posting posting, Ticket ticket)
+void Outbox::post(growl::PopupPosting posting, growl::Ticket ticket)
 {
+    // Cut here already, so that a posting that is held does not hold megabytes.
+    posting.title = busText(posting.title, summaryLimit);
+    posting.text = busText(posting.text, bodyLimit);
     if (!m_capabilities && !m_asking)
         askCapabilities();
     if (!m_holding) {
@@ -29,7 +33,7 @@ void Outbox::post(Posting posting, Ticket ticket)
     if (!m_holdLimit.isActive())
         m_holdLimit.start();
     if (m_held.size() > heldLimit)
-        Q_EMIT settled(m_held.takeFirst().ticket, 0);
+        Q_EMIT notShown(m_held.takeFirst().ticket);
 }
 
 void Outbox::onOwnerChanged(const QString& newOwner)
@@ -69,22 +73,25 @@ void Outbox::release()
         send(held.posting, held.ticket);
 }
 
-void Outbox::send(const Posting& posting, Ticket ticket)
+void Outbox::send(const growl::PopupPosting& posting, growl::Ticket ticket)
 {
-    // Of a service that has not answered, markup is assumed: seen as plain text it is ugly, the other way round a text
-    // from outside would be run as markup.
-    const NotifyCall call = notifyCall(posting, m_capabilities.value_or(Capabilities{.bodyMarkup = true}));
+    // Of a service that has not answered, actions are assumed, and markup: seen as plain text it is ugly, the other way
+    // round a text from outside would be run as markup.
+    const Capabilities usual{.bodyMarkup = true, .actions = true};
+    const NotifyCall call = notifyCall(posting, Sender::ofThisProgram(), m_capabilities.value_or(usual));
     const auto reply = [this, ticket](const QDBusMessage& message) {
-        const quint32 id = idIn(message);
-        if (id == 0)
-            qCInfo(freedesktopLog) << "a pop-up was not shown:" << message.errorName();
-        Q_EMIT settled(ticket, id);
+        if (const quint32 id = idIn(message); id != 0) {
+            Q_EMIT shown(ticket, id);
+            return;
+        }
+        qCInfo(freedesktopLog) << "a pop-up was not shown:" << message.errorName();
+        Q_EMIT notShown(ticket);
     };
     BusLink::Reply late;
     if (posting.clickable) {
-        late = [this](const QDBusMessage& message) {
+        late = [this, ticket](const QDBusMessage& message) {
             if (const quint32 id = idIn(message); id != 0)
-                Q_EMIT shownLate(id);
+                Q_EMIT shown(ticket, id);
         };
     }
     m_link.call(QStringLiteral("Notify"), call.arguments(), reply, std::move(late));

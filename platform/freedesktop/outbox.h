@@ -2,7 +2,6 @@
 #pragma once
 
 #include "notify_call.h"
-#include "popup_book.h"
 
 #include <QDBusMessage>
 #include <QList>
@@ -31,25 +30,24 @@ public:
     /// `link` must outlive the outbox.
     explicit Outbox(BusLink& link);
 
-    void post(Posting posting, Ticket ticket);
+    void post(growl::PopupPosting posting, growl::Ticket ticket);
 
 Q_SIGNALS:
-    /// Once for each ticket posted: the id that the service gave, or 0 when the pop-up was not shown.
-    void settled(Ticket ticket, quint32 id);
-    /// A clickable pop-up was shown after all, with this id, after its ticket was settled for want of a reply.
-    void shownLate(quint32 id);
+    /// One of them for each ticket posted; for a clickable pop-up that came after all, shown() after notShown().
+    void shown(zepa::growl::Ticket ticket, quint32 id);
+    void notShown(zepa::growl::Ticket ticket);
 
 private:
     struct Held
     {
-        Posting posting;
-        Ticket ticket = 0;
+        growl::PopupPosting posting;
+        growl::Ticket ticket = 0;
     };
 
     void onOwnerChanged(const QString& newOwner);
     void askCapabilities();
     void release();
-    void send(const Posting& posting, Ticket ticket);
+    void send(const growl::PopupPosting& posting, growl::Ticket ticket);
     quint32 idIn(const QDBusMessage& reply);
 
     BusLink& m_link;

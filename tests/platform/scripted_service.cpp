@@ -2,7 +2,7 @@
 // A notification service that does what a test tells it: well, badly, late or not at all.
 //
 // Options, one argument each:
-//   markup              says that it understands markup
+//   markup              says that it understands markup; no-actions: does not say that it offers actions
 //   mute                never replies to anything; mute-capabilities: never to GetCapabilities
 //   mute-first-capabilities   never replies to GetCapabilities before the first Notify
 //   late-capabilities   replies to GetCapabilities after 300 ms
@@ -114,7 +114,9 @@ public:
             has("mute") || has("mute-capabilities") || (has("mute-first-capabilities") && m_lastId == 0);
         if (method != QStringLiteral("GetCapabilities") || isMute)
             return true;
-        QStringList capabilities{QStringLiteral("actions"), QStringLiteral("body")};
+        QStringList capabilities{QStringLiteral("body")};
+        if (!has("no-actions"))
+            capabilities.append(QStringLiteral("actions"));
         if (has("markup"))
             capabilities.append(QStringLiteral("body-markup"));
         const QDBusMessage reply = has("wrong-types") ? call.createReply(42) : call.createReply(capabilities);
@@ -175,6 +177,7 @@ private:
                          {QStringLiteral("signature"), call.signature()},
                          {QStringLiteral("application"), arguments.value(0).toString()},
                          {QStringLiteral("replaces"), arguments.value(1).toInt()},
+                         {QStringLiteral("icon"), arguments.value(2).toString()},
                          {QStringLiteral("summary"), arguments.value(3).toString()},
                          {QStringLiteral("body"), arguments.value(4).toString()},
                          {QStringLiteral("actions"), QJsonArray::fromStringList(arguments.value(5).toStringList())},

@@ -1,6 +1,9 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "service_fixture.h"
 
+#include <zepa_platform/popups.h>
+
+#include <QJsonArray>
 #include <gmock/gmock.h>
 
 namespace {
@@ -75,7 +78,7 @@ TEST_F(AnswersTest, ReportsAClosedPopupAsTimedOut)
     EXPECT_EQ(answers(), Answers{"timed out a"});
 }
 
-TEST_F(AnswersTest, TakesAClickThatComesAfterTheClosing)
+TEST_F(AnswersTest, TakesNoClickThatComesAfterTheClosing)
 {
     const auto service = startService();
     postClickable("a");
@@ -83,9 +86,7 @@ TEST_F(AnswersTest, TakesAClickThatComesAfterTheClosing)
     service->tell(QStringLiteral("close 1\nclick 1"));
     ASSERT_TRUE(waitFor([] { return !answers().empty(); }));
     letEverythingArrive(*service);
-    EXPECT_EQ(answers(), Answers{"clicked a"});
-    for (const QJsonObject& call : service->calls(QStringLiteral("CloseNotification")))
-        EXPECT_NE(call[QStringLiteral("id")], 1) << "it was closed already";
+    EXPECT_EQ(answers(), Answers{"timed out a"});
 }
 
 TEST_F(AnswersTest, TakesAClickThatComesBeforeTheReply)
@@ -104,12 +105,12 @@ TEST_F(AnswersTest, TakesAClosingThatComesBeforeTheReply)
     EXPECT_EQ(answers(), Answers{"timed out a"});
 }
 
-TEST_F(AnswersTest, TakesClosingAndClickThatBothComeBeforeTheReply)
+TEST_F(AnswersTest, TakesNoClickThatComesBehindTheClosingBeforeTheReply)
 {
     const auto service = startService({QStringLiteral("close-click-first")});
     postClickable("a");
     ASSERT_TRUE(waitFor([] { return !answers().empty(); }));
-    EXPECT_EQ(answers(), Answers{"clicked a"});
+    EXPECT_EQ(answers(), Answers{"timed out a"});
 }
 
 TEST_F(AnswersTest, AnswersEachOfTheIdenticalPopupsThatAServiceMerges)
@@ -456,4 +457,41 @@ TEST_F(AnswersTest, LetsACallBackRunAnEventLoopOfItsOwn)
     post(posting);
     ASSERT_TRUE(waitFor([] { return answers().size() == 2; }));
     EXPECT_EQ(answers(), (Answers{"clicked b", "own a"}));
+}
+
+TEST_F(AnswersTest, LeaveNothingBehindThatCouldBeClickedWhenTheProgramEnds)
+{
+    const auto service = startService();
+    QProcess program;
+    program.setProcessChannelMode(QProcess::ForwardedChannels);
+    program.start(QStringLiteral(SHORT_PROGRAM), {QStringLiteral("settled")});
+    ASSERT_TRUE(waitFor([&] { return !service->calls(QStringLiteral("CloseNotification")).isEmpty(); }));
+    EXPECT_EQ(service->calls(QStringLiteral("CloseNotification"))[0][QStringLiteral("id")], 1);
+    ASSERT_TRUE(waitFor([&] { return program.state() == QProcess::NotRunning; }));
+    EXPECT_EQ(program.exitCode(), 0);
+}
+
+TEST_F(AnswersTest, TimeOutWhenTheirPopupsAreWithdrawn)
+{
+    const auto service = startService();
+    postClickable("a");
+    postClickable("b");
+    ASSERT_TRUE(waitForPopups(*service, 2));
+    zepaWithdrawPopups(QStringLiteral("Message"), QStringLiteral("Title"));
+    const auto closed = [&] { return service->calls(QStringLiteral("CloseNotification")); };
+    ASSERT_TRUE(waitFor([&] { return closed().size() == 2 && answers().size() == 2; }));
+    EXPECT_EQ(closed()[0][QStringLiteral("id")], 1);
+    EXPECT_EQ(closed()[1][QStringLiteral("id")], 2);
+    EXPECT_EQ(answers(), (Answers{"timed out a", "timed out b"}));
+}
+
+TEST_F(AnswersTest, AreNotAskedOfAServiceWithoutActions)
+{
+    const auto service = startService({QStringLiteral("no-actions")});
+    postClickable("a");
+    ASSERT_TRUE(waitForPopups(*service, 1));
+    EXPECT_TRUE(service->calls().first()[QStringLiteral("actions")].toArray().isEmpty());
+    service->tell(QStringLiteral("close 1"));
+    ASSERT_TRUE(waitFor([] { return !answers().empty(); }));
+    EXPECT_EQ(answers(), Answers{"timed out a"});
 }

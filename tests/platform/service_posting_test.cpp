@@ -39,6 +39,7 @@ TEST_F(PostingTest, SendsWhatTheInterfaceAsksFor)
     EXPECT_EQ(call[QStringLiteral("signature")], QStringLiteral("susssasa{sv}i"));
     EXPECT_EQ(call[QStringLiteral("application")], QStringLiteral("Test application"));
     EXPECT_EQ(call[QStringLiteral("replaces")], 0);
+    EXPECT_EQ(call[QStringLiteral("icon")], QStringLiteral("test-application"));
     EXPECT_EQ(call[QStringLiteral("summary")], QStringLiteral("Title"));
     EXPECT_EQ(call[QStringLiteral("body")], QStringLiteral("Text"));
     EXPECT_EQ(call[QStringLiteral("actions")], (QJsonArray{QStringLiteral("default"), QStringLiteral("Open")}));
@@ -47,6 +48,7 @@ TEST_F(PostingTest, SendsWhatTheInterfaceAsksFor)
     EXPECT_EQ(call[QStringLiteral("hints")],
               (QJsonObject{{QStringLiteral("urgency"), QStringLiteral("y")},
                            {QStringLiteral("desktop-entry"), QStringLiteral("s")},
+                           {QStringLiteral("suppress-sound"), QStringLiteral("bool")},
                            {QStringLiteral("image-data"), QStringLiteral("(iiibiiay)")}}));
     EXPECT_EQ(call[QStringLiteral("image")].toObject(), (QJsonObject{{QStringLiteral("width"), 128},
                                                                      {QStringLiteral("height"), 32},

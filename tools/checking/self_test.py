@@ -11,8 +11,13 @@ _ALLOWED = {
     "core/posting.cpp": '#include "core/notification_module.h"\n#include "host/field.h"\n#include <QHash>\n',
     "core/notification_module.cpp": '#include "methods/sound_notification_method.h"\n',
     "methods/x.cpp": '#include <Growl/Growl.h>\n#include "core/notification.h"\n#include <vector>\n',
-    "platform/x.cpp": "#include <QDBusMessage>\n#include <CoreFoundation/CoreFoundation.h>\n",
-    "client/x.cpp": '#include "core/notification.h"\n#include <pulse/pulseaudio.h>\n',
+    "platform/freedesktop/x.cpp": '#include <QDBusMessage>\n#include "growl/popup_service.h"\n#include "outbox.h"\n'
+                                  '#include <zepa_platform/popups.h>\n#include "bus/session_bus.h"\n',
+    "platform/growl/x.cpp": '#include <CoreFoundation/CoreFoundation.h>\n#include "growl/session.h"\n'
+                            '#include "session.h"\n#include "x.moc"\n',
+    "platform/portal/x.cpp": '#include "growl/popup_service.h"\n#include "freedesktop/bus_text.h"\n',
+    "client/x.cpp": '#include "core/notification.h"\n#include <pulse/pulseaudio.h>\n'
+                    '#include <zepa_platform/popups.h>\n',
 }
 _FORBIDDEN = {
     "core/posting.cpp": ['"methods/sound_notification_method.h"', "<QDBusMessage>", '"client/client.h"',
@@ -20,7 +25,16 @@ _FORBIDDEN = {
     "methods/x.cpp": ["<QDBusMessage>", '"client/client.h"', "<QtDBus/QDBusMessage>", "<pulse/pulseaudio.h>"],
     "host/x.h": ['"core/notification.h"', '"client/client.h"', "<QDBusMessage>"],
     "platform/x.cpp": ['"core/notification.h"', '"host/field.h"', '"methods/sound_notification_method.h"'],
-    "client/x.cpp": ['"tests/support/recording_host.h"'],
+    "platform/growl/x.cpp": ['"freedesktop/bus_text.h"', '"bus/session_bus.h"', "<QDBusMessage>", '"bus_text.h"',
+                             '"../freedesktop/bus_text.h"', '"platform/freedesktop/bus_text.h"'],
+    "platform/freedesktop/x.cpp": ['"portal/x.h"', '"attention/window_alert.h"', '"corefoundation/object.h"'],
+    "platform/corefoundation/x.cpp": ['"growl/session.h"', '"bus/session_bus.h"', "<QDBusMessage>",
+                                      '"freedesktop/outbox.h"', '"attention/window_alert.h"'],
+    "platform/attention/x.cpp": ['"growl/session.h"', '"freedesktop/outbox.h"'],
+    "platform/bus/x.cpp": ['"growl/session.h"', '"freedesktop/outbox.h"'],
+    "platform/include/zepa_platform/x.h": ['"growl/session.h"', "<QDBusMessage>"],
+    "client/x.cpp": ['"tests/support/recording_host.h"', '"platform/growl/session.h"',
+                     '"platform/freedesktop/outbox.h"', '"platform/bus/call_thread.h"'],
 }
 _JUNIT = """<testsuite>
 <testcase name="a" status="run"/>

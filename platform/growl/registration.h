@@ -2,12 +2,14 @@
 #pragma once
 
 #include <Growl/Growl.h>
+#include <zepa_platform/popups.h>
 
 #include <QByteArray>
+#include <QHash>
 #include <QSet>
 #include <QString>
 
-namespace zepa::freedesktop {
+namespace zepa::growl {
 
 /// What the application registered, in values of our own: its record may be gone when a pop-up is answered.
 class Registration
@@ -31,6 +33,12 @@ public:
     CallBack clicked() const { return m_clicked; }                ///< null when nobody wants to know, as timedOut
     CallBack timedOut() const { return m_timedOut; }
 
+    // Beside the record, and whether there is one or not.
+    void setKind(const QString& name, const ZepaPopupKind& kind) { m_kinds.insert(name, kind); }
+    ZepaPopupKind kind(const QString& name) const { return m_kinds.value(name); }
+    void allowSound(bool isAllowed) { m_allowsSound = isAllowed; }
+    bool allowsSound() const { return m_allowsSound; }
+
 private:
     void setNames(CFDictionaryRef dictionary);
     void readNames() const;
@@ -49,6 +57,8 @@ private:
     CFDictionaryRef m_dictionary = nullptr;
     CFIndex m_allCount = 0;
     CFIndex m_defaultCount = 0;
+    QHash<QString, ZepaPopupKind> m_kinds;
+    bool m_allowsSound = false;
 };
 
-} // namespace zepa::freedesktop
+} // namespace zepa::growl

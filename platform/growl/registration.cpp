@@ -3,7 +3,7 @@
 
 #include "cf_values.h"
 
-namespace zepa::freedesktop {
+namespace zepa::growl {
 
 namespace {
 
@@ -78,4 +78,4 @@ void Registration::readNames() const
     m_isRead = true;
 }
 
-} // namespace zepa::freedesktop
+} // namespace zepa::growl

@@ -9,15 +9,15 @@
 #include <QImageReader>
 #include <memory>
 
-namespace zepa::freedesktop {
+namespace zepa::growl {
 
 namespace {
 
 QSize shownSize(QSize size)
 {
-    if (size.width() <= IconCache::longestSide && size.height() <= IconCache::longestSide)
+    if (size.width() <= PopupService::iconSide && size.height() <= PopupService::iconSide)
         return size;
-    const QSize bounds(IconCache::longestSide, IconCache::longestSide);
+    const QSize bounds(PopupService::iconSide, PopupService::iconSide);
     // A hairline must not be scaled to nothing.
     return size.scaled(bounds, Qt::KeepAspectRatio).expandedTo(QSize(1, 1));
 }
@@ -30,7 +30,7 @@ QByteArray keyOf(const QByteArray& encoded)
     return QCryptographicHash::hash(encoded, QCryptographicHash::Blake2b_256);
 }
 
-NotifyImage decode(QByteArray encoded)
+QImage decode(QByteArray encoded)
 {
     QBuffer buffer(&encoded);
     buffer.open(QIODevice::ReadOnly);
@@ -47,12 +47,12 @@ NotifyImage decode(QByteArray encoded)
     if (shown != image.size())
         image = image.convertToFormat(QImage::Format_ARGB32_Premultiplied)
                     .scaled(shown, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
-    return NotifyImage::fromImage(image);
+    return image.convertToFormat(QImage::Format_RGBA8888);
 }
 
 } // namespace
 
-NotifyImage IconCache::icon(QByteArrayView encoded)
+QImage IconCache::icon(QByteArrayView encoded)
 {
     if (encoded.isEmpty())
         return {};
@@ -60,7 +60,7 @@ NotifyImage IconCache::icon(QByteArrayView encoded)
     return iconFor(keyOf(bytes), bytes);
 }
 
-NotifyImage IconCache::icon(CFDataRef encoded)
+QImage IconCache::icon(CFDataRef encoded)
 {
     if (encoded == nullptr)
         return {};
@@ -77,16 +77,16 @@ NotifyImage IconCache::icon(CFDataRef encoded)
     return iconFor(digest, bytes);
 }
 
-NotifyImage IconCache::iconFor(QByteArray key, const QByteArray& bytes)
+QImage IconCache::iconFor(QByteArray key, const QByteArray& bytes)
 {
-    if (const NotifyImage* known = m_icons.object(key))
+    if (const QImage* known = m_icons.object(key))
         return *known;
     ++m_decodedCount;
     // What is kept must not point at the caller's bytes.
     key.detach();
-    auto decoded = std::make_unique<NotifyImage>(decode(bytes));
-    NotifyImage result = *decoded;
-    m_icons.insert(key, decoded.release(), key.size() + result.pixels.size());
+    auto decoded = std::make_unique<QImage>(decode(bytes));
+    QImage result = *decoded;
+    m_icons.insert(key, decoded.release(), key.size() + result.sizeInBytes());
     return result;
 }
 
@@ -100,4 +100,4 @@ void IconCache::dropAbandonedData()
     }
 }
 
-} // namespace zepa::freedesktop
+} // namespace zepa::growl

@@ -1,22 +1,21 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
-#include "notify_image.h"
+#include "popup_service.h"
 
 #include <CoreFoundation/CoreFoundation.h>
 
 #include <QByteArray>
 #include <QByteArrayView>
 #include <QCache>
+#include <QImage>
 
-namespace zepa::freedesktop {
+namespace zepa::growl {
 
 /// Icons as pop-ups carry them, decoded once for each content.
 class IconCache
 {
 public:
-    /// Longest side of an icon, in pixels; larger ones are scaled down, keeping their aspect.
-    static constexpr int longestSide = 128;
     /// What is kept in bytes: what icons are known by, and decoded icons, together. The least recently used go first.
     static constexpr qsizetype byteLimit = qsizetype(8) * 1024 * 1024;
     /// A picture file up to this size is known by its bytes, a larger one by their digest: a photograph's file may be
@@ -27,11 +26,12 @@ public:
 
     IconCache() : m_icons(byteLimit), m_digests(byteLimit) {}
 
-    /// The icon in `encoded`, a picture file's bytes. Null for none, for broken data and for an icon that is too large.
-    NotifyImage icon(QByteArrayView encoded);
+    /// The icon in `encoded`, a picture file's bytes, as PopupPosting wants it: scaled down if need be, keeping its
+    /// aspect. Null for none, for broken data and for an icon that is too large.
+    QImage icon(QByteArrayView encoded);
     /// The same. What was asked for before is found without a look at its bytes, which never change, as long as others
     /// hold it too: the cache keeps nobody's data alive for longer than until the next call with other data.
-    NotifyImage icon(CFDataRef encoded);
+    QImage icon(CFDataRef encoded);
 
     /// For tests: how many pictures were decoded so far, and what is kept in bytes.
     int decodedCount() const { return m_decodedCount; }
@@ -51,12 +51,12 @@ private:
         QByteArray digest;
     };
 
-    NotifyImage iconFor(QByteArray key, const QByteArray& encoded);
+    QImage iconFor(QByteArray key, const QByteArray& encoded);
     void dropAbandonedData();
 
-    QCache<QByteArray, NotifyImage> m_icons;
+    QCache<QByteArray, QImage> m_icons;
     QCache<CFDataRef, Digest> m_digests; ///< of large files that somebody else holds; they count in bytes
     int m_decodedCount = 0;
 };
 
-} // namespace zepa::freedesktop
+} // namespace zepa::growl

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "click_context.h"
+#include "popup_service.h"
 
 #include <QHash>
 #include <QList>
@@ -11,10 +12,7 @@
 #include <map>
 #include <optional>
 
-namespace zepa::freedesktop {
-
-/// Names a posting before the service has given it an id.
-using Ticket = quint64;
+namespace zepa::growl {
 
 /// How one pop-up ended.
 struct Answer
@@ -22,7 +20,7 @@ struct Answer
     enum class Kind { Clicked, TimedOut };
     Kind kind = Kind::TimedOut;
     ClickContext context;
-    quint32 id = 0;          ///< 0 when it never had one
+    PopupId id = 0;          ///< 0 when it never had one
     QString activationToken; ///< of a click, empty for none
 };
 
@@ -31,9 +29,8 @@ struct Answer
 /// A pop-up goes through these states:
 ///  - waiting: posted, its id is not known yet; answers that come for unknown ids are kept for it;
 ///  - shown: its id is known;
-///  - closed: the service closed it, and a click may still follow within clickGrace;
-///  - answered: clicked, or it never had a click context; kept only so that what the service still says of its id
-///    is not taken for an answer to another pop-up.
+///  - answered: clicked, or it never had a click context; kept until it is closed, so that what the service still says
+///    of its id is not taken for an answer to another pop-up.
 /// Every pop-up with a click context is answered exactly once: clicked or timed out. Answers gather here until
 /// takeAnswers(). Ids belong to one run of the service: forgetShown() when it goes away.
 ///
@@ -43,29 +40,30 @@ class PopupBook
 public:
     using Time = std::chrono::milliseconds;
 
-    /// A click may come this much later than the news that its pop-up was closed.
-    static constexpr Time clickGrace{200};
     /// A pop-up of which the service never speaks again counts as timed out after this time.
     static constexpr Time backstop = std::chrono::hours(24);
     /// At most so many pop-ups wait for an answer; beyond that the oldest counts as timed out.
     static constexpr int waitingLimit = 1000;
 
-    /// Notes a posting whose id is not known yet; a null context for one that wants no answer.
-    Ticket expect(ClickContext context, Time now);
+    /// Notes a posting whose id is not known yet; a null context for one that wants no answer. `group` is what
+    /// withdraw() knows it by.
+    Ticket expect(ClickContext context, size_t group, Time now);
     /// Joins the ticket with the id that the service returned; answers that came early count now.
     ///
     /// A service that shows one pop-up for two identical postings returns the id of the earlier: the earlier counts
-    /// as timed out, the answer belongs to the later. Id 0 is no id: the same as fail().
-    void settle(Ticket ticket, quint32 id, Time now);
+    /// as timed out, the answer belongs to the later. False when nobody knows the ticket any more.
+    bool settle(Ticket ticket, PopupId id);
     /// The service did not show the pop-up: it counts as timed out.
     void fail(Ticket ticket);
 
     /// The service says that the pop-up was clicked, or that it is gone.
-    void clicked(quint32 id, const QString& activationToken, Time now);
-    void closed(quint32 id, Time now);
+    void clicked(PopupId id, const QString& activationToken);
+    void closed(PopupId id);
 
+    /// Every pop-up of that group counts as timed out and is unwanted, whether it wanted an answer or not.
+    void withdraw(size_t group);
     /// The service went away: everything with an id counts as timed out and is forgotten. Those that wait for their id
-    /// keep waiting: their call ends with a reply of the next service or with an error.
+    /// keep waiting: they are told shown by the next service, or not shown.
     void forgetShown();
 
     /// Lets time pass; to be called at nextDeadline() at the latest.
@@ -79,49 +77,47 @@ public:
     int waitingCount() const { return m_waitingCount; }
     /// Pop-ups that counted as timed out though the service shows them, since the last call: a click on one of them
     /// would do nothing any more. An id is told as soon as it is known.
-    QList<quint32> takeUnwanted();
+    QList<PopupId> takeUnwanted();
+    /// Pop-ups on the screen on which a click still means something.
+    QList<PopupId> clickableIds() const;
     /// Postings whose id is still to come.
     int idlessCount() const { return m_idlessCount; }
     /// Whether the service still shows the pop-up, as far as it told; an answered one too.
-    bool isShown(quint32 id) const;
+    bool isShown(PopupId id) const { return m_ticketOfId.contains(id); }
 
 private:
     struct Popup
     {
         ClickContext context; ///< null once answered
+        size_t group = 0;
         Time since{};
-        quint32 id = 0; ///< 0 while waiting for it
-        std::optional<Time> closedAt;
+        PopupId id = 0;        ///< 0 while waiting for it
         bool unwanted = false; ///< answered while the service showed it, or was about to
     };
     struct EarlyAnswer
     {
-        quint32 id = 0;
-        bool clicked = false;
-        QString activationToken;
-        std::optional<Time> closedAt;
+        PopupId id = 0;
+        std::optional<QString> clickToken; ///< none: not clicked before it was closed
+        bool isClosed = false;
     };
     using Popups = std::map<Ticket, Popup>;
 
     void answer(Popup& popup, Answer::Kind kind, const QString& activationToken = {});
-    void giveUp(Popups::iterator popup);
-    void close(Popup& popup, Time at);
+    void giveUp(Popup& popup);
     void erase(Popups::iterator popup);
-    void applyClick(Popups::iterator popup, const QString& activationToken);
-    void applyClose(Popups::iterator popup, Time at);
     void keepToLimits();
-    EarlyAnswer* earlyAnswer(quint32 id);
+    /// Where what is said of an id that nobody has is kept; null when nobody waits for one.
+    EarlyAnswer* earlyAnswer(PopupId id);
     void dropEarlyAnswersIfUseless();
 
     Popups m_popups; ///< oldest first
-    QHash<quint32, Ticket> m_ticketOfId;
+    QHash<PopupId, Ticket> m_ticketOfId;
     QList<EarlyAnswer> m_early;
     QList<Answer> m_answers;
-    QList<quint32> m_unwanted;
+    QList<PopupId> m_unwanted;
     Ticket m_lastTicket = 0;
     int m_waitingCount = 0; ///< with an answer owed
     int m_idlessCount = 0;  ///< still to be settled
-    int m_closedCount = 0;  ///< in which a click may still come
 };
 
-} // namespace zepa::freedesktop
+} // namespace zepa::growl

@@ -5,7 +5,7 @@
 
 #include <utility>
 
-namespace zepa::freedesktop {
+namespace zepa::growl {
 
 /// What is handed back when a pop-up is answered, and to which registration. Holds a reference of its own on the
 /// context for as long as it lives.
@@ -55,4 +55,4 @@ private:
     int m_generation = 0;
 };
 
-} // namespace zepa::freedesktop
+} // namespace zepa::growl

@@ -1,13 +1,12 @@
 // SPDX-License-Identifier: Apache-2.0
-#include "icon_cache.h"
+#include "growl/icon_cache.h"
 
 #include <QBuffer>
 #include <QImage>
 #include <QtEndian>
 #include <gtest/gtest.h>
 
-using zepa::freedesktop::IconCache;
-using zepa::freedesktop::NotifyImage;
+using zepa::growl::IconCache;
 
 namespace {
 
@@ -55,6 +54,11 @@ QByteArray largePng(quint32 seed)
     return png(noise);
 }
 
+QByteArray pixelsOf(const QImage& icon)
+{
+    return {reinterpret_cast<const char*>(icon.constBits()), icon.sizeInBytes()};
+}
+
 /// New data, the caller's.
 CFDataRef dataOf(const QByteArray& bytes)
 {
@@ -65,26 +69,26 @@ CFDataRef dataOf(const QByteArray& bytes)
 
 TEST(IconCache, GivesUnpaddedRedGreenBlueAlphaRows)
 {
-    const NotifyImage icon = IconCache().icon(plainPng(3, 2, qRgba(10, 20, 30, 40)));
-    EXPECT_EQ(icon.width, 3);
-    EXPECT_EQ(icon.height, 2);
-    EXPECT_EQ(icon.pixels, QByteArray("\x0a\x14\x1e\x28", 4).repeated(6));
+    const QImage icon = IconCache().icon(plainPng(3, 2, qRgba(10, 20, 30, 40)));
+    EXPECT_EQ(icon.format(), QImage::Format_RGBA8888);
+    EXPECT_EQ(icon.size(), QSize(3, 2));
+    EXPECT_EQ(pixelsOf(icon), QByteArray("\x0a\x14\x1e\x28", 4).repeated(6));
 }
 
 TEST(IconCache, MakesAPictureWithoutAlphaOpaque)
 {
-    const NotifyImage icon = IconCache().icon(plainPng(3, 1, qRgb(1, 2, 3), QImage::Format_RGB888));
-    EXPECT_EQ(icon.pixels, QByteArray("\x01\x02\x03\xff", 4).repeated(3));
+    const QImage icon = IconCache().icon(plainPng(3, 1, qRgb(1, 2, 3), QImage::Format_RGB888));
+    EXPECT_EQ(pixelsOf(icon), QByteArray("\x01\x02\x03\xff", 4).repeated(3));
 }
 
 TEST(IconCache, ScalesToTheLongestSideAndKeepsTheAspect)
 {
     IconCache cache;
-    EXPECT_EQ(cache.icon(plainPng(512, 256, 0xff0000ff)).width, 128);
-    EXPECT_EQ(cache.icon(plainPng(512, 256, 0xff0000ff)).height, 64);
-    EXPECT_EQ(cache.icon(plainPng(129, 129, 0xff0000ff)).height, 128);
-    EXPECT_EQ(cache.icon(plainPng(128, 128, 0xff0000ff)).pixels.size(), 128 * 128 * 4);
-    EXPECT_EQ(cache.icon(plainPng(16, 16, 0xff0000ff)).width, 16);
+    EXPECT_EQ(cache.icon(plainPng(512, 256, 0xff0000ff)).width(), 128);
+    EXPECT_EQ(cache.icon(plainPng(512, 256, 0xff0000ff)).height(), 64);
+    EXPECT_EQ(cache.icon(plainPng(129, 129, 0xff0000ff)).height(), 128);
+    EXPECT_EQ(cache.icon(plainPng(128, 128, 0xff0000ff)).sizeInBytes(), 128 * 128 * 4);
+    EXPECT_EQ(cache.icon(plainPng(16, 16, 0xff0000ff)).width(), 16);
 }
 
 TEST(IconCache, KeepsTheColourOfAPictureOfTwoColoursThatItScales)
@@ -92,15 +96,15 @@ TEST(IconCache, KeepsTheColourOfAPictureOfTwoColoursThatItScales)
     QImage image(300, 300, QImage::Format_Mono);
     image.setColorTable({qRgb(0, 200, 0), qRgb(0, 0, 0)});
     image.fill(0U);
-    const NotifyImage icon = IconCache().icon(png(image));
-    EXPECT_EQ(icon.pixels, QByteArray("\x00\xc8\x00\xff", 4).repeated(128 * 128));
+    const QImage icon = IconCache().icon(png(image));
+    EXPECT_EQ(pixelsOf(icon), QByteArray("\x00\xc8\x00\xff", 4).repeated(128 * 128));
 }
 
 TEST(IconCache, KeepsAHairlineVisible)
 {
-    const NotifyImage icon = IconCache().icon(plainPng(1000, 1, 0xff00ff00));
-    EXPECT_EQ(icon.width, 128);
-    EXPECT_EQ(icon.height, 1);
+    const QImage icon = IconCache().icon(plainPng(1000, 1, 0xff00ff00));
+    EXPECT_EQ(icon.width(), 128);
+    EXPECT_EQ(icon.height(), 1);
 }
 
 TEST(IconCache, DecodesTheSameContentOnce)
@@ -148,8 +152,8 @@ TEST(IconCache, DecodesAFileOnceThatIsLargerThanTheCache)
     ASSERT_TRUE(image.save(&buffer, "BMP"));
     ASSERT_GT(large.size(), IconCache::byteLimit);
     IconCache cache;
-    const NotifyImage icon = cache.icon(large);
-    EXPECT_EQ(icon.width, 128);
+    const QImage icon = cache.icon(large);
+    EXPECT_EQ(icon.width(), 128);
     EXPECT_EQ(cache.icon(large), icon);
     EXPECT_EQ(cache.decodedCount(), 1);
     EXPECT_LT(cache.byteCount(), 128 * 128 * 4 + 100);
@@ -166,8 +170,8 @@ TEST(IconCache, KnowsLargeDataAgainAndHoldsIt)
     const CFDataRef data = dataOf(bytes);
     {
         IconCache cache;
-        const NotifyImage icon = cache.icon(data);
-        EXPECT_EQ(icon.width, 128);
+        const QImage icon = cache.icon(data);
+        EXPECT_EQ(icon.width(), 128);
         EXPECT_EQ(cache.icon(data), icon);
         EXPECT_EQ(cache.icon(QByteArrayView(bytes)), icon);
         EXPECT_EQ(cache.decodedCount(), 1);
@@ -201,7 +205,7 @@ TEST(IconCache, KeepsNothingThatPointsAtTheCallersBytes)
     IconCache cache;
     QByteArray bytes = plainPng(32, 32, 0xff00ff00);
     const QByteArray copy(bytes.constData(), bytes.size());
-    const NotifyImage icon = cache.icon(bytes);
+    const QImage icon = cache.icon(bytes);
     bytes.fill('x');
     EXPECT_EQ(cache.icon(copy), icon);
     EXPECT_EQ(cache.decodedCount(), 1);

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-#include "bus_text.h"
+#include "freedesktop/bus_text.h"
 
 #include <gtest/gtest.h>
 
@@ -47,6 +47,18 @@ TEST(BusText, ReplacesLoneSurrogatesAndKeepsPairs)
     const QString text = QString::fromUtf16(units, std::size(units));
     const char16_t expected[] = {0xfffd, u'a', 0xfffd, 0xd83d, 0xde00, 0xfffd};
     EXPECT_EQ(busText(text, bodyLimit), QString::fromUtf16(expected, std::size(expected)));
+}
+
+TEST(BusText, DropsWhatWouldTurnRoundTheTextBehindItAndKeepsMarks)
+{
+    const QString override = QStringLiteral("photo_\u202Egnp.exe");
+    EXPECT_EQ(busText(override, bodyLimit), QStringLiteral("photo_gnp.exe"));
+    const QString all = QStringLiteral("\u202A\u202B\u202C\u202D\u202E\u2066\u2067\u2068\u2069");
+    EXPECT_EQ(busText(u'a' + all + u'b', bodyLimit, Markup::Escaped), QStringLiteral("ab"));
+    EXPECT_EQ(busText(all, bodyLimit), QString());
+    EXPECT_EQ(busText(u'1' + all + QStringLiteral("2345"), 5), QStringLiteral("12345")) << "they count for nothing";
+    const QString marks = QStringLiteral("\u05D0\u200E \u200F\u061C\u2029\u2065\u206A");
+    EXPECT_EQ(busText(marks, bodyLimit), marks);
 }
 
 TEST(BusText, MakesEveryKindOfLineEndALineFeed)

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "cf_values.h"
 
-namespace zepa::freedesktop {
+namespace zepa::growl {
 
 QString toQString(CFStringRef string)
 {
@@ -38,4 +38,4 @@ QStringList stringsIn(CFArrayRef array, CFIndex count)
     return strings;
 }
 
-} // namespace zepa::freedesktop
+} // namespace zepa::growl

@@ -7,7 +7,7 @@
 #include <QString>
 #include <QStringList>
 
-namespace zepa::freedesktop {
+namespace zepa::growl {
 
 /// A copy of the text; null for null.
 QString toQString(CFStringRef string);
@@ -18,4 +18,4 @@ CFArrayRef arrayIn(CFDictionaryRef dictionary, CFStringRef key);
 /// The strings among the first `count` values of `array`, in order; empty for null. There must be so many.
 QStringList stringsIn(CFArrayRef array, CFIndex count);
 
-} // namespace zepa::freedesktop
+} // namespace zepa::growl

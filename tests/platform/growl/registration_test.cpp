@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: Apache-2.0
-#include "registration.h"
+#include "growl/registration.h"
 
 #include <gtest/gtest.h>
 
-using zepa::freedesktop::Registration;
+using zepa::growl::Registration;
 
 namespace {
 

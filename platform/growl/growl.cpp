@@ -12,8 +12,8 @@
 
 namespace {
 
-using zepa::freedesktop::Registration;
-using zepa::freedesktop::Session;
+using zepa::growl::Registration;
+using zepa::growl::Session;
 
 /// Never destroyed: it may be set before there is an application object and by destructors that run at the very end.
 Registration& registration()
@@ -42,7 +42,7 @@ Session* startedSession()
         return nullptr;
     Q_ASSERT(QThread::currentThread() == application->thread());
     if (!session()) {
-        session() = std::make_unique<Session>(registration());
+        session() = std::make_unique<Session>(registration(), zepa::growl::makePopupService());
         qAddPostRoutine(endSession);
     }
     return session().get();
@@ -55,14 +55,14 @@ Boolean Growl_SetDelegate(struct Growl_Delegate* newDelegate)
     registration().set(newDelegate);
     // Early, so that what the service can do is known when the first pop-up comes.
     if (Session* started = newDelegate == nullptr ? nullptr : startedSession())
-        started->open();
+        started->service().state();
     return true;
 }
 
 Boolean Growl_IsRunning()
 {
-    Session* started = startedSession();
-    return started != nullptr && started->isRunning();
+    const ZepaPopupService state = zepaPopupService();
+    return state == ZepaPopupService::There || state == ZepaPopupService::NotKnownYet;
 }
 
 void Growl_PostNotification(const struct Growl_Notification* notification)
@@ -74,11 +74,33 @@ void Growl_PostNotification(const struct Growl_Notification* notification)
 ZepaPopupService zepaPopupService()
 {
     Session* started = startedSession();
-    return started == nullptr ? ZepaPopupService::NoBus : started->service();
+    return started == nullptr ? ZepaPopupService::NoBus : started->service().state();
 }
 
 int zepaPopupsOnTheirWay()
 {
     const Session* started = startedSession();
     return started == nullptr ? 0 : started->onTheirWayCount();
+}
+
+ZepaDoNotDisturb zepaDoNotDisturb()
+{
+    Session* started = startedSession();
+    return started == nullptr ? ZepaDoNotDisturb::NotTold : started->service().doNotDisturb();
+}
+
+void zepaWithdrawPopups(const QString& name, const QString& title)
+{
+    if (Session* started = startedSession())
+        started->withdraw(name, title);
+}
+
+void zepaSetPopupKind(const QString& name, const ZepaPopupKind& kind)
+{
+    registration().setKind(name, kind);
+}
+
+void zepaAllowPopupSound(bool isAllowed)
+{
+    registration().allowSound(isAllowed);
 }
