@@ -15,15 +15,18 @@ class DesktopEffects : public attention::Effects
 public:
     void ask() override
     {
-        attention::alertWindows();
+        m_alert.set(attention::askingWindow(named, lastActive));
         tellLauncher(true);
     }
 
     void withdraw() override
     {
-        attention::clearWindowAlerts();
+        m_alert.clear();
         tellLauncher(false);
     }
+
+    QPointer<QWindow> named;
+    QPointer<QWindow> lastActive;
 
 private:
     void tellLauncher(bool urgent)
@@ -33,6 +36,7 @@ private:
             urgent));
     }
 
+    attention::WindowAlert m_alert;
     attention::Launcher m_launcher;
 };
 
@@ -46,8 +50,13 @@ public:
             if (state == Qt::ApplicationActive)
                 m_request.applicationActivated();
         });
+        connect(&application, &QGuiApplication::focusWindowChanged, this, [this](QWindow* window) {
+            if (window != nullptr)
+                m_effects.lastActive = window;
+        });
     }
 
+    void name(QWindow* window) { m_effects.named = window; }
     void request() { m_request.request(QGuiApplication::applicationState() == Qt::ApplicationActive); }
 
 private:
@@ -55,15 +64,34 @@ private:
     attention::AttentionRequest m_request{m_effects};
 };
 
+/// Null without a QGuiApplication.
+ApplicationAttention* current()
+{
+    auto* application = qobject_cast<QGuiApplication*>(QCoreApplication::instance());
+    static QPointer<ApplicationAttention> attention;
+    if (attention.isNull() && application != nullptr)
+        attention = new ApplicationAttention(*application);
+    return attention;
+}
+
+/// From the start, since nobody can tell later which window was active.
+void watchWindows()
+{
+    current();
+}
+
 } // namespace
+
+Q_COREAPP_STARTUP_FUNCTION(watchWindows)
 
 void zepaRequestAttention()
 {
-    auto* application = qobject_cast<QGuiApplication*>(QCoreApplication::instance());
-    if (application == nullptr)
-        return;
-    static QPointer<ApplicationAttention> attention;
-    if (attention.isNull())
-        attention = new ApplicationAttention(*application);
-    attention->request();
+    if (ApplicationAttention* attention = current())
+        attention->request();
+}
+
+void zepaSetAttentionWindow(QWindow* window)
+{
+    if (ApplicationAttention* attention = current())
+        attention->name(window);
 }

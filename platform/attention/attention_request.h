@@ -16,7 +16,7 @@ public:
 ///
 ///     idle --request, not active--> requested --activated--> idle
 ///
-/// A further request asks again: it may reach windows that were not there before.
+/// A further request asks again: another window may be the one to ask by then.
 class AttentionRequest
 {
 public:

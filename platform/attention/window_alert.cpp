@@ -6,16 +6,19 @@
 #include <QMetaObject>
 #include <QPoint>
 #include <QTimer>
-#include <QWindow>
+
+#include <algorithm>
 
 namespace attention {
 
 namespace {
 
-bool isListedInTaskBar(const QWindow& window)
+bool isListedInTaskBar(const QWindow* window)
 {
-    const bool listedType = window.type() == Qt::Window || window.type() == Qt::Dialog;
-    return listedType && window.isVisible() && !window.flags().testFlag(Qt::BypassWindowManagerHint);
+    if (window == nullptr || !window->isVisible())
+        return false;
+    const bool listedType = window->type() == Qt::Window || window->type() == Qt::Dialog;
+    return listedType && !window->flags().testFlag(Qt::BypassWindowManagerHint);
 }
 
 /// Qt does not flush an alert: an idle program would send it with the next X event only. A question that the display
@@ -27,26 +30,34 @@ void flushSoon()
 
 } // namespace
 
-void alertWindows()
+QWindow* askingWindow(QWindow* named, QWindow* lastActive)
 {
-    const QWindowList windows = QGuiApplication::topLevelWindows();
-    for (QWindow* window : windows) {
-        if (isListedInTaskBar(*window))
-            window->alert(0);
-    }
+    QWindowList windows = QGuiApplication::topLevelWindows();
+    windows.prepend(lastActive);
+    windows.prepend(named);
+    const auto found = std::find_if(windows.cbegin(), windows.cend(), isListedInTaskBar);
+    return found == windows.cend() ? nullptr : *found;
+}
+
+void WindowAlert::set(QWindow* window)
+{
+    if (m_window != window)
+        clear();
+    m_window = window;
+    if (window == nullptr)
+        return;
+    window->alert(0);
     flushSoon();
 }
 
-void clearWindowAlerts()
+void WindowAlert::clear()
 {
-    // Qt itself clears the alert of the window that got the focus, but not those of its siblings, and has no public
+    // Qt itself clears the alert of the window that got the focus, but not when that was another one, and has no public
     // function for it. The slot is the one that ends an alert after its time. It does nothing without an alert.
     constexpr const char* clearSlot = "_q_clearAlert";
-    const QWindowList windows = QGuiApplication::topLevelWindows();
-    for (QWindow* window : windows) {
-        if (window->metaObject()->indexOfMethod(QByteArray(clearSlot) + "()") >= 0)
-            QMetaObject::invokeMethod(window, clearSlot, Qt::DirectConnection);
-    }
+    if (m_window && m_window->metaObject()->indexOfMethod(QByteArray(clearSlot) + "()") >= 0)
+        QMetaObject::invokeMethod(m_window, clearSlot, Qt::DirectConnection);
+    m_window.clear();
     flushSoon();
 }
 

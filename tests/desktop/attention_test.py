@@ -89,18 +89,35 @@ class Attention(AttentionTest):
     def asks(self, window):
         return ASKED in self.desktop.run("xprop", "-id", window, "_NET_WM_STATE")
 
-    def test_an_application_in_the_background_asks_with_all_its_windows_and_withdraws_when_it_is_activated(self):
-        probe = self.start_in_background(2)
+    def test_the_window_that_was_active_last_asks_and_no_other_and_withdraws_when_the_application_is_activated(self):
+        probe = self.start_in_background(3)
+        last = probe.windows[1]
+        self.desktop.run("xdotool", "windowactivate", "--sync", last)
+        probe.wait_for("active")
+        self.activate(self.other)
+        probe.wait_for("inactive")
         probe.tell("request")
-        for window in probe.windows:
-            screen.wait_until(lambda: self.asks(window), "the window should ask for attention")
+        screen.wait_until(lambda: self.asks(last), "the window should ask for attention")
         self.wait_until_heard([True])
-        self.assertFalse(self.asks(self.other.windows[0]))
+        self.assertEqual([window for window in probe.windows + self.other.windows if self.asks(window)], [last])
 
         self.activate(probe)
-        for window in probe.windows:
-            screen.wait_until(lambda: not self.asks(window), "the window should not ask any more")
+        screen.wait_until(lambda: not self.asks(last), "the window should not ask any more")
         self.wait_until_heard([True, False])
+
+    def test_the_named_window_asks_instead_of_the_one_that_asked_before(self):
+        probe = self.start_in_background(2)
+        named, last = probe.windows
+        self.desktop.run("xdotool", "windowactivate", "--sync", last)
+        probe.wait_for("active")
+        self.activate(self.other)
+        probe.wait_for("inactive")
+        probe.tell("request")
+        screen.wait_until(lambda: self.asks(last), "the last active window should ask for attention")
+        probe.tell("name")
+        probe.tell("request")
+        screen.wait_until(lambda: self.asks(named), "the named window should ask for attention")
+        screen.wait_until(lambda: not self.asks(last), "the other one should not ask any more")
 
     def test_a_minimised_window_asks_and_a_hidden_one_does_not(self):
         probe = self.start_in_background(2)

@@ -26,6 +26,8 @@ void obey(const std::string& command, const std::vector<std::unique_ptr<QRasterW
         zepaRequestAttention();
     else if (command == "hide")
         windows.front()->hide();
+    else if (command == "name")
+        zepaSetAttentionWindow(windows.front().get());
     else
         QCoreApplication::quit();
     say("done " + command);
