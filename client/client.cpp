@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "client/client.h"
 
+#include "client/posting/popup_kinds.h"
 #include "core/notification_module.h"
 
 namespace zepa {
@@ -30,6 +31,7 @@ void Client::start()
     watchMethods();
     // Now that all methods are known, the types: for each one the module reads its rules, or writes the defaults.
     ZepaNotificationModule::init();
+    setPopupKinds(*m_module);
     m_ruleBackup.started();
 }
 

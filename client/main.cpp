@@ -11,11 +11,13 @@
 #include "client/languages.h"
 #include "client/rules/rule_backup.h"
 #include "client/services/client_requests.h"
+#include "client/termination.h"
 #include "client/ui/main/main_window.h"
 #include "platform/bus/session_bus.h"
 
 #include <QApplication>
 #include <QDir>
+#include <QIcon>
 #include <QWidget>
 
 #include <optional>
@@ -41,6 +43,7 @@ int runWindow(zepa::Client& client, zepa::bus::SessionBus& bus, const QString& t
     // Not quit(): that asks the windows first, and ours would rather hide.
     QObject::connect(&ClientRequests::instance(), &ClientRequests::quit, qApp, [] { QCoreApplication::exit(); });
     window.show();
+    zepa::quitOnTermination();
     return QCoreApplication::exec();
 }
 
@@ -61,6 +64,7 @@ void obeyRequests()
     // Whoever waits for an answer goes on as if there was none.
     QObject::connect(&ClientRequests::instance(), &ClientRequests::quit, qApp,
                      [] { QCoreApplication::exit(zepa::cli::NotClicked); });
+    zepa::quitOnTermination();
 }
 
 int run(int argc, char** argv)
@@ -119,6 +123,9 @@ int run(int argc, char** argv)
     else if (!client.settings().isFileReadable())
         cli::complain(QStringLiteral("the settings file %1 cannot be read: every setting has its initial value")
                           .arg(cli::onOneLine(client.settings().settingsFile())));
+    // Pop-ups and windows show the desktop's picture for it where it is installed.
+    QApplication::setWindowIcon(QIcon::fromTheme(
+        QStringLiteral("zepa"), QIcon(client.settings().getCurrentThemeDir() + QStringLiteral("/icons/zepa.png"))));
     if (line.opensWindow())
         return runWindow(client, bus, token);
 
@@ -136,5 +143,7 @@ int run(int argc, char** argv)
 int main(int argc, char** argv)
 {
     zepa::cli::reserveClosedStreams();
-    return zepa::cli::exitCodeAfterOutput(run(argc, argv));
+    const int code = zepa::cli::exitCodeAfterOutput(run(argc, argv));
+    zepa::endBySignal();
+    return code;
 }

@@ -6,7 +6,7 @@
 
 #include "core/notification_method.h"
 #include "core/notification_rule.h"
-#include "notify_call.h"
+#include "freedesktop/notify_call.h"
 
 #include <QApplication>
 #include <QFile>

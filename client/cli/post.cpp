@@ -40,9 +40,9 @@ public:
             "Prints which methods were called. With --wait it stays until the pop-up is answered and prints\n"
             "\"clicked\", \"timed out\" (closed without a click counts as that) or \"not shown: REASON\"; the exit\n"
             "code is 0, 3 or 4 then.\n\n"
-            "An action is run by the program that posted, so it takes --wait. An address opens with the desktop's\n"
-            "program for it; a command is started without a shell, with XDG_ACTIVATION_TOKEN in its environment when\n"
-            "the desktop gave one.");
+            "An action is run by the program that posted, so it takes --wait, or a client that is running; otherwise\n"
+            "the pop-up is not clickable. An address opens with the desktop's program for it; a command is started\n"
+            "without a shell, with XDG_ACTIVATION_TOKEN in its environment when the desktop gave one.");
     }
     QList<QCommandLineOption> options() const override
     {
@@ -97,12 +97,16 @@ std::optional<Event> Post::readEvent(const QCommandLineParser& line, Client& cli
 
 void Post::start(const QCommandLineParser& line, Client& client, Job& job) const
 {
-    const auto event = readEvent(line, client, job);
+    auto event = readEvent(line, client, job);
     if (!event)
         return job.finish(WrongUsage);
     const bool waits = line.isSet(QStringLiteral("wait"));
     if (!event->action.isNull() && !waits && !job.isElsewhere())
         complain(QStringLiteral("without --wait nobody is left to run the action when the pop-up is clicked"));
+
+    // So the pop-up must not invite a click.
+    if (!waits && !job.isElsewhere())
+        event->action = QString();
 
     waitForNotificationService();
     std::function<void(Answer)> answered;

@@ -1,10 +1,17 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "client/methods/watched_method.h"
 
+#include "client/posting/chat_attention.h"
 #include "client/rules/method_titles.h"
 #include "core/notification.h"
 
 namespace zepa {
+
+namespace {
+
+constexpr char16_t attentionMethod[] = u"zepa_dock_bounce_notification_method";
+
+} // namespace
 
 WatchedMethod::WatchedMethod(ZepaNotificationMethod& watched, DeliveryLog& log) : m_watched(watched), m_log(log)
 {
@@ -21,6 +28,9 @@ void WatchedMethod::postNotification(unsigned int sequence, ZepaNotification* no
     const PopupPicture picture = m_pictures ? m_pictures->prepare(icon) : PopupPicture{icon, {}};
     m_log.delivered(
         {getId(), methodTitle(m_watched), config, m_names.contains(notification->getName()), picture.problem});
+    // The method itself has no arguments to give to the platform.
+    if (getId() == attentionMethod)
+        nameChatForAttention(args);
     m_watched.postNotification(sequence, notification, title, text, picture.path, extra, config, action, args);
 }
 

@@ -51,7 +51,7 @@ public:
                 m_request.applicationActivated();
         });
         connect(&application, &QGuiApplication::focusWindowChanged, this, [this](QWindow* window) {
-            if (window != nullptr)
+            if (attention::canAsk(window))
                 m_effects.lastActive = window;
         });
     }

@@ -6,9 +6,11 @@
 
 namespace attention {
 
+/// Whether the window, which may be null, is visible and one that a task bar lists.
+bool canAsk(const QWindow* window);
+
 /// The window that asks for the whole application, since some desktops make a notification of each one that does:
-/// `named` or else `lastActive` if it is one that a task bar lists and is visible (both may be null), else the first
-/// such window. Null when there is none.
+/// `named`, else `lastActive`, else the first; of those that can. Null when there is none.
 QWindow* askingWindow(QWindow* named, QWindow* lastActive);
 
 /// The window manager's attention state, on one window at a time. Does nothing where Qt's platform has no such state

@@ -6,9 +6,11 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QImage>
+#include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
 
+#include <csignal>
 #include <sys/stat.h>
 
 namespace {
@@ -67,6 +69,49 @@ TEST_F(ProgramOnBus, PostSaysThatThePopUpWentAwayWithoutAClick)
     EXPECT_EQ(outcome.code, 3);
     EXPECT_EQ(outcome.lines().constLast(), QStringLiteral("timed out"));
     EXPECT_FALSE(QFileInfo::exists(inFolder(QStringLiteral("ran"))));
+}
+
+TEST_F(ProgramOnBus, PostOffersNoActionThatNobodyIsLeftToRun)
+{
+    const auto service = startService();
+    const Outcome outcome = run(postAnna({QStringLiteral("--action"), action()}));
+    EXPECT_EQ(outcome.code, 0) << outcome.err.toStdString();
+    ASSERT_TRUE(waitForPopups(*service, 1));
+    EXPECT_TRUE(service->calls().first()[QStringLiteral("actions")].toArray().isEmpty());
+    EXPECT_TRUE(service->calls(QStringLiteral("CloseNotification")).isEmpty());
+}
+
+TEST_F(ProgramOnBus, EndsInOrderOnASignalAndLeavesNoPopUpThatCouldBeClicked)
+{
+    const auto service = startService();
+    for (const int signal : {SIGTERM, SIGINT}) {
+        const auto program = start(postAnna({wait, QStringLiteral("--action"), action()}));
+        const auto popups = service->calls().size() + 1;
+        ASSERT_TRUE(waitForPopups(*service, static_cast<int>(popups)));
+        ::kill(static_cast<pid_t>(program->processId()), signal);
+        const auto closed = [&] { return service->calls(QStringLiteral("CloseNotification")); };
+        ASSERT_TRUE(waitFor([&] { return closed().size() == popups; })) << signal;
+        EXPECT_EQ(closed().constLast()[QStringLiteral("id")].toInt(), popups);
+        ASSERT_TRUE(waitFor([&] { return program->state() == QProcess::NotRunning; }));
+        EXPECT_EQ(program->exitStatus(), QProcess::CrashExit) << "whoever waits for it does not see the signal";
+        EXPECT_EQ(program->exitCode(), signal);
+    }
+}
+
+TEST_F(ProgramOnBus, PostSaysWhatItsPopUpIsAbout)
+{
+    const auto service = startService();
+    EXPECT_EQ(run(postAnna({})).code, 0);
+    const QString rule = QStringLiteral("zepa_hint_notification");
+    run({QStringLiteral("rule"), QStringLiteral("set"), QStringLiteral("buddy_connected"), rule});
+    run({QStringLiteral("post"), QStringLiteral("buddy_connected"), QStringLiteral("--title"), QStringLiteral("Ben")});
+    ASSERT_TRUE(waitForPopups(*service, 2));
+    const auto hints = [&](int number) { return service->calls()[number][QStringLiteral("values")].toObject(); };
+    EXPECT_EQ(hints(0)[QStringLiteral("category")], QStringLiteral("im.received"));
+    EXPECT_FALSE(hints(0).contains(QStringLiteral("transient")));
+    EXPECT_EQ(hints(1)[QStringLiteral("category")], QStringLiteral("presence.online"));
+    EXPECT_EQ(hints(1)[QStringLiteral("transient")], true);
+    EXPECT_EQ(service->calls()[0][QStringLiteral("icon")], QStringLiteral("zepa"));
 }
 
 TEST_F(ProgramOnBus, ABusThatKeepsSilentIsAskedOnceAndCountsAsNone)

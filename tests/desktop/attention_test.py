@@ -174,20 +174,23 @@ class AttentionOfTheClient(DesktopTest):
 
     options = {"service": "none"}
 
-    def test_a_message_that_opens_a_conversation_asks_with_the_chat_window_until_it_is_activated(self):
+    def test_a_message_asks_with_the_chat_window_of_its_contact_until_that_is_activated(self):
         script = self.desktop.folder / "script.jsonl"
-        # On a slow machine the first comes before the other window is active, and asks for nothing.
+        # On a slow machine the first comes before the other window is active, and asks for nothing. Bob's window opens
+        # last, so it is the one that was active last.
         script.write_text("".join(
-            f'{{"at": {at}, "type": "message_received_initial", "title": "{at}", "buddy": "Ann"}}\n'
-            for at in (3, 8, 15, 100)))
+            f'{{"at": {at}, "type": "message_received_initial", "title": "{at}", "buddy": "{who}"}}\n'
+            for at, who in ((3, "Ann"), (8, "Ann"), (15, "Ann"), (100, "Bob"))))
         self.start_zepa("play", str(script), "--chats")
-        chat = screen.wait_until(lambda: screen.windows(self.desktop, "--name", "^Ann"), "the chat window")[0]
+        ann, bob = (screen.wait_until(lambda name=name: screen.windows(self.desktop, "--name", name), "the chat")[0]
+                    for name in ("^Ann", "^Bob"))
         other = Probe(self, 1)
         self.desktop.run("xdotool", "windowactivate", "--sync", other.windows[0])
 
-        def asks():
+        def asks(chat):
             return ASKED in self.desktop.run("xprop", "-id", chat, "_NET_WM_STATE")
 
-        screen.wait_until(asks, "the chat window should ask for attention")
-        self.desktop.run("xdotool", "windowactivate", "--sync", chat)
-        screen.wait_until(lambda: not asks(), "the chat window should not ask any more")
+        screen.wait_until(lambda: asks(ann), "the chat window should ask for attention")
+        self.assertFalse(asks(bob))
+        self.desktop.run("xdotool", "windowactivate", "--sync", ann)
+        screen.wait_until(lambda: not asks(ann), "the chat window should not ask any more")

@@ -170,8 +170,11 @@ private:
         QVariantMap hints;
         arguments.value(6).value<QDBusArgument>() >> hints;
         QJsonObject types;
-        for (auto hint = hints.cbegin(); hint != hints.cend(); ++hint)
+        QJsonObject values;
+        for (auto hint = hints.cbegin(); hint != hints.cend(); ++hint) {
             types[hint.key()] = typeOf(hint.value());
+            values[hint.key()] = QJsonValue::fromVariant(hint.value());
+        }
         QJsonObject line{{QStringLiteral("call"), QStringLiteral("Notify")},
                          {QStringLiteral("sender"), call.service()},
                          {QStringLiteral("signature"), call.signature()},
@@ -182,6 +185,7 @@ private:
                          {QStringLiteral("body"), arguments.value(4).toString()},
                          {QStringLiteral("actions"), QJsonArray::fromStringList(arguments.value(5).toStringList())},
                          {QStringLiteral("hints"), types},
+                         {QStringLiteral("values"), values},
                          {QStringLiteral("urgency"), hints.value(QStringLiteral("urgency")).toInt()},
                          {QStringLiteral("timeout"), arguments.value(7).toInt()}};
         if (hints.contains(QStringLiteral("image-data")))
