@@ -130,6 +130,8 @@ class Attention(AttentionTest):
 
     def test_an_active_application_asks_for_nothing(self):
         probe = Probe(self, 1)
+        # A window manager that is busy may not give the focus to a new window by itself.
+        self.activate(probe)
         probe.wait_for("active")
         probe.tell("request")
         self.other = Probe(self, 1)
