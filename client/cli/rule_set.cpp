@@ -5,6 +5,7 @@
 #include "client/cli/output.h"
 #include "client/cli/rule_file.h"
 #include "client/client.h"
+#include "client/methods/command/shell_warning.h"
 #include "core/notification_method.h"
 #include "core/notification_module.h"
 #include "core/notification_rule.h"
@@ -67,6 +68,9 @@ public:
                 return WrongUsage;
             }
         }
+        const QString warning = shellWarning(method->getId(), fields);
+        if (!warning.isEmpty())
+            complain(warning);
         return changeRules(client, type,
                            [&] { client.module().updateNotificationRule(type, method->getId(), fields); });
     }

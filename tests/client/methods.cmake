@@ -6,6 +6,7 @@ zepa_test(client_methods_test LABEL unit
     methods/log_file_method_test.cpp
     methods/log_writer_test.cpp
     methods/outside_methods_test.cpp
+    methods/shell_warning_test.cpp
     methods/speech_method_test.cpp
     methods/speech_text_test.cpp
     methods/word_list_test.cpp

@@ -12,16 +12,6 @@ namespace zepa {
 
 namespace {
 
-const QString commandId = QStringLiteral("command");
-
-/// One text of the event: the letter that stands for it, its variable, and what it is.
-struct EventText
-{
-    QChar letter;
-    QString variable;
-    QString text;
-};
-
 /// As the system can take it: a null character would end it.
 QString passable(QString text)
 {
@@ -31,12 +21,24 @@ QString passable(QString text)
 
 } // namespace
 
+const QList<CommandText>& commandTexts()
+{
+    static const QList<CommandText> texts{
+        {u'n', QStringLiteral("ZEPA_TYPE")},      {u'N', QStringLiteral("ZEPA_TYPE_NAME")},
+        {u't', QStringLiteral("ZEPA_TITLE")},     {u'm', QStringLiteral("ZEPA_TEXT")},
+        {u'i', QStringLiteral("ZEPA_ICON")},      {u'b', QStringLiteral("ZEPA_BUDDY")},
+        {u'B', QStringLiteral("ZEPA_BUDDY_NAME")}};
+    return texts;
+}
+
 CommandMethod::CommandMethod()
 {
     fields = {ZepaField::textEdit(
-        QCoreApplication::translate("zepa", "Command"), commandId, {},
+        QCoreApplication::translate("zepa", "Command"), commandSettingId, {},
         QCoreApplication::translate("zepa", "A program and its arguments. %t is the title, %m the message, %B the "
-                                            "buddy. Quotes keep words together; no shell runs it."))};
+                                            "contact; the program also finds them in its environment, as ZEPA_TITLE, "
+                                            "ZEPA_TEXT and ZEPA_BUDDY_NAME. Use quotes to group words. The command "
+                                            "does not run in a shell."))};
 }
 
 void CommandMethod::postNotification(unsigned int /*sequence*/, ZepaNotification* notification, const QString& title,
@@ -44,7 +46,7 @@ void CommandMethod::postNotification(unsigned int /*sequence*/, ZepaNotification
                                      const QList<ZepaField>& config, const ZepaPluginAction& /*action*/,
                                      const QList<ZepaArg>& args)
 {
-    const QString command = ruleSetting(config, commandId).getText();
+    const QString command = ruleSetting(config, commandSettingId).getText();
     std::optional<QStringList> words = splitWords(command);
     if (!words)
         return m_faults.failed(command, QStringLiteral("a quote is not closed, or a backslash stands at the end"));
@@ -52,17 +54,13 @@ void CommandMethod::postNotification(unsigned int /*sequence*/, ZepaNotification
         return m_faults.failed(getId(), QStringLiteral("a rule names no program"));
 
     const ZepaBuddy buddy = args.isEmpty() ? ZepaBuddy() : args.constFirst().toBuddy();
-    QHash<QChar, QString> texts;
+    QHash<QChar, QString> texts{
+        {u'n', notification->getId()}, {u'N', notification->getName()}, {u't', title}, {u'm', text}, {u'i', icon},
+        {u'b', buddy.getId()},         {u'B', buddy.getName()}};
     QHash<QString, QString> environment;
-    for (const EventText& one :
-         {EventText{u'n', QStringLiteral("ZEPA_TYPE"), notification->getId()},
-          EventText{u'N', QStringLiteral("ZEPA_TYPE_NAME"), notification->getName()},
-          EventText{u't', QStringLiteral("ZEPA_TITLE"), title}, EventText{u'm', QStringLiteral("ZEPA_TEXT"), text},
-          EventText{u'i', QStringLiteral("ZEPA_ICON"), icon},
-          EventText{u'b', QStringLiteral("ZEPA_BUDDY"), buddy.getId()},
-          EventText{u'B', QStringLiteral("ZEPA_BUDDY_NAME"), buddy.getName()}}) {
-        texts.insert(one.letter, passable(one.text));
-        environment.insert(one.variable, texts.value(one.letter));
+    for (const CommandText& one : commandTexts()) {
+        texts[one.letter] = passable(texts[one.letter]);
+        environment.insert(one.variable, texts[one.letter]);
     }
     for (qsizetype i = 1; i < words->size(); ++i)
         (*words)[i] = filledIn(words->at(i), texts);
@@ -77,7 +75,7 @@ void CommandMethod::postNotification(unsigned int /*sequence*/, ZepaNotification
 
 QString CommandMethod::getId() const
 {
-    return QStringLiteral("zepa_command_notification_method");
+    return commandMethodId;
 }
 
 QString CommandMethod::getActionName() const

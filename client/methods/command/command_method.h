@@ -5,7 +5,22 @@
 #include "client/methods/fault_log.h"
 #include "core/notification_method.h"
 
+#include <QList>
+#include <QString>
+
 namespace zepa {
+
+inline const QString commandMethodId = QStringLiteral("zepa_command_notification_method");
+/// The only setting of its rules.
+inline const QString commandSettingId = QStringLiteral("command");
+
+/// A text of an event as a command gets it.
+struct CommandText
+{
+    QChar letter;     ///< %letter in an argument
+    QString variable; ///< in the environment
+};
+const QList<CommandText>& commandTexts();
 
 /// Runs a command of the user's for each event. No type has a rule for it until the user adds one.
 ///

@@ -1,0 +1,69 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "client/methods/command/shell_warning.h"
+
+#include "client/methods/command/command_method.h"
+#include "client/methods/command/word_list.h"
+#include "client/methods/rule_setting.h"
+
+#include <QCoreApplication>
+#include <QRegularExpression>
+#include <QStringList>
+
+#include <algorithm>
+#include <utility>
+
+namespace zepa {
+
+namespace {
+
+/// Also behind another program, as in `env sh -c ...` or `xterm -e bash -c ...`.
+bool isShell(const QString& word)
+{
+    static const QStringList shells{QStringLiteral("sh"),   QStringLiteral("ash"),  QStringLiteral("bash"),
+                                    QStringLiteral("dash"), QStringLiteral("fish"), QStringLiteral("ksh"),
+                                    QStringLiteral("mksh"), QStringLiteral("zsh"),  QStringLiteral("csh"),
+                                    QStringLiteral("tcsh"), QStringLiteral("su"),   QStringLiteral("runuser")};
+    return shells.contains(word.section(u'/', -1));
+}
+
+/// The script that the command gives to a shell; null when it gives none. Words behind the script are the script's
+/// arguments, which are safe.
+QString shellScript(const QStringList& words)
+{
+    static const QRegularExpression takesScript(QStringLiteral("^(-[A-Za-z]*c[A-Za-z]*|--command)$"));
+    static const QString inOneWord = QStringLiteral("--command=");
+    const auto shell = std::find_if(words.cbegin(), words.cend(), isShell);
+    bool isNext = false;
+    for (auto word = shell; word != words.cend(); ++word) {
+        if (word->startsWith(inOneWord))
+            return word->sliced(inOneWord.size());
+        if (takesScript.match(*word).hasMatch())
+            isNext = true;
+        else if (isNext && !word->startsWith(u'-'))
+            return *word;
+    }
+    return {};
+}
+
+} // namespace
+
+QString shellWarning(const QString& methodId, const QList<ZepaField>& settings)
+{
+    if (methodId != commandMethodId)
+        return {};
+    const auto words = splitWords(ruleSetting(settings, commandSettingId).getText());
+    const QString script = words ? shellScript(*words) : QString();
+    QStringList advice;
+    for (const auto& [letter, variable] : commandTexts()) {
+        if (filledIn(script, {{letter, QString()}}) != filledIn(script, {}))
+            advice.append(QCoreApplication::translate("zepa", "\"$%1\" instead of %2").arg(variable, u'%' + letter));
+    }
+    if (advice.isEmpty())
+        return {};
+    return QCoreApplication::translate("zepa",
+                                       "Unsafe: the shell would run commands that somebody writes into these texts. "
+                                       "Use environment variables, in double quotes: %1.")
+        .arg(advice.join(QCoreApplication::translate("zepa", ", ")));
+}
+
+} // namespace zepa
