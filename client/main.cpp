@@ -71,6 +71,7 @@ int run(int argc, char** argv)
 {
     using namespace zepa;
 
+    cli::filterLog();
     QStringList arguments;
     for (int i = 1; i < argc; ++i)
         arguments.append(QString::fromLocal8Bit(argv[i]));

@@ -45,7 +45,7 @@ void CommandLine::choose(QStringList& arguments)
     qsizetype at = 0;
     while (at < arguments.size() && arguments[at].startsWith(u'-')) {
         if (arguments[at] == QStringLiteral("--help") || arguments[at] == QStringLiteral("-h")) {
-            say(overview(m_commands).trimmed());
+            passOn(Stream::Output, overview(m_commands).toUtf8());
             return;
         }
         if (arguments[at] == QStringLiteral("--version")) {
@@ -83,7 +83,7 @@ void CommandLine::parse(const QStringList& arguments)
     const bool understood = m_parser.parse(QStringList{QStringLiteral("zepa")} +
                                            (m_command ? m_command->normalised(arguments) : arguments));
     if (m_command && m_parser.isSet(helpOption)) {
-        say(manual(*m_command).trimmed());
+        passOn(Stream::Output, manual(*m_command).toUtf8());
         m_command = nullptr;
         return;
     }

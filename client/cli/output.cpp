@@ -4,6 +4,7 @@
 #include "client/cli/standard_streams.h"
 
 #include <QJsonDocument>
+#include <QtCore/qlogging.h>
 
 #include <algorithm>
 #include <utility>
@@ -13,9 +14,43 @@ namespace zepa::cli {
 namespace {
 
 OutputSink* currentSink = nullptr;
+QtMessageHandler unfilteredLog = nullptr;
 
-void write(Stream stream, const QByteArray& bytes)
+/// Terminals take some of these for commands; others hide or reorder what stands around them.
+bool isEscaped(QChar c)
 {
+    switch (c.category()) {
+    case QChar::Other_Control:
+    case QChar::Other_Format:
+    case QChar::Separator_Line:
+    case QChar::Separator_Paragraph:
+        return true;
+    default:
+        return false;
+    }
+}
+
+QString escaped(const QString& text, QStringView except)
+{
+    QString shown;
+    shown.reserve(text.size());
+    for (const QChar c : text) {
+        if (!isEscaped(c) || except.contains(c))
+            shown += c;
+        else if (c == u'\n')
+            shown += QStringLiteral("\\n");
+        else if (c == u'\t')
+            shown += QStringLiteral("\\t");
+        else
+            shown += QStringLiteral("\\u%1").arg(c.unicode(), 4, 16, QChar(u'0'));
+    }
+    return shown;
+}
+
+/// The one way out of the program.
+void write(Stream stream, const QString& text)
+{
+    const QByteArray bytes = escaped(text, u"\n\t").toUtf8();
     if (currentSink) {
         currentSink->write(stream, bytes);
         return;
@@ -35,35 +70,22 @@ OutputTo::~OutputTo()
 
 QString onOneLine(const QString& text)
 {
-    QString line;
-    line.reserve(text.size());
-    for (const QChar c : text) {
-        if (c == u'\n')
-            line += QStringLiteral("\\n");
-        else if (c == u'\t')
-            line += QStringLiteral("\\t");
-        else if (c.category() == QChar::Other_Control || c.category() == QChar::Other_Format ||
-                 c.category() == QChar::Separator_Line || c.category() == QChar::Separator_Paragraph)
-            line += QStringLiteral("\\u%1").arg(c.unicode(), 4, 16, QChar(u'0'));
-        else
-            line += c;
-    }
-    return line;
+    return escaped(text, {});
 }
 
 void passOn(Stream stream, const QByteArray& text)
 {
-    write(stream, text);
+    write(stream, QString::fromUtf8(text));
 }
 
 void say(const QString& line)
 {
-    write(Stream::Output, (line + u'\n').toUtf8());
+    write(Stream::Output, onOneLine(line) + u'\n');
 }
 
 void complain(const QString& line)
 {
-    write(Stream::Errors, (QStringLiteral("zepa: ") + line + u'\n').toUtf8());
+    write(Stream::Errors, QStringLiteral("zepa: ") + onOneLine(line) + u'\n');
 }
 
 void sayTable(const QStringList& headings, const QList<QStringList>& rows)
@@ -90,12 +112,21 @@ void sayTable(const QStringList& headings, const QList<QStringList>& rows)
 
 void sayJson(const QJsonArray& array)
 {
-    write(Stream::Output, QJsonDocument(array).toJson(QJsonDocument::Indented));
+    passOn(Stream::Output, QJsonDocument(array).toJson(QJsonDocument::Indented));
 }
 
 void sayJsonLine(const QJsonObject& object)
 {
-    write(Stream::Output, QJsonDocument(object).toJson(QJsonDocument::Compact) + '\n');
+    passOn(Stream::Output, QJsonDocument(object).toJson(QJsonDocument::Compact) + '\n');
+}
+
+void filterLog()
+{
+    if (unfilteredLog)
+        return;
+    unfilteredLog = qInstallMessageHandler([](QtMsgType type, const QMessageLogContext& context, const QString& text) {
+        unfilteredLog(type, context, escaped(text, u"\n\t"));
+    });
 }
 
 } // namespace zepa::cli

@@ -9,7 +9,9 @@
 #include <QStringList>
 
 /// What the program says: results on standard output, everything else on standard error, in UTF-8; or both to someone
-/// else, for whom a command is carried out.
+/// else, for whom a command is carried out. Whatever the text, it steers no terminal: everything that is said here has
+/// its control characters, other than line breaks and tabs, its marks of direction and its other invisible characters
+/// as visible escapes such as \u001b, which JSON reads as what they stand for.
 namespace zepa::cli {
 
 enum class Stream { Output, Errors };
@@ -38,14 +40,14 @@ private:
     OutputSink* const m_before;
 };
 
-/// `text` fit for one line of a terminal: control characters become visible escapes and steer nothing.
+/// `text` for one line: line breaks and tabs become visible escapes, too.
 QString onOneLine(const QString& text);
 
-/// Text as it stands, whole lines.
+/// Whole lines in UTF-8.
 void passOn(Stream stream, const QByteArray& text);
-/// One line on standard output, at once.
+/// One line on standard output, at once; onOneLine() makes it one.
 void say(const QString& line);
-/// One line on standard error, behind the program's name.
+/// The same on standard error, behind the program's name.
 void complain(const QString& line);
 
 /// Columns aligned under their headings.
@@ -54,5 +56,8 @@ void sayTable(const QStringList& headings, const QList<QStringList>& rows);
 void sayJson(const QJsonArray& array);
 /// One object on one line, for streams of them.
 void sayJsonLine(const QJsonObject& object);
+
+/// From now on, what is logged through Qt has the same escapes. Log categories and their output stay as they are.
+void filterLog();
 
 } // namespace zepa::cli

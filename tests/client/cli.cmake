@@ -22,8 +22,9 @@ zepa_test(client_program_test LABEL unit
     program_rules_test.cpp
     program_settings_test.cpp
     program_streams_test.cpp
+    program_terminal_test.cpp
   LIBRARIES Qt6::Core)
-set_source_files_properties(program_rules_test.cpp PROPERTIES SKIP_UNITY_BUILD_INCLUSION ON)
+set_source_files_properties(program_rules_test.cpp program_terminal_test.cpp PROPERTIES SKIP_UNITY_BUILD_INCLUSION ON)
 target_compile_definitions(client_program_test PRIVATE ZEPA_PROGRAM="$<TARGET_FILE:zepa>")
 add_dependencies(client_program_test zepa)
 

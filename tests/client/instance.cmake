@@ -8,6 +8,7 @@ zepa_test(client_instance_test LABEL service
   SOURCES
     instance_calls_test.cpp
     instance_fixture.cpp
+    instance_forged_owner_test.cpp
     instance_handed_over_test.cpp
     instance_sandbox_test.cpp
     instance_start_test.cpp

@@ -1,0 +1,86 @@
+// SPDX-License-Identifier: Apache-2.0
+// Somebody else owns the client's name on the bus: what it says does not steer the user's terminal.
+#include "client/instance/names.h"
+#include "instance_fixture.h"
+
+#include <QDBusConnection>
+#include <QDBusVirtualObject>
+
+namespace {
+
+using namespace zepa;
+
+const QString hostile = QStringLiteral("\x1b]0;owned\x07\u009b2J\u202e\r");
+const QString escaped = QStringLiteral("\\u001b]0;owned\\u0007\\u009b2J\\u202e\\u000d");
+
+/// Takes every command for its own and answers with what the test wants to be said.
+class ForgedOwner : public QDBusVirtualObject
+{
+public:
+    /// An error when it is not empty, else output.
+    QString error;
+
+    QString introspect(const QString& /*path*/) const override { return {}; }
+    bool handleMessage(const QDBusMessage& message, const QDBusConnection& bus) override
+    {
+        if (!error.isEmpty())
+            return bus.send(message.createErrorReply(instance::interfaceName + QStringLiteral(".Error.X"), error));
+        bus.send(message.createReply(QVariantList{1U}));
+        for (const bool isError : {false, true})
+            send(message, bus, QStringLiteral("Output"), {1U, isError, QStringLiteral("a\tb\n") + hostile + u'\n'});
+        send(message, bus, QStringLiteral("Finished"), {1U, 0});
+        return true;
+    }
+
+private:
+    static void send(const QDBusMessage& call, const QDBusConnection& bus, const QString& signal,
+                     const QVariantList& arguments)
+    {
+        QDBusMessage message =
+            QDBusMessage::createTargetedSignal(call.service(), instance::objectPath, instance::interfaceName, signal);
+        message.setArguments(arguments);
+        bus.send(message);
+    }
+};
+
+class InstanceForgedOwner : public InstanceTest
+{
+protected:
+    void SetUp() override
+    {
+        QDBusConnection bus = QDBusConnection::sessionBus();
+        ASSERT_TRUE(bus.registerVirtualObject(instance::objectPath, &m_owner));
+        ASSERT_TRUE(bus.registerService(clientName()));
+    }
+    void TearDown() override
+    {
+        QDBusConnection bus = QDBusConnection::sessionBus();
+        bus.unregisterService(clientName());
+        bus.unregisterObject(instance::objectPath);
+    }
+
+    Outcome runTypes()
+    {
+        const auto process = start({QStringLiteral("types")});
+        EXPECT_TRUE(waitFor([&process] { return process->state() == QProcess::NotRunning; }));
+        return finish(*process);
+    }
+
+    ForgedOwner m_owner;
+};
+
+TEST_F(InstanceForgedOwner, HasItsEscapesMadeVisible)
+{
+    const Outcome outcome = runTypes();
+    EXPECT_EQ(outcome.code, 0);
+    EXPECT_EQ(outcome.out, QStringLiteral("a\tb\n") + escaped + u'\n');
+    EXPECT_EQ(outcome.err, QStringLiteral("a\tb\n") + escaped + u'\n');
+}
+
+TEST_F(InstanceForgedOwner, HasTheEscapesOfAnErrorMadeVisible)
+{
+    m_owner.error = QStringLiteral("one") + hostile + QStringLiteral("\ntwo");
+    EXPECT_EQ(runTypes().err, QStringLiteral("zepa: one") + escaped + QStringLiteral("\nzepa: two\n"));
+}
+
+} // namespace
