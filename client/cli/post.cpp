@@ -42,7 +42,8 @@ public:
             "code is 0, 3 or 4 then.\n\n"
             "An action is run by the program that posted, so it takes --wait, or a client that is running; otherwise\n"
             "the pop-up is not clickable. An address opens with the desktop's program for it; a command is started\n"
-            "without a shell, with XDG_ACTIVATION_TOKEN in its environment when the desktop gave one.");
+            "without a shell, with XDG_ACTIVATION_TOKEN in its environment when the desktop gave one. Single and\n"
+            "double quotes group words.");
     }
     QList<QCommandLineOption> options() const override
     {
@@ -86,7 +87,7 @@ std::optional<Event> Post::readEvent(const QCommandLineParser& line, Client& cli
         return std::nullopt;
     }
     if (line.isSet(QStringLiteral("action"))) {
-        const QString problem = problemWithAction(event.action);
+        const QString problem = problemWithAction(event.action, job.folder());
         if (!problem.isEmpty()) {
             complain(QStringLiteral("--action %1").arg(problem));
             return std::nullopt;

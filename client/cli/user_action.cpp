@@ -2,8 +2,10 @@
 #include "client/cli/user_action.h"
 
 #include "client/cli/output.h"
+#include "client/methods/command/word_list.h"
 
 #include <QDesktopServices>
+#include <QDir>
 #include <QProcess>
 #include <QStandardPaths>
 #include <QUrl>
@@ -19,19 +21,28 @@ bool isAddress(const QString& action)
     return url.isValid() && url.scheme().size() > 1;
 }
 
+/// The program of a command that runs in `folder`.
+QString located(const QString& program, const QString& folder)
+{
+    return program.contains(u'/') ? QDir(folder).absoluteFilePath(program) : program;
+}
+
 } // namespace
 
-QString problemWithAction(const QString& action)
+QString problemWithAction(const QString& action, const QString& folder)
 {
     if (isAddress(action))
         return {};
-    const QStringList words = QProcess::splitCommand(action);
-    if (words.isEmpty())
+    const auto words = splitWords(action);
+    if (!words)
+        return QStringLiteral("has a quote that is not closed, or a backslash at its end; allowed is an address "
+                              "(https://...) or a command");
+    if (words->isEmpty() || words->constFirst().isEmpty())
         return QStringLiteral("is empty; allowed is an address (https://...) or a command");
-    if (QStandardPaths::findExecutable(words.constFirst()).isEmpty())
+    if (QStandardPaths::findExecutable(located(words->constFirst(), folder)).isEmpty())
         return QStringLiteral("names the program \"%1\", which is not there; allowed is an address (https://...) or a "
                               "command")
-            .arg(onOneLine(words.constFirst()));
+            .arg(onOneLine(words->constFirst()));
     return {};
 }
 
@@ -45,9 +56,9 @@ void startAction(const QString& action, const QString& folder)
             complain(QStringLiteral("nothing opens %1").arg(onOneLine(action)));
         return;
     }
-    QStringList words = QProcess::splitCommand(action);
-    const QString program = words.takeFirst();
-    if (!QProcess::startDetached(program, words, folder))
+    auto words = splitWords(action);
+    const QString program = words && !words->isEmpty() ? words->takeFirst() : QString();
+    if (program.isEmpty() || !QProcess::startDetached(located(program, folder), *words, folder))
         complain(QStringLiteral("the command %1 did not start").arg(onOneLine(action)));
 }
 

@@ -60,8 +60,30 @@ TEST_F(UserAction, StartsACommandWithoutAShell)
 {
     const QString program = makeProgram(QStringLiteral("program"));
     qputenv("XDG_ACTIVATION_TOKEN", "the-token");
-    startAction(program + QStringLiteral(" one \"two words\" $(id) ;rm * 'x"));
-    EXPECT_EQ(written(), "one\ntwo words\n$(id)\n;rm\n*\n'x\ntoken=the-token\n");
+    startAction(program + QStringLiteral(" one \"two words\" $(id) ;rm * 'a b' c\\ d"));
+    EXPECT_EQ(written(), "one\ntwo words\n$(id)\n;rm\n*\na b\nc d\ntoken=the-token\n");
+}
+
+TEST_F(UserAction, IsRefusedWhenItCannotBeTakenApart)
+{
+    for (const char16_t* open : {u"true \"x", u"true 'x", u"true x\\"})
+        EXPECT_TRUE(problemWithAction(QString::fromUtf16(open)).contains(QStringLiteral("quote")))
+            << QString::fromUtf16(open).toStdString();
+    EXPECT_EQ(problemWithAction(QStringLiteral("'true' 'x y'")), QString());
+}
+
+TEST_F(UserAction, MayBeAProgramInTheFolderInWhichItRuns)
+{
+    makeProgram(QStringLiteral("program"));
+    const QString action = QStringLiteral("./program x");
+    EXPECT_EQ(problemWithAction(action, m_folder.path()), QString());
+    EXPECT_FALSE(problemWithAction(action, QStringLiteral("/nonexistent")).isEmpty());
+    EXPECT_FALSE(problemWithAction(QStringLiteral("program x"), m_folder.path()).isEmpty());
+    // A folder of that name is no program.
+    ASSERT_TRUE(QDir(m_folder.path()).mkdir(QStringLiteral("folder")));
+    EXPECT_FALSE(problemWithAction(QStringLiteral("./folder"), m_folder.path()).isEmpty());
+    startAction(action, m_folder.path());
+    EXPECT_EQ(written(), "x\ntoken=\n");
 }
 
 TEST_F(UserAction, OpensAnAddressWithTheDesktopsProgram)
