@@ -3,18 +3,28 @@
 
 #include "client/journal/journal_text.h"
 #include "client/posting/posting.h"
+#include "client/texts/plain_text.h"
 #include "client/ui/message_text.h"
 
 #include <QCoreApplication>
+#include <QCryptographicHash>
 
 namespace zepa {
 
 namespace {
 
-/// The module's own key: without a separator, which is meant there.
-QString keyOf(const QString& type, const QString& title)
+/// Stands for the module's own key, type and title without a separator, which may be of any length.
+QByteArray repeatKeyOf(const Posting& posting)
 {
-    return type + title;
+    QCryptographicHash hash(QCryptographicHash::Sha256);
+    for (const QStringView part : {QStringView(posting.type), QStringView(posting.title)})
+        hash.addData(QByteArrayView(reinterpret_cast<const char*>(part.utf16()), part.size() * qsizetype{2}));
+    return hash.result();
+}
+
+QString kept(const QString& text)
+{
+    return shortened(text, longestMessage);
 }
 
 } // namespace
@@ -24,12 +34,13 @@ int Journal::add(const Posting& posting, const QString& typeName, const Report& 
     JournalEntry entry;
     entry.number = ++m_lastNumber;
     entry.time = QDateTime::currentDateTime();
-    entry.type = posting.type;
-    entry.typeName = typeName;
-    entry.title = posting.title;
-    entry.text = posting.text.left(longestMessage);
+    entry.repeatKey = repeatKeyOf(posting);
+    entry.type = kept(posting.type);
+    entry.typeName = kept(typeName);
+    entry.title = kept(posting.title);
+    entry.text = kept(posting.text);
     if (posting.buddy) {
-        entry.who = posting.buddy->getName();
+        entry.who = kept(posting.buddy->getName());
         entry.isFromStranger = posting.buddy->getType() == ZepaBuddy::NotOnContactList;
     }
     entry.report = report;
@@ -37,7 +48,7 @@ int Journal::add(const Posting& posting, const QString& typeName, const Report& 
     if (report.fate == Fate::Repeat)
         entry.earlier = blocker;
     else if (report.fate == Fate::Delivered || !blocker)
-        m_accepted.insert(keyOf(entry.type, entry.title), {entry.number, entry.time, entry.type, entry.title});
+        m_accepted.insert(entry.repeatKey, {entry.number, entry.time, entry.type, entry.title});
 
     while (m_entries.size() >= capacity)
         forgetOldest();
@@ -52,7 +63,7 @@ int Journal::add(const Posting& posting, const QString& typeName, const Report& 
 /// report cannot tell a repeat: then this decides, by the module's own arithmetic.
 std::optional<JournalEntry::Earlier> Journal::blockerOf(const JournalEntry& entry) const
 {
-    const auto found = m_accepted.constFind(keyOf(entry.type, entry.title));
+    const auto found = m_accepted.constFind(entry.repeatKey);
     if (found == m_accepted.cend())
         return std::nullopt;
     if (entry.report.fate == Fate::Repeat)
@@ -82,7 +93,7 @@ void Journal::forgetOldest()
 {
     beginRemoveRows({}, 0, 0);
     const JournalEntry oldest = m_entries.takeFirst();
-    const auto accepted = m_accepted.constFind(keyOf(oldest.type, oldest.title));
+    const auto accepted = m_accepted.constFind(oldest.repeatKey);
     if (accepted != m_accepted.cend() && accepted->number == oldest.number)
         m_accepted.erase(accepted);
     endRemoveRows();
@@ -104,14 +115,14 @@ QVariant Journal::data(const QModelIndex& index, int role) const
         return {};
     const JournalEntry& entry = m_entries.at(index.row());
     if (role == Qt::ToolTipRole)
-        return whyNoPopup(entry).toHtmlEscaped();
+        return plainToolTip(whyNoPopup(entry));
     if (role != Qt::DisplayRole)
         return {};
     switch (index.column()) {
     case Time:
         return entry.time.time().toString(QStringLiteral("HH:mm:ss"));
     case Type:
-        return entry.typeName;
+        return nameText(entry.typeName);
     case Title:
         return nameText(entry.title);
     case Who:

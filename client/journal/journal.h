@@ -41,9 +41,9 @@ private:
     void forgetOldest();
 
     QList<JournalEntry> m_entries;
-    /// The postings that the module remembers, by what it remembers them by. One for each at most that the journal
+    /// The postings that the module remembers, by their repeatKey. One for each at most that the journal
     /// holds.
-    QHash<QString, JournalEntry::Earlier> m_accepted;
+    QHash<QByteArray, JournalEntry::Earlier> m_accepted;
     int m_lastNumber = 0;
 };
 

@@ -4,6 +4,7 @@
 #include "client/posting/answer_token.h"
 #include "client/posting/report.h"
 
+#include <QByteArray>
 #include <QDateTime>
 #include <QString>
 
@@ -26,7 +27,7 @@ enum class Verdict {
     NotRegistered
 };
 
-/// One posting as the journal keeps it.
+/// One posting as the journal keeps it. Texts that are longer than longestMessage are kept shortened.
 struct JournalEntry
 {
     /// The posting that made the module drop this one.
@@ -40,8 +41,9 @@ struct JournalEntry
 
     int number = 0; ///< counts up from 1
     QDateTime time;
-    QString type;     ///< identifier
-    QString typeName; ///< as shown to the user; the identifier of an unknown type
+    QByteArray repeatKey; ///< the same for two postings of which the module takes one for a repeat of the other
+    QString type;         ///< identifier
+    QString typeName;     ///< as shown to the user; the identifier of an unknown type
     QString title;
     QString text;
     QString who; ///< name of the buddy it is about, or empty

@@ -193,7 +193,7 @@ QString detailsText(const JournalEntry& entry)
                             ? JournalText::tr("%1 (not on the contact list)").arg(nameText(entry.who))
                             : nameText(entry.who);
     lines.append(JournalText::tr("Posted: %1").arg(QLocale().toString(entry.time, QLocale::ShortFormat)));
-    lines.append(JournalText::tr("Type: %1 (%2)").arg(entry.typeName, nameText(entry.type)));
+    lines.append(JournalText::tr("Type: %1 (%2)").arg(nameText(entry.typeName), nameText(entry.type)));
     lines.append(JournalText::tr("Title: %1").arg(nameText(entry.title)));
     lines.append(JournalText::tr("Text: %1").arg(messageText(entry.text)));
     lines.append(JournalText::tr("About: %1").arg(who));

@@ -46,15 +46,6 @@ char32_t nextCharacter(QStringView text, qsizetype& at)
     return QChar::ReplacementCharacter;
 }
 
-/// `text` cut to `longest` units, never in the middle of a character.
-QString cut(const QString& text, qsizetype longest)
-{
-    if (text.size() <= longest)
-        return text;
-    const qsizetype room = longest - 1;
-    return text.first(text.at(room - 1).isHighSurrogate() ? room - 1 : room) + ellipsis;
-}
-
 } // namespace
 
 QString messageText(const QString& sent)
@@ -81,7 +72,7 @@ QString messageText(const QString& sent)
         }
     }
     if (sent.size() > longestMessage)
-        shown = cut(shown, longestMessage - 1) + ellipsis;
+        shown = shortened(shown, longestMessage - 1) + ellipsis;
     return shown;
 }
 
@@ -89,7 +80,15 @@ QString nameText(const QString& sent)
 {
     QString name = messageText(sent.first(qMin(sent.size(), longestName * 2)));
     name.replace(QChar::LineSeparator, u' ').removeIf(isDirectionControl);
-    return cut(name, longestName);
+    return shortened(name, longestName);
+}
+
+QString shortened(const QString& text, qsizetype longest)
+{
+    if (text.size() <= longest)
+        return text;
+    const qsizetype room = longest - 1;
+    return text.first(text.at(room - 1).isHighSurrogate() ? room - 1 : room) + ellipsis;
 }
 
 Qt::LayoutDirection directionOf(const QString& text, Qt::LayoutDirection otherwise)

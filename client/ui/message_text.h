@@ -21,6 +21,9 @@ ZEPA_CLIENT_EXPORT QString messageText(const QString& sent);
 /// The same for a name: one line of at most longestName units, without marks that turn the direction of what follows.
 ZEPA_CLIENT_EXPORT QString nameText(const QString& sent);
 
+/// The text cut to `longest` UTF-16 units, the last of which is an ellipsis then; never in the middle of a character.
+ZEPA_CLIENT_EXPORT QString shortened(const QString& text, qsizetype longest);
+
 /// The direction of the first letter that has one; `otherwise` when there is none.
 ZEPA_CLIENT_EXPORT Qt::LayoutDirection directionOf(const QString& text, Qt::LayoutDirection otherwise);
 

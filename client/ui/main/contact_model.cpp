@@ -2,6 +2,7 @@
 #include "client/ui/main/contact_model.h"
 
 #include "client/journal/journal_entry.h"
+#include "client/texts/plain_text.h"
 #include "client/ui/message_text.h"
 #include "client/ui/theme_pictures.h"
 #include "host/settings_manager.h"
@@ -69,7 +70,8 @@ QVariant ContactModel::data(const QModelIndex& index, int role) const
         return {};
     const QString presence = who.isStranger() ? tr("stranger") : presenceText(who.presence);
     const QString text = tr("%1 (%2)", "name and presence").arg(who.buddy.getName(), presence);
-    return who.status.isEmpty() ? text : text + QStringLiteral(": ") + who.status;
+    const QString whole = who.status.isEmpty() ? text : text + QStringLiteral(": ") + who.status;
+    return role == Qt::ToolTipRole ? plainToolTip(whole) : whole;
 }
 
 QIcon ContactModel::picture(const Contact& who) const

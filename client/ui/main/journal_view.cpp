@@ -4,6 +4,7 @@
 #include "client/journal/journal.h"
 #include "client/journal/journal_text.h"
 #include "client/ui/live_text.h"
+#include "client/ui/message_text.h"
 
 #include <QClipboard>
 #include <QComboBox>
@@ -126,7 +127,7 @@ void JournalView::follow(int first, int last)
         chosen.size() > 1 ||
         (chosen.size() == 1 && (chosen.constFirst().row() < first - 1 || last < m_shown.rowCount() - 1));
     const JournalEntry& entry = m_shown.entry(last);
-    m_live->say(tr("%1: %2", "event and verdict").arg(entry.typeName, verdictText(entry.verdict())));
+    m_live->say(tr("%1: %2", "event and verdict").arg(nameText(entry.typeName), verdictText(entry.verdict())));
     if (isLookingBack)
         return;
     m_table->selectRow(last);

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "client/ui/main/notice_bar.h"
 
+#include "client/texts/plain_text.h"
+
 #include <QAccessible>
 #include <QHBoxLayout>
 #include <QLabel>
@@ -8,13 +10,12 @@
 
 namespace zepa {
 
-NoticeBar::NoticeBar(QWidget* parent) : QFrame(parent), m_text(new QLabel(this))
+NoticeBar::NoticeBar(QWidget* parent) : QFrame(parent), m_text(makePlainLabel(this))
 {
     setFrameShape(QFrame::StyledPanel);
     setAutoFillBackground(true);
     setBackgroundRole(QPalette::ToolTipBase);
     m_text->setForegroundRole(QPalette::ToolTipText);
-    m_text->setTextFormat(Qt::PlainText);
     m_text->setWordWrap(true);
     auto* close = new QPushButton(tr("&Understood"), this);
     connect(close, &QPushButton::clicked, this, &QWidget::hide);

@@ -4,6 +4,7 @@
 #include "client/client.h"
 #include "client/posting/announce.h"
 #include "client/posting/show_in_chat.h"
+#include "client/texts/plain_text.h"
 #include "client/ui/main/simulated_event.h"
 
 #include <QCheckBox>
@@ -62,7 +63,7 @@ void Simulator::fill(QMenu& menu)
 {
     const QList<SimulatedEvent>& events = simulatedEvents();
     for (qsizetype i = 0; i < events.size(); ++i)
-        menu.addAction(phraseOf(events[i], m_contact), this, [this, i] { play(i); });
+        menu.addAction(withoutMnemonics(phraseOf(events[i], m_contact)), this, [this, i] { play(i); });
 }
 
 void Simulator::play(qsizetype number)

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "client/ui/settings/field_edit.h"
 
+#include "client/texts/plain_text.h"
 #include "client/ui/settings/sound_edit.h"
 
 #include <QCheckBox>
@@ -21,7 +22,7 @@ class CheckEdit final : public FieldEdit
 public:
     CheckEdit(const ZepaField& field, QWidget* parent) : FieldEdit(parent), m_box(new QCheckBox(this))
     {
-        m_box->setText(plainLabel(fieldLabel(field)));
+        m_box->setText(withoutMnemonics(fieldLabel(field)));
         arrange(field, m_box);
         CheckEdit::setField(field);
         connect(m_box, &QCheckBox::toggled, this,
@@ -75,8 +76,7 @@ public:
             field.getDescription().isEmpty()
                 ? bounds
                 : FieldEdit::tr("%1 %2", "description, bounds").arg(field.getDescription(), bounds);
-        m_box->setAccessibleDescription(explained);
-        m_box->setToolTip(explained);
+        setPlainToolTip(*m_box, explained);
         NumberEdit::setField(field);
         connect(m_box, &QSpinBox::valueChanged, this, [this](int value) { Q_EMIT edited(QString::number(value)); });
     }
@@ -101,9 +101,9 @@ public:
         arrange(field, m_line);
         TextEdit::setField(field);
         connect(m_line, &QLineEdit::editingFinished, this, [this] {
-            if (m_line->text() == m_value)
+            if (m_line->text() == m_shown)
                 return;
-            m_value = m_line->text();
+            m_shown = m_value = m_line->text();
             Q_EMIT edited(m_value);
         });
     }
@@ -115,11 +115,14 @@ public:
             return;
         m_value = field.getText();
         m_line->setText(m_value);
+        m_shown = m_line->text();
     }
 
 private:
     QLineEdit* m_line;
     QString m_value;
+    /// What the line made of the value: of a very long one it takes only a part.
+    QString m_shown;
 };
 
 bool isUndo(const QEvent& event)
@@ -159,8 +162,7 @@ void FieldEdit::present(const ZepaField& field, QWidget* part)
 {
     part->setObjectName(field.getId());
     part->setAccessibleName(fieldLabel(field));
-    part->setAccessibleDescription(field.getDescription());
-    part->setToolTip(field.getDescription());
+    setPlainToolTip(*part, field.getDescription());
     part->setFocusPolicy(Qt::StrongFocus);
     part->installEventFilter(this);
     m_part = part;
@@ -193,11 +195,6 @@ bool FieldEdit::eventFilter(QObject* watched, QEvent* event)
 QString fieldLabel(const ZepaField& field)
 {
     return field.getLabel().isEmpty() ? field.getId() : field.getLabel();
-}
-
-QString plainLabel(QString label)
-{
-    return label.replace(u'&', QStringLiteral("&&"));
 }
 
 } // namespace zepa

@@ -43,7 +43,5 @@ private:
 
 /// The field's label, or its identifier where it has no label.
 QString fieldLabel(const ZepaField& field);
-/// The same for a widget in which '&' marks a shortcut.
-QString plainLabel(QString label);
 
 } // namespace zepa

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "client/ui/settings/field_form.h"
 
+#include "client/texts/plain_text.h"
 #include "client/ui/settings/field_edit.h"
 
 #include <QFormLayout>
@@ -57,9 +58,9 @@ void FieldForm::rebuild()
         if (edit->showsLabel()) {
             m_layout->addRow(edit);
         } else {
-            auto* label = new QLabel(plainLabel(fieldLabel(field)), this);
+            auto* label = makePlainLabel(this, withoutMnemonics(fieldLabel(field)));
             label->setBuddy(edit->part());
-            label->setToolTip(field.getDescription());
+            setPlainToolTip(*label, field.getDescription());
             m_layout->addRow(label, edit);
         }
     }

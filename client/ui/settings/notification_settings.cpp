@@ -5,6 +5,7 @@
 #include "client/rules/rule_editor.h"
 #include "client/services/client_requests.h"
 #include "client/services/global_settings.h"
+#include "client/texts/plain_text.h"
 #include "client/ui/elided_label.h"
 #include "client/ui/live_text.h"
 #include "client/ui/settings/event_header.h"
@@ -61,7 +62,7 @@ NotificationSettings::NotificationSettings(Client& client, QWidget* parent)
     , m_undo(button(tr("&Undo"), "undo", this))
     , m_redo(button(tr("Red&o"), "redo", this))
     , m_undoText(new ElidedLabel(this))
-    , m_said(new QLabel(this))
+    , m_said(makePlainLabel(this))
     , m_live(new LiveText(this))
 {
     setWindowTitle(tr("Notification settings"));
@@ -79,7 +80,6 @@ NotificationSettings::NotificationSettings(Client& client, QWidget* parent)
     layout->addWidget(m_said);
     layout->addLayout(makeButtons());
     m_said->setObjectName(QStringLiteral("said"));
-    m_said->setTextFormat(Qt::PlainText);
     m_said->setWordWrap(true);
     m_said->setText(tr("Space adds or removes a rule. Changes are stored at once."));
 
@@ -168,6 +168,7 @@ QWidget* NotificationSettings::makePanes()
     scroll->setFocusPolicy(Qt::NoFocus);
 
     connect(m_pane, &RulePane::sampleWanted, this, &NotificationSettings::postSample);
+    connect(m_pane, &RulePane::warned, this, &NotificationSettings::say);
     connect(m_settings, &FieldForm::edited, this, [this](const ZepaField& field, const QString& value) {
         m_editor->changeSetting(field, value);
         showSettings();
@@ -235,10 +236,8 @@ void NotificationSettings::showHistory()
     const QString redo = m_editor->redoText();
     m_undo->setEnabled(!undo.isEmpty());
     m_redo->setEnabled(!redo.isEmpty());
-    m_undo->setToolTip(undo);
-    m_redo->setToolTip(redo);
-    m_undo->setAccessibleDescription(undo);
-    m_redo->setAccessibleDescription(redo);
+    setPlainToolTip(*m_undo, undo);
+    setPlainToolTip(*m_redo, redo);
     m_undoText->setText(undo.isEmpty() ? tr("Nothing to undo.") : tr("Last change: %1").arg(undo));
 }
 

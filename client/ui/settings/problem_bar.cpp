@@ -2,6 +2,7 @@
 #include "client/ui/settings/problem_bar.h"
 
 #include "client/rules/rule_editor.h"
+#include "client/texts/plain_text.h"
 
 #include <QHBoxLayout>
 #include <QLabel>
@@ -11,7 +12,7 @@
 namespace zepa {
 
 ProblemBar::ProblemBar(RuleEditor& editor, QWidget* parent)
-    : QFrame(parent), m_editor(editor), m_text(new QLabel(this)), m_retry(new QPushButton(tr("&Try again"), this))
+    : QFrame(parent), m_editor(editor), m_text(makePlainLabel(this)), m_retry(new QPushButton(tr("&Try again"), this))
 {
     setFrameShape(QFrame::StyledPanel);
     auto* icon = new QLabel(this);
@@ -19,7 +20,6 @@ ProblemBar::ProblemBar(RuleEditor& editor, QWidget* parent)
     icon->setPixmap(style()->standardIcon(QStyle::SP_MessageBoxWarning).pixmap(size));
     icon->setAccessibleName(tr("Warning"));
     m_text->setObjectName(QStringLiteral("problem"));
-    m_text->setTextFormat(Qt::PlainText);
     m_text->setWordWrap(true);
     m_text->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
     m_retry->setObjectName(QStringLiteral("retry"));

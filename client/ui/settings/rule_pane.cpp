@@ -1,9 +1,10 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "client/ui/settings/rule_pane.h"
 
+#include "client/methods/command/shell_warning.h"
 #include "client/rules/method_titles.h"
 #include "client/rules/rule_editor.h"
-#include "client/ui/settings/field_edit.h"
+#include "client/texts/plain_text.h"
 #include "client/ui/settings/field_form.h"
 #include "core/notification.h"
 #include "core/notification_method.h"
@@ -22,8 +23,7 @@ namespace {
 
 QLabel* wrapped(QWidget* parent)
 {
-    auto* label = new QLabel(parent);
-    label->setTextFormat(Qt::PlainText);
+    auto* label = makePlainLabel(parent);
     label->setWordWrap(true);
     return label;
 }
@@ -53,10 +53,8 @@ RulePane::RulePane(RuleEditor& editor, QWidget* parent)
 {
     m_rule->setObjectName(QStringLiteral("rule"));
     m_ruleLabel->setBuddy(m_rule);
-    m_sample->setAccessibleDescription(tr("Posts an event of this kind, so that you see and hear what its rules do."));
-    m_sample->setToolTip(m_sample->accessibleDescription());
-    m_defaults->setAccessibleDescription(tr("Gives all methods of this event the rules that they had at first."));
-    m_defaults->setToolTip(m_defaults->accessibleDescription());
+    setPlainToolTip(*m_sample, tr("Posts an event of this kind, so that you see and hear what its rules do."));
+    setPlainToolTip(*m_defaults, tr("Gives all methods of this event the rules that they had at first."));
 
     auto* ruleRow = new QHBoxLayout;
     ruleRow->addWidget(m_ruleLabel);
@@ -87,6 +85,8 @@ RulePane::RulePane(RuleEditor& editor, QWidget* parent)
         m_editor.change(m_type, m_method, m_rule->currentIndex(), field.getId(), value);
         // The value is another one than the user gave where it could not be written.
         fillRules();
+        if (const QString warning = shownWarning(); !warning.isEmpty())
+            Q_EMIT warned(warning);
     });
     connect(m_add, &QPushButton::clicked, this, [this] { m_editor.add(m_type, m_method); });
     connect(m_remove, &QPushButton::clicked, this,
@@ -105,9 +105,9 @@ void RulePane::showPair(const ZepaNotification* type, const ZepaNotificationMeth
     if (!type)
         setTitle(tr("No event is chosen"));
     else if (m_method.isEmpty())
-        setTitle(plainLabel(type->getName()));
+        setTitle(withoutMnemonics(type->getName()));
     else
-        setTitle(plainLabel(tr("%1: %2", "event, method").arg(type->getName(), m_methodName)));
+        setTitle(withoutMnemonics(tr("%1: %2", "event, method").arg(type->getName(), m_methodName)));
     m_explanation->setText(type ? type->getDescription() : QString());
     m_rule->setCurrentIndex(-1);
     fill();
@@ -133,6 +133,12 @@ void RulePane::fill()
     fillRules();
 }
 
+/// What the user should know about the rule that is shown.
+QString RulePane::shownWarning() const
+{
+    return shellWarning(m_method, m_editor.rules(m_type, m_method).value(m_rule->currentIndex()).fields);
+}
+
 void RulePane::fillRules()
 {
     const QList<RuleState> rules = m_editor.rules(m_type, m_method);
@@ -155,6 +161,8 @@ void RulePane::fillRules()
                             "newest one. The next start of the program turns their order round.")
                              .arg(rules.size()));
     }
+    if (const QString warning = shownWarning(); !warning.isEmpty())
+        sentences.append(warning);
     m_state->setText(sentences.join(u' '));
     m_state->setVisible(!sentences.isEmpty());
 }

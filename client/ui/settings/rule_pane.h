@@ -30,10 +30,13 @@ public:
 Q_SIGNALS:
     /// The user wants to see and hear an event of the type that is shown.
     void sampleWanted();
+    /// The user made a rule that needs a warning, which the pane shows.
+    void warned(const QString& text);
 
 private:
     void fill();
     void fillRules();
+    QString shownWarning() const;
 
     RuleEditor& m_editor;
     QString m_type;

@@ -3,6 +3,7 @@
 
 #include "client/rules/method_titles.h"
 #include "client/rules/rule_editor.h"
+#include "client/texts/plain_text.h"
 #include "client/ui/settings/rule_words.h"
 #include "client/ui/theme_pictures.h"
 #include "core/notification.h"
@@ -55,7 +56,7 @@ QVariant RuleTableModel::data(const QModelIndex& index, int role) const
         // Some types are described by their name: nobody needs to read it twice.
         return shown.getDescription() == shown.getName() ? QString() : shown.getDescription();
     case Qt::ToolTipRole:
-        return shown.getDescription();
+        return plainToolTip(shown.getDescription());
     case Qt::AccessibleTextRole:
         return tr("%1: %2", "event, description").arg(shown.getName(), shown.getDescription());
     default:
@@ -83,7 +84,7 @@ QVariant RuleTableModel::markData(const QModelIndex& index, int role) const
             if (!rule.fields.isEmpty())
                 lines.append(settingsText(rule));
         }
-        return lines.join(u'\n');
+        return plainToolTip(lines.join(u'\n'));
     }
     default:
         return {};
@@ -122,7 +123,7 @@ QVariant RuleTableModel::typeHeader(const ZepaNotification& type, int role) cons
     case Qt::DisplayRole:
         return type.getName();
     case Qt::ToolTipRole:
-        return tr("%1\nIdentifier: %2").arg(type.getDescription(), type.getId());
+        return plainToolTip(tr("%1\nIdentifier: %2").arg(type.getDescription(), type.getId()));
     default:
         return {};
     }
@@ -136,9 +137,9 @@ QVariant RuleTableModel::methodHeader(const ZepaNotificationMethod& method, int 
     case Qt::DecorationRole:
         return picture(methodPicture(method));
     case Qt::ToolTipRole:
-        return isBuiltIn(method.getId())
-                   ? tr("%1\nIdentifier: %2").arg(method.getActionName(), method.getId())
-                   : tr("%1\nInstalled from outside. Identifier: %2").arg(method.getActionName(), method.getId());
+        return plainToolTip(
+            (isBuiltIn(method.getId()) ? tr("%1\nIdentifier: %2") : tr("%1\nInstalled from outside. Identifier: %2"))
+                .arg(method.getActionName(), method.getId()));
     default:
         return {};
     }

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "client/ui/settings/sound_edit.h"
 
+#include "client/texts/plain_text.h"
 #include "client/ui/settings/sound_check.h"
 #include "host/audio.h"
 #include "host/settings_manager.h"
@@ -17,7 +18,7 @@
 namespace zepa {
 
 SoundEdit::SoundEdit(const ZepaField& field, QWidget* parent)
-    : FieldEdit(parent), m_line(new QLineEdit(this)), m_warning(new QLabel(this))
+    : FieldEdit(parent), m_line(new QLineEdit(this)), m_warning(makePlainLabel(this))
 {
     auto* play = new QPushButton(tr("&Play"));
     play->setObjectName(QStringLiteral("play"));
@@ -56,7 +57,7 @@ void SoundEdit::setField(const ZepaField& field)
 
 void SoundEdit::finishTyping()
 {
-    if (m_line->text() == m_value)
+    if (m_line->text() == m_shown)
         return;
     setValue(m_line->text());
     Q_EMIT edited(m_value);
@@ -64,7 +65,7 @@ void SoundEdit::finishTyping()
 
 void SoundEdit::play()
 {
-    ZepaAudio::getInstance()->playFile(pathOf(m_line->text()));
+    ZepaAudio::getInstance()->playFile(pathOf(m_line->text() == m_shown ? m_value : m_line->text()));
 }
 
 void SoundEdit::choose()
@@ -101,6 +102,7 @@ void SoundEdit::setValue(const QString& value)
 {
     m_value = value;
     m_line->setText(value);
+    m_shown = m_line->text();
     showWhetherItPlays();
 }
 

@@ -31,6 +31,8 @@ private:
     QLineEdit* m_line;
     QLabel* m_warning;
     QString m_value;
+    /// What the line made of the value: of a very long one it takes only a part.
+    QString m_shown;
 };
 
 } // namespace zepa
