@@ -2,12 +2,18 @@
 #include "client/client.h"
 
 #include "client/posting/popup_kinds.h"
+#include "client/rules/rule_lock.h"
+#include "client/rules/rule_state.h"
+#include "client/rules/type_ids.h"
+#include "client/services/private_umask.h"
 #include "core/notification_module.h"
+
+#include <algorithm>
 
 namespace zepa {
 
 Client::Client(const QString& settingsFolder, Start when)
-    : m_settings(settingsFolder), m_ruleBackup(m_settings.getSettingsDir())
+    : m_settings(settingsFolder), m_ruleBackup(m_settings.getSettingsDir(), builtInTypes())
 {
     if (when == Start::Now)
         start();
@@ -16,12 +22,51 @@ Client::Client(const QString& settingsFolder, Start when)
 // The module goes first, by the order of the members: its rules call our methods, and it asks for the settings.
 Client::~Client() = default;
 
-void Client::start()
+bool Client::start()
 {
-    if (hasStarted())
+    if (m_hasStarted)
+        return true;
+    makeModule();
+    RuleLock lock(m_ruleBackup.ruleFolder());
+    if (!lock.wait() && lock.isPossible())
+        return false;
+    startNow();
+    return true;
+}
+
+void Client::whenStarted(QObject* context, const std::function<void()>& then)
+{
+    if (m_hasStarted)
+        return then();
+    m_waiting.emplace_back(context, then);
+    if (m_waiting.size() == 1) {
+        makeModule();
+        startWaiting();
+    }
+}
+
+void Client::startWaiting()
+{
+    whenLocked(m_ruleBackup.ruleFolder(), &m_context, [this](const RuleLock& lock) {
+        if (!lock.isHeld() && lock.isPossible())
+            return startWaiting();
+        startNow();
+        // A window is not a command that only reads: what a person wrote into rule files gets its copies.
+        m_ruleBackup.keepAll();
+        m_ruleBackup.makePrivate();
+        const auto waiting = std::exchange(m_waiting, {});
+        for (const auto& [context, then] : waiting) {
+            if (context)
+                then();
+        }
+    });
+}
+
+/// What needs no rule files, so that others are not kept away from them meanwhile.
+void Client::makeModule()
+{
+    if (m_module)
         return;
-    // Before anything reads rule files: to the library, what a crash left is a type without rules.
-    m_ruleBackup.restore();
     // The settings stand already: the module reads the roster theme while it is made, and looks for rule files in
     // their folder.
     m_module.reset(ZepaNotificationModule::getInstance());
@@ -29,10 +74,21 @@ void Client::start()
     // every rule in them that belongs to another method would then be there twice.
     m_outside.installIn(*m_module);
     watchMethods();
+}
+
+/// With the lock, where there is anything to be locked.
+void Client::startNow()
+{
+    const PrivateUmask forUsAlone;
+    // Before anything reads rule files: to the library, what a crash left is a type without rules.
+    QStringList withDefaults = builtInTypes();
+    withDefaults.removeIf([this](const QString& type) { return defaultRulesOf(*m_module, type).isEmpty(); });
+    m_ruleBackup.restore(withDefaults);
     // Now that all methods are known, the types: for each one the module reads its rules, or writes the defaults.
     ZepaNotificationModule::init();
     setPopupKinds(*m_module);
     m_ruleBackup.started();
+    m_hasStarted = true;
 }
 
 void Client::watchMethods()

@@ -8,9 +8,13 @@
 #include "client/rules/rule_backup.h"
 #include "client/services/settings.h"
 
+#include <QObject>
+#include <QPointer>
 #include <QString>
 
+#include <functional>
 #include <memory>
+#include <utility>
 #include <vector>
 
 class ZepaNotificationModule;
@@ -26,15 +30,19 @@ public:
     /// first, with the settings alone.
     enum class Start { Now, Later };
 
-    /// Reads the settings in that folder, and starts. Look at settings().isUsable(): without it, rules have their
-    /// defaults and nothing that changes is kept.
+    /// Reads the settings in that folder, and starts: look at hasStarted(). Without settings().isUsable() stored rules
+    /// are in use, if there are any, and nothing that changes is kept.
     explicit Client(const QString& settingsFolder, Start start = Start::Now);
     ~Client();
     Q_DISABLE_COPY_MOVE(Client)
 
-    /// Makes the module ready; does nothing the second time.
-    void start();
-    bool hasStarted() const { return m_module != nullptr; }
+    /// Makes the module ready; does nothing the second time. Waits for other clients that work on the rule files. False
+    /// when they take longer than RuleLock::timeout: nothing was read and nothing written.
+    bool start();
+    bool hasStarted() const { return m_hasStarted; }
+    /// Starts without ever blocking, and calls `then` when that is done, unless `context` is gone by then. At once when
+    /// nothing is in the way; otherwise it waits for as long as it takes.
+    void whenStarted(QObject* context, const std::function<void()>& then);
 
     Settings& settings() { return m_settings; }
     /// Only once the client has started.
@@ -49,7 +57,10 @@ public:
     const OutsideMethods& outsideMethods() const { return m_outside; }
 
 private:
+    void makeModule();
     void watchMethods();
+    void startWaiting();
+    void startNow();
 
     Settings m_settings;
     RuleBackup m_ruleBackup;
@@ -58,6 +69,9 @@ private:
     OutsideMethods m_outside;
     std::vector<std::unique_ptr<WatchedMethod>> m_watched;
     std::unique_ptr<ZepaNotificationModule> m_module;
+    bool m_hasStarted = false;
+    std::vector<std::pair<QPointer<QObject>, std::function<void()>>> m_waiting;
+    QObject m_context;
 };
 
 } // namespace zepa

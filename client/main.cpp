@@ -17,6 +17,7 @@
 
 #include <QApplication>
 #include <QDir>
+#include <QFileInfo>
 #include <QIcon>
 #include <QWidget>
 
@@ -102,6 +103,13 @@ int run(int argc, char** argv)
         return cli::WrongUsage;
     }
 
+    // A folder that a command would have to make is a slip of the pen. The user's own is made for a new user.
+    if (line.command() && !line.command()->changesSettings() && line.namesSettingsFolder() &&
+        !QFileInfo::exists(line.settingsFolder())) {
+        cli::complain(QStringLiteral("the settings folder %1 does not exist").arg(cli::onOneLine(line.settingsFolder())));
+        return cli::Failure;
+    }
+
     bus::SessionBus bus;
     QByteArray input;
     if (line.command()) {
@@ -116,11 +124,17 @@ int run(int argc, char** argv)
         }
     }
 
-    Client client(line.settingsFolder(), line.opensWindow() ? Client::Start::Later : Client::Start::Now);
+    Client client(line.settingsFolder(), Client::Start::Later);
+    if (!line.namesSettingsFolder())
+        client.ruleBackup().ownSettingsFolder();
     if (!client.settings().isUsable())
-        cli::complain(QStringLiteral("the settings folder %1 cannot be written: rules have their defaults, and nothing "
-                                     "that changes is kept")
-                          .arg(cli::onOneLine(client.settings().getSettingsDir())));
+        cli::complain(
+            (client.settings().hasRuleFolder()
+                 ? QStringLiteral("the settings folder %1 cannot be written: stored rules are in use, and nothing that "
+                                  "changes is kept")
+                 : QStringLiteral("the settings folder %1 cannot be written: rules have their defaults, and nothing "
+                                  "that changes is kept"))
+                .arg(cli::onOneLine(client.settings().getSettingsDir())));
     else if (!client.settings().isFileReadable())
         cli::complain(QStringLiteral("the settings file %1 cannot be read: every setting has its initial value")
                           .arg(cli::onOneLine(client.settings().settingsFile())));
@@ -129,6 +143,13 @@ int run(int argc, char** argv)
         QStringLiteral("zepa"), QIcon(client.settings().getCurrentThemeDir() + QStringLiteral("/icons/zepa.png"))));
     if (line.opensWindow())
         return runWindow(client, bus, token);
+
+    if (!client.start()) {
+        cli::complain(QStringLiteral("another program is changing rules in %1 and does not finish; nothing was done, try "
+                                     "again")
+                          .arg(cli::onOneLine(client.settings().getSettingsDir())));
+        return cli::Failure;
+    }
 
     const QStringList news = client.ruleBackup().news();
     for (const QString& sentence : news)

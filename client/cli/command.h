@@ -43,6 +43,8 @@ public:
     virtual qsizetype mostArguments() const = 0;
     /// Whether the user is to see or hear something. A command that only answers a question needs no display.
     virtual bool reachesTheUser() const { return false; }
+    /// Whether it stores something in the settings folder, which is made for that. Others only read what is there.
+    virtual bool changesSettings() const { return false; }
     /// Arguments as typed, made into what the option parser understands.
     virtual QStringList normalised(const QStringList& arguments) const { return arguments; }
 

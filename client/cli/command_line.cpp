@@ -39,6 +39,11 @@ QString CommandLine::settingsFolder() const
     return m_parser.isSet(settingsOption) ? m_parser.value(settingsOption) : configFolder();
 }
 
+bool CommandLine::namesSettingsFolder() const
+{
+    return m_parser.isSet(settingsOption);
+}
+
 /// Finds the verb and takes its words out of `arguments`.
 void CommandLine::choose(QStringList& arguments)
 {

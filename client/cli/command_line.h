@@ -31,6 +31,7 @@ public:
     const QCommandLineParser& parser() const { return m_parser; }
     /// What --settings names, or the user's own folder.
     QString settingsFolder() const;
+    bool namesSettingsFolder() const;
 
 private:
     void choose(QStringList& arguments);

@@ -2,15 +2,19 @@
 #include "client/cli/rule_file.h"
 
 #include "client/cli/exit_code.h"
+#include "client/cli/job.h"
 #include "client/cli/output.h"
 #include "client/client.h"
+#include "client/rules/rule_lock.h"
 #include "client/rules/safe_change.h"
 
 #include <QFileInfo>
 
 namespace zepa::cli {
 
-int changeRules(Client& client, const QString& typeId, const std::function<void()>& edit)
+namespace {
+
+int changeNow(Client& client, RuleLock& lock, const QString& typeId, const std::function<int()>& edit)
 {
     const QFileInfo file(client.ruleBackup().ruleFile(typeId));
     if (file.exists() ? !file.isFile() || !file.isWritable() : !client.settings().isUsable()) {
@@ -19,11 +23,32 @@ int changeRules(Client& client, const QString& typeId, const std::function<void(
                      .arg(onOneLine(file.filePath())));
         return Failure;
     }
-    const SafeChange change = changeSafely(client.module(), client.ruleBackup(), typeId, edit);
+    int code = Failure;
+    const SafeChange change = lock.isHeld() || !lock.isPossible()
+                                  ? changeSafely(client.module(), client.ruleBackup(), lock, typeId,
+                                                 [&code, &edit] { code = edit(); })
+                                  : SafeChange::Busy;
     const QString problem = problemWith(change, typeId);
     if (!problem.isEmpty())
         complain(problem);
-    return change == SafeChange::Stored || change == SafeChange::StoredWithoutCopy ? Success : Failure;
+    return change == SafeChange::Stored || change == SafeChange::StoredWithoutCopy ? code : Failure;
+}
+
+} // namespace
+
+void changeRules(Client& client, Job& job, const QString& typeId, const std::function<int()>& edit)
+{
+    whenLocked(client.ruleBackup().ruleFolder(), &job, [&client, &job, typeId, edit](RuleLock& lock) {
+        int code = Failure;
+        job.speak([&] { code = changeNow(client, lock, typeId, edit); });
+        job.finish(code);
+    });
+    if (!job.code()) {
+        QObject::connect(&job, &Job::hurried, &job, [&job, typeId] {
+            job.speak([&typeId] { complain(problemWith(SafeChange::Busy, typeId)); });
+            job.finish(Failure);
+        });
+    }
 }
 
 } // namespace zepa::cli

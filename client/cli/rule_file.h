@@ -11,7 +11,11 @@ class Client;
 
 namespace zepa::cli {
 
-/// Changes the rules of the type with `edit`, so that they are on the disk. Gives the exit code; what is wrong is said.
-int changeRules(Client& client, const QString& typeId, const std::function<void()>& edit);
+class Job;
+
+/// Changes the rules of the type with `edit`, so that they are on the disk, and finishes the job. Waits for other
+/// programs that work on the rules, without blocking. `edit` finds the rules as they are then; it gives the exit code
+/// and says what is wrong itself, as this function does for the files.
+void changeRules(Client& client, Job& job, const QString& typeId, const std::function<int()>& edit);
 
 } // namespace zepa::cli

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "client/cli/commands.h"
+#include "client/cli/job.h"
 #include "client/cli/lookup.h"
 #include "client/cli/output.h"
 #include "client/cli/rule_file.h"
@@ -32,18 +33,23 @@ public:
     qsizetype fewestArguments() const override { return 2; }
     qsizetype mostArguments() const override { return 2; }
 
-    int run(const QCommandLineParser& line, Client& client) const override
+    bool changesSettings() const override { return true; }
+
+    void start(const QCommandLineParser& line, Client& client, Job& job) const override
     {
         const QString type = line.positionalArguments().at(0);
         const QString method = line.positionalArguments().at(1);
         if (!findType(client, type) || !findMethod(client, method))
-            return WrongUsage;
-        if (!client.module().getNotificationRule(type, method)) {
-            complain(QStringLiteral("there is no rule for %1 and %2; zepa rules %1 shows those there are")
-                         .arg(type, method));
-            return Failure;
-        }
-        return changeRules(client, type, [&] { client.module().removeNotificationRule(type, method); });
+            return job.finish(WrongUsage);
+        changeRules(client, job, type, [&client, type, method] {
+            if (!client.module().getNotificationRule(type, method)) {
+                complain(QStringLiteral("there is no rule for %1 and %2; zepa rules %1 shows those there are")
+                             .arg(type, method));
+                return Failure;
+            }
+            client.module().removeNotificationRule(type, method);
+            return Success;
+        });
     }
 };
 

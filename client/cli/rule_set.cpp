@@ -1,11 +1,13 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "client/cli/commands.h"
 #include "client/cli/field_text.h"
+#include "client/cli/job.h"
 #include "client/cli/lookup.h"
 #include "client/cli/output.h"
 #include "client/cli/rule_file.h"
 #include "client/client.h"
 #include "client/methods/command/shell_warning.h"
+#include "client/rules/rule_state.h"
 #include "core/notification_method.h"
 #include "core/notification_module.h"
 #include "core/notification_rule.h"
@@ -50,29 +52,43 @@ public:
     qsizetype fewestArguments() const override { return 2; }
     qsizetype mostArguments() const override { return std::numeric_limits<qsizetype>::max(); }
 
-    int run(const QCommandLineParser& line, Client& client) const override
+    bool changesSettings() const override { return true; }
+
+    void start(const QCommandLineParser& line, Client& client, Job& job) const override
     {
         const QStringList arguments = line.positionalArguments();
         const QString& type = arguments[0];
         if (!findType(client, type))
-            return WrongUsage;
+            return job.finish(WrongUsage);
         const ZepaNotificationMethod* method = findMethod(client, arguments[1]);
         if (!method)
-            return WrongUsage;
+            return job.finish(WrongUsage);
 
-        QList<ZepaField> fields = settingsToStartFrom(client, type, *method);
-        for (const QString& assignment : arguments.mid(2)) {
-            const QString problem = assign(fields, assignment);
-            if (!problem.isEmpty()) {
-                complain(problem);
-                return WrongUsage;
+        const auto fieldsWith = [&client, type, method, assignments = arguments.mid(2)](QString& problem) {
+            QList<ZepaField> fields = settingsToStartFrom(client, type, *method);
+            for (const QString& assignment : assignments) {
+                problem = assign(fields, assignment);
+                if (!problem.isEmpty())
+                    break;
             }
+            return fields;
+        };
+        QString problem;
+        const QList<ZepaField> named = fieldsWith(problem);
+        if (!problem.isEmpty()) {
+            complain(problem);
+            return job.finish(WrongUsage);
         }
-        const QString warning = shellWarning(method->getId(), fields);
+        const QString warning = shellWarning(method->getId(), named);
         if (!warning.isEmpty())
             complain(warning);
-        return changeRules(client, type,
-                           [&] { client.module().updateNotificationRule(type, method->getId(), fields); });
+        // Once more when it is our turn: somebody else may have changed a field that is not named.
+        changeRules(client, job, type, [&client, type, method, fieldsWith] {
+            QString none;
+            QList<ZepaField> fields = fieldsWith(none);
+            updateRule(client.module(), type, method->getId(), fields);
+            return Success;
+        });
     }
 };
 

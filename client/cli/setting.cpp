@@ -95,6 +95,7 @@ public:
     QString arguments() const override { return QStringLiteral("NAME VALUE"); }
     QString summary() const override { return QStringLiteral("Changes a setting of the whole client."); }
     QString example() const override { return QStringLiteral("zepa setting set duplicated_notifications_time 30"); }
+    bool changesSettings() const override { return true; }
     qsizetype fewestArguments() const override { return 2; }
     qsizetype mostArguments() const override { return 2; }
 

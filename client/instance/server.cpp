@@ -246,9 +246,10 @@ void Server::start(unsigned int number)
     if (!m_jobs.contains(number))
         return;
     // This may handle events, in which the job is given up.
-    m_client.start();
-    if (HandedJob* job = m_jobs.value(number))
-        job->start(m_client);
+    m_client.whenStarted(this, [this, number] {
+        if (HandedJob* job = m_jobs.value(number))
+            job->start(m_client);
+    });
 }
 
 void Server::drop(unsigned int number)

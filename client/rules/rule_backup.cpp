@@ -2,12 +2,14 @@
 #include "client/rules/rule_backup.h"
 
 #include "client/rules/stored_file.h"
+#include "client/services/private_umask.h"
 #include "host/xml_node.h"
 
 #include <QCoreApplication>
 #include <QDir>
 #include <QFile>
-#include <QMap>
+
+#include <algorithm>
 
 namespace zepa {
 
@@ -37,77 +39,181 @@ bool isGoodCopy(const StoredFile& copy)
 
 } // namespace
 
-RuleBackup::RuleBackup(const QString& settingsFolder)
-    : m_rules(settingsFolder + QStringLiteral("notifications/"))
+RuleBackup::RuleBackup(const QString& settingsFolder, const QStringList& types)
+    : m_settings(settingsFolder)
+    , m_rules(settingsFolder + QStringLiteral("notifications/"))
     , m_backup(settingsFolder + QStringLiteral("rules-backup/"))
-{}
+{
+    protect(types);
+}
 
 bool RuleBackup::isGood(const QByteArray& content)
 {
     ZepaXmlNode root{QString(), QString(), nullptr};
     root.setContent(content);
-    return root.name() == QStringLiteral("rules");
+    return !root.isNull();
 }
 
-void RuleBackup::restore()
+void RuleBackup::protect(const QStringList& types)
 {
-    for (const char16_t* folder : {u"copies", u"new", u"set-aside", u"changing"})
-        QDir().mkpath(m_backup + QString::fromUtf16(folder));
+    for (const QString& typeId : types) {
+        if (isFileName(typeId) && !m_types.contains(typeId))
+            m_types.append(typeId);
+    }
+}
+
+/// Those that we were told, and those that we once made a copy for.
+QStringList RuleBackup::types() const
+{
+    QStringList all = m_types + filesIn(m_backup + QStringLiteral("copies"));
+    all.removeDuplicates();
+    return all;
+}
+
+void RuleBackup::restore(const QStringList& typesWithDefaults)
+{
+    if (needsRepair(typesWithDefaults)) {
+        repair();
+        makePrivate();
+        const auto isMissing = [this](const QString& type) { return !existsStored(ruleFile(type)); };
+        // Whatever is there has its copy now. So if we do not get as far as started(), a file without one is a default
+        // that the module was still writing.
+        m_isWritingDefaults =
+            std::any_of(typesWithDefaults.cbegin(), typesWithDefaults.cend(), isMissing) && keepAll() &&
+            replaceStored(startMark(), {}, workshop(QStringLiteral("starting")), 0600);
+    }
+    lookForUnusable();
+}
+
+void RuleBackup::started()
+{
+    if (m_isWritingDefaults) {
+        keepAll();
+        QFile::remove(startMark());
+        m_isWritingDefaults = false;
+    }
+    const QStringList all = types();
+    for (const QString& typeId : all) {
+        const StoredFile file = readStored(ruleFile(typeId));
+        if (file.state == State::Readable)
+            m_loaded.insert(typeId, file.content);
+    }
+}
+
+/// Looks, and writes nothing: most starts find nothing to do.
+bool RuleBackup::needsRepair(const QStringList& typesWithDefaults) const
+{
+    if (existsStored(startMark()) || !filesIn(m_backup + QStringLiteral("changing")).isEmpty())
+        return true;
+    const QStringList all = types();
+    return std::any_of(all.cbegin(), all.cend(), [&](const QString& typeId) {
+        const StoredFile file = readStored(ruleFile(typeId));
+        if (file.state == State::Missing)
+            return typesWithDefaults.contains(typeId) || existsStored(copyOf(typeId));
+        return file.state == State::Readable && !isGood(file.content);
+    });
+}
+
+void RuleBackup::repair(const Fallback& fallback)
+{
+    if (!needsRepair({}))
+        return;
+    for (QStringList* found : {&m_restored, &m_reset, &m_stillBroken, &m_withoutRoomAside})
+        found->clear();
+    makeFolders();
     const QStringList unfinished = filesIn(m_backup + QStringLiteral("new"));
     for (const QString& name : unfinished)
         QFile::remove(workshop(name));
-    if (QFile::exists(startMark()))
+    if (existsStored(startMark()))
         undoHalfDefaults();
 
-    QStringList types = filesIn(m_rules) + filesIn(m_backup + QStringLiteral("copies"));
-    types.removeDuplicates();
-    for (const QString& typeId : std::as_const(types))
-        mend(typeId);
+    const QStringList all = types();
+    for (const QString& typeId : all)
+        mend(typeId, fallback);
     const QStringList changes = filesIn(m_backup + QStringLiteral("changing"));
     for (const QString& typeId : changes) {
         if (!m_stillBroken.contains(typeId))
             endChange(typeId);
     }
-    // Whatever is there has its copy now. So if we do not get as far as started(), a file without one is a default
-    // that the module was still writing.
-    if (keepAll())
-        QFile(startMark()).open(QIODevice::WriteOnly);
 }
 
-void RuleBackup::started()
+void RuleBackup::lookForUnusable()
 {
-    keepAll();
-    QFile::remove(startMark());
+    m_unreadable.clear();
+    m_tooLarge.clear();
+    const QStringList all = types();
+    for (const QString& typeId : all) {
+        const State state = readStored(ruleFile(typeId)).state;
+        if (state == State::Foreign)
+            m_unreadable.append(typeId);
+        else if (state == State::TooLarge)
+            m_tooLarge.append(typeId);
+    }
+}
+
+void RuleBackup::makeFolders() const
+{
+    const PrivateUmask forUsAlone;
+    for (const char16_t* folder : {u"copies", u"new", u"set-aside", u"changing"})
+        QDir().mkpath(m_backup + QString::fromUtf16(folder));
+}
+
+void RuleBackup::makePrivate()
+{
+    if (existsStored(privateMark()))
+        return;
+    makeFolders();
+    if (m_ownsSettingsFolder)
+        makePrivateStored(m_settings);
+    makePrivateStored(m_rules);
+    for (const QString& typeId : std::as_const(m_types))
+        makePrivateStored(ruleFile(typeId));
+    makePrivateStored(m_backup);
+    for (const char16_t* name : {u"copies", u"new", u"set-aside", u"changing"}) {
+        const QString folder = m_backup + QString::fromUtf16(name);
+        makePrivateStored(folder);
+        const QStringList files = filesIn(folder);
+        for (const QString& file : files)
+            makePrivateStored(folder + u'/' + file);
+    }
+    replaceStored(privateMark(), {}, workshop(QStringLiteral("private")), 0600);
 }
 
 /// A start was cut off while the library wrote the defaults of a type, a rule at a time. The file is good already with
 /// the first one, and the others would be missing for ever.
 void RuleBackup::undoHalfDefaults()
 {
-    const QStringList types = filesIn(m_rules);
-    for (const QString& typeId : types) {
-        if (!QFile::exists(copyOf(typeId)) && !readStored(ruleFile(typeId)).isLink)
+    for (const QString& typeId : std::as_const(m_types)) {
+        if (existsStored(ruleFile(typeId)) && !existsStored(copyOf(typeId)) && !readStored(ruleFile(typeId)).isLink)
             setAside(ruleFile(typeId), typeId);
     }
+    QFile::remove(startMark());
 }
 
-void RuleBackup::mend(const QString& typeId)
+void RuleBackup::mend(const QString& typeId, const Fallback& fallback)
 {
     const StoredFile file = readStored(ruleFile(typeId));
     const StoredFile copy = readStored(copyOf(typeId));
-    if (file.state == State::Missing && !file.isLink && copy.state != State::Missing)
-        setAside(copyOf(typeId), typeId);
-    if (file.state != State::Readable)
+    if (file.state == State::Missing && !file.isLink && copy.state != State::Missing && !setAside(copyOf(typeId), typeId))
+        QFile::remove(copyOf(typeId));
+    const bool isBeingChanged = existsStored(changeMark(typeId));
+    if (file.state != State::Readable && (file.state != State::TooLarge || !isBeingChanged))
         return;
-    const bool isHalfChanged = QFile::exists(changeMark(typeId)) && file.content != copy.content;
-    if (!isHalfChanged && isGood(file.content))
+    if (file.state == State::Readable && isGood(file.content) && (!isBeingChanged || file.content == copy.content))
         return;
 
-    if (isGoodCopy(copy)) {
-        // The bytes may be someone's own work with a slip in it.
-        if (!file.content.isEmpty())
+    const bool hasCopy = isGoodCopy(copy);
+    // The bytes may be someone's own work with a slip in it. Those that the library wrote are worth nothing.
+    const bool isOurs = isBeingChanged || (hasCopy && copy.content.startsWith(file.content));
+    if (!isOurs && !file.content.isEmpty() && !hasRoomAside()) {
+        m_withoutRoomAside.append(typeId);
+        return;
+    }
+    const QByteArray inMemory = !hasCopy && fallback ? fallback(typeId) : QByteArray();
+    if (hasCopy || !inMemory.isNull()) {
+        if (!isOurs && !file.content.isEmpty())
             saveBytes(file.content, typeId);
-        (putBack(typeId) ? m_restored : m_stillBroken).append(typeId);
+        (putBack(typeId, inMemory) ? m_restored : m_stillBroken).append(typeId);
     } else {
         (takeAway(typeId, file) ? m_reset : m_stillBroken).append(typeId);
     }
@@ -146,11 +252,8 @@ bool RuleBackup::putBack(const QString& typeId, const QByteArray& content)
         return overwriteStored(ruleFile(typeId), bytes);
     if (replaceStored(ruleFile(typeId), bytes, workshop(typeId), file.mode != 0 ? file.mode : 0600))
         return true;
-    if (!fromCopy)
-        return false;
     // A full disk has room for one of the two, and the rules are what the user wants.
-    m_kept.remove(typeId);
-    return renameStored(copyOf(typeId), ruleFile(typeId));
+    return fromCopy && renameStored(copyOf(typeId), ruleFile(typeId));
 }
 
 bool RuleBackup::keep(const QString& typeId)
@@ -160,52 +263,65 @@ bool RuleBackup::keep(const QString& typeId)
     const StoredFile file = readStored(ruleFile(typeId));
     if (file.state != State::Readable)
         return true;
-    const auto kept = m_kept.constFind(typeId);
-    if (kept != m_kept.cend() && *kept == file.content)
-        return true;
     if (!isGood(file.content))
         return false;
     const StoredFile copy = readStored(copyOf(typeId));
-    if (copy.state != State::Readable || copy.isLink || copy.content != file.content) {
-        // The file first: whoever finds it good after a crash must find this content, not what it was long ago.
-        if (!syncStored(ruleFile(typeId)) || !replaceStored(copyOf(typeId), file.content, workshop(typeId), file.mode))
-            return false;
-    }
-    m_kept.insert(typeId, file.content);
-    return true;
+    if (copy.state == State::Readable && !copy.isLink && copy.content == file.content)
+        return true;
+    // The file first: whoever finds it good after a crash must find this content, not what it was long ago.
+    return syncStored(ruleFile(typeId)) && replaceStored(copyOf(typeId), file.content, workshop(typeId), 0600);
 }
 
 bool RuleBackup::keepAll()
 {
+    makeFolders();
     bool allKept = true;
-    const QStringList types = filesIn(m_rules);
-    for (const QString& typeId : types)
-        allKept = keep(typeId) && allKept;
+    const QStringList all = types();
+    for (const QString& typeId : all) {
+        const StoredFile file = readStored(ruleFile(typeId));
+        if (file.state == State::Readable && isGood(file.content))
+            allKept = keep(typeId) && allKept;
+    }
     return allKept;
 }
 
+bool RuleBackup::hasRoomAside() const
+{
+    return filesIn(asideFolder()).size() < mostAside;
+}
+
+/// Empty when there is no room.
 QString RuleBackup::nextAsideName(const QString& typeId) const
 {
-    QMap<int, QString> taken;
+    if (!hasRoomAside())
+        return {};
+    constexpr qulonglong largestNumber = 999'999'999;
+    qulonglong last = 0;
     const QStringList names = filesIn(asideFolder());
-    for (const QString& name : names)
-        taken.insert(name.section(u'-', 0, 0).toInt(), name);
-    while (taken.size() >= mostAside)
-        QFile::remove(asideFolder() + taken.take(taken.firstKey()));
-    const QString number = QString::number(taken.isEmpty() ? 1 : taken.lastKey() + 1);
-    const QString name = number + u'-' + typeId;
-    constexpr qsizetype longestName = 255;
-    return asideFolder() + (QFile::encodeName(name).size() > longestName ? number : name);
+    for (const QString& name : names) {
+        const qulonglong number = name.section(u'-', 0, 0).toULongLong();
+        last = std::max(last, number < largestNumber ? number : 0);
+    }
+    QString path;
+    do {
+        const QString number = QString::number(++last);
+        const QString name = number + u'-' + typeId;
+        constexpr qsizetype longestName = 255;
+        path = asideFolder() + (QFile::encodeName(name).size() > longestName ? number : name);
+    } while (existsStored(path));
+    return path;
 }
 
 bool RuleBackup::setAside(const QString& path, const QString& typeId) const
 {
-    return renameStored(path, nextAsideName(typeId));
+    const QString name = nextAsideName(typeId);
+    return !name.isEmpty() && renameStored(path, name);
 }
 
 bool RuleBackup::saveBytes(const QByteArray& content, const QString& typeId) const
 {
-    return replaceStored(nextAsideName(typeId), content, workshop(typeId), 0600);
+    const QString name = nextAsideName(typeId);
+    return !name.isEmpty() && replaceStored(name, content, workshop(typeId), 0600);
 }
 
 QStringList RuleBackup::news(const std::function<QString(const QString& typeId)>& nameOf) const
@@ -232,6 +348,23 @@ QStringList RuleBackup::news(const std::function<QString(const QString& typeId)>
         sentences.append(tell(QT_TRANSLATE_NOOP("zepa", "The stored rules for these types are damaged and cannot be "
                                                         "mended; the files are in %2. Types: %1"),
                               m_stillBroken)
+                             .arg(m_rules));
+    if (!m_withoutRoomAside.isEmpty())
+        sentences.append(tell(QT_TRANSLATE_NOOP("zepa", "The stored rules for these types are damaged. Nothing was "
+                                                        "changed, because %2 holds %3 files already: move them "
+                                                        "elsewhere and start again. Types: %1"),
+                              m_withoutRoomAside)
+                             .arg(asideFolder())
+                             .arg(mostAside));
+    if (!m_unreadable.isEmpty())
+        sentences.append(tell(QT_TRANSLATE_NOOP("zepa", "These types have no rules, because their rule files in %2 "
+                                                        "cannot be read or are not regular files: %1"),
+                              m_unreadable)
+                             .arg(m_rules));
+    if (!m_tooLarge.isEmpty())
+        sentences.append(tell(QT_TRANSLATE_NOOP("zepa", "The rules for these types cannot be changed and have no copy, "
+                                                        "because their rule files in %2 are larger than 4 MiB: %1"),
+                              m_tooLarge)
                              .arg(m_rules));
     return sentences;
 }

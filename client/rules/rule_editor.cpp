@@ -3,6 +3,8 @@
 
 #include "client/client.h"
 #include "client/rules/method_titles.h"
+#include "client/rules/rule_lock.h"
+#include "client/rules/rule_sync.h"
 #include "client/services/field_value.h"
 #include "client/services/global_settings.h"
 #include "core/notification.h"
@@ -10,19 +12,28 @@
 #include "core/notification_module.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace zepa {
 
 namespace {
 
-/// Where in `rules` the rule stands that is number `index` of its method; -1 when there are fewer.
-qsizetype placeOf(const QList<RuleState>& rules, const QString& method, qsizetype index)
+/// Where in `rules` the rule stands that is number `index` of its method, or else another one that is equal to it; -1
+/// when there is none.
+qsizetype placeOf(const QList<RuleState>& rules, const RuleState& rule, qsizetype index)
 {
+    qsizetype equal = -1;
     for (qsizetype place = 0; place < rules.size(); ++place) {
-        if (rules[place].method == method && index-- == 0)
+        if (rules[place].method != rule.method)
+            continue;
+        const bool isThatNumber = index-- == 0;
+        if (rules[place] != rule)
+            continue;
+        if (isThatNumber)
             return place;
+        equal = place;
     }
-    return -1;
+    return equal;
 }
 
 bool sameButForOrder(const QList<RuleState>& a, const QList<RuleState>& b)
@@ -62,6 +73,11 @@ void RuleEditor::add(const QString& type, const QString& method)
 {
     if (!module().getMethods().contains(method))
         return;
+    whenLocked([this, type, method] { addNow(type, method); });
+}
+
+void RuleEditor::addNow(const QString& type, const QString& method)
+{
     QList<RuleState> after = rulesOf(module(), type);
     after.prepend({method, initialFields(module(), type, method)});
     edit(tr("Add: %1").arg(pairName(type, method)), type, after);
@@ -69,44 +85,61 @@ void RuleEditor::add(const QString& type, const QString& method)
 
 void RuleEditor::remove(const QString& type, const QString& method, qsizetype index)
 {
-    QList<RuleState> after = rulesOf(module(), type);
-    const qsizetype place = placeOf(after, method, index);
-    if (place < 0)
+    const QList<RuleState> shown = rules(type, method);
+    if (index < 0 || index >= shown.size())
         return;
-    after.removeAt(place);
-    edit(tr("Remove: %1").arg(pairName(type, method)), type, after);
+    whenLocked([this, type, method, index, rule = shown[index]] {
+        QList<RuleState> after = rulesOf(module(), type);
+        const qsizetype place = placeOf(after, rule, index);
+        if (place < 0)
+            return;
+        after.removeAt(place);
+        edit(tr("Remove: %1").arg(pairName(type, method)), type, after);
+    });
 }
 
 void RuleEditor::toggle(const QString& type, const QString& method)
 {
     if (module().getNotificationRule(type, method))
-        remove(type, method);
-    else
-        add(type, method);
+        return remove(type, method);
+    if (!module().getMethods().contains(method))
+        return;
+    // What the mark shows decides, not what someone else made of it meanwhile.
+    whenLocked([this, type, method] {
+        if (!module().getNotificationRule(type, method))
+            addNow(type, method);
+    });
 }
 
 void RuleEditor::change(const QString& type, const QString& method, qsizetype index, const QString& field,
                         const QString& value)
 {
-    QList<RuleState> after = rulesOf(module(), type);
-    const qsizetype place = placeOf(after, method, index);
-    if (place < 0)
+    const QList<RuleState> shown = rules(type, method);
+    if (index < 0 || index >= shown.size())
         return;
-    for (ZepaField& candidate : after[place].fields) {
-        if (candidate.getId() != field || candidate.getText() == value || !fieldAllows(candidate, value))
-            continue;
-        candidate.setText(value);
-        const bool ticks = candidate.getType() == ZepaField::SpinBox;
-        edit(tr("Change: %1, %2").arg(pairName(type, method), candidate.getLabel()), type, after,
-             ticks ? QStringLiteral("%1/%2/%3/%4").arg(type, method, QString::number(index), field) : QString());
-        return;
-    }
+    whenLocked([this, type, method, index, field, value, rule = shown[index]] {
+        QList<RuleState> after = rulesOf(module(), type);
+        const qsizetype place = placeOf(after, rule, index);
+        if (place < 0)
+            return;
+        for (ZepaField& candidate : after[place].fields) {
+            if (candidate.getId() != field || candidate.getText() == value || !fieldAllows(candidate, value))
+                continue;
+            candidate.setText(value);
+            const bool ticks = candidate.getType() == ZepaField::SpinBox;
+            edit(tr("Change: %1, %2").arg(pairName(type, method), candidate.getLabel()), type, after,
+                 ticks ? QStringLiteral("%1/%2/%3/%4").arg(type, method, QString::number(index), field) : QString());
+            return;
+        }
+    });
 }
 
 void RuleEditor::restoreDefaults(const QString& type)
 {
-    if (!hasDefaults(type))
-        edit(tr("Restore defaults: %1").arg(typeName(module(), type)), type, defaultRulesOf(module(), type));
+    whenLocked([this, type] {
+        if (!hasDefaults(type))
+            edit(tr("Restore defaults: %1").arg(typeName(module(), type)), type, defaultRulesOf(module(), type));
+    });
 }
 
 bool RuleEditor::hasDefaults(const QString& type) const
@@ -116,7 +149,7 @@ bool RuleEditor::hasDefaults(const QString& type) const
 
 void RuleEditor::changeSetting(const ZepaField& field, const QString& value)
 {
-    refresh();
+    lookForChanges();
     const QString before = setting(field).getText();
     if (before == value || !fieldAllows(field, value))
         return;
@@ -141,40 +174,81 @@ QString RuleEditor::redoText() const
 
 void RuleEditor::undo()
 {
-    refresh();
-    if (!m_history.canUndo() || !carryOut(m_history.toUndo(), true))
-        return;
-    const QString text = m_history.toUndo().text;
-    m_history.undone();
-    Q_EMIT historyChanged();
-    Q_EMIT said(tr("Undone: %1").arg(text));
+    whenLocked([this] {
+        if (!m_history.canUndo() || !carryOut(m_history.toUndo(), true))
+            return;
+        const QString text = m_history.toUndo().text;
+        m_history.undone();
+        Q_EMIT historyChanged();
+        Q_EMIT said(tr("Undone: %1").arg(text));
+    });
 }
 
 void RuleEditor::redo()
 {
-    refresh();
-    if (!m_history.canRedo() || !carryOut(m_history.toRedo(), false))
-        return;
-    const QString text = m_history.toRedo().text;
-    m_history.redone();
-    Q_EMIT historyChanged();
-    Q_EMIT said(tr("Done again: %1").arg(text));
+    whenLocked([this] {
+        if (!m_history.canRedo() || !carryOut(m_history.toRedo(), false))
+            return;
+        const QString text = m_history.toRedo().text;
+        m_history.redone();
+        Q_EMIT historyChanged();
+        Q_EMIT said(tr("Done again: %1").arg(text));
+    });
 }
 
 void RuleEditor::retry()
 {
-    const QStringList types = m_problem.notStored();
-    for (const QString& type : types) {
-        const auto store = [this, &type] { module().storeNotificationRules(module().getNotifications().value(type)); };
-        const SafeChange outcome = changeSafely(module(), m_client.ruleBackup(), type, store);
-        // The change itself was made long ago: refused now means that it is still not stored.
-        note(outcome == SafeChange::Refused ? SafeChange::NotStored : outcome, type);
+    whenLocked([this] {
+        const QStringList types = m_problem.notStored();
+        for (const QString& type : types) {
+            const auto store = [this, &type] {
+                module().storeNotificationRules(module().getNotifications().value(type));
+            };
+            const SafeChange outcome = changeSafely(module(), m_client.ruleBackup(), *m_lock, type, store);
+            // The change itself was made long ago: refused now means that it is still not stored.
+            note(outcome == SafeChange::Refused ? SafeChange::NotStored : outcome, type);
+        }
+        if (m_problem.text().isEmpty())
+            Q_EMIT said(tr("All rules are stored now."));
+    });
+}
+
+/// Calls `work` with the lock, with rules as the files hold them, and in the order of the calls.
+void RuleEditor::whenLocked(const std::function<void()>& work)
+{
+    m_waiting.append(work);
+    if (m_waiting.size() == 1)
+        zepa::whenLocked(m_client.ruleBackup().ruleFolder(), this, [this](RuleLock& lock) { carryOutWaiting(lock); });
+}
+
+void RuleEditor::carryOutWaiting(RuleLock& lock)
+{
+    const auto works = std::exchange(m_waiting, {});
+    if (!lock.isHeld() && lock.isPossible()) {
+        m_problem.noteBusy();
+        Q_EMIT problemChanged();
+        return;
     }
-    if (m_problem.text().isEmpty())
-        Q_EMIT said(tr("All rules are stored now."));
+    m_lock = &lock;
+    for (const auto& work : works) {
+        if (lock.isHeld())
+            bringUpToDate(module(), m_client.ruleBackup());
+        lookForChanges();
+        work();
+    }
+    m_lock = nullptr;
 }
 
 void RuleEditor::refresh()
+{
+    // Who works on the files just now is looked at when it is done, before anything is changed here.
+    RuleLock lock(m_client.ruleBackup().ruleFolder());
+    if (!m_lock && lock.tryNow())
+        bringUpToDate(module(), m_client.ruleBackup());
+    lookForChanges();
+}
+
+void RuleEditor::lookForChanges()
 {
     bool history = false;
     const QStringList types = module().getNotifications().keys();
@@ -212,7 +286,6 @@ void RuleEditor::refresh()
 
 void RuleEditor::edit(const QString& text, const QString& type, const QList<RuleState>& after, const QString& mergeKey)
 {
-    refresh();
     const EditStep step{text, RuleChange{type, rulesOf(module(), type), after}, mergeKey};
     if (!module().getNotifications().contains(type) || !carryOut(step, false))
         return;
@@ -231,9 +304,9 @@ bool RuleEditor::carryOut(const RuleChange& change, bool back)
     const auto apply = [this, &change, back] {
         applyRules(module(), change.type, back ? change.before : change.after);
     };
-    const SafeChange outcome = changeSafely(module(), m_client.ruleBackup(), change.type, apply);
+    const SafeChange outcome = changeSafely(module(), m_client.ruleBackup(), *m_lock, change.type, apply);
     note(outcome, change.type);
-    if (outcome == SafeChange::Refused)
+    if (outcome == SafeChange::Refused || outcome == SafeChange::Busy)
         return false;
     rememberType(change.type);
     Q_EMIT rulesChanged(change.type);

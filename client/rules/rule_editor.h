@@ -13,17 +13,21 @@
 #include <QString>
 #include <QStringList>
 
+#include <functional>
+
 class ZepaNotificationModule;
 
 namespace zepa {
 
 class Client;
+class RuleLock;
 
 /// Changes rules and settings of the whole client for a window, and can take every change back.
 ///
 /// All goes through the public operations of the module and of the settings, and is on disk when a call returns, with
-/// its copy. Where that did not work, which the module itself does not say, problem() does. The client must outlive
-/// this object.
+/// its copy. Where that did not work, which the module itself does not say, problem() does. While another client works
+/// on the rule files, changes of rules wait for it without blocking: the call returns and changes nothing yet, and the
+/// signals tell when it is done, or problem() that it was refused. The client must outlive this object.
 ///
 /// A pair of type and method may have several rules; `index` counts them from the newest, 0, on. All of them act. The
 /// module calls the newest first; which one that is changes with every start of the client, since files are written
@@ -42,7 +46,7 @@ public:
 
     /// Adds a rule with the method's default settings for the type, in front of the others.
     void add(const QString& type, const QString& method);
-    /// Removes one rule of the pair.
+    /// Removes one rule of the pair: the one that stands at `index` now, also when others come or go meanwhile.
     void remove(const QString& type, const QString& method, qsizetype index = 0);
     /// Removes the newest rule of the pair; adds one when there is none.
     void toggle(const QString& type, const QString& method);
@@ -88,6 +92,10 @@ Q_SIGNALS:
     void said(const QString& text);
 
 private:
+    void whenLocked(const std::function<void()>& work);
+    void carryOutWaiting(RuleLock& lock);
+    void lookForChanges();
+    void addNow(const QString& type, const QString& method);
     void edit(const QString& text, const QString& type, const QList<RuleState>& after, const QString& mergeKey = {});
     bool carryOut(const EditStep& step, bool back);
     bool carryOut(const RuleChange& change, bool back);
@@ -104,6 +112,10 @@ private:
     QHash<QString, QList<RuleState>> m_rules;
     QHash<QString, QString> m_settings;
     QStringList m_methods;
+    /// What is to be done when the lock is ours.
+    QList<std::function<void()>> m_waiting;
+    /// Not null while it is being done.
+    RuleLock* m_lock = nullptr;
 };
 
 } // namespace zepa

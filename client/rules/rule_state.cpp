@@ -94,12 +94,24 @@ QList<ZepaField> initialFields(const ZepaNotificationModule& module, const QStri
     return fieldsWith(*method, hasDefault(config) ? config : QList<ZepaField>());
 }
 
+void updateRule(ZepaNotificationModule& module, const QString& typeId, const QString& methodId,
+                QList<ZepaField>& fields)
+{
+    ZepaNotificationRule* rule = module.getNotificationRule(typeId, methodId);
+    if (!rule) {
+        module.addNotificationRule(typeId, methodId, fields);
+        return;
+    }
+    rule->setConfig(fields);
+    module.storeNotificationRules(module.getNotifications().value(typeId));
+}
+
 void applyRules(ZepaNotificationModule& module, const QString& typeId, const QList<RuleState>& wanted)
 {
     const QList<RuleState> now = rulesOf(module, typeId);
     if (isChangeOfOneRule(now, wanted)) {
         RuleState changed = *std::mismatch(now.cbegin(), now.cend(), wanted.cbegin()).second;
-        module.updateNotificationRule(typeId, changed.method, changed.fields);
+        updateRule(module, typeId, changed.method, changed.fields);
         return;
     }
 

@@ -34,6 +34,11 @@ QList<RuleState> defaultRulesOf(const ZepaNotificationModule& module, const QStr
 /// default. Null identifiers or unknown ones give no fields.
 QList<ZepaField> initialFields(const ZepaNotificationModule& module, const QString& typeId, const QString& methodId);
 
+/// Gives the newest rule of the pair these fields, or adds one when there is none, and stores the rules of this type
+/// alone: the module's own operation rewrites the files of all types, and each of them once for every rule in it.
+void updateRule(ZepaNotificationModule& module, const QString& typeId, const QString& methodId,
+                QList<ZepaField>& fields);
+
 /// Makes the rules of the type those of `wanted`, newest first, with as few changes as the module's operations allow.
 /// New rules go in front of the others, so to get an order back means to take rules out and add them again. A rule
 /// whose method is not installed any more cannot be added: look at rulesOf() afterwards.

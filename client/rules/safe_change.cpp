@@ -2,11 +2,11 @@
 #include "client/rules/safe_change.h"
 
 #include "client/rules/rule_backup.h"
+#include "client/rules/rule_lock.h"
+#include "client/rules/rule_sync.h"
 #include "client/rules/stored_file.h"
-#include "core/notification_method.h"
+#include "client/services/private_umask.h"
 #include "core/notification_module.h"
-#include "core/notification_rule.h"
-#include "host/xml_node.h"
 
 #include <QCoreApplication>
 #include <QFileInfo>
@@ -15,52 +15,56 @@ namespace zepa {
 
 namespace {
 
-/// What the library writes for the type: byte for byte, since it asks the same of the same classes.
-QByteArray fileOf(const ZepaNotificationModule& module, const QString& typeId)
-{
-    ZepaXmlNode root(QStringLiteral("rules"), QString(), nullptr);
-    const auto rules = module.getRules(module.getNotifications().value(typeId));
-    for (const ZepaNotificationRule* rule : rules) {
-        ZepaXmlNode element = root.addChild(rule->getMethod()->getId(), QString());
-        element.appendChild(ZepaField::toXml(rule->getConfig()));
-    }
-    return root.toByteArray(-1);
-}
-
 bool canBeWritten(const QString& path)
 {
+    const StoredFile::State state = readStored(path).state;
+    if (state == StoredFile::State::Foreign || state == StoredFile::State::TooLarge)
+        return false;
     const QFileInfo file(path);
-    return file.exists() ? file.isFile() && file.isWritable() : QFileInfo(file.path()).isWritable();
+    return file.exists() ? file.isWritable() : QFileInfo(file.path()).isWritable();
 }
 
-/// Puts right what the library could not write, from its rules in memory, or else from the copy.
-void mendBrokenFiles(ZepaNotificationModule& module, RuleBackup& backup)
+/// Puts right what the library could not write, from its rules in memory, or else from the copy; and notes for the
+/// other files that they hold what is in memory.
+void mendBrokenFiles(const ZepaNotificationModule& module, RuleBackup& backup)
 {
     const QStringList types = module.getNotifications().keys();
     for (const QString& typeId : types) {
         const StoredFile file = readStored(backup.ruleFile(typeId));
-        if (file.state == StoredFile::State::Readable && !RuleBackup::isGood(file.content) &&
-            !backup.putBack(typeId, fileOf(module, typeId)))
+        if (file.state != StoredFile::State::Readable || file.content == backup.loaded(typeId))
+            continue;
+        const QByteArray inMemory = ruleFileOf(module, typeId);
+        if (file.content == inMemory)
+            backup.setLoaded(typeId, inMemory);
+        else if (!RuleBackup::isGood(file.content) && !backup.loaded(typeId).isNull() &&
+                 !backup.putBack(typeId, inMemory))
             backup.putBack(typeId);
     }
 }
 
 } // namespace
 
-SafeChange changeSafely(ZepaNotificationModule& module, RuleBackup& backup, const QString& typeId,
+SafeChange changeSafely(ZepaNotificationModule& module, RuleBackup& backup, RuleLock& lock, const QString& typeId,
                         const std::function<void()>& edit)
 {
-    // 1. Whatever the change may rewrite (the library rewrites more than the one type) must have its copy.
+    if (!lock.isHeld() && !lock.wait())
+        return lock.isPossible() ? SafeChange::Busy : SafeChange::Refused;
+    const PrivateUmask forUsAlone;
+    // 1. The module knows what other clients did, and whatever the change may rewrite has its copy.
+    bringUpToDate(module, backup);
     if (!canBeWritten(backup.ruleFile(typeId)))
         return SafeChange::Refused;
-    mendBrokenFiles(module, backup);
-    if (!backup.keepAll() || !backup.beginChange(typeId))
+    if (!backup.keepAll() || !backup.keep(typeId) || !backup.beginChange(typeId))
         return SafeChange::Refused;
+    backup.makePrivate();
     // 2. The change, and whether the disk has it. The library does not say.
     edit();
-    const QByteArray wanted = fileOf(module, typeId);
-    const bool isStored = readStored(backup.ruleFile(typeId)).content == wanted || backup.putBack(typeId, wanted);
-    if (!isStored)
+    const QByteArray wanted = ruleFileOf(module, typeId);
+    const bool isStored = readStored(backup.ruleFile(typeId)).content == wanted ||
+                          (wanted.size() <= largestStoredFile && backup.putBack(typeId, wanted));
+    if (isStored)
+        backup.setLoaded(typeId, wanted);
+    else
         backup.putBack(typeId);
     mendBrokenFiles(module, backup);
     // 3. The new copy; it is what makes the change last.
@@ -88,6 +92,9 @@ QString problemWith(SafeChange change, const QString& typeId)
     case SafeChange::Refused:
         return text(QT_TRANSLATE_NOOP("zepa", "The rules for %1 were not changed: the file cannot be written, or there "
                                               "is no room for the copy that protects it."));
+    case SafeChange::Busy:
+        return text(QT_TRANSLATE_NOOP("zepa", "The rules for %1 were not changed: another program is changing rules in "
+                                              "the same folder. Try again."));
     }
     return {};
 }

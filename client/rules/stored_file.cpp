@@ -84,14 +84,24 @@ StoredFile readStored(const QString& path)
     found.state = StoredFile::State::Foreign;
     found.mode = status.st_mode & 07777U;
     // Asked before it is opened: opening is an action of its own for some devices.
-    if (!S_ISREG(status.st_mode) || status.st_size > largestStoredFile)
+    if (!S_ISREG(status.st_mode))
         return found;
     const Descriptor file(path, O_RDONLY | O_NONBLOCK);
-    if (file.isOpen() && readAll(file, found.content))
+    if (!file.isOpen())
+        return found;
+    if (status.st_size > largestStoredFile)
+        found.state = StoredFile::State::TooLarge;
+    else if (readAll(file, found.content))
         found.state = StoredFile::State::Readable;
     else
         found.content.clear();
     return found;
+}
+
+bool existsStored(const QString& path)
+{
+    struct stat status = {};
+    return ::lstat(QFile::encodeName(path).constData(), &status) == 0;
 }
 
 bool replaceStored(const QString& path, const QByteArray& content, const QString& aside, unsigned int mode)
@@ -124,6 +134,16 @@ bool syncStored(const QString& path)
 {
     const Descriptor file(path, O_RDONLY | O_NONBLOCK);
     return file.isOpen() && ::fsync(file.number()) == 0 && syncFolderOf(path);
+}
+
+void makePrivateStored(const QString& path)
+{
+    const Descriptor file(path, O_RDONLY | O_NONBLOCK | O_NOFOLLOW);
+    struct stat status = {};
+    if (!file.isOpen() || ::fstat(file.number(), &status) != 0 || status.st_uid != ::geteuid() ||
+        (!S_ISREG(status.st_mode) && !S_ISDIR(status.st_mode)))
+        return;
+    ::fchmod(file.number(), status.st_mode & 07700U);
 }
 
 } // namespace zepa

@@ -13,7 +13,9 @@ struct StoredFile
     enum class State {
         Missing,
         Readable,
-        /// A folder, a device, larger than largestStoredFile, or not to be read: none of our business.
+        /// A regular file above largestStoredFile.
+        TooLarge,
+        /// A folder, a device, or not to be read: none of our business.
         Foreign
     };
 
@@ -29,6 +31,8 @@ inline constexpr qint64 largestStoredFile = qint64(4) * 1024 * 1024;
 
 /// Reads it whole; follows links. Never waits, whatever stands under that name.
 StoredFile readStored(const QString& path);
+/// Whether anything has that name, a link to nowhere included.
+bool existsStored(const QString& path);
 
 /// Puts `content` in the place of `path`: written to `aside`, a path on the same file system, synced, renamed, and the
 /// folder synced. False when that did not work; the file is as it was then, and `aside` is gone.
@@ -40,5 +44,8 @@ bool overwriteStored(const QString& path, const QByteArray& content);
 bool renameStored(const QString& from, const QString& to);
 /// Brings a file that someone else wrote to the disk, and its name in the folder.
 bool syncStored(const QString& path);
+
+/// Takes the rights of everybody but the owner away from a file or folder of this user. Links are left alone.
+void makePrivateStored(const QString& path);
 
 } // namespace zepa

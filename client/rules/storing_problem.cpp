@@ -41,6 +41,12 @@ void StoringProblem::noteRules(SafeChange outcome, const QString& type)
         tell({});
 }
 
+void StoringProblem::noteBusy()
+{
+    tell(tr("The rules were not changed: another program is changing rules in %1. Try again when it is done.")
+             .arg(shownPath(m_client.settings().getSettingsDir())));
+}
+
 void StoringProblem::noteSetting(const ZepaField& setting, bool isStored)
 {
     if (isStored)

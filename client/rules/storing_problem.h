@@ -28,6 +28,8 @@ public:
     /// What became of a change of the type's rules. It may have stored earlier ones, too: the module rewrites more
     /// files than that of the type.
     void noteRules(SafeChange outcome, const QString& type);
+    /// Changes of rules were not made, because another client works on the rule files and does not finish.
+    void noteBusy();
     /// The same of a setting of the whole client.
     void noteSetting(const ZepaField& setting, bool isStored);
 

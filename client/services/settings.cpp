@@ -14,6 +14,7 @@ namespace zepa {
 namespace {
 
 Settings* current = nullptr;
+int hidings = 0;
 
 /// The absolute path with a separator at its end.
 QString asFolder(const QString& path)
@@ -54,9 +55,25 @@ bool Settings::isUsable() const
     return notifications.isDir() && notifications.isWritable();
 }
 
+bool Settings::hasRuleFolder() const
+{
+    return QFileInfo(m_folder + QStringLiteral("notifications")).isDir();
+}
+
 QString Settings::getSettingsDir() const
 {
-    return m_folder;
+    // No file has others below it.
+    return hidings == 0 ? m_folder : QStringLiteral("/dev/null/");
+}
+
+Settings::Hidden::Hidden()
+{
+    ++hidings;
+}
+
+Settings::Hidden::~Hidden()
+{
+    --hidings;
 }
 
 QString Settings::getCurrentThemeDir() const

@@ -29,8 +29,10 @@ public:
     virtual ~Settings();
     Q_DISABLE_COPY_MOVE(Settings)
 
-    /// Whether the folder is there and rule files can be written; if not, everything has its initial value.
+    /// Whether the folder is there and rule files can be written.
     bool isUsable() const;
+    /// Whether there is a folder with rule files, which may hold some also when it cannot be written.
+    bool hasRuleFolder() const;
     /// The file with the settings of the whole client. It need not exist.
     const QString& settingsFile() const { return m_file.path(); }
     /// False when there is such a file and it could not be read: every setting has its initial value then.
@@ -41,6 +43,16 @@ public:
     QString getCurrentRosterThemeDir() const override;
     QString getCurrentSoundThemeDir() const override;
     ZepaField readGlobalSetting(const ZepaField& field) const override;
+
+    /// While an object of this class lives, getSettingsDir() names a folder that cannot exist: the library finds no rule
+    /// files, and stores none. For bringing its rules up to files that someone else has written.
+    class ZEPA_CLIENT_EXPORT Hidden
+    {
+    public:
+        Hidden();
+        ~Hidden();
+        Q_DISABLE_COPY_MOVE(Hidden)
+    };
 
     /// Keeps `value` for the setting that `field` describes, in memory and in the file. Not when the field does not
     /// allow the value or the file cannot be changed: then nothing is. Never waits: while another process changes the

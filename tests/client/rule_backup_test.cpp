@@ -20,7 +20,8 @@ TEST_F(RuleBackupTest, ReadsEveryCutOffFileAsBrokenAndAnEmptyRulesElementAsGood)
     EXPECT_TRUE(RuleBackup::isGood("<rules></rules>"));
     for (qsizetype length = 0; length < oneRule.size(); ++length)
         EXPECT_FALSE(RuleBackup::isGood(oneRule.first(length))) << length;
-    EXPECT_FALSE(RuleBackup::isGood("<rule></rule>"));
+    // Someone else's document may stand there; the library reads no rules from it.
+    EXPECT_TRUE(RuleBackup::isGood("<letter>Dear Ann</letter>"));
     EXPECT_FALSE(RuleBackup::isGood(oneRule + QByteArray(4, '\0')));
     EXPECT_FALSE(RuleBackup::isGood(QByteArray(100, '\0')));
 }
@@ -28,6 +29,7 @@ TEST_F(RuleBackupTest, ReadsEveryCutOffFileAsBrokenAndAnEmptyRulesElementAsGood)
 TEST_F(RuleBackupTest, PutsBackWhatACrashLeftEmptyOrCutOff)
 {
     const QString cutOff = QStringLiteral("cut_off");
+    types.append(cutOff);
     write(rule(message), oneRule);
     write(rule(cutOff), otherRule);
     start();
@@ -37,7 +39,7 @@ TEST_F(RuleBackupTest, PutsBackWhatACrashLeftEmptyOrCutOff)
     const auto backup = start();
     EXPECT_EQ(read(rule(message)), oneRule);
     EXPECT_EQ(read(rule(cutOff)), otherRule);
-    EXPECT_EQ(backup->restored(), (QStringList{cutOff, message}));
+    EXPECT_EQ(backup->restored(), (QStringList{message, cutOff}));
     EXPECT_EQ(backup->news().size(), 1);
     // Told once.
     EXPECT_TRUE(start()->news().isEmpty());
@@ -129,15 +131,74 @@ TEST_F(RuleBackupTest, SetsTheBytesAsideThatACopyReplaces)
     EXPECT_EQ(read(backup->asideFolder() + aside().constFirst()), "<rules><m>typed by hand</rules>");
 }
 
-TEST_F(RuleBackupTest, KeepsTheNewestOfWhatItSetAside)
+TEST_F(RuleBackupTest, LeavesADamagedFileWhereItIsAndSaysSoWhenAsMuchIsSetAsideAsThereIsRoomFor)
 {
-    for (int i = 0; i < 70; ++i) {
+    for (int i = 0; i < 64; ++i) {
         write(rule(message), "<rules>" + QByteArray::number(i));
         start();
     }
-    EXPECT_EQ(aside().size(), 64);
-    EXPECT_FALSE(aside().contains(QStringLiteral("6-message_received")));
-    EXPECT_TRUE(aside().contains(QStringLiteral("70-message_received")));
+    ASSERT_EQ(aside().size(), 64);
+    const QStringList before = aside();
+    for (const bool hasCopy : {false, true}) {
+        if (hasCopy)
+            write(copy(message), oneRule);
+        write(rule(message), "<rules>the last");
+        const auto backup = start();
+        EXPECT_EQ(aside(), before);
+        EXPECT_EQ(read(rule(message)), "<rules>the last");
+        EXPECT_EQ(backup->withoutRoomAside(), QStringList{message});
+        ASSERT_EQ(backup->news().size(), 1);
+        EXPECT_TRUE(backup->news().constFirst().contains(backup->asideFolder()));
+        EXPECT_TRUE(backup->news().constFirst().contains(QStringLiteral("64")));
+    }
+    // What the library left half written says nothing that the copy does not.
+    write(rule(message), oneRule.first(10));
+    EXPECT_EQ(start()->restored(), QStringList{message});
+    EXPECT_EQ(read(rule(message)), oneRule);
+}
+
+TEST_F(RuleBackupTest, TouchesOnlyFilesOfItsTypesAndThoseThatHaveACopy)
+{
+    QStringList letters;
+    for (int i = 0; i < 300; ++i) {
+        letters.append(QStringLiteral("letter%1").arg(i));
+        write(rule(letters.constLast()), "Dear Ann");
+    }
+    write(rule(message), "<rules>");
+    start();
+    for (const QString& letter : std::as_const(letters))
+        ASSERT_EQ(read(rule(letter)), "Dear Ann") << letter.toStdString();
+    EXPECT_EQ(aside(), QStringList{QStringLiteral("1-message_received")});
+    EXPECT_TRUE(QDir(path(QStringLiteral("rules-backup/copies"))).isEmpty());
+
+    // A type that an embedding client had once.
+    write(rule(QStringLiteral("lunch")), {});
+    write(copy(QStringLiteral("lunch")), oneRule);
+    start();
+    EXPECT_EQ(read(rule(QStringLiteral("lunch"))), oneRule);
+}
+
+TEST_F(RuleBackupTest, LeavesADocumentThatIsNoneOfRulesAsItIs)
+{
+    write(rule(message), "<letter>Dear Ann</letter>");
+    EXPECT_TRUE(start()->news().isEmpty());
+    EXPECT_EQ(read(rule(message)), "<letter>Dear Ann</letter>");
+    EXPECT_TRUE(aside().isEmpty());
+}
+
+TEST_F(RuleBackupTest, NumbersWhatItSetsAsideAlsoWhenTheNumbersThereAreHuge)
+{
+    start();
+    const QString folder = path(QStringLiteral("rules-backup/set-aside/"));
+    for (const char* name : {"2147483647-x", "999999999-x", "18446744073709551615-x", "-5-x", "letter"})
+        write(folder + QString::fromLatin1(name), "x");
+    for (int i = 0; i < 2; ++i) {
+        write(rule(message), "<rules>" + QByteArray::number(i));
+        start();
+    }
+    EXPECT_EQ(read(folder + QStringLiteral("1-message_received")), "<rules>0");
+    EXPECT_EQ(read(folder + QStringLiteral("2-message_received")), "<rules>1");
+    EXPECT_EQ(aside().size(), 7);
 }
 
 TEST_F(RuleBackupTest, LetsAMissingFileMeanTheDefaults)
@@ -154,9 +215,10 @@ TEST_F(RuleBackupTest, LetsAMissingFileMeanTheDefaults)
 
 TEST_F(RuleBackupTest, TakesAwayDefaultsThatWereCutOffHalfWay)
 {
-    write(rule(message), oneRule);
-    startAndDie();
     const QString half = QStringLiteral("half");
+    types.append(half);
+    write(rule(message), oneRule);
+    startAndDie({half});
     write(rule(half), oneRule);
     start();
     EXPECT_FALSE(QFileInfo::exists(rule(half)));
@@ -197,6 +259,7 @@ TEST_F(RuleBackupTest, ProtectsTypesWithOddNames)
 {
     const QStringList odd{QStringLiteral(".hidden"),      QStringLiteral("with blank"), QStringLiteral("line\nbreak"),
                           QStringLiteral("größe-\u2603"), QStringLiteral("5-copies"),   QString(255, u'x')};
+    types = odd;
     for (const QString& type : odd)
         write(rule(type), oneRule);
     start();
@@ -218,13 +281,18 @@ TEST_F(RuleBackupTest, TouchesNothingOutsideOfItsFolders)
     EXPECT_EQ(read(path(QStringLiteral("settings.ini"))), QByteArray(""));
 }
 
-TEST_F(RuleBackupTest, LeavesAloneWhatIsNoOrdinaryFile)
+TEST_F(RuleBackupTest, LeavesAloneWhatIsNoOrdinaryFileAndSaysThatItCannotBeUsed)
 {
+    types = QStringList{QStringLiteral("pipe"), QStringLiteral("folder"), QStringLiteral("huge")};
     ASSERT_EQ(mkfifo(QFile::encodeName(rule(QStringLiteral("pipe"))).constData(), 0600), 0);
     QDir().mkdir(rule(QStringLiteral("folder")));
     write(rule(QStringLiteral("huge")), QByteArray(5 * 1024 * 1024, 'x'));
     const auto backup = start();
-    EXPECT_TRUE(backup->news().isEmpty());
+    EXPECT_EQ(backup->unreadable(), types.first(2));
+    EXPECT_EQ(backup->tooLarge(), types.last(1));
+    ASSERT_EQ(backup->news().size(), 2);
+    EXPECT_TRUE(backup->news()[0].endsWith(QStringLiteral(": pipe, folder")));
+    EXPECT_TRUE(backup->news()[1].endsWith(QStringLiteral("4 MiB: huge")));
     EXPECT_TRUE(backup->keepAll());
     EXPECT_EQ(QFileInfo(rule(QStringLiteral("huge"))).size(), 5 * 1024 * 1024);
     EXPECT_TRUE(QDir(path(QStringLiteral("rules-backup/copies"))).isEmpty());
@@ -272,11 +340,80 @@ TEST_F(RuleBackupTest, KeepsWhoMayReadARuleFile)
     EXPECT_FALSE(QFile::permissions(copy(message)) & forOthers);
 }
 
+TEST_F(RuleBackupTest, MarksAStartAndDoesNotWriteThroughALink)
+{
+    start();
+    const QString letter = path(QStringLiteral("letter"));
+    write(letter, "Dear Ann");
+    const QString mark = path(QStringLiteral("rules-backup/starting"));
+    ASSERT_TRUE(QFile::link(letter, mark));
+    startAndDie({message});
+    EXPECT_EQ(read(letter), "Dear Ann");
+    EXPECT_TRUE(QFileInfo(mark).isFile());
+    EXPECT_FALSE(QFileInfo(mark).isSymLink());
+    start();
+    EXPECT_FALSE(QFileInfo::exists(mark));
+    EXPECT_EQ(read(letter), "Dear Ann");
+}
+
+TEST_F(RuleBackupTest, WritesNothingWhenNothingIsWrong)
+{
+    write(rule(message), oneRule);
+    const auto backup = make();
+    backup->restore({message});
+    backup->started();
+    EXPECT_EQ(backup->loaded(message), oneRule);
+    EXPECT_FALSE(QFileInfo::exists(path(QStringLiteral("rules-backup"))));
+}
+
+TEST_F(RuleBackupTest, TakesRightsOfOthersAwayOnce)
+{
+    types.append(QStringLiteral("link"));
+    const QString elsewhere = path(QStringLiteral("elsewhere"));
+    write(elsewhere, oneRule);
+    ASSERT_TRUE(QFile::link(elsewhere, rule(QStringLiteral("link"))));
+    write(rule(message), oneRule);
+    write(rule(QStringLiteral("letter")), "Dear Ann");
+    const auto backup = start();
+    const auto open = [this](const QString& name) { ::chmod(QFile::encodeName(path(name)).constData(), 0755); };
+    const auto mode = [this](const QString& name) {
+        struct stat status = {};
+        ::stat(QFile::encodeName(path(name)).constData(), &status);
+        return status.st_mode & 0777U;
+    };
+    const QStringList ours{QStringLiteral("notifications"), QStringLiteral("notifications/message_received"),
+                           QStringLiteral("rules-backup"), QStringLiteral("rules-backup/copies"),
+                           QStringLiteral("rules-backup/copies/message_received")};
+    const QStringList others{QStringLiteral("."), QStringLiteral("elsewhere"), QStringLiteral("notifications/letter")};
+    for (const QString& name : ours + others)
+        open(name);
+    backup->makePrivate();
+    for (const QString& name : ours)
+        EXPECT_EQ(mode(name), 0700U) << name.toStdString();
+    for (const QString& name : others)
+        EXPECT_EQ(mode(name), 0755U) << name.toStdString();
+
+    // Whoever gives the rights again means it.
+    for (const QString& name : ours)
+        open(name);
+    make()->makePrivate();
+    for (const QString& name : ours)
+        EXPECT_EQ(mode(name), 0755U) << name.toStdString();
+
+    QFile::remove(path(QStringLiteral("rules-backup/private")));
+    const auto owner = make();
+    owner->ownSettingsFolder();
+    owner->makePrivate();
+    EXPECT_EQ(mode(QStringLiteral(".")), 0700U);
+}
+
 TEST_F(RuleBackupTest, LeavesNoScrapsOfACopyThatWasCutOff)
 {
+    write(rule(message), oneRule);
     start();
     const QString scrap = path(QStringLiteral("rules-backup/new/scrap"));
     write(scrap, "<rul");
+    write(rule(message), {});
     start();
     EXPECT_FALSE(QFileInfo::exists(scrap));
 }

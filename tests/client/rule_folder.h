@@ -38,16 +38,25 @@ protected:
         return QDir(path(QStringLiteral("rules-backup/set-aside"))).entryList(QDir::Files | QDir::Hidden, QDir::Name);
     }
 
-    /// A start as the client does it, with nothing in between where the module would be made.
+    /// A start as a client with a window does it, with nothing in between where the module would be made.
     std::unique_ptr<zepa::RuleBackup> start()
     {
-        auto backup = std::make_unique<zepa::RuleBackup>(m_folder.path() + u'/');
+        auto backup = make();
         backup->restore();
         backup->started();
+        backup->keepAll();
         return backup;
     }
-    /// The same for a start that is cut off before the module has registered its types.
-    void startAndDie() { zepa::RuleBackup(m_folder.path() + u'/').restore(); }
+    /// The same for a start that is cut off before the module has written the defaults of `withDefaults`.
+    void startAndDie(const QStringList& withDefaults) { make()->restore(withDefaults); }
+
+    /// The types whose files are ours.
+    QStringList types{QStringLiteral("message_received")};
+
+    std::unique_ptr<zepa::RuleBackup> make() const
+    {
+        return std::make_unique<zepa::RuleBackup>(m_folder.path() + u'/', types);
+    }
 
     const QString message = QStringLiteral("message_received");
     const QByteArray oneRule = "<rules><m><fields><field id=\"a\">1</field></fields></m></rules>";

@@ -2,6 +2,7 @@
 #include "client/rules/safe_change.h"
 
 #include "client/rules/rule_backup.h"
+#include "client/rules/rule_lock.h"
 #include "client/services/settings.h"
 #include "core/notification_method.h"
 #include "core/notification_module.h"
@@ -14,6 +15,7 @@
 #include <QTemporaryDir>
 #include <gtest/gtest.h>
 
+#include <functional>
 #include <memory>
 #include <optional>
 
@@ -33,15 +35,21 @@ protected:
         m_backup.reset();
         m_settings.reset();
         m_settings.emplace(m_folder.path());
-        m_backup = std::make_unique<RuleBackup>(m_settings->getSettingsDir());
+        m_backup = std::make_unique<RuleBackup>(m_settings->getSettingsDir(), QStringList{type});
         m_backup->restore();
         m_module.reset(ZepaNotificationModule::getInstance());
         m_module->registerNotification(type, type, {}, {});
         m_backup->started();
+        m_backup->keepAll();
+    }
+    SafeChange change(const std::function<void()>& edit)
+    {
+        zepa::RuleLock lock(m_backup->ruleFolder());
+        return changeSafely(*m_module, *m_backup, lock, type, edit);
     }
     SafeChange add(const QString& id = sound)
     {
-        return changeSafely(*m_module, *m_backup, type, [&] {
+        return change([&] {
             QList<ZepaField> config = m_module->getMethods().value(id)->fields;
             m_module->addNotificationRule(type, id, config);
         });
@@ -82,12 +90,12 @@ TEST_F(SafeChangeTest, MakesManyStepsOneForWhoeverComesAfterACrash)
     add();
     const QByteArray before = content();
     const qsizetype rules = count();
-    changeSafely(*m_module, *m_backup, type, [&] {
+    change([&] {
         while (m_module->getNotificationRule(type, sound))
             m_module->removeNotificationRule(type, sound);
         EXPECT_NE(content(), before);
         // Here the client dies: the next one starts on what is there now.
-        RuleBackup next(m_settings->getSettingsDir());
+        RuleBackup next(m_settings->getSettingsDir(), {type});
         next.restore();
         EXPECT_EQ(content(), before);
     });
@@ -120,8 +128,8 @@ TEST_F(SafeChangeTest, LosesNoStoredRuleOnADiskThatGetsFull)
     // And again and again, also with the last block taken.
     for (int i = 0; i < 10; ++i) {
         m_disk.fill();
-        const SafeChange change = add();
-        EXPECT_TRUE(change == SafeChange::NotStored || change == SafeChange::Refused);
+        const SafeChange outcome = add();
+        EXPECT_TRUE(outcome == SafeChange::NotStored || outcome == SafeChange::Refused);
         start();
         EXPECT_EQ(count(), stored);
     }
@@ -138,11 +146,11 @@ TEST_F(SafeChangeTest, ChangesNothingMoreAsLongAsThereIsNoRoomForACopy)
     ASSERT_EQ(add(), SafeChange::Stored);
     ASSERT_EQ(add(), SafeChange::Stored);
     // The file has its block; another one for the copy is not to be had.
-    const SafeChange change = changeSafely(*m_module, *m_backup, type, [&] {
+    const SafeChange withoutCopy = change([&] {
         m_module->removeNotificationRule(type, sound);
         m_disk.fill();
     });
-    EXPECT_EQ(change, SafeChange::StoredWithoutCopy);
+    EXPECT_EQ(withoutCopy, SafeChange::StoredWithoutCopy);
     const qsizetype stored = count();
     EXPECT_EQ(add(), SafeChange::Refused);
     EXPECT_EQ(count(), stored);

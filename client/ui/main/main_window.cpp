@@ -4,6 +4,7 @@
 #include "client/client.h"
 #include "client/posting/announce.h"
 #include "client/rules/method_titles.h"
+#include "client/rules/rule_lock.h"
 #include "client/services/chat_manager.h"
 #include "client/services/client_requests.h"
 #include "client/ui/main/contact_panel.h"
@@ -47,8 +48,9 @@ void MainWindow::bringToFront()
 
 void MainWindow::openNotificationSettings()
 {
+    if (!m_client.hasStarted())
+        return m_client.whenStarted(this, [this] { openNotificationSettings(); });
     if (!m_notificationSettings) {
-        m_client.start();
         m_notificationSettings = new NotificationSettings(m_client, this);
     }
     m_notificationSettings->refresh();
@@ -116,8 +118,9 @@ void MainWindow::fill()
     // What the user writes in a chat is an event, too; the chat window shows it already.
     connect(&ChatManager::instance(), &ChatManager::messageEntered, this,
             [this](const ZepaBuddy& buddy, const QString& text) {
-                m_client.start();
-                announce(m_client, {QStringLiteral("message_sent"), buddy.getName(), text, {}, buddy, {}});
+                m_client.whenStarted(this, [this, buddy, text] {
+                    announce(m_client, {QStringLiteral("message_sent"), buddy.getName(), text, {}, buddy, {}});
+                });
             });
     // The window may be active already: what is not shown yet would not get the keyboard.
     middle->show();
@@ -157,12 +160,26 @@ void MainWindow::keepPlace()
 
 void MainWindow::startClient()
 {
-    m_client.start();
+    m_client.whenStarted(this, [this] { tellAboutStart(); });
+    if (!m_client.hasStarted()) {
+        QTimer::singleShot(RuleLock::timeout, this, [this] {
+            if (!m_client.hasStarted())
+                tell(tr("Another program is changing rules in %1. Events are announced as soon as it is done.")
+                         .arg(m_client.settings().getSettingsDir()));
+        });
+    }
+}
+
+void MainWindow::tellAboutStart()
+{
     QStringList news =
         m_client.ruleBackup().news([this](const QString& type) { return typeName(m_client.module(), type); });
     if (!m_client.settings().isUsable())
-        news.prepend(tr("The settings folder %1 cannot be written: rules have their defaults, and nothing that changes "
-                        "is kept.")
+        news.prepend((m_client.settings().hasRuleFolder()
+                          ? tr("The settings folder %1 cannot be written: stored rules are in use, and nothing that "
+                               "changes is kept.")
+                          : tr("The settings folder %1 cannot be written: rules have their defaults, and nothing that "
+                               "changes is kept."))
                          .arg(m_client.settings().getSettingsDir()));
     else if (!m_client.settings().isFileReadable())
         news.prepend(tr("The settings file %1 cannot be read: every setting has its initial value.")

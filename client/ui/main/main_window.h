@@ -48,6 +48,7 @@ private:
     void fillMenus();
     void keepPlace();
     void startClient();
+    void tellAboutStart();
 
     Client& m_client;
     const WindowPlace m_place;

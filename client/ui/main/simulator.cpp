@@ -68,7 +68,8 @@ void Simulator::fill(QMenu& menu)
 
 void Simulator::play(qsizetype number)
 {
-    m_client.start();
+    if (!m_client.hasStarted())
+        return m_client.whenStarted(this, [this, number] { play(number); });
     const SimulatedEvent& event = simulatedEvents().at(number);
     Posting posting = postingOf(event, m_contact, m_text->text());
     if (m_hasAction->isChecked()) {

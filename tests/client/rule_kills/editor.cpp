@@ -3,6 +3,8 @@
 
 #include "client/client.h"
 #include "client/rules/rule_backup.h"
+#include "client/rules/rule_lock.h"
+#include "client/rules/rule_state.h"
 #include "client/rules/safe_change.h"
 #include "client/services/settings.h"
 #include "core/notification_method.h"
@@ -25,18 +27,24 @@ const QString sound = QStringLiteral("zepa_sound_notification_method");
 class SmallClient
 {
 public:
-    explicit SmallClient(const QString& folder) : m_settings(folder), m_backup(m_settings.getSettingsDir())
+    explicit SmallClient(const QString& folder) : m_settings(folder), m_backup(m_settings.getSettingsDir(), types)
     {
+        zepa::RuleLock lock(m_backup.ruleFolder());
+        if (!lock.wait())
+            _exit(1);
         m_backup.restore();
         m_module.reset(ZepaNotificationModule::getInstance());
-        for (const char16_t* type : {u"one", u"two", u"three", u"four", u"five"})
-            m_module->registerNotification(QString::fromUtf16(type), {}, {}, {});
+        for (const QString& type : types)
+            m_module->registerNotification(type, {}, {}, {});
         m_backup.started();
     }
     ZepaNotificationModule& module() { return *m_module; }
     zepa::RuleBackup& ruleBackup() { return m_backup; }
 
 private:
+    static inline const QStringList types{QStringLiteral("one"), QStringLiteral("two"), QStringLiteral("three"),
+                                          QStringLiteral("four"), QStringLiteral("five")};
+
     zepa::Settings m_settings;
     zepa::RuleBackup m_backup;
     std::unique_ptr<ZepaNotificationModule> m_module;
@@ -115,7 +123,7 @@ private:
             rules.prepend(soundRule(file));
         return carryOut(type, rules, [&] {
             QList<ZepaField> config = configWith(file);
-            m_module.updateNotificationRule(type, sound, config);
+            zepa::updateRule(m_module, type, sound, config);
         });
     }
 
@@ -140,7 +148,8 @@ private:
         using zepa::SafeChange;
         const QStringList texts = textsOf(wanted);
         say("tries", type, texts);
-        const SafeChange result = changeSafely(m_module, m_backup, type, change);
+        zepa::RuleLock lock(m_backup.ruleFolder());
+        const SafeChange result = changeSafely(m_module, m_backup, lock, type, change);
         switch (result) {
         case SafeChange::Stored:
         case SafeChange::StoredWithoutCopy:
@@ -150,6 +159,7 @@ private:
             say("unstored", type, texts);
             return false;
         case SafeChange::Refused:
+        case SafeChange::Busy:
             say("refused", type, texts);
             // Somebody may make room.
             usleep(1000);

@@ -1,0 +1,121 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "client/rules/rule_lock.h"
+
+#include <QDeadlineTimer>
+#include <QFile>
+#include <QTimer>
+
+#include <cerrno>
+#include <condition_variable>
+#include <fcntl.h>
+#include <mutex>
+#include <sys/file.h>
+#include <thread>
+#include <unistd.h>
+#include <utility>
+
+namespace zepa {
+
+/// Shared with the thread that waits, which may be left behind.
+struct RuleLock::State
+{
+    explicit State(const QString& folder)
+        : descriptor(::open(QFile::encodeName(folder).constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC))
+    {}
+    ~State()
+    {
+        if (descriptor >= 0)
+            ::close(descriptor);
+    }
+    Q_DISABLE_COPY_MOVE(State)
+
+    const int descriptor;
+    std::mutex mutex;
+    std::condition_variable changed;
+    bool isHeld = false;
+    bool isWaiting = false;
+};
+
+RuleLock::RuleLock(const QString& folder) : m_state(std::make_shared<State>(folder))
+{}
+
+RuleLock::~RuleLock()
+{
+    // A thread that still waits has the state for itself, and gives the lock back with it.
+    if (isHeld())
+        ::flock(m_state->descriptor, LOCK_UN);
+}
+
+bool RuleLock::isHeld() const
+{
+    const std::lock_guard guard(m_state->mutex);
+    return m_state->isHeld;
+}
+
+bool RuleLock::isPossible() const
+{
+    return m_state->descriptor >= 0;
+}
+
+bool RuleLock::tryNow()
+{
+    const std::lock_guard guard(m_state->mutex);
+    if (!m_state->isHeld && !m_state->isWaiting && isPossible())
+        m_state->isHeld = ::flock(m_state->descriptor, LOCK_EX | LOCK_NB) == 0;
+    return m_state->isHeld;
+}
+
+void RuleLock::beginWaiting()
+{
+    if (tryNow() || !isPossible())
+        return;
+    {
+        const std::lock_guard guard(m_state->mutex);
+        if (std::exchange(m_state->isWaiting, true))
+            return;
+    }
+    // The system wakes those who wait in the order in which they came. To ask again and again would be left to luck, and
+    // under load somebody has none for two seconds. A thread can be left behind, where a blocked call cannot be.
+    std::thread([state = m_state] {
+        int result = -1;
+        do
+            result = ::flock(state->descriptor, LOCK_EX);
+        while (result != 0 && errno == EINTR);
+        const std::lock_guard guard(state->mutex);
+        state->isHeld = result == 0;
+        state->isWaiting = false;
+        state->changed.notify_all();
+    }).detach();
+}
+
+bool RuleLock::wait()
+{
+    beginWaiting();
+    std::unique_lock guard(m_state->mutex);
+    return m_state->changed.wait_for(guard, timeout, [this] { return !m_state->isWaiting; }) && m_state->isHeld;
+}
+
+void whenLocked(const QString& folder, QObject* context, const std::function<void(RuleLock&)>& then)
+{
+    auto lock = std::make_shared<RuleLock>(folder);
+    lock->beginWaiting();
+    if (lock->isHeld() || !lock->isPossible())
+        return then(*lock);
+    auto* timer = new QTimer(context);
+    timer->setTimerType(Qt::PreciseTimer);
+    constexpr std::chrono::milliseconds step{5};
+    QObject::connect(timer, &QTimer::timeout, context,
+                     [timer, lock, then, deadline = QDeadlineTimer(RuleLock::timeout)]() mutable {
+                         if (!lock->isHeld() && !deadline.hasExpired())
+                             return;
+                         timer->stop();
+                         // The timer owns this function and with it the lock; `then` may run an event loop.
+                         const auto held = std::exchange(lock, nullptr);
+                         const auto call = std::move(then);
+                         timer->deleteLater();
+                         call(*held);
+                     });
+    timer->start(step);
+}
+
+} // namespace zepa

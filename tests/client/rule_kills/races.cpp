@@ -1,0 +1,295 @@
+// SPDX-License-Identifier: Apache-2.0
+// rule_races [--rounds N | --seconds S] FOLDER
+//
+// Several clients on one settings folder: commands that each change one rule, one after the other, in three lines side
+// by side; a client that stays, as a window does, and changes rules, too; commands that only read. Counts changes that
+// were acknowledged and are gone, changes that were refused, alarms about damage, and at the end the types whose rules
+// are exactly what they must be. Ends with 1 unless nothing was lost, refused or alarmed.
+#include "client/client.h"
+#include "client/rules/rule_lock.h"
+#include "client/rules/rule_state.h"
+#include "client/rules/safe_change.h"
+#include "core/notification_method.h"
+#include "core/notification_module.h"
+
+#include <QApplication>
+#include <QCommandLineParser>
+#include <QDeadlineTimer>
+#include <QTemporaryDir>
+
+#include <algorithm>
+#include <array>
+#include <atomic>
+#include <cerrno>
+#include <csignal>
+#include <cstdio>
+#include <cstring>
+#include <functional>
+#include <new>
+#include <sys/mman.h>
+#include <sys/prctl.h>
+#include <sys/wait.h>
+#include <unistd.h>
+#include <vector>
+
+namespace {
+
+constexpr int commandLines = 3;
+/// The client that stays is the last one.
+constexpr int writers = commandLines + 1;
+/// A type that everybody changes, and one for each writer alone.
+const std::array<QString, writers + 1> editedTypes{
+    QStringLiteral("message_received"), QStringLiteral("email_notify"), QStringLiteral("logged_in"),
+    QStringLiteral("typing_started_notify"), QStringLiteral("error_notify")};
+
+/// What all processes see.
+struct Shared
+{
+    std::atomic<int> acknowledged = 0;
+    std::atomic<int> lost = 0;
+    std::atomic<int> refused = 0;
+    std::atomic<int> alarms = 0;
+    std::atomic<int> reads = 0;
+    std::atomic<int> wrongReads = 0;
+    std::atomic<int> whole = 0;
+    std::atomic<bool> isOver = false;
+    /// By writer, and by its own (0) or the common type (1): the number of its last change that was acknowledged.
+    std::array<std::array<std::atomic<int>, 2>, writers> last = {};
+};
+
+Shared* shared = nullptr;
+QString folder;
+
+QString valueOf(int writer, int number)
+{
+    return QStringLiteral("%1-%2 ä.wav").arg(writer).arg(number);
+}
+
+bool hasText(const ZepaNotificationMethod& method)
+{
+    return std::any_of(method.fields.cbegin(), method.fields.cend(), [](const ZepaField& field) {
+        return field.getType() == ZepaField::SoundEdit || field.getType() == ZepaField::TextEdit;
+    });
+}
+
+/// A method for each writer: in the common type they change rules of different methods.
+QString methodOf(const ZepaNotificationModule& module, int writer)
+{
+    QStringList ids = module.getMethods().keys();
+    ids.removeIf([&module](const QString& id) { return !hasText(*module.getMethods().value(id)); });
+    ids.sort();
+    return ids.value(writer % static_cast<int>(ids.size()));
+}
+
+void setText(QList<ZepaField>& fields, const QString& value)
+{
+    for (ZepaField& field : fields) {
+        if (field.getType() == ZepaField::SoundEdit || field.getType() == ZepaField::TextEdit)
+            field.setText(value);
+    }
+}
+
+/// What the type must have: its defaults, and the last acknowledged changes.
+QList<zepa::RuleState> expectedRules(const ZepaNotificationModule& module, const QString& type)
+{
+    QList<zepa::RuleState> rules = defaultRulesOf(module, type);
+    for (int writer = 0; writer < writers; ++writer) {
+        const std::size_t which = type == editedTypes[0] ? 1 : 0;
+        const int last = shared->last[static_cast<std::size_t>(writer)][which];
+        if (last == 0 || (which == 0 && type != editedTypes[static_cast<std::size_t>(writer) + 1]))
+            continue;
+        const QString method = methodOf(module, writer);
+        zepa::RuleState rule{method, initialFields(module, type, method)};
+        rules.removeIf([&method](const zepa::RuleState& other) { return other.method == method; });
+        setText(rule.fields, valueOf(writer, last));
+        rules.append(rule);
+    }
+    return rules;
+}
+
+bool isWhole(const ZepaNotificationModule& module, const QString& type)
+{
+    const QList<zepa::RuleState> found = rulesOf(module, type);
+    const QList<zepa::RuleState> expected = expectedRules(module, type);
+    return std::is_permutation(found.cbegin(), found.cend(), expected.cbegin(), expected.cend());
+}
+
+bool isUnedited(const QString& type)
+{
+    return std::find(editedTypes.cbegin(), editedTypes.cend(), type) == editedTypes.cend();
+}
+
+/// Whether the last acknowledged change of that writer is there.
+bool hasLast(ZepaNotificationModule& module, int writer, int which, const QString& type)
+{
+    const int last = shared->last[static_cast<std::size_t>(writer)][static_cast<std::size_t>(which)];
+    if (last == 0)
+        return true;
+    const QString method = methodOf(module, writer);
+    const QList<zepa::RuleState> rules = rulesOf(module, type);
+    QList<ZepaField> fields = initialFields(module, type, method);
+    setText(fields, valueOf(writer, last));
+    return std::count(rules.cbegin(), rules.cend(), zepa::RuleState{method, fields}) == 1;
+}
+
+/// One change by the client. False when it was not acknowledged.
+bool change(zepa::Client& client, int writer, int number)
+{
+    const int which = number % 2;
+    const QString type = which == 1 ? editedTypes[0] : editedTypes[static_cast<std::size_t>(writer) + 1];
+    ZepaNotificationModule& module = client.module();
+    zepa::RuleLock lock(client.ruleBackup().ruleFolder());
+    const zepa::SafeChange outcome = changeSafely(module, client.ruleBackup(), lock, type, [&] {
+        if (!hasLast(module, writer, which, type))
+            ++shared->lost;
+        const QString method = methodOf(module, writer);
+        QList<ZepaField> fields = initialFields(module, type, method);
+        setText(fields, valueOf(writer, number));
+        updateRule(module, type, method, fields);
+    });
+    if (outcome != zepa::SafeChange::Stored) {
+        std::fprintf(stderr, "REFUSED: %s\n", qPrintable(problemWith(outcome, type)));
+        ++shared->refused;
+        return false;
+    }
+    ++shared->acknowledged;
+    shared->last[static_cast<std::size_t>(writer)][static_cast<std::size_t>(which)] = number;
+    return true;
+}
+
+/// A client as a command starts it; its complaints are false ones. Gives nullptr when it refused to start.
+std::unique_ptr<zepa::Client> startClient()
+{
+    auto client = std::make_unique<zepa::Client>(folder);
+    if (!client->hasStarted()) {
+        std::fprintf(stderr, "REFUSED a start\n");
+        ++shared->refused;
+        return nullptr;
+    }
+    const QStringList news = client->ruleBackup().news();
+    for (const QString& sentence : news)
+        std::fprintf(stderr, "ALARM: %s\n", qPrintable(sentence));
+    shared->alarms += static_cast<int>(news.size());
+    return client;
+}
+
+void readOnce()
+{
+    const auto client = startClient();
+    if (!client)
+        return;
+    ++shared->reads;
+    const QStringList types = client->module().getNotifications().keys();
+    for (const QString& type : types) {
+        if (isUnedited(type) && !isWhole(client->module(), type)) {
+            std::fprintf(stderr, "WRONG: %s\n", qPrintable(type));
+            ++shared->wrongReads;
+        }
+    }
+}
+
+void readFinally()
+{
+    const auto client = startClient();
+    if (!client)
+        return;
+    const QStringList types = client->module().getNotifications().keys();
+    for (const QString& type : types) {
+        if (isWhole(client->module(), type))
+            ++shared->whole;
+        else
+            std::fprintf(stderr, "NOT WHOLE: %s\n", qPrintable(type));
+    }
+}
+
+/// A fork, not a new program: most of a start would be loading libraries.
+pid_t inChild(const std::function<void()>& work)
+{
+    std::fflush(nullptr);
+    const pid_t child = fork();
+    if (child < 0)
+        qFatal("fork: %s", strerror(errno));
+    if (child == 0) {
+        prctl(PR_SET_PDEATHSIG, SIGKILL);
+        work();
+        _exit(0);
+    }
+    return child;
+}
+
+void finish(pid_t child)
+{
+    int status = 0;
+    if (waitpid(child, &status, 0) != child || !WIFEXITED(status) || WEXITSTATUS(status) != 0)
+        qFatal("a client crashed");
+}
+
+void race(int rounds, int seconds)
+{
+    const QDeadlineTimer end(std::chrono::seconds{seconds});
+    const auto goesOn = [rounds, &end](int round) { return rounds > 0 ? round <= rounds : !end.hasExpired(); };
+    std::vector<pid_t> lines;
+    for (int writer = 0; writer < commandLines; ++writer) {
+        lines.push_back(inChild([&, writer] {
+            for (int round = 1; goesOn(round); ++round)
+                finish(inChild([&] {
+                    if (const auto client = startClient())
+                        change(*client, writer, round);
+                }));
+        }));
+    }
+    lines.push_back(inChild([&] {
+        if (const auto client = startClient()) {
+            for (int round = 1; goesOn(round); ++round)
+                change(*client, commandLines, round);
+        }
+    }));
+    const pid_t reader = inChild([] {
+        while (!shared->isOver)
+            finish(inChild(readOnce));
+    });
+    for (const pid_t line : lines)
+        finish(line);
+    shared->isOver = true;
+    finish(reader);
+    finish(inChild(readFinally));
+}
+
+} // namespace
+
+int main(int argc, char** argv)
+{
+    QCommandLineParser line;
+    line.addOptions({{QStringLiteral("rounds"), {}, QStringLiteral("N"), QStringLiteral("0")},
+                     {QStringLiteral("seconds"), {}, QStringLiteral("S"), QStringLiteral("20")}});
+    QStringList arguments;
+    for (int i = 0; i < argc; ++i)
+        arguments.append(QString::fromLocal8Bit(argv[i]));
+    line.process(arguments);
+
+    const QTemporaryDir temporary(line.positionalArguments().value(0, QDir::tempPath()) +
+                                  QStringLiteral("/rule-races"));
+    folder = temporary.path();
+    // Nothing of the desktop takes part.
+    qputenv("DBUS_SESSION_BUS_ADDRESS", "unix:path=/nonexistent");
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    qputenv("XDG_RUNTIME_DIR", QFile::encodeName(temporary.path()));
+    int count = 1;
+    const QApplication app(count, argv);
+    void* memory = mmap(nullptr, sizeof(Shared), PROT_READ | PROT_WRITE, MAP_SHARED | MAP_ANONYMOUS, -1, 0);
+    if (memory == MAP_FAILED)
+        qFatal("mmap: %s", strerror(errno));
+    shared = new (memory) Shared;
+
+    const int rounds = line.value(QStringLiteral("rounds")).toInt();
+    race(rounds, line.value(QStringLiteral("seconds")).toInt());
+    std::printf("%d changes acknowledged, %d of them lost; %d refused; %d false alarms; %d reads, %d wrong; %d of 18 types "
+                "whole\n",
+                int(shared->acknowledged), int(shared->lost), int(shared->refused), int(shared->alarms),
+                int(shared->reads), int(shared->wrongReads), int(shared->whole));
+    const bool hasWorked = shared->reads > 0 && shared->acknowledged >= std::max(1, rounds * writers);
+    return hasWorked && shared->lost == 0 && shared->refused == 0 && shared->alarms == 0 && shared->wrongReads == 0 &&
+                   shared->whole == 18
+               ? 0
+               : 1;
+}
