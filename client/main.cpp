@@ -106,7 +106,8 @@ int run(int argc, char** argv)
     // A folder that a command would have to make is a slip of the pen. The user's own is made for a new user.
     if (line.command() && !line.command()->changesSettings() && line.namesSettingsFolder() &&
         !QFileInfo::exists(line.settingsFolder())) {
-        cli::complain(QStringLiteral("the settings folder %1 does not exist").arg(cli::onOneLine(line.settingsFolder())));
+        cli::complain(
+            QStringLiteral("the settings folder %1 does not exist").arg(cli::onOneLine(line.settingsFolder())));
         return cli::Failure;
     }
 
@@ -145,9 +146,10 @@ int run(int argc, char** argv)
         return runWindow(client, bus, token);
 
     if (!client.start()) {
-        cli::complain(QStringLiteral("another program is changing rules in %1 and does not finish; nothing was done, try "
-                                     "again")
-                          .arg(cli::onOneLine(client.settings().getSettingsDir())));
+        cli::complain(
+            QStringLiteral("another program is changing rules in %1 and does not finish; nothing was done, try "
+                           "again")
+                .arg(cli::onOneLine(client.settings().getSettingsDir())));
         return cli::Failure;
     }
 

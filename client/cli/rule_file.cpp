@@ -24,10 +24,10 @@ int changeNow(Client& client, RuleLock& lock, const QString& typeId, const std::
         return Failure;
     }
     int code = Failure;
-    const SafeChange change = lock.isHeld() || !lock.isPossible()
-                                  ? changeSafely(client.module(), client.ruleBackup(), lock, typeId,
-                                                 [&code, &edit] { code = edit(); })
-                                  : SafeChange::Busy;
+    const SafeChange change =
+        lock.isHeld() || !lock.isPossible()
+            ? changeSafely(client.module(), client.ruleBackup(), lock, typeId, [&code, &edit] { code = edit(); })
+            : SafeChange::Busy;
     const QString problem = problemWith(change, typeId);
     if (!problem.isEmpty())
         complain(problem);

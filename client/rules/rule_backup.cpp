@@ -54,6 +54,18 @@ bool RuleBackup::isGood(const QByteArray& content)
     return !root.isNull();
 }
 
+/// To read a large file again and again takes most of the time of a change.
+bool RuleBackup::isGoodFile(const QString& typeId, const QByteArray& content) const
+{
+    const auto known = m_good.constFind(typeId);
+    if (known != m_good.cend() && *known == content)
+        return true;
+    if (!isGood(content))
+        return false;
+    m_good.insert(typeId, content);
+    return true;
+}
+
 void RuleBackup::protect(const QStringList& types)
 {
     for (const QString& typeId : types) {
@@ -78,9 +90,8 @@ void RuleBackup::restore(const QStringList& typesWithDefaults)
         const auto isMissing = [this](const QString& type) { return !existsStored(ruleFile(type)); };
         // Whatever is there has its copy now. So if we do not get as far as started(), a file without one is a default
         // that the module was still writing.
-        m_isWritingDefaults =
-            std::any_of(typesWithDefaults.cbegin(), typesWithDefaults.cend(), isMissing) && keepAll() &&
-            replaceStored(startMark(), {}, workshop(QStringLiteral("starting")), 0600);
+        m_isWritingDefaults = std::any_of(typesWithDefaults.cbegin(), typesWithDefaults.cend(), isMissing) &&
+                              keepAll() && replaceStored(startMark(), {}, workshop(QStringLiteral("starting")), 0600);
     }
     lookForUnusable();
 }
@@ -95,7 +106,7 @@ void RuleBackup::started()
     const QStringList all = types();
     for (const QString& typeId : all) {
         const StoredFile file = readStored(ruleFile(typeId));
-        if (file.state == State::Readable)
+        if (file.state == State::Readable && isGoodFile(typeId, file.content))
             m_loaded.insert(typeId, file.content);
     }
 }
@@ -110,7 +121,7 @@ bool RuleBackup::needsRepair(const QStringList& typesWithDefaults) const
         const StoredFile file = readStored(ruleFile(typeId));
         if (file.state == State::Missing)
             return typesWithDefaults.contains(typeId) || existsStored(copyOf(typeId));
-        return file.state == State::Readable && !isGood(file.content);
+        return file.state == State::Readable && !isGoodFile(typeId, file.content);
     });
 }
 
@@ -194,12 +205,14 @@ void RuleBackup::mend(const QString& typeId, const Fallback& fallback)
 {
     const StoredFile file = readStored(ruleFile(typeId));
     const StoredFile copy = readStored(copyOf(typeId));
-    if (file.state == State::Missing && !file.isLink && copy.state != State::Missing && !setAside(copyOf(typeId), typeId))
+    if (file.state == State::Missing && !file.isLink && copy.state != State::Missing &&
+        !setAside(copyOf(typeId), typeId))
         QFile::remove(copyOf(typeId));
     const bool isBeingChanged = existsStored(changeMark(typeId));
     if (file.state != State::Readable && (file.state != State::TooLarge || !isBeingChanged))
         return;
-    if (file.state == State::Readable && isGood(file.content) && (!isBeingChanged || file.content == copy.content))
+    if (file.state == State::Readable && isGoodFile(typeId, file.content) &&
+        (!isBeingChanged || file.content == copy.content))
         return;
 
     const bool hasCopy = isGoodCopy(copy);
@@ -263,7 +276,7 @@ bool RuleBackup::keep(const QString& typeId)
     const StoredFile file = readStored(ruleFile(typeId));
     if (file.state != State::Readable)
         return true;
-    if (!isGood(file.content))
+    if (!isGoodFile(typeId, file.content))
         return false;
     const StoredFile copy = readStored(copyOf(typeId));
     if (copy.state == State::Readable && !copy.isLink && copy.content == file.content)
@@ -279,7 +292,7 @@ bool RuleBackup::keepAll()
     const QStringList all = types();
     for (const QString& typeId : all) {
         const StoredFile file = readStored(ruleFile(typeId));
-        if (file.state == State::Readable && isGood(file.content))
+        if (file.state == State::Readable && isGoodFile(typeId, file.content))
             allKept = keep(typeId) && allKept;
     }
     return allKept;

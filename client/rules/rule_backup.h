@@ -101,6 +101,8 @@ public:
 
     /// Whether these bytes are a good rule file.
     static bool isGood(const QByteArray& content);
+    /// The same for bytes that may be those of the type's file: it remembers the last good ones.
+    bool isGoodFile(const QString& typeId, const QByteArray& content) const;
     QString ruleFolder() const { return m_rules; }
     QString ruleFile(const QString& typeId) const { return m_rules + typeId; }
     /// Where files are that were replaced or taken away.
@@ -131,6 +133,7 @@ private:
     bool m_ownsSettingsFolder = false;
     bool m_isWritingDefaults = false;
     QHash<QString, QByteArray> m_loaded;
+    mutable QHash<QString, QByteArray> m_good;
     QStringList m_restored;
     QStringList m_reset;
     QStringList m_stillBroken;

@@ -74,8 +74,8 @@ void RuleLock::beginWaiting()
         if (std::exchange(m_state->isWaiting, true))
             return;
     }
-    // The system wakes those who wait in the order in which they came. To ask again and again would be left to luck, and
-    // under load somebody has none for two seconds. A thread can be left behind, where a blocked call cannot be.
+    // The system wakes those who wait in the order in which they came. To ask again and again would be left to luck,
+    // and under load somebody has none for two seconds. A thread can be left behind, where a blocked call cannot be.
     std::thread([state = m_state] {
         int result = -1;
         do

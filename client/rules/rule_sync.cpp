@@ -118,8 +118,8 @@ void bringUpToDate(ZepaNotificationModule& module, RuleBackup& backup)
     });
     for (auto type = types.cbegin(); type != types.cend(); ++type) {
         const StoredFile file = readStored(backup.ruleFile(type.key()));
-        if (file.state != StoredFile::State::Readable || !RuleBackup::isGood(file.content) ||
-            file.content == backup.loaded(type.key()))
+        if (file.state != StoredFile::State::Readable || file.content == backup.loaded(type.key()) ||
+            !backup.isGoodFile(type.key(), file.content))
             continue;
         takeOver(module, *type, file.content);
         backup.setLoaded(type.key(), file.content);

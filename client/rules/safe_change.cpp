@@ -36,7 +36,7 @@ void mendBrokenFiles(const ZepaNotificationModule& module, RuleBackup& backup)
         const QByteArray inMemory = ruleFileOf(module, typeId);
         if (file.content == inMemory)
             backup.setLoaded(typeId, inMemory);
-        else if (!RuleBackup::isGood(file.content) && !backup.loaded(typeId).isNull() &&
+        else if (!backup.isGoodFile(typeId, file.content) && !backup.loaded(typeId).isNull() &&
                  !backup.putBack(typeId, inMemory))
             backup.putBack(typeId);
     }

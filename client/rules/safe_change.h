@@ -23,8 +23,8 @@ enum class SafeChange {
 
 /// Calls `edit`, which changes the rules of that type through the module's operations, as many as it takes, and sees to
 /// it that the disk has them. The way for all changes of rules: whatever was stored once is there after a crash at any
-/// moment, on a full disk, and whatever other clients do meanwhile; and a change that was cut off is there as a whole or
-/// not at all. When `edit` is called, the module has the rules that the files hold.
+/// moment, on a full disk, and whatever other clients do meanwhile; and a change that was cut off is there as a whole
+/// or not at all. When `edit` is called, the module has the rules that the files hold.
 ///
 /// @param lock  of the backup's rule folder; waited for when it is not held yet, which blocks
 SafeChange changeSafely(ZepaNotificationModule& module, RuleBackup& backup, RuleLock& lock, const QString& typeId,

@@ -44,8 +44,8 @@ public:
     QString getCurrentSoundThemeDir() const override;
     ZepaField readGlobalSetting(const ZepaField& field) const override;
 
-    /// While an object of this class lives, getSettingsDir() names a folder that cannot exist: the library finds no rule
-    /// files, and stores none. For bringing its rules up to files that someone else has written.
+    /// While an object of this class lives, getSettingsDir() names a folder that cannot exist: the library finds no
+    /// rule files, and stores none. For bringing its rules up to files that someone else has written.
     class ZEPA_CLIENT_EXPORT Hidden
     {
     public:

@@ -15,6 +15,7 @@ zepa_test(client_program_test LABEL unit
   SOURCES
     program.cpp
     program_files_test.cpp
+    program_folder_test.cpp
     program_help_test.cpp
     program_methods_test.cpp
     program_play_test.cpp

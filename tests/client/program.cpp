@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "program.h"
 
+#include <QDir>
 #include <QFile>
 #include <QJsonDocument>
 
@@ -24,6 +25,8 @@ Outcome ProgramRunner::runBare(const QStringList& arguments, const QByteArray& i
 
 std::unique_ptr<QProcess> ProgramRunner::start(const QStringList& arguments, const QByteArray& input)
 {
+    // Commands that only read do not make it.
+    QDir(m_folder.path()).mkdir(QStringLiteral("settings"));
     const QStringList settings{QStringLiteral("--settings"), inFolder(QStringLiteral("settings"))};
     return startBare(arguments + settings, input);
 }

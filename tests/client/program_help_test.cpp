@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "program.h"
 
+#include <QDir>
+
 namespace {
 
 const QStringList verbs{QStringLiteral("post"),        QStringLiteral("play"),        QStringLiteral("types"),
@@ -98,6 +100,8 @@ TEST_F(Program, WrongCommandLinesAreRefusedWithAReasonAndChangeNothing)
 
 TEST_F(Program, TakesTheSettingsOptionBeforeTheVerb)
 {
+    for (const char16_t* name : {u"mine", u"other"})
+        QDir().mkdir(inFolder(QString::fromUtf16(name)));
     const Outcome outcome =
         runBare({QStringLiteral("--settings"), inFolder(QStringLiteral("mine")), QStringLiteral("types")});
     EXPECT_EQ(outcome.code, 0);

@@ -1,76 +1,27 @@
 // SPDX-License-Identifier: Apache-2.0
-#include "client/rules/safe_change.h"
+#include "client/rules/rule_state.h"
+#include "safe_change_fixture.h"
 
-#include "client/rules/rule_backup.h"
-#include "client/rules/rule_lock.h"
-#include "client/services/settings.h"
-#include "core/notification_method.h"
-#include "core/notification_module.h"
-#include "core/notification_rule.h"
-#include "small_disk.h"
-
-#include <QDir>
-#include <QFile>
-#include <QFileInfo>
-#include <QTemporaryDir>
-#include <gtest/gtest.h>
-
-#include <functional>
-#include <memory>
-#include <optional>
+#include <sys/stat.h>
 
 namespace {
 
-using zepa::changeSafely;
 using zepa::RuleBackup;
 using zepa::SafeChange;
 
-/// The module with a single type, so that its files fit on a small disk; started as the client starts it.
-class SafeChangeTest : public testing::Test
+/// What this process has written so far, in bytes.
+qint64 writtenBytes()
 {
-protected:
-    void start()
-    {
-        m_module.reset();
-        m_backup.reset();
-        m_settings.reset();
-        m_settings.emplace(m_folder.path());
-        m_backup = std::make_unique<RuleBackup>(m_settings->getSettingsDir(), QStringList{type});
-        m_backup->restore();
-        m_module.reset(ZepaNotificationModule::getInstance());
-        m_module->registerNotification(type, type, {}, {});
-        m_backup->started();
-        m_backup->keepAll();
+    QFile io(QStringLiteral("/proc/self/io"));
+    if (!io.open(QIODevice::ReadOnly))
+        return -1;
+    const QByteArrayList lines = io.readAll().split('\n');
+    for (const QByteArray& line : lines) {
+        if (line.startsWith("wchar: "))
+            return line.mid(7).toLongLong();
     }
-    SafeChange change(const std::function<void()>& edit)
-    {
-        zepa::RuleLock lock(m_backup->ruleFolder());
-        return changeSafely(*m_module, *m_backup, lock, type, edit);
-    }
-    SafeChange add(const QString& id = sound)
-    {
-        return change([&] {
-            QList<ZepaField> config = m_module->getMethods().value(id)->fields;
-            m_module->addNotificationRule(type, id, config);
-        });
-    }
-    qsizetype count() const { return m_module->getRules(m_module->getNotifications().value(type)).size(); }
-    QString file() const { return m_folder.filePath(QStringLiteral("notifications/") + type); }
-    QByteArray content() const
-    {
-        QFile open(file());
-        return open.open(QIODevice::ReadOnly) ? open.readAll() : QByteArray();
-    }
-
-    static inline const QString type = QStringLiteral("test_type");
-    static inline const QString sound = QStringLiteral("zepa_sound_notification_method");
-
-    QTemporaryDir m_folder;
-    SmallDisk m_disk;
-    std::optional<zepa::Settings> m_settings;
-    std::unique_ptr<RuleBackup> m_backup;
-    std::unique_ptr<ZepaNotificationModule> m_module;
-};
+    return -1;
+}
 
 TEST_F(SafeChangeTest, SaysThatAChangeIsStoredAndItIsThereAfterTheFileBroke)
 {
@@ -156,6 +107,68 @@ TEST_F(SafeChangeTest, ChangesNothingMoreAsLongAsThereIsNoRoomForACopy)
     EXPECT_EQ(count(), stored);
     start();
     EXPECT_EQ(count(), stored);
+}
+
+TEST_F(SafeChangeTest, WritesAFileOfManyRulesAFewTimesAndNotOnceForEachOfThem)
+{
+    if (writtenBytes() < 0)
+        GTEST_SKIP() << "/proc/self/io cannot be read";
+    start();
+    add();
+    const QByteArray one = content();
+    const qsizetype from = one.indexOf("<zepa_sound");
+    const qsizetype to = one.lastIndexOf("</rules");
+    constexpr qsizetype many = 1000;
+    QFile open(file());
+    ASSERT_TRUE(open.open(QIODevice::WriteOnly));
+    open.write(one.first(from) + one.sliced(from, to - from).repeated(many) + one.sliced(to));
+    open.close();
+    start();
+    ASSERT_GE(count(), many);
+    const qint64 size = content().size();
+
+    const qint64 before = writtenBytes();
+    EXPECT_EQ(change([&] {
+                  QList<ZepaField> fields = m_module->getMethods().value(sound)->fields;
+                  fields.first().setText(QStringLiteral("other.wav"));
+                  zepa::updateRule(*m_module, type, sound, fields);
+              }),
+              SafeChange::Stored);
+    // The file, its copy, and once more when its order is another one.
+    EXPECT_LT(writtenBytes() - before, 4 * size);
+    EXPECT_TRUE(content().contains("other.wav"));
+}
+
+TEST_F(SafeChangeTest, CreatesFilesForItsUserAloneAndLeavesTheUmaskAsItWas)
+{
+    const mode_t before = umask(0);
+    start();
+    add();
+    EXPECT_EQ(umask(before), 0U);
+    const auto mode = [](const QString& path) {
+        struct stat status = {};
+        ::stat(QFile::encodeName(path).constData(), &status);
+        return status.st_mode & 0777U;
+    };
+    EXPECT_EQ(mode(file()), 0600U);
+    EXPECT_EQ(mode(QFileInfo(file()).path()), 0700U);
+    EXPECT_EQ(mode(m_folder.filePath(QStringLiteral("rules-backup"))), 0700U);
+    EXPECT_EQ(mode(m_folder.filePath(QStringLiteral("rules-backup/copies"))), 0700U);
+    EXPECT_EQ(mode(m_folder.filePath(QStringLiteral("rules-backup/copies/") + type)), 0600U);
+}
+
+TEST_F(SafeChangeTest, ChangesNothingWhileAnotherClientHasTheFiles)
+{
+    start();
+    add();
+    const QByteArray before = content();
+    const qsizetype rules = count();
+    zepa::RuleLock other(m_backup->ruleFolder());
+    ASSERT_TRUE(other.tryNow());
+    EXPECT_EQ(add(), SafeChange::Busy);
+    EXPECT_EQ(count(), rules);
+    EXPECT_EQ(content(), before);
+    EXPECT_FALSE(zepa::problemWith(SafeChange::Busy, type).isEmpty());
 }
 
 } // namespace

@@ -30,6 +30,7 @@ class DesktopTest(unittest.TestCase):
         self.desktop = VirtualDesktop(self.folder, **{"popup_seconds": 600} | self.options)
         self.addCleanup(self.desktop.stop)
         self.settings = self.desktop.folder / "settings"
+        self.settings.mkdir()
 
     def zepa(self, *arguments, code=0):
         """Runs `zepa` to its end and returns what it printed."""

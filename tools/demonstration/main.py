@@ -76,7 +76,9 @@ def _play_on(desktop):
     events = sum(1 for line in SCRIPT.read_text().splitlines() if line.strip())
     start = desktop.sound.position()
     marks = []
-    playing = Play(ZEPA, SCRIPT, desktop.folder / "settings", desktop.env)
+    settings = desktop.folder / "settings"
+    settings.mkdir()
+    playing = Play(ZEPA, SCRIPT, settings, desktop.env)
     reports = iter(playing)
     for report in reports:
         if not marks:

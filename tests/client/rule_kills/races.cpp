@@ -15,6 +15,7 @@
 #include <QApplication>
 #include <QCommandLineParser>
 #include <QDeadlineTimer>
+#include <QDir>
 #include <QTemporaryDir>
 
 #include <algorithm>
@@ -25,6 +26,7 @@
 #include <cstdio>
 #include <cstring>
 #include <functional>
+#include <memory>
 #include <new>
 #include <sys/mman.h>
 #include <sys/prctl.h>
@@ -34,13 +36,15 @@
 
 namespace {
 
+using zepa::RuleState;
+
 constexpr int commandLines = 3;
 /// The client that stays is the last one.
 constexpr int writers = commandLines + 1;
 /// A type that everybody changes, and one for each writer alone.
-const std::array<QString, writers + 1> editedTypes{
-    QStringLiteral("message_received"), QStringLiteral("email_notify"), QStringLiteral("logged_in"),
-    QStringLiteral("typing_started_notify"), QStringLiteral("error_notify")};
+const std::array<QString, writers + 1> editedTypes{QStringLiteral("message_received"), QStringLiteral("email_notify"),
+                                                   QStringLiteral("logged_in"), QStringLiteral("typing_started_notify"),
+                                                   QStringLiteral("error_notify")};
 
 /// What all processes see.
 struct Shared
@@ -90,17 +94,17 @@ void setText(QList<ZepaField>& fields, const QString& value)
 }
 
 /// What the type must have: its defaults, and the last acknowledged changes.
-QList<zepa::RuleState> expectedRules(const ZepaNotificationModule& module, const QString& type)
+QList<RuleState> expectedRules(const ZepaNotificationModule& module, const QString& type)
 {
-    QList<zepa::RuleState> rules = defaultRulesOf(module, type);
+    QList<RuleState> rules = zepa::defaultRulesOf(module, type);
     for (int writer = 0; writer < writers; ++writer) {
         const std::size_t which = type == editedTypes[0] ? 1 : 0;
         const int last = shared->last[static_cast<std::size_t>(writer)][which];
         if (last == 0 || (which == 0 && type != editedTypes[static_cast<std::size_t>(writer) + 1]))
             continue;
         const QString method = methodOf(module, writer);
-        zepa::RuleState rule{method, initialFields(module, type, method)};
-        rules.removeIf([&method](const zepa::RuleState& other) { return other.method == method; });
+        RuleState rule{method, zepa::initialFields(module, type, method)};
+        rules.removeIf([&method](const RuleState& other) { return other.method == method; });
         setText(rule.fields, valueOf(writer, last));
         rules.append(rule);
     }
@@ -109,8 +113,8 @@ QList<zepa::RuleState> expectedRules(const ZepaNotificationModule& module, const
 
 bool isWhole(const ZepaNotificationModule& module, const QString& type)
 {
-    const QList<zepa::RuleState> found = rulesOf(module, type);
-    const QList<zepa::RuleState> expected = expectedRules(module, type);
+    const QList<RuleState> found = zepa::rulesOf(module, type);
+    const QList<RuleState> expected = expectedRules(module, type);
     return std::is_permutation(found.cbegin(), found.cend(), expected.cbegin(), expected.cend());
 }
 
@@ -126,10 +130,10 @@ bool hasLast(ZepaNotificationModule& module, int writer, int which, const QStrin
     if (last == 0)
         return true;
     const QString method = methodOf(module, writer);
-    const QList<zepa::RuleState> rules = rulesOf(module, type);
-    QList<ZepaField> fields = initialFields(module, type, method);
+    const QList<RuleState> rules = zepa::rulesOf(module, type);
+    QList<ZepaField> fields = zepa::initialFields(module, type, method);
     setText(fields, valueOf(writer, last));
-    return std::count(rules.cbegin(), rules.cend(), zepa::RuleState{method, fields}) == 1;
+    return std::count(rules.cbegin(), rules.cend(), RuleState{method, fields}) == 1;
 }
 
 /// One change by the client. False when it was not acknowledged.
@@ -143,9 +147,9 @@ bool change(zepa::Client& client, int writer, int number)
         if (!hasLast(module, writer, which, type))
             ++shared->lost;
         const QString method = methodOf(module, writer);
-        QList<ZepaField> fields = initialFields(module, type, method);
+        QList<ZepaField> fields = zepa::initialFields(module, type, method);
         setText(fields, valueOf(writer, number));
-        updateRule(module, type, method, fields);
+        zepa::updateRule(module, type, method, fields);
     });
     if (outcome != zepa::SafeChange::Stored) {
         std::fprintf(stderr, "REFUSED: %s\n", qPrintable(problemWith(outcome, type)));
@@ -283,10 +287,11 @@ int main(int argc, char** argv)
 
     const int rounds = line.value(QStringLiteral("rounds")).toInt();
     race(rounds, line.value(QStringLiteral("seconds")).toInt());
-    std::printf("%d changes acknowledged, %d of them lost; %d refused; %d false alarms; %d reads, %d wrong; %d of 18 types "
-                "whole\n",
-                int(shared->acknowledged), int(shared->lost), int(shared->refused), int(shared->alarms),
-                int(shared->reads), int(shared->wrongReads), int(shared->whole));
+    std::printf(
+        "%d changes acknowledged, %d of them lost; %d refused; %d false alarms; %d reads, %d wrong; %d of 18 types "
+        "whole\n",
+        int(shared->acknowledged), int(shared->lost), int(shared->refused), int(shared->alarms), int(shared->reads),
+        int(shared->wrongReads), int(shared->whole));
     const bool hasWorked = shared->reads > 0 && shared->acknowledged >= std::max(1, rounds * writers);
     return hasWorked && shared->lost == 0 && shared->refused == 0 && shared->alarms == 0 && shared->wrongReads == 0 &&
                    shared->whole == 18

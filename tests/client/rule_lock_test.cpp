@@ -1,0 +1,126 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "client/rules/rule_lock.h"
+
+#include <QCoreApplication>
+#include <QDir>
+#include <QEventLoop>
+#include <QTemporaryDir>
+#include <gtest/gtest.h>
+
+#include <csignal>
+#include <optional>
+#include <sys/wait.h>
+#include <unistd.h>
+
+namespace {
+
+using zepa::RuleLock;
+
+class RuleLockTest : public testing::Test
+{
+protected:
+    QTemporaryDir m_folder;
+};
+
+TEST_F(RuleLockTest, IsHadByOneAtATimeAndWritesNothing)
+{
+    std::optional<RuleLock> first(std::in_place, m_folder.path());
+    RuleLock second(m_folder.path());
+    EXPECT_TRUE(first->tryNow());
+    EXPECT_FALSE(second.tryNow());
+    EXPECT_FALSE(second.isHeld());
+    first.reset();
+    EXPECT_TRUE(second.tryNow());
+    EXPECT_TRUE(second.isHeld());
+    EXPECT_TRUE(QDir(m_folder.path()).isEmpty());
+}
+
+TEST_F(RuleLockTest, GoesWithTheProcessThatHasIt)
+{
+    int ready[2];
+    ASSERT_EQ(pipe(ready), 0);
+    const pid_t other = fork();
+    if (other == 0) {
+        RuleLock lock(m_folder.path());
+        const char answer = lock.tryNow() ? 'y' : 'n';
+        if (write(ready[1], &answer, 1) == 1)
+            pause();
+        _exit(0);
+    }
+    char answer = 0;
+    ASSERT_EQ(read(ready[0], &answer, 1), 1);
+    EXPECT_EQ(answer, 'y');
+    RuleLock lock(m_folder.path());
+    EXPECT_FALSE(lock.tryNow());
+    kill(other, SIGKILL);
+    waitpid(other, nullptr, 0);
+    EXPECT_TRUE(lock.wait());
+    close(ready[0]);
+    close(ready[1]);
+}
+
+TEST_F(RuleLockTest, IsNotPossibleWithoutAFolder)
+{
+    RuleLock lock(m_folder.filePath(QStringLiteral("nowhere")));
+    EXPECT_FALSE(lock.isPossible());
+    EXPECT_FALSE(lock.tryNow());
+    EXPECT_FALSE(lock.wait());
+}
+
+TEST_F(RuleLockTest, LeavesNobodyBehindWhoGaveUp)
+{
+    std::optional<RuleLock> first(std::in_place, m_folder.path());
+    ASSERT_TRUE(first->tryNow());
+    {
+        RuleLock impatient(m_folder.path());
+        impatient.beginWaiting();
+        EXPECT_FALSE(impatient.isHeld());
+    }
+    first.reset();
+    RuleLock next(m_folder.path());
+    EXPECT_TRUE(next.wait());
+}
+
+TEST_F(RuleLockTest, CallsAtOnceWhenItIsFreeAndLaterWhenItIsNot)
+{
+    QObject context;
+    int calls = 0;
+    zepa::whenLocked(m_folder.path(), &context, [&calls](const RuleLock& lock) { calls += lock.isHeld() ? 1 : 100; });
+    EXPECT_EQ(calls, 1);
+
+    std::optional<RuleLock> first(std::in_place, m_folder.path());
+    ASSERT_TRUE(first->tryNow());
+    QEventLoop loop;
+    zepa::whenLocked(m_folder.path(), &context, [&](const RuleLock& lock) {
+        calls += lock.isHeld() ? 1 : 100;
+        loop.quit();
+    });
+    QCoreApplication::processEvents();
+    EXPECT_EQ(calls, 1);
+    first.reset();
+    loop.exec();
+    EXPECT_EQ(calls, 2);
+    // The lock is free again when the call is over.
+    EXPECT_TRUE(RuleLock(m_folder.path()).wait());
+}
+
+TEST_F(RuleLockTest, CallsWithoutItWhenItTakesTooLongAndNeverForWhoIsGone)
+{
+    RuleLock first(m_folder.path());
+    ASSERT_TRUE(first.tryNow());
+    QObject context;
+    QEventLoop loop;
+    int calls = 0;
+    {
+        QObject gone;
+        zepa::whenLocked(m_folder.path(), &gone, [&calls](const RuleLock&) { calls += 100; });
+    }
+    zepa::whenLocked(m_folder.path(), &context, [&](const RuleLock& lock) {
+        calls += lock.isHeld() ? 100 : 1;
+        loop.quit();
+    });
+    loop.exec();
+    EXPECT_EQ(calls, 1);
+}
+
+} // namespace

@@ -1,0 +1,129 @@
+// SPDX-License-Identifier: Apache-2.0
+// What a client with a window does while another one works on the rule files, and with what that one stored.
+#include "real_client.h"
+
+#include "client/rules/rule_lock.h"
+#include "client/rules/type_ids.h"
+#include "qt_printers.h"
+
+#include <optional>
+
+using namespace zepa;
+using namespace zepa::test;
+
+namespace {
+
+class RuleWaiting : public RealClient
+{
+protected:
+    void beginToWorkElsewhere()
+    {
+        elsewhere.emplace(client->ruleBackup().ruleFolder());
+        ASSERT_TRUE(elsewhere->tryNow());
+    }
+    void storeElsewhere(const QString& type, const QByteArray& content) const
+    {
+        QFile file(ruleFile(type));
+        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+        file.write(content);
+    }
+
+    std::optional<RuleLock> elsewhere;
+};
+
+} // namespace
+
+TEST_F(RuleWaiting, ChangesAreMadeInTheirOrderWhenItIsDone)
+{
+    QSignalSpy changed(editor.get(), &RuleEditor::rulesChanged);
+    beginToWorkElsewhere();
+    editor->toggle(typing, popup);
+    editor->add(typing, sound);
+    editor->undo();
+    EXPECT_EQ(rules(typing), QStringList());
+    EXPECT_EQ(changed.count(), 0);
+    EXPECT_EQ(editor->problem(), QString());
+    elsewhere.reset();
+    while (changed.count() < 3)
+        ASSERT_TRUE(changed.wait());
+    EXPECT_EQ(rules(typing), QStringList{QStringLiteral("zepa_hint_notification sticky=false")});
+    EXPECT_EQ(rulesAfterRestart(typing), QStringList{QStringLiteral("zepa_hint_notification sticky=false")});
+}
+
+TEST_F(RuleWaiting, ChangesAreRefusedWithASentenceWhenItTakesTooLong)
+{
+    QSignalSpy problem(editor.get(), &RuleEditor::problemChanged);
+    beginToWorkElsewhere();
+    editor->toggle(typing, popup);
+    editor->toggle(message, popup);
+    const QStringList before = rules(message);
+    while (problem.isEmpty())
+        ASSERT_TRUE(problem.wait());
+    EXPECT_TRUE(editor->problem().contains(QStringLiteral("another program"))) << editor->problem().toStdString();
+    EXPECT_FALSE(editor->canRetry());
+    EXPECT_EQ(rules(typing), QStringList());
+    EXPECT_EQ(rules(message), before);
+    elsewhere.reset();
+    editor->toggle(typing, popup);
+    EXPECT_EQ(editor->problem(), QString());
+    EXPECT_EQ(rules(typing).size(), 1);
+}
+
+TEST_F(RuleWaiting, AChangeReachesTheRuleThatWasMeant)
+{
+    editor->add(typing, sound);
+    editor->change(typing, sound, 0, QStringLiteral("sound_file"), QStringLiteral("mine.wav"));
+    const QByteArray one = stored(typing);
+    beginToWorkElsewhere();
+    editor->remove(typing, sound, 0);
+    // Another rule stands in its place now.
+    storeElsewhere(typing, QByteArray(one).replace("mine.wav", "theirs.wav"));
+    QSignalSpy changed(editor.get(), &RuleEditor::rulesChanged);
+    elsewhere.reset();
+    ASSERT_TRUE(!changed.isEmpty() || changed.wait());
+    EXPECT_EQ(rules(typing), QStringList{QStringLiteral("zepa_sound_notification_method sound_file=theirs.wav")});
+    EXPECT_TRUE(stored(typing).contains("theirs.wav"));
+}
+
+TEST_F(RuleWaiting, WhatAnotherClientStoredIsSeen)
+{
+    editor->add(typing, sound);
+    QSignalSpy changed(editor.get(), &RuleEditor::rulesChanged);
+    storeElsewhere(typing, QByteArray(stored(typing)).replace("bell.wav", "theirs.wav"));
+    editor->refresh();
+    EXPECT_EQ(changed, QList<QVariantList>{{typing}});
+    EXPECT_EQ(rules(typing), QStringList{QStringLiteral("zepa_sound_notification_method sound_file=theirs.wav")});
+}
+
+TEST_F(RuleWaiting, AStartWaitsWithoutBlocking)
+{
+    editor.reset();
+    client.reset();
+    elsewhere.emplace(folder.filePath(QStringLiteral("notifications")));
+    ASSERT_TRUE(elsewhere->tryNow());
+    client = std::make_unique<Client>(folder.path(), Client::Start::Later);
+    QObject context;
+    auto gone = std::make_unique<QObject>();
+    QEventLoop loop;
+    QStringList calls;
+    client->whenStarted(&context, [&] { calls.append(QStringLiteral("first")); });
+    client->whenStarted(gone.get(), [&] { calls.append(QStringLiteral("gone")); });
+    client->whenStarted(&context, [&] {
+        calls.append(QStringLiteral("last"));
+        loop.quit();
+    });
+    gone.reset();
+    EXPECT_FALSE(client->hasStarted());
+    EXPECT_FALSE(client->start());
+    EXPECT_EQ(calls, QStringList());
+    elsewhere.reset();
+    loop.exec();
+    EXPECT_TRUE(client->hasStarted());
+    EXPECT_EQ(calls, (QStringList{QStringLiteral("first"), QStringLiteral("last")}));
+    EXPECT_EQ(client->module().getNotifications().size(), 18);
+}
+
+TEST_F(RuleWaiting, TheNamesOfRuleFilesAreThoseOfTheModulesTypes)
+{
+    EXPECT_EQ(sorted(builtInTypes()), sorted(client->module().getNotifications().keys()));
+}
