@@ -7,6 +7,7 @@
 #include <QFileInfo>
 
 #include <fcntl.h>
+#include <grp.h>
 #include <sys/file.h>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -61,7 +62,7 @@ TEST_F(ProgramFolder, ThatIsNamedAndDoesNotExistIsSaidAndNotMadeByACommandThatRe
         EXPECT_TRUE(outcome.err.contains(folder)) << outcome.err.toStdString();
         EXPECT_FALSE(QFileInfo::exists(folder)) << line;
     }
-    EXPECT_EQ(runBare(words("setting set alerts false --settings") + QStringList{folder}).code, 0);
+    EXPECT_EQ(runBare(words("setting set duplicated_notifications_time 30 --settings") + QStringList{folder}).code, 0);
     EXPECT_TRUE(QFileInfo::exists(folder));
 }
 
@@ -71,7 +72,7 @@ TEST_F(ProgramFolder, OfANewUserIsForThemAloneWhateverTheUmask)
     const mode_t before = umask(0);
     const Outcome reading = runBare(words("types"));
     const Outcome writing = runBare(words("rule set typing_started_notify zepa_hint_notification sticky=true"));
-    const Outcome setting = runBare(words("setting set alerts false"));
+    const Outcome setting = runBare(words("setting set duplicated_notifications_time 30"));
     umask(before);
     ASSERT_EQ(reading.code + writing.code + setting.code, 0) << writing.err.toStdString();
     const QString config = inFolder(QStringLiteral("config/zepa"));
@@ -181,15 +182,32 @@ TEST_F(ProgramFolder, SaysWhichRuleFilesCannotBeUsed)
 
 TEST_F(ProgramFolder, ThatCannotBeWrittenHasItsStoredRulesInUseAndSaysSo)
 {
-    if (geteuid() == 0)
-        GTEST_SKIP() << "for the system's administrator nothing is read-only";
     ASSERT_EQ(run(words("rule set typing_started_notify zepa_hint_notification")).code, 0);
-    const QByteArray folder = QFile::encodeName(inFolder(QStringLiteral("settings/notifications")));
-    ASSERT_EQ(::chmod(folder.constData(), 0500), 0);
-    const Outcome outcome = run(words("rules typing_started_notify"));
-    ::chmod(folder.constData(), 0700);
+    // Somebody else's, which may be read by everybody.
+    const QString folder = inFolder(QStringLiteral("settings"));
+    QDirIterator files(folder, QDir::AllEntries | QDir::NoDotAndDotDot, QDirIterator::Subdirectories);
+    QStringList paths{inFolder(QString()), folder};
+    while (files.hasNext())
+        paths.append(files.next());
+    for (const QString& path : std::as_const(paths))
+        ::chmod(QFile::encodeName(path).constData(), QFileInfo(path).isDir() ? 0555 : 0444);
+
+    QProcess process;
+    process.setProcessEnvironment(environment);
+    process.setChildProcessModifier([] {
+        // For the system's administrator nothing is read-only.
+        if (geteuid() == 0 &&
+            (setgroups(0, nullptr) != 0 || setresgid(65534, 65534, 65534) != 0 || setresuid(65534, 65534, 65534) != 0))
+            _exit(127);
+    });
+    process.start(QStringLiteral(ZEPA_PROGRAM), words("rules typing_started_notify --settings") + QStringList{folder});
+    const Outcome outcome = finish(process);
+    for (const QString& path : std::as_const(paths))
+        ::chmod(QFile::encodeName(path).constData(), QFileInfo(path).isDir() ? 0755 : 0644);
+    if (process.error() == QProcess::FailedToStart || outcome.code == 127)
+        GTEST_SKIP() << "the program cannot be run by another user here: " << process.errorString().toStdString();
     EXPECT_EQ(outcome.code, 0);
-    EXPECT_TRUE(outcome.out.contains(QStringLiteral("zepa_hint_notification")));
+    EXPECT_TRUE(outcome.out.contains(QStringLiteral("zepa_hint_notification"))) << outcome.out.toStdString();
     EXPECT_TRUE(outcome.err.contains(QStringLiteral("stored rules are in use"))) << outcome.err.toStdString();
 }
 
