@@ -61,7 +61,8 @@ struct Growl_Notification
 CF_EXPORT Boolean Growl_SetDelegate(struct Growl_Delegate* newDelegate);
 /* Whether a notification service runs or can be started by the bus. True while the bus has not said yet. */
 CF_EXPORT Boolean Growl_IsRunning(void);
-/* Shows a pop-up; one whose name is not registered is dropped. Nothing of the record is kept after the call. */
+/* Shows a pop-up; one whose name is not registered is dropped. Nothing of the record is kept after the call. With the
+   application object, what is still clickable leaves the screen. */
 CF_EXPORT void Growl_PostNotification(const struct Growl_Notification* notification);
 
 #ifdef __cplusplus
