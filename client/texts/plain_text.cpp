@@ -10,7 +10,7 @@ namespace zepa {
 
 QString plainToolTip(const QString& text)
 {
-    const QString shown = shortened(text, longestMessage);
+    QString shown = shortened(text, longestMessage);
     // The very question that the tool tip asks. Escapes would be shown in what it takes for plain text.
     if (!Qt::mightBeRichText(shown))
         return shown;
