@@ -8,8 +8,6 @@
 #include "client/services/private_umask.h"
 #include "core/notification_module.h"
 
-#include <algorithm>
-
 namespace zepa {
 
 Client::Client(const QString& settingsFolder, Start when)
@@ -73,6 +71,9 @@ void Client::makeModule()
     // Methods from outside come before init(). Installing one later makes the module read the rule files again, and
     // every rule in them that belongs to another method would then be there twice.
     m_outside.installIn(*m_module);
+    // Asked of the methods themselves: those that watch them learn their defaults only when a type is registered.
+    m_typesWithDefaults = builtInTypes();
+    m_typesWithDefaults.removeIf([this](const QString& type) { return defaultRulesOf(*m_module, type).isEmpty(); });
     watchMethods();
 }
 
@@ -81,9 +82,7 @@ void Client::startNow()
 {
     const PrivateUmask forUsAlone;
     // Before anything reads rule files: to the library, what a crash left is a type without rules.
-    QStringList withDefaults = builtInTypes();
-    withDefaults.removeIf([this](const QString& type) { return defaultRulesOf(*m_module, type).isEmpty(); });
-    m_ruleBackup.restore(withDefaults);
+    m_ruleBackup.restore(m_typesWithDefaults);
     // Now that all methods are known, the types: for each one the module reads its rules, or writes the defaults.
     ZepaNotificationModule::init();
     setPopupKinds(*m_module);

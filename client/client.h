@@ -11,6 +11,7 @@
 #include <QObject>
 #include <QPointer>
 #include <QString>
+#include <QStringList>
 
 #include <functional>
 #include <memory>
@@ -69,6 +70,7 @@ private:
     OutsideMethods m_outside;
     std::vector<std::unique_ptr<WatchedMethod>> m_watched;
     std::unique_ptr<ZepaNotificationModule> m_module;
+    QStringList m_typesWithDefaults;
     bool m_hasStarted = false;
     std::vector<std::pair<QPointer<QObject>, std::function<void()>>> m_waiting;
     QObject m_context;

@@ -16,20 +16,43 @@
 
 namespace zepa {
 
+namespace {
+
+int openFolder(const QString& path)
+{
+    return ::open(QFile::encodeName(path).constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+}
+
+bool lockWaiting(int descriptor)
+{
+    int result = -1;
+    do
+        result = ::flock(descriptor, LOCK_EX);
+    while (result != 0 && errno == EINTR);
+    return result == 0;
+}
+
+} // namespace
+
 /// Shared with the thread that waits, which may be left behind.
 struct RuleLock::State
 {
     explicit State(const QString& folder)
-        : descriptor(::open(QFile::encodeName(folder).constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC))
+        : descriptor(openFolder(folder)), queue(openFolder(folder + QStringLiteral("/..")))
     {}
     ~State()
     {
-        if (descriptor >= 0)
-            ::close(descriptor);
+        for (const int open : {descriptor, queue}) {
+            if (open >= 0)
+                ::close(open);
+        }
     }
     Q_DISABLE_COPY_MOVE(State)
 
     const int descriptor;
+    /// The folder above, which is locked by who is the next: without it, a client that gives the lock back and wants it
+    /// again at once would have it before one that is only about to be woken. -1 where it may not be read.
+    const int queue;
     std::mutex mutex;
     std::condition_variable changed;
     bool isHeld = false;
@@ -60,8 +83,14 @@ bool RuleLock::isPossible() const
 bool RuleLock::tryNow()
 {
     const std::lock_guard guard(m_state->mutex);
-    if (!m_state->isHeld && !m_state->isWaiting && isPossible())
-        m_state->isHeld = ::flock(m_state->descriptor, LOCK_EX | LOCK_NB) == 0;
+    if (m_state->isHeld || m_state->isWaiting || !isPossible())
+        return m_state->isHeld;
+    const bool hasQueue = m_state->queue >= 0;
+    if (hasQueue && ::flock(m_state->queue, LOCK_EX | LOCK_NB) != 0 && errno == EWOULDBLOCK)
+        return false;
+    m_state->isHeld = ::flock(m_state->descriptor, LOCK_EX | LOCK_NB) == 0;
+    if (hasQueue)
+        ::flock(m_state->queue, LOCK_UN);
     return m_state->isHeld;
 }
 
@@ -77,12 +106,13 @@ void RuleLock::beginWaiting()
     // The system wakes those who wait in the order in which they came. To ask again and again would be left to luck,
     // and under load somebody has none for two seconds. A thread can be left behind, where a blocked call cannot be.
     std::thread([state = m_state] {
-        int result = -1;
-        do
-            result = ::flock(state->descriptor, LOCK_EX);
-        while (result != 0 && errno == EINTR);
+        const bool isNext = state->queue >= 0 && lockWaiting(state->queue);
+        // Nobody may want it any more.
+        const bool isHeld = state.use_count() > 1 && lockWaiting(state->descriptor);
+        if (isNext)
+            ::flock(state->queue, LOCK_UN);
         const std::lock_guard guard(state->mutex);
-        state->isHeld = result == 0;
+        state->isHeld = isHeld;
         state->isWaiting = false;
         state->changed.notify_all();
     }).detach();

@@ -123,6 +123,14 @@ TEST_F(RuleWaiting, AStartWaitsWithoutBlocking)
     EXPECT_EQ(client->module().getNotifications().size(), 18);
 }
 
+TEST_F(RuleWaiting, AFirstStartProtectsTheDefaultsThatItWrites)
+{
+    const QDir rules(folder.filePath(QStringLiteral("notifications")));
+    const QDir copies(folder.filePath(QStringLiteral("rules-backup/copies")));
+    EXPECT_GT(rules.entryList(QDir::Files).size(), 10);
+    EXPECT_EQ(copies.entryList(QDir::Files), rules.entryList(QDir::Files));
+}
+
 TEST_F(RuleWaiting, TheNamesOfRuleFilesAreThoseOfTheModulesTypes)
 {
     EXPECT_EQ(sorted(builtInTypes()), sorted(client->module().getNotifications().keys()));
