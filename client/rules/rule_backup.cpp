@@ -57,13 +57,12 @@ bool RuleBackup::isGood(const QByteArray& content)
 /// To read a large file again and again takes most of the time of a change.
 bool RuleBackup::isGoodFile(const QString& typeId, const QByteArray& content) const
 {
-    const auto known = m_good.constFind(typeId);
-    if (known != m_good.cend() && *known == content)
-        return true;
-    if (!isGood(content))
-        return false;
-    m_good.insert(typeId, content);
-    return true;
+    const auto known = m_judged.constFind(typeId);
+    if (known != m_judged.cend() && known->first == content)
+        return known->second;
+    const bool verdict = isGood(content);
+    m_judged.insert(typeId, {content, verdict});
+    return verdict;
 }
 
 void RuleBackup::protect(const QStringList& types)

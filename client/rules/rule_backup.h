@@ -7,6 +7,7 @@
 #include <QStringList>
 
 #include <functional>
+#include <utility>
 
 namespace zepa {
 
@@ -101,7 +102,7 @@ public:
 
     /// Whether these bytes are a good rule file.
     static bool isGood(const QByteArray& content);
-    /// The same for bytes that may be those of the type's file: it remembers the last good ones.
+    /// The same for bytes that may be those of the type's file: it remembers the last ones.
     bool isGoodFile(const QString& typeId, const QByteArray& content) const;
     QString ruleFolder() const { return m_rules; }
     QString ruleFile(const QString& typeId) const { return m_rules + typeId; }
@@ -133,7 +134,8 @@ private:
     bool m_ownsSettingsFolder = false;
     bool m_isWritingDefaults = false;
     QHash<QString, QByteArray> m_loaded;
-    mutable QHash<QString, QByteArray> m_good;
+    /// By type: the bytes that were looked at last, and whether they are good.
+    mutable QHash<QString, std::pair<QByteArray, bool>> m_judged;
     QStringList m_restored;
     QStringList m_reset;
     QStringList m_stillBroken;
