@@ -66,7 +66,7 @@ const Foreign sparseFile{"sparse", [](const QByteArray& path) {
                              const bool isMade = ::ftruncate(file, off_t{2} * 1024 * 1024 * 1024) == 0;
                              return ::close(file) == 0 && isMade;
                          }};
-const Foreign folder{"folder", [](const QByteArray& path) { return ::mkdir(path.constData(), 0700) == 0; }};
+const Foreign emptyFolder{"folder", [](const QByteArray& path) { return ::mkdir(path.constData(), 0700) == 0; }};
 
 TEST_P(ForeignSettings, StopNothingAndAreLeftAsTheyAre)
 {
@@ -85,7 +85,7 @@ TEST_P(ForeignSettings, StopNothingAndAreLeftAsTheyAre)
 }
 
 INSTANTIATE_TEST_SUITE_P(AllKinds, ForeignSettings,
-                         testing::Values(pipeWithoutWriter, Foreign{"device", linkToDevice}, sparseFile, folder));
+                         testing::Values(pipeWithoutWriter, Foreign{"device", linkToDevice}, sparseFile, emptyFolder));
 
 TEST_F(ProgramFiles, AForeignLockFileStopsNoChangeAndStays)
 {
