@@ -11,7 +11,10 @@
 #include "core/notification_method.h"
 #include "core/notification_module.h"
 
+#include <QTimer>
+
 #include <algorithm>
+#include <chrono>
 #include <utility>
 
 namespace zepa {
@@ -149,14 +152,19 @@ bool RuleEditor::hasDefaults(const QString& type) const
 
 void RuleEditor::changeSetting(const ZepaField& field, const QString& value)
 {
-    lookForChanges();
+    whenLocked([this, field, value] { changeSettingNow(field, value); }, Needs::Nothing);
+}
+
+void RuleEditor::changeSettingNow(const ZepaField& field, const QString& value)
+{
     const QString before = setting(field).getText();
     if (before == value || !fieldAllows(field, value))
         return;
     EditStep step{tr("Change: %1").arg(field.getLabel()), SettingChange{field.getId(), before, value}, {}};
     if (field.getType() == ZepaField::SpinBox)
         step.mergeKey = field.getId();
-    if (!carryOut(step, false))
+    // A stored value that the field does not offer cannot be stored again.
+    if (!carryOut(step, false) || !fieldAllows(field, before))
         return;
     m_history.add(step);
     Q_EMIT historyChanged();
@@ -213,30 +221,56 @@ void RuleEditor::retry()
     });
 }
 
-/// Calls `work` with the lock, with rules as the files hold them, and in the order of the calls.
-void RuleEditor::whenLocked(const std::function<void()>& work)
+/// Calls `work` with the lock, with rules as the files hold them, and in the order of the calls. What needs nothing is
+/// called also when the lock cannot be had.
+void RuleEditor::whenLocked(const std::function<void()>& work, Needs needs)
 {
-    m_waiting.append(work);
+    m_waiting.append({work, needs});
     if (m_waiting.size() == 1)
-        zepa::whenLocked(m_client.ruleBackup().ruleFolder(), this, [this](RuleLock& lock) { carryOutWaiting(lock); });
+        takeLock();
+}
+
+void RuleEditor::takeLock()
+{
+    zepa::whenLocked(m_client.ruleBackup().ruleFolder(), this, [this](RuleLock& lock) { carryOutWaiting(lock); });
 }
 
 void RuleEditor::carryOutWaiting(RuleLock& lock)
 {
-    const auto works = std::exchange(m_waiting, {});
-    if (!lock.isHeld() && lock.isPossible()) {
+    auto all = std::exchange(m_waiting, {});
+    m_lock = &lock;
+    while (!all.isEmpty() && carryOut(all.first(), lock))
+        all.removeFirst();
+    m_lock = nullptr;
+    if (all.isEmpty())
+        return;
+    // Others get the rule files meanwhile.
+    m_waiting = all + m_waiting;
+    constexpr std::chrono::milliseconds timeBetweenAttempts{20};
+    QTimer::singleShot(timeBetweenAttempts, this, &RuleEditor::takeLock);
+}
+
+/// False when it has to be tried again.
+bool RuleEditor::carryOut(Waiting& waiting, const RuleLock& lock)
+{
+    if (!lock.isHeld() && lock.isPossible() && waiting.needs == Needs::RuleFiles) {
         m_problem.noteBusy();
         Q_EMIT problemChanged();
-        return;
+        return true;
     }
-    m_lock = &lock;
-    for (const auto& work : works) {
-        if (lock.isHeld())
-            bringUpToDate(module(), m_client.ruleBackup());
-        lookForChanges();
-        work();
-    }
-    m_lock = nullptr;
+    if (lock.isHeld())
+        bringUpToDate(module(), m_client.ruleBackup());
+    lookForChanges();
+    waiting.work();
+    if (!std::exchange(m_isSettingsFileBusy, false))
+        return true;
+    if (!waiting.deadline)
+        waiting.deadline.emplace(RuleLock::timeout);
+    if (!waiting.deadline->hasExpired())
+        return false;
+    m_problem.noteBusySettings();
+    Q_EMIT problemChanged();
+    return true;
 }
 
 void RuleEditor::refresh()
@@ -316,7 +350,12 @@ bool RuleEditor::carryOut(const RuleChange& change, bool back)
 bool RuleEditor::carryOut(const SettingChange& change, bool back)
 {
     const ZepaField field = findSetting(change.setting);
-    const bool isStored = m_client.settings().store(field, back ? change.before : change.after);
+    const Settings::Stored stored = m_client.settings().tryToStore(field, back ? change.before : change.after);
+    if (stored == Settings::Stored::Busy) {
+        m_isSettingsFileBusy = true;
+        return false;
+    }
+    const bool isStored = stored == Settings::Stored::Done;
     m_problem.noteSetting(field, isStored);
     Q_EMIT problemChanged();
     if (!isStored)

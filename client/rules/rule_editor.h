@@ -7,6 +7,7 @@
 #include "client/rules/storing_problem.h"
 #include "host/field.h"
 
+#include <QDeadlineTimer>
 #include <QHash>
 #include <QList>
 #include <QObject>
@@ -14,6 +15,7 @@
 #include <QStringList>
 
 #include <functional>
+#include <optional>
 
 class ZepaNotificationModule;
 
@@ -26,8 +28,8 @@ class RuleLock;
 ///
 /// All goes through the public operations of the module and of the settings, and is on disk when a call returns, with
 /// its copy. Where that did not work, which the module itself does not say, problem() does. While another client works
-/// on the rule files, changes of rules wait for it without blocking: the call returns and changes nothing yet, and the
-/// signals tell when it is done, or problem() that it was refused. The client must outlive this object.
+/// on the files, changes wait for it without blocking and in their order: the call returns and changes nothing yet, and
+/// the signals tell when it is done, or problem() that it was refused. The client must outlive this object.
 ///
 /// A pair of type and method may have several rules; `index` counts them from the newest, 0, on. All of them act. The
 /// module calls the newest first; which one that is changes with every start of the client, since files are written
@@ -92,10 +94,23 @@ Q_SIGNALS:
     void said(const QString& text);
 
 private:
-    void whenLocked(const std::function<void()>& work);
+    /// What a change needs before it can be made.
+    enum class Needs { RuleFiles, Nothing };
+    struct Waiting
+    {
+        std::function<void()> work;
+        Needs needs;
+        /// When a busy settings file is given up; set at the first attempt.
+        std::optional<QDeadlineTimer> deadline = {};
+    };
+
+    void whenLocked(const std::function<void()>& work, Needs needs = Needs::RuleFiles);
+    void takeLock();
     void carryOutWaiting(RuleLock& lock);
+    bool carryOut(Waiting& waiting, const RuleLock& lock);
     void lookForChanges();
     void addNow(const QString& type, const QString& method);
+    void changeSettingNow(const ZepaField& field, const QString& value);
     void edit(const QString& text, const QString& type, const QList<RuleState>& after, const QString& mergeKey = {});
     bool carryOut(const EditStep& step, bool back);
     bool carryOut(const RuleChange& change, bool back);
@@ -113,7 +128,9 @@ private:
     QHash<QString, QString> m_settings;
     QStringList m_methods;
     /// What is to be done when the lock is ours.
-    QList<std::function<void()>> m_waiting;
+    QList<Waiting> m_waiting;
+    /// The change that was just tried met a busy settings file and is to be tried again.
+    bool m_isSettingsFileBusy = false;
     /// Not null while it is being done.
     RuleLock* m_lock = nullptr;
 };

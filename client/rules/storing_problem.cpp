@@ -47,6 +47,12 @@ void StoringProblem::noteBusy()
              .arg(shownPath(m_client.settings().getSettingsDir())));
 }
 
+void StoringProblem::noteBusySettings()
+{
+    tell(tr("The setting was not changed: another program is changing %1. Try again when it is done.")
+             .arg(shownPath(m_client.settings().settingsFile())));
+}
+
 void StoringProblem::noteSetting(const ZepaField& setting, bool isStored)
 {
     if (isStored)

@@ -30,7 +30,9 @@ public:
     void noteRules(SafeChange outcome, const QString& type);
     /// Changes of rules were not made, because another client works on the rule files and does not finish.
     void noteBusy();
-    /// The same of a setting of the whole client.
+    /// A setting was not changed, because another program changes the settings file and does not finish.
+    void noteBusySettings();
+    /// What became of a change of a setting of the whole client.
     void noteSetting(const ZepaField& setting, bool isStored);
 
 private:

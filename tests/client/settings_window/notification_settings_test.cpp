@@ -2,6 +2,7 @@
 // The window as a whole: settings of the whole client, undo, trouble with files, and the keyboard.
 #include "window_fixture.h"
 
+#include "client/files/file_lock.h"
 #include "client/services/global_settings.h"
 #include "qt_printers.h"
 
@@ -60,6 +61,39 @@ TEST_F(NotificationSettingsTest, AChoiceIsStored)
     press(Qt::Key_Up);
     restart();
     EXPECT_EQ(find<QComboBox>("alerts")->currentData().toString(), QStringLiteral("always"));
+}
+
+TEST_F(NotificationSettingsTest, AStoredChoiceThatIsNotOfferedShowsNoneAndCannotBeGoneBackTo)
+{
+    window.reset();
+    editor.reset();
+    client.reset();
+    QFile file(folder.filePath(QStringLiteral("settings.ini")));
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly) && file.write("[General]\nalerts=sometimes\n") > 0);
+    file.close();
+    client = std::make_unique<Client>(folder.path());
+    open();
+    auto* alerts = find<QComboBox>("alerts");
+    EXPECT_EQ(alerts->currentIndex(), -1);
+    EXPECT_EQ(alerts->currentText(), QString());
+    alerts->setFocus();
+    press(Qt::Key_Down);
+    EXPECT_EQ(alerts->currentData().toString(), QStringLiteral("never"));
+    EXPECT_FALSE(find("undo")->isEnabled());
+    press(Qt::Key_Down);
+    press(Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_EQ(alerts->currentData().toString(), QStringLiteral("never"));
+    EXPECT_FALSE(find("problem")->isVisible());
+}
+
+TEST_F(NotificationSettingsTest, AChangeThatABusyFileRefusesIsShownAsItWas)
+{
+    const FileLock elsewhere(folder.filePath(QStringLiteral("settings.lock")));
+    ASSERT_TRUE(elsewhere.isHeld());
+    enter(QStringLiteral("30"));
+    EXPECT_TRUE(QTest::qWaitFor([this] { return find("problem")->isVisible(); }, 60000));
+    EXPECT_TRUE(find<QLabel>("problem")->text().contains(QStringLiteral("another program")));
+    EXPECT_EQ(repeats()->value(), 5);
 }
 
 TEST_F(NotificationSettingsTest, TheWheelOverAFieldWithoutTheFocusChangesNothing)

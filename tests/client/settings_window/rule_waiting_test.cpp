@@ -1,9 +1,11 @@
 // SPDX-License-Identifier: Apache-2.0
-// What a client with a window does while another one works on the rule files, and with what that one stored.
+// What a client with a window does while another one works on its files, and with what that one stored.
 #include "real_client.h"
 
+#include "client/files/file_lock.h"
 #include "client/rules/rule_lock.h"
 #include "client/rules/type_ids.h"
+#include "client/services/global_settings.h"
 #include "qt_printers.h"
 
 #include <optional>
@@ -28,7 +30,17 @@ protected:
         file.write(content);
     }
 
+    void beginToChangeSettingsElsewhere()
+    {
+        settingsElsewhere.emplace(folder.filePath(QStringLiteral("settings.lock")));
+        ASSERT_TRUE(settingsElsewhere->isHeld());
+    }
+    QString limit() const { return editor->setting(repeats).getText(); }
+    QByteArray storedSettings() const { return stored(QStringLiteral("../settings.ini")); }
+
+    const ZepaField repeats = globalSettings().constFirst();
     std::optional<RuleLock> elsewhere;
+    std::optional<FileLock> settingsElsewhere;
 };
 
 } // namespace
@@ -96,6 +108,77 @@ TEST_F(RuleWaiting, WhatAnotherClientStoredIsSeen)
     editor->refresh();
     EXPECT_EQ(changed, QList<QVariantList>{{typing}});
     EXPECT_EQ(rules(typing), QStringList{QStringLiteral("zepa_sound_notification_method sound_file=theirs.wav")});
+}
+
+TEST_F(RuleWaiting, ASettingIsStoredWhenItsFileIsFree)
+{
+    QSignalSpy changed(editor.get(), &RuleEditor::settingChanged);
+    beginToChangeSettingsElsewhere();
+    editor->changeSetting(repeats, QStringLiteral("30"));
+    EXPECT_EQ(limit(), QStringLiteral("5"));
+    EXPECT_EQ(editor->problem(), QString());
+    settingsElsewhere.reset();
+    ASSERT_TRUE(!changed.isEmpty() || changed.wait());
+    EXPECT_EQ(limit(), QStringLiteral("30"));
+    EXPECT_EQ(editor->undoText(), QStringLiteral("Change: Drop repeats for"));
+    EXPECT_TRUE(storedSettings().contains("duplicated_notifications_time=30"));
+}
+
+TEST_F(RuleWaiting, ChangesAfterASettingThatWaitsAreMadeAfterIt)
+{
+    QSignalSpy rule(editor.get(), &RuleEditor::rulesChanged);
+    QSignalSpy setting(editor.get(), &RuleEditor::settingChanged);
+    QSignalSpy said(editor.get(), &RuleEditor::said);
+    const ZepaField alerts = globalSettings().at(1);
+    beginToChangeSettingsElsewhere();
+    editor->changeSetting(alerts, QStringLiteral("never"));
+    editor->changeSetting(alerts, QStringLiteral("always"));
+    editor->toggle(typing, popup);
+    editor->undo();
+    editor->undo();
+    EXPECT_TRUE(rule.isEmpty());
+    settingsElsewhere.reset();
+    while (said.count() < 2)
+        ASSERT_TRUE(said.wait());
+    EXPECT_EQ(setting.count(), 3);
+    EXPECT_EQ(rule.count(), 2);
+    EXPECT_EQ(rules(typing), QStringList());
+    EXPECT_EQ(editor->setting(alerts).getText(), QStringLiteral("never"));
+    EXPECT_TRUE(storedSettings().contains("alerts=never"));
+}
+
+TEST_F(RuleWaiting, ASettingIsRefusedWithASentenceWhenItsFileStaysBusy)
+{
+    QSignalSpy problem(editor.get(), &RuleEditor::problemChanged);
+    editor->changeSetting(repeats, QStringLiteral("30"));
+    problem.clear();
+    beginToChangeSettingsElsewhere();
+    editor->changeSetting(repeats, QStringLiteral("40"));
+    while (problem.isEmpty())
+        ASSERT_TRUE(problem.wait());
+    EXPECT_TRUE(editor->problem().contains(QStringLiteral("another program"))) << editor->problem().toStdString();
+    EXPECT_TRUE(editor->problem().contains(QStringLiteral("settings.ini"))) << editor->problem().toStdString();
+    EXPECT_EQ(limit(), QStringLiteral("30"));
+    problem.clear();
+    editor->undo();
+    while (problem.isEmpty())
+        ASSERT_TRUE(problem.wait());
+    EXPECT_EQ(limit(), QStringLiteral("30"));
+    settingsElsewhere.reset();
+    editor->undo();
+    EXPECT_EQ(limit(), QStringLiteral("5"));
+    EXPECT_EQ(editor->problem(), QString());
+}
+
+TEST_F(RuleWaiting, ASettingDoesNotNeedTheRuleFiles)
+{
+    QSignalSpy changed(editor.get(), &RuleEditor::settingChanged);
+    beginToWorkElsewhere();
+    editor->changeSetting(repeats, QStringLiteral("30"));
+    while (changed.isEmpty())
+        ASSERT_TRUE(changed.wait());
+    EXPECT_EQ(limit(), QStringLiteral("30"));
+    EXPECT_EQ(editor->problem(), QString());
 }
 
 TEST_F(RuleWaiting, AStartWaitsWithoutBlocking)
