@@ -42,9 +42,10 @@ public:
         , m_form(form)
         , m_showsChats(showsChats)
         , m_patience(patience)
-        , m_reader(job.takeInput(), name == QStringLiteral("-") ? QStringLiteral("standard input") : name,
-                   name == QStringLiteral("-") ? job.folder() : QFileInfo(job.path(name)).absolutePath(),
-                   typeIds(client))
+        , m_reader(
+              job.takeInput(), name == QStringLiteral("-") ? QStringLiteral("standard input") : name,
+              {name == QStringLiteral("-") ? job.folder() : QFileInfo(job.path(name)).absolutePath(), job.folder()},
+              typeIds(client))
     {}
 
     /// Reads a piece at each turn of the event loop, and plays the script when it has been read.

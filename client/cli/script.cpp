@@ -39,9 +39,10 @@ QString shown(const QJsonValue& value)
 class ScriptReader::LineReader
 {
 public:
-    LineReader(const QString& name, const QString& folder, const QStringList& types)
+    LineReader(const QString& name, const ScriptFolders& folders, const QStringList& types)
         : m_name(onOneLine(name))
-        , m_folder(folder)
+        , m_pictures(folders.pictures)
+        , m_actionFolder(folders.actions)
         , m_types(types)
         , m_allowedTypes(QStringLiteral("one of: %1").arg(types.join(QStringLiteral(", "))))
     {}
@@ -63,7 +64,8 @@ private:
     void complainAbout(const QString& field, const QString& allowed, const Text& text);
 
     const QString m_name;
-    const QString m_folder;
+    const QDir m_pictures;
+    const QString m_actionFolder;
     const QStringList m_types;
     const QString m_allowedTypes;
     qsizetype m_number = 0;
@@ -153,17 +155,17 @@ void ScriptReader::LineReader::check(Event& event)
     if (event.title.isNull())
         complainAbout(QStringLiteral("title"), QStringLiteral("a text"),
                       [] { return QStringLiteral("it is missing"); });
-    if (!event.icon.isEmpty() && !QFileInfo(QDir(m_folder), event.icon).isFile())
+    if (!event.icon.isEmpty() && !QFileInfo(m_pictures, event.icon).isFile())
         complainAbout(QStringLiteral("icon"), QStringLiteral("a picture, absolute or beside the script"), [&] {
-            return QStringLiteral("there is no file %1").arg(onOneLine(QDir(m_folder).filePath(event.icon)));
+            return QStringLiteral("there is no file %1").arg(onOneLine(m_pictures.filePath(event.icon)));
         });
     if (!event.action.isNull()) {
-        const QString problem = problemWithAction(event.action);
+        const QString problem = problemWithAction(event.action, m_actionFolder);
         if (!problem.isEmpty())
             complain([&] { return QStringLiteral("field \"action\": it %1").arg(problem); });
     }
     if (!event.icon.isEmpty())
-        event.icon = QDir(m_folder).absoluteFilePath(event.icon);
+        event.icon = m_pictures.absoluteFilePath(event.icon);
 }
 
 template <typename Text>
@@ -187,8 +189,9 @@ QStringList ScriptReader::LineReader::problems() const
     return lines;
 }
 
-ScriptReader::ScriptReader(QByteArray content, const QString& name, const QString& folder, const QStringList& types)
-    : m_content(std::move(content)), m_reader(std::make_unique<LineReader>(name, folder, types))
+ScriptReader::ScriptReader(QByteArray content, const QString& name, const ScriptFolders& folders,
+                           const QStringList& types)
+    : m_content(std::move(content)), m_reader(std::make_unique<LineReader>(name, folders, types))
 {}
 
 ScriptReader::~ScriptReader() = default;
@@ -222,9 +225,10 @@ Script ScriptReader::take()
     return {std::exchange(m_events, {}), m_reader->problems()};
 }
 
-Script readScript(const QByteArray& content, const QString& name, const QString& folder, const QStringList& types)
+Script readScript(const QByteArray& content, const QString& name, const ScriptFolders& folders,
+                  const QStringList& types)
 {
-    ScriptReader reader(content, name, folder, types);
+    ScriptReader reader(content, name, folders, types);
     while (reader.readOn())
         ;
     return reader.take();

@@ -17,7 +17,7 @@ namespace zepa::cli {
 ///   {"at": 1.5, "type": "message_received", "title": "Anna", "text": "Lunch?", "buddy": "Anna"}
 ///
 /// "type" and "title" must be there; "at" is in seconds from the start and is that of the line above when it is not
-/// given. A relative "icon" is looked for beside the script.
+/// given. A relative "icon" is looked for beside the script; an "action" runs in the folder of whoever plays it.
 struct Script
 {
     QList<Event> events;
@@ -33,15 +33,22 @@ inline constexpr int mostProblems = 20;
 /// A line may have so many bytes.
 inline constexpr int longestLine = 1048576;
 
+/// Folders that relative names in a script are relative to, both absolute.
+struct ScriptFolders
+{
+    QString pictures;
+    QString actions;
+};
+
 /// Reads a script piece by piece, so that a long one leaves the event loop its turns.
 class ScriptReader
 {
 public:
     /// @param content  the script, in UTF-8
     /// @param name     the script's name in messages
-    /// @param folder   where relative pictures are
+    /// @param folders  where what it names is looked for
     /// @param types    the notification types that may be posted
-    ScriptReader(QByteArray content, const QString& name, const QString& folder, const QStringList& types);
+    ScriptReader(QByteArray content, const QString& name, const ScriptFolders& folders, const QStringList& types);
     ~ScriptReader();
     Q_DISABLE_COPY_MOVE(ScriptReader)
 
@@ -61,6 +68,7 @@ private:
 };
 
 /// A whole script at once, with the parameters of the reader.
-Script readScript(const QByteArray& content, const QString& name, const QString& folder, const QStringList& types);
+Script readScript(const QByteArray& content, const QString& name, const ScriptFolders& folders,
+                  const QStringList& types);
 
 } // namespace zepa::cli

@@ -97,6 +97,21 @@ TEST_F(HandedOverTest, StartsTheActionInTheSecondsFolder)
     EXPECT_TRUE(waitFor([this] { return QFile::exists(inFolder(QStringLiteral("here"))); }));
 }
 
+TEST_F(HandedOverTest, StartsAScriptsActionInTheSecondsFolderToo)
+{
+    const auto service = startService({QStringLiteral("click-last")});
+    startFirst();
+    ASSERT_TRUE(waitUntilAcquainted(*service));
+    write(QStringLiteral("program"), "#!/bin/sh\ntouch here\n");
+    ASSERT_TRUE(QFile::setPermissions(inFolder(QStringLiteral("program")), QFile::ReadOwner | QFile::ExeOwner));
+    QDir(inFolder(QString())).mkdir(QStringLiteral("scripts"));
+    write(QStringLiteral("scripts/one.jsonl"), R"({"type": "info_notify", "title": "t", "action": "./program"})");
+    const Outcome played = run({play, QStringLiteral("scripts/one.jsonl"), waits});
+    EXPECT_EQ(played.code, 0) << played.err.toStdString();
+    EXPECT_TRUE(waitFor([this] { return QFile::exists(inFolder(QStringLiteral("here"))); }));
+    EXPECT_FALSE(QFile::exists(inFolder(QStringLiteral("scripts/here"))));
+}
+
 TEST_F(HandedOverTest, TellsEachCallerOfItsOwnAnswer)
 {
     const auto service = startService();

@@ -12,7 +12,7 @@ using zepa::cli::Script;
 
 Script read(const QByteArray& content, const QString& folder = QStringLiteral("/nonexistent"))
 {
-    return zepa::cli::readScript(content, QStringLiteral("demo.jsonl"), folder,
+    return zepa::cli::readScript(content, QStringLiteral("demo.jsonl"), {folder, folder},
                                  {QStringLiteral("email_notify"), QStringLiteral("logged_in")});
 }
 

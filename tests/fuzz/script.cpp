@@ -10,7 +10,8 @@ namespace zepa::fuzz {
 void readScriptFile(const QByteArray& input)
 {
     const QStringList types{QStringLiteral("message_received"), QStringLiteral("logged_in")};
-    const cli::Script script = cli::readScript(input, QStringLiteral("script"), QStringLiteral("/nonexistent"), types);
+    const QString nowhere = QStringLiteral("/nonexistent");
+    const cli::Script script = cli::readScript(input, QStringLiteral("script"), {nowhere, nowhere}, types);
     for (const QString& problem : script.problems) {
         require(problem.startsWith(QStringLiteral("script:")), "a problem names its place");
         require(std::none_of(problem.begin(), problem.end(), [](QChar c) { return c < u' '; }),
