@@ -57,13 +57,14 @@ QString whyRepeat(const JournalEntry& entry)
     return why;
 }
 
-QString soundText(SoundState sound)
+QString soundText(const Report& report)
 {
-    switch (sound) {
+    switch (report.sound) {
     case SoundState::NotAsked:
         return JournalText::tr("No sound: no rule of this type calls the sound method.");
     case SoundState::MutedForAll:
-        return JournalText::tr("No sound: alerts are mute (setting \"alerts\": never).");
+        return JournalText::tr("No sound: alert sounds are turned off (setting \"alerts\": %1).")
+            .arg(nameText(report.alerts));
     case SoundState::MutedForStrangers:
         return JournalText::tr("No sound: the sender is not on the contact list (setting \"alerts\": buddies_only).");
     case SoundState::NoFile:
@@ -202,7 +203,7 @@ QString detailsText(const JournalEntry& entry)
             {QString(), JournalText::tr("Methods in the order of their calls (the newest rule comes first):")});
         for (qsizetype i = 0; i < entry.report.calls.size(); ++i)
             lines.append(QStringLiteral("%1. %2").arg(i + 1).arg(callText(entry.report.calls[i])));
-        lines.append({soundText(entry.report.sound), chatText(entry)});
+        lines.append({soundText(entry.report), chatText(entry)});
     }
     return lines.join(u'\n');
 }

@@ -39,14 +39,24 @@ PopupState popupOf(const Delivery& call)
     return call.isRegistered ? PopupState::Asked : PopupState::NotRegistered;
 }
 
+QString allowedAlerts(const Settings& settings)
+{
+    const ZepaField alerts =
+        ZepaField::comboBox({}, QStringLiteral("alerts"),
+                            {QStringLiteral("never"), QStringLiteral("always"), QStringLiteral("buddies_only")}, {},
+                            QStringLiteral("buddies_only"), {});
+    return settings.readGlobalSetting(alerts).getSelectedId();
+}
+
+bool isAlert(const Posting& posting)
+{
+    return posting.type == QStringLiteral("alert_received_notify");
+}
+
 SoundState soundOf(const Settings& settings, const Posting& posting, const Delivery& call)
 {
-    if (posting.type == QStringLiteral("alert_received_notify")) {
-        const ZepaField alerts =
-            ZepaField::comboBox({}, QStringLiteral("alerts"),
-                                {QStringLiteral("never"), QStringLiteral("always"), QStringLiteral("buddies_only")}, {},
-                                QStringLiteral("buddies_only"), {});
-        const QString allowed = settings.readGlobalSetting(alerts).getSelectedId();
+    if (isAlert(posting)) {
+        const QString allowed = allowedAlerts(settings);
         const bool isStranger = !posting.buddy || posting.buddy->getType() == ZepaBuddy::NotOnContactList;
         if (allowed != QStringLiteral("always") && allowed != QStringLiteral("buddies_only"))
             return SoundState::MutedForAll;
@@ -90,6 +100,7 @@ Report reportOn(Client& client, const Posting& posting, const QList<Delivery>& c
             report.pictureProblem = call.pictureProblem;
         } else if (call.methodId == soundMethod) {
             report.sound = std::max(report.sound, soundOf(client.settings(), posting, call));
+            report.alerts = isAlert(posting) ? allowedAlerts(client.settings()) : QString();
         } else if (call.methodId == chatMethod) {
             report.chat = chatOf(posting);
         }

@@ -56,6 +56,9 @@ struct Report
     /// Why the pop-up has not the picture that the posting names, in English; empty when it has, or none was named.
     QString pictureProblem = {};
     SoundState sound = SoundState::NotAsked;
+    /// What the setting "alerts" says at that time, whether it is offered or not; empty for all but alerts with a
+    /// sound.
+    QString alerts = {};
     ChatState chat = ChatState::NotAsked;
     /// A pop-up waits for its answer.
     bool waits = false;

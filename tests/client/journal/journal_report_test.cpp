@@ -117,6 +117,8 @@ TEST(JournalReportAlone, SaysThatAlertsAreMuteWhenTheStoredChoiceIsNoneOfThose)
     posting.title = QStringLiteral("Ann");
     posting.buddy = ZepaBuddy(QStringLiteral("Ann"), QStringLiteral("Ann"), ZepaBuddy::Contact);
     EXPECT_EQ(announce(client, posting).sound, SoundState::MutedForAll);
+    const QString text = zepa::detailsText(client.journal().entry(0));
+    EXPECT_THAT(text.toStdString(), AllOf(HasSubstr("\"alerts\": sometimes"), testing::Not(HasSubstr("never"))));
 }
 
 TEST_F(JournalReport, SaysThatASoundFileIsNotThere)
