@@ -131,13 +131,12 @@ int run(int argc, char** argv)
     if (!client.settings().isUsable())
         cli::complain(
             (client.settings().hasRuleFolder()
-                 ? QStringLiteral("the settings folder %1 cannot be written: stored rules are in use, and nothing that "
-                                  "changes is kept")
-                 : QStringLiteral("the settings folder %1 cannot be written: rules have their defaults, and nothing "
-                                  "that changes is kept"))
+                 ? QStringLiteral(
+                       "cannot write to %1: your rules are in use as they are, and changes will not be saved")
+                 : QStringLiteral("cannot write to %1: the default rules are in use, and changes will not be saved"))
                 .arg(cli::onOneLine(client.settings().getSettingsDir())));
     else if (!client.settings().isFileReadable())
-        cli::complain(QStringLiteral("the settings file %1 cannot be read: every setting has its initial value")
+        cli::complain(QStringLiteral("the settings file %1 cannot be read, so all settings have their defaults")
                           .arg(cli::onOneLine(client.settings().settingsFile())));
     // Pop-ups and windows show the desktop's picture for it where it is installed.
     QApplication::setWindowIcon(QIcon::fromTheme(
@@ -146,10 +145,8 @@ int run(int argc, char** argv)
         return runWindow(client, bus, token);
 
     if (!client.start()) {
-        cli::complain(
-            QStringLiteral("another program is changing rules in %1 and does not finish; nothing was done, try "
-                           "again")
-                .arg(cli::onOneLine(client.settings().getSettingsDir())));
+        cli::complain(QStringLiteral("another program is still changing rules in %1; nothing was done, try again later")
+                          .arg(cli::onOneLine(client.settings().getSettingsDir())));
         return cli::Failure;
     }
 

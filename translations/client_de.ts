@@ -81,10 +81,6 @@
         <translation>Befehl</translation>
     </message>
     <message>
-        <source>A program and its arguments. %t is the title, %m the message, %B the buddy. Quotes keep words together; no shell runs it.</source>
-        <translation>Ein Programm und seine Argumente. %t ist der Titel, %m die Nachricht, %B der Kontakt. Anführungszeichen halten Wörter zusammen; keine Shell führt es aus.</translation>
-    </message>
-    <message>
         <source>run a command</source>
         <translation>Befehl ausführen</translation>
     </message>
@@ -452,6 +448,34 @@
         <source>Verdict</source>
         <translation>Ergebnis</translation>
     </message>
+    <message>
+        <source>A program and its arguments. %t is the title, %m the message, %B the contact; the program also finds them in its environment, as ZEPA_TITLE, ZEPA_TEXT and ZEPA_BUDDY_NAME. Use quotes to group words. The command does not run in a shell.</source>
+        <translation>Ein Programm und seine Argumente. %t ist der Titel, %m die Nachricht, %B der Kontakt; das Programm findet sie auch in seiner Umgebung, als ZEPA_TITLE, ZEPA_TEXT und ZEPA_BUDDY_NAME. Anführungszeichen fassen Wörter zusammen. Der Befehl läuft nicht in einer Shell.</translation>
+    </message>
+    <message>
+        <source>&quot;$%1&quot; instead of %2</source>
+        <translation>&quot;$%1&quot; statt %2</translation>
+    </message>
+    <message>
+        <source>Unsafe: anyone who sends a message could make the shell run commands. Use environment variables in double quotes: %1.</source>
+        <translation>Unsicher: Wer eine Nachricht schickt, könnte die Shell Befehle ausführen lassen. Verwenden Sie Umgebungsvariablen in doppelten Anführungszeichen: %1.</translation>
+    </message>
+    <message>
+        <source>The stored rules for these types are damaged and were left as they are, because %2 already holds %3 files. Move those files elsewhere and restart Zepa. Types: %1</source>
+        <translation>Die gespeicherten Regeln für diese Arten sind beschädigt und wurden so gelassen, weil %2 schon %3 Dateien enthält. Verschieben Sie diese Dateien und starten Sie Zepa neu. Arten: %1</translation>
+    </message>
+    <message>
+        <source>These types have no rules, because their rule files in %2 cannot be read or are not regular files: %1</source>
+        <translation>Diese Arten haben keine Regeln, weil ihre Regeldateien in %2 nicht gelesen werden können oder keine gewöhnlichen Dateien sind: %1</translation>
+    </message>
+    <message>
+        <source>The rules for these types cannot be changed and are not backed up, because their files in %2 are larger than 4 MiB: %1</source>
+        <translation>Die Regeln für diese Arten können nicht geändert werden und haben keine Sicherungskopie, weil ihre Dateien in %2 größer als 4 MiB sind: %1</translation>
+    </message>
+    <message>
+        <source>The rules for %1 were not changed: another program is changing rules in the same folder. Try again.</source>
+        <translation>Die Regeln für %1 wurden nicht geändert: Ein anderes Programm ändert gerade Regeln in demselben Ordner. Versuchen Sie es noch einmal.</translation>
+    </message>
 </context>
 <context>
     <name>zepa::ChatHistory</name>
@@ -543,10 +567,6 @@
     <message>
         <source>No sound: no rule of this type calls the sound method.</source>
         <translation>Kein Klang: Keine Regel dieser Art ruft die Klangmethode auf.</translation>
-    </message>
-    <message>
-        <source>No sound: alerts are mute (setting &quot;alerts&quot;: never).</source>
-        <translation>Kein Klang: Weckrufe sind stumm (Einstellung &quot;alerts&quot;: never).</translation>
     </message>
     <message>
         <source>No sound: the sender is not on the contact list (setting &quot;alerts&quot;: buddies_only).</source>
@@ -696,6 +716,10 @@
         <source>Methods in the order of their calls (the newest rule comes first):</source>
         <translation>Methoden in der Reihenfolge ihrer Aufrufe (die neueste Regel zuerst):</translation>
     </message>
+    <message>
+        <source>No sound: alert sounds are turned off (setting &quot;alerts&quot;: %1).</source>
+        <translation>Kein Klang: Klänge für Weckrufe sind ausgeschaltet (Einstellung &quot;alerts&quot;: %1).</translation>
+    </message>
 </context>
 <context>
     <name>zepa::JournalView</name>
@@ -776,8 +800,20 @@
         <translation>&amp;Leeren</translation>
     </message>
     <message>
-        <source>The settings folder %1 cannot be written: rules have their defaults, and nothing that changes is kept.</source>
-        <translation>In den Einstellungsordner %1 kann nicht geschrieben werden: Die Regeln haben ihre Voreinstellungen, und keine Änderung bleibt erhalten.</translation>
+        <source>Another program is changing rules in %1. Events will be announced as soon as it has finished.</source>
+        <translation>Ein anderes Programm ändert gerade Regeln in %1. Ereignisse werden gemeldet, sobald es fertig ist.</translation>
+    </message>
+    <message>
+        <source>Zepa cannot write to %1: your rules are in use as they are, and changes will not be saved.</source>
+        <translation>Zepa kann nicht in %1 schreiben: Ihre Regeln gelten, wie sie sind, und Änderungen werden nicht gespeichert.</translation>
+    </message>
+    <message>
+        <source>Zepa cannot write to %1: the default rules are in use, and changes will not be saved.</source>
+        <translation>Zepa kann nicht in %1 schreiben: Es gelten die voreingestellten Regeln, und Änderungen werden nicht gespeichert.</translation>
+    </message>
+    <message>
+        <source>The settings file %1 cannot be read, so all settings have their defaults.</source>
+        <translation>Die Einstellungsdatei %1 kann nicht gelesen werden, deshalb haben alle Einstellungen ihre Voreinstellungen.</translation>
     </message>
 </context>
 <context>
@@ -868,20 +904,20 @@
         <translation>Zurückgenommen: %1</translation>
     </message>
     <message>
-        <source>Done again: %1</source>
-        <translation>Wiederholt: %1</translation>
-    </message>
-    <message>
         <source>All rules are stored now.</source>
         <translation>Alle Regeln sind jetzt gespeichert.</translation>
     </message>
     <message>
-        <source>Rules or settings were changed from outside of this window.</source>
-        <translation>Regeln oder Einstellungen wurden außerhalb dieses Fensters geändert.</translation>
-    </message>
-    <message>
         <source>%1, %2</source>
         <translation>%1, %2</translation>
+    </message>
+    <message>
+        <source>Redone: %1</source>
+        <translation>Wiederholt: %1</translation>
+    </message>
+    <message>
+        <source>Rules or settings were changed outside this window.</source>
+        <translation>Regeln oder Einstellungen wurden außerhalb dieses Fensters geändert.</translation>
     </message>
 </context>
 <context>
@@ -905,14 +941,6 @@
     <message>
         <source>Restore &amp;defaults</source>
         <translation>Vorei&amp;nstellungen</translation>
-    </message>
-    <message>
-        <source>Posts an event of this kind, so that you see and hear what its rules do.</source>
-        <translation>Sendet ein Ereignis dieser Art, damit Sie sehen und hören, was seine Regeln bewirken.</translation>
-    </message>
-    <message>
-        <source>Gives all methods of this event the rules that they had at first.</source>
-        <translation>Gibt allen Methoden dieses Ereignisses die Regeln, die sie anfangs hatten.</translation>
     </message>
     <message>
         <source>No event is chosen</source>
@@ -951,6 +979,14 @@
         <source>All %1 rules act, the newest first. Space in the table and the command line reach the newest one. The next start of the program turns their order round.</source>
         <translation>Alle %1 Regeln wirken, die neueste zuerst. Leertaste in der Tabelle und Befehlszeile erreichen die neueste. Der nächste Start des Programms kehrt ihre Reihenfolge um.</translation>
     </message>
+    <message>
+        <source>Triggers a test event so you can see and hear the result.</source>
+        <translation>Löst ein Testereignis aus, damit Sie das Ergebnis sehen und hören.</translation>
+    </message>
+    <message>
+        <source>Resets all notifications for this event to the defaults.</source>
+        <translation>Setzt alle Benachrichtigungen für dieses Ereignis auf die Voreinstellungen zurück.</translation>
+    </message>
 </context>
 <context>
     <name>zepa::RuleTableModel</name>
@@ -984,9 +1020,9 @@ Kennung: %2</translation>
     </message>
     <message>
         <source>%1
-Installed from outside. Identifier: %2</source>
+Add-on method. Identifier: %2</source>
         <translation>%1
-Von außen installiert. Kennung: %2</translation>
+Zusatzmethode. Kennung: %2</translation>
     </message>
 </context>
 <context>
@@ -1080,6 +1116,14 @@ Von außen installiert. Kennung: %2</translation>
     <message>
         <source>, </source>
         <translation>, </translation>
+    </message>
+    <message>
+        <source>The rules were not changed: another program is changing rules in %1. Try again when it has finished.</source>
+        <translation>Die Regeln wurden nicht geändert: Ein anderes Programm ändert gerade Regeln in %1. Versuchen Sie es noch einmal, wenn es fertig ist.</translation>
+    </message>
+    <message>
+        <source>The setting was not changed: another program is changing %1. Try again when it has finished.</source>
+        <translation>Die Einstellung wurde nicht geändert: Ein anderes Programm ändert gerade %1. Versuchen Sie es noch einmal, wenn es fertig ist.</translation>
     </message>
 </context>
 </TS>

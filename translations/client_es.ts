@@ -81,10 +81,6 @@
         <translation>Orden</translation>
     </message>
     <message>
-        <source>A program and its arguments. %t is the title, %m the message, %B the buddy. Quotes keep words together; no shell runs it.</source>
-        <translation>Un programa y sus argumentos. %t es el título, %m el mensaje, %B el contacto. Las comillas mantienen juntas las palabras; no lo ejecuta ninguna shell.</translation>
-    </message>
-    <message>
         <source>run a command</source>
         <translation>ejecutar una orden</translation>
     </message>
@@ -452,6 +448,34 @@
         <source>Verdict</source>
         <translation>Veredicto</translation>
     </message>
+    <message>
+        <source>A program and its arguments. %t is the title, %m the message, %B the contact; the program also finds them in its environment, as ZEPA_TITLE, ZEPA_TEXT and ZEPA_BUDDY_NAME. Use quotes to group words. The command does not run in a shell.</source>
+        <translation>Un programa y sus argumentos. %t es el título, %m el mensaje, %B el contacto; el programa los encuentra también en su entorno, como ZEPA_TITLE, ZEPA_TEXT y ZEPA_BUDDY_NAME. Las comillas agrupan palabras. La orden no se ejecuta en una shell.</translation>
+    </message>
+    <message>
+        <source>&quot;$%1&quot; instead of %2</source>
+        <translation>&quot;$%1&quot; en lugar de %2</translation>
+    </message>
+    <message>
+        <source>Unsafe: anyone who sends a message could make the shell run commands. Use environment variables in double quotes: %1.</source>
+        <translation>Inseguro: quien envíe un mensaje podría hacer que la shell ejecute órdenes. Use variables de entorno entre comillas dobles: %1.</translation>
+    </message>
+    <message>
+        <source>The stored rules for these types are damaged and were left as they are, because %2 already holds %3 files. Move those files elsewhere and restart Zepa. Types: %1</source>
+        <translation>Las reglas guardadas de estos tipos están dañadas y se dejaron como están, porque %2 ya contiene %3 archivos. Mueva esos archivos a otro lugar y reinicie Zepa. Tipos: %1</translation>
+    </message>
+    <message>
+        <source>These types have no rules, because their rule files in %2 cannot be read or are not regular files: %1</source>
+        <translation>Estos tipos no tienen reglas, porque sus archivos de reglas en %2 no se pueden leer o no son archivos normales: %1</translation>
+    </message>
+    <message>
+        <source>The rules for these types cannot be changed and are not backed up, because their files in %2 are larger than 4 MiB: %1</source>
+        <translation>Las reglas de estos tipos no se pueden cambiar y no tienen copia de seguridad, porque sus archivos en %2 superan los 4 MiB: %1</translation>
+    </message>
+    <message>
+        <source>The rules for %1 were not changed: another program is changing rules in the same folder. Try again.</source>
+        <translation>Las reglas de %1 no se cambiaron: otro programa está cambiando reglas en la misma carpeta. Inténtelo de nuevo.</translation>
+    </message>
 </context>
 <context>
     <name>zepa::ChatHistory</name>
@@ -543,10 +567,6 @@
     <message>
         <source>No sound: no rule of this type calls the sound method.</source>
         <translation>Sin sonido: ninguna regla de este tipo llama al método de sonido.</translation>
-    </message>
-    <message>
-        <source>No sound: alerts are mute (setting &quot;alerts&quot;: never).</source>
-        <translation>Sin sonido: los avisos están en silencio (ajuste &quot;alerts&quot;: never).</translation>
     </message>
     <message>
         <source>No sound: the sender is not on the contact list (setting &quot;alerts&quot;: buddies_only).</source>
@@ -696,6 +716,10 @@
         <source>Methods in the order of their calls (the newest rule comes first):</source>
         <translation>Métodos en el orden de sus llamadas (la regla más nueva va primero):</translation>
     </message>
+    <message>
+        <source>No sound: alert sounds are turned off (setting &quot;alerts&quot;: %1).</source>
+        <translation>Sin sonido: los sonidos de los avisos están desactivados (ajuste &quot;alerts&quot;: %1).</translation>
+    </message>
 </context>
 <context>
     <name>zepa::JournalView</name>
@@ -776,8 +800,20 @@
         <translation>&amp;Vaciar</translation>
     </message>
     <message>
-        <source>The settings folder %1 cannot be written: rules have their defaults, and nothing that changes is kept.</source>
-        <translation>No se puede escribir en la carpeta de ajustes %1: las reglas tienen sus valores predeterminados y ningún cambio se conserva.</translation>
+        <source>Another program is changing rules in %1. Events will be announced as soon as it has finished.</source>
+        <translation>Otro programa está cambiando reglas en %1. Los sucesos se anunciarán en cuanto termine.</translation>
+    </message>
+    <message>
+        <source>Zepa cannot write to %1: your rules are in use as they are, and changes will not be saved.</source>
+        <translation>Zepa no puede escribir en %1: sus reglas se aplican tal como están y los cambios no se guardarán.</translation>
+    </message>
+    <message>
+        <source>Zepa cannot write to %1: the default rules are in use, and changes will not be saved.</source>
+        <translation>Zepa no puede escribir en %1: se aplican las reglas predeterminadas y los cambios no se guardarán.</translation>
+    </message>
+    <message>
+        <source>The settings file %1 cannot be read, so all settings have their defaults.</source>
+        <translation>No se puede leer el archivo de ajustes %1, así que todos los ajustes tienen sus valores predeterminados.</translation>
     </message>
 </context>
 <context>
@@ -868,20 +904,20 @@
         <translation>Deshecho: %1</translation>
     </message>
     <message>
-        <source>Done again: %1</source>
-        <translation>Rehecho: %1</translation>
-    </message>
-    <message>
         <source>All rules are stored now.</source>
         <translation>Ahora todas las reglas están guardadas.</translation>
     </message>
     <message>
-        <source>Rules or settings were changed from outside of this window.</source>
-        <translation>Se cambiaron reglas o ajustes fuera de esta ventana.</translation>
-    </message>
-    <message>
         <source>%1, %2</source>
         <translation>%1, %2</translation>
+    </message>
+    <message>
+        <source>Redone: %1</source>
+        <translation>Rehecho: %1</translation>
+    </message>
+    <message>
+        <source>Rules or settings were changed outside this window.</source>
+        <translation>Se cambiaron reglas o ajustes fuera de esta ventana.</translation>
     </message>
 </context>
 <context>
@@ -905,14 +941,6 @@
     <message>
         <source>Restore &amp;defaults</source>
         <translation>&amp;Valores predeterminados</translation>
-    </message>
-    <message>
-        <source>Posts an event of this kind, so that you see and hear what its rules do.</source>
-        <translation>Envía un suceso de este tipo, para ver y oír qué hacen sus reglas.</translation>
-    </message>
-    <message>
-        <source>Gives all methods of this event the rules that they had at first.</source>
-        <translation>Devuelve a todos los métodos de este suceso las reglas que tenían al principio.</translation>
     </message>
     <message>
         <source>No event is chosen</source>
@@ -951,6 +979,14 @@
         <source>All %1 rules act, the newest first. Space in the table and the command line reach the newest one. The next start of the program turns their order round.</source>
         <translation>Las %1 reglas actúan todas, la más nueva primero. La barra espaciadora en la tabla y la línea de órdenes alcanzan la más nueva. El próximo inicio del programa invierte su orden.</translation>
     </message>
+    <message>
+        <source>Triggers a test event so you can see and hear the result.</source>
+        <translation>Provoca un suceso de prueba, para ver y oír el resultado.</translation>
+    </message>
+    <message>
+        <source>Resets all notifications for this event to the defaults.</source>
+        <translation>Restablece los valores predeterminados de todas las notificaciones de este suceso.</translation>
+    </message>
 </context>
 <context>
     <name>zepa::RuleTableModel</name>
@@ -984,9 +1020,9 @@ Identificador: %2</translation>
     </message>
     <message>
         <source>%1
-Installed from outside. Identifier: %2</source>
+Add-on method. Identifier: %2</source>
         <translation>%1
-Instalado desde fuera. Identificador: %2</translation>
+Método adicional. Identificador: %2</translation>
     </message>
 </context>
 <context>
@@ -1080,6 +1116,14 @@ Instalado desde fuera. Identificador: %2</translation>
     <message>
         <source>, </source>
         <translation>, </translation>
+    </message>
+    <message>
+        <source>The rules were not changed: another program is changing rules in %1. Try again when it has finished.</source>
+        <translation>Las reglas no se cambiaron: otro programa está cambiando reglas en %1. Inténtelo de nuevo cuando haya terminado.</translation>
+    </message>
+    <message>
+        <source>The setting was not changed: another program is changing %1. Try again when it has finished.</source>
+        <translation>El ajuste no se cambió: otro programa está cambiando %1. Inténtelo de nuevo cuando haya terminado.</translation>
     </message>
 </context>
 </TS>

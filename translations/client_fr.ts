@@ -81,10 +81,6 @@
         <translation>Commande</translation>
     </message>
     <message>
-        <source>A program and its arguments. %t is the title, %m the message, %B the buddy. Quotes keep words together; no shell runs it.</source>
-        <translation>Un programme et ses arguments. %t est le titre, %m le message, %B le contact. Les guillemets gardent des mots ensemble ; aucun shell ne l’exécute.</translation>
-    </message>
-    <message>
         <source>run a command</source>
         <translation>exécuter une commande</translation>
     </message>
@@ -452,6 +448,34 @@
         <source>Verdict</source>
         <translation>Verdict</translation>
     </message>
+    <message>
+        <source>A program and its arguments. %t is the title, %m the message, %B the contact; the program also finds them in its environment, as ZEPA_TITLE, ZEPA_TEXT and ZEPA_BUDDY_NAME. Use quotes to group words. The command does not run in a shell.</source>
+        <translation>Un programme et ses arguments. %t est le titre, %m le message, %B le contact ; le programme les trouve aussi dans son environnement, sous ZEPA_TITLE, ZEPA_TEXT et ZEPA_BUDDY_NAME. Les guillemets regroupent des mots. La commande ne s’exécute pas dans un shell.</translation>
+    </message>
+    <message>
+        <source>&quot;$%1&quot; instead of %2</source>
+        <translation>&quot;$%1&quot; au lieu de %2</translation>
+    </message>
+    <message>
+        <source>Unsafe: anyone who sends a message could make the shell run commands. Use environment variables in double quotes: %1.</source>
+        <translation>Dangereux : quiconque envoie un message pourrait faire exécuter des commandes par le shell. Utilisez des variables d’environnement entre guillemets doubles : %1.</translation>
+    </message>
+    <message>
+        <source>The stored rules for these types are damaged and were left as they are, because %2 already holds %3 files. Move those files elsewhere and restart Zepa. Types: %1</source>
+        <translation>Les règles enregistrées pour ces types sont endommagées et ont été laissées telles quelles, car %2 contient déjà %3 fichiers. Déplacez ces fichiers ailleurs et redémarrez Zepa. Types : %1</translation>
+    </message>
+    <message>
+        <source>These types have no rules, because their rule files in %2 cannot be read or are not regular files: %1</source>
+        <translation>Ces types n’ont pas de règles, car leurs fichiers de règles dans %2 ne peuvent pas être lus ou ne sont pas des fichiers ordinaires : %1</translation>
+    </message>
+    <message>
+        <source>The rules for these types cannot be changed and are not backed up, because their files in %2 are larger than 4 MiB: %1</source>
+        <translation>Les règles pour ces types ne peuvent pas être modifiées et n’ont pas de copie de sauvegarde, car leurs fichiers dans %2 dépassent 4 Mio : %1</translation>
+    </message>
+    <message>
+        <source>The rules for %1 were not changed: another program is changing rules in the same folder. Try again.</source>
+        <translation>Les règles pour %1 n’ont pas été modifiées : un autre programme modifie des règles dans le même dossier. Réessayez.</translation>
+    </message>
 </context>
 <context>
     <name>zepa::ChatHistory</name>
@@ -543,10 +567,6 @@
     <message>
         <source>No sound: no rule of this type calls the sound method.</source>
         <translation>Pas de son : aucune règle de ce type n’appelle la méthode du son.</translation>
-    </message>
-    <message>
-        <source>No sound: alerts are mute (setting &quot;alerts&quot;: never).</source>
-        <translation>Pas de son : les alertes sont muettes (réglage &quot;alerts&quot; : never).</translation>
     </message>
     <message>
         <source>No sound: the sender is not on the contact list (setting &quot;alerts&quot;: buddies_only).</source>
@@ -696,6 +716,10 @@
         <source>Methods in the order of their calls (the newest rule comes first):</source>
         <translation>Méthodes dans l’ordre de leurs appels (la règle la plus récente d’abord) :</translation>
     </message>
+    <message>
+        <source>No sound: alert sounds are turned off (setting &quot;alerts&quot;: %1).</source>
+        <translation>Pas de son : les sons d’alerte sont désactivés (réglage &quot;alerts&quot; : %1).</translation>
+    </message>
 </context>
 <context>
     <name>zepa::JournalView</name>
@@ -776,8 +800,20 @@
         <translation>&amp;Effacer</translation>
     </message>
     <message>
-        <source>The settings folder %1 cannot be written: rules have their defaults, and nothing that changes is kept.</source>
-        <translation>Le dossier des réglages %1 ne peut pas être écrit : les règles ont leurs valeurs par défaut, et aucun changement n’est conservé.</translation>
+        <source>Another program is changing rules in %1. Events will be announced as soon as it has finished.</source>
+        <translation>Un autre programme modifie des règles dans %1. Les événements seront annoncés dès qu’il aura terminé.</translation>
+    </message>
+    <message>
+        <source>Zepa cannot write to %1: your rules are in use as they are, and changes will not be saved.</source>
+        <translation>Zepa ne peut pas écrire dans %1 : vos règles s’appliquent telles quelles, et les changements ne seront pas enregistrés.</translation>
+    </message>
+    <message>
+        <source>Zepa cannot write to %1: the default rules are in use, and changes will not be saved.</source>
+        <translation>Zepa ne peut pas écrire dans %1 : les règles par défaut s’appliquent, et les changements ne seront pas enregistrés.</translation>
+    </message>
+    <message>
+        <source>The settings file %1 cannot be read, so all settings have their defaults.</source>
+        <translation>Le fichier des réglages %1 ne peut pas être lu : tous les réglages ont donc leurs valeurs par défaut.</translation>
     </message>
 </context>
 <context>
@@ -868,20 +904,20 @@
         <translation>Annulé : %1</translation>
     </message>
     <message>
-        <source>Done again: %1</source>
-        <translation>Refait : %1</translation>
-    </message>
-    <message>
         <source>All rules are stored now.</source>
         <translation>Toutes les règles sont maintenant enregistrées.</translation>
     </message>
     <message>
-        <source>Rules or settings were changed from outside of this window.</source>
-        <translation>Des règles ou des réglages ont été modifiés en dehors de cette fenêtre.</translation>
-    </message>
-    <message>
         <source>%1, %2</source>
         <translation>%1, %2</translation>
+    </message>
+    <message>
+        <source>Redone: %1</source>
+        <translation>Refait : %1</translation>
+    </message>
+    <message>
+        <source>Rules or settings were changed outside this window.</source>
+        <translation>Des règles ou des réglages ont été modifiés en dehors de cette fenêtre.</translation>
     </message>
 </context>
 <context>
@@ -905,14 +941,6 @@
     <message>
         <source>Restore &amp;defaults</source>
         <translation>Valeurs par &amp;défaut</translation>
-    </message>
-    <message>
-        <source>Posts an event of this kind, so that you see and hear what its rules do.</source>
-        <translation>Émet un événement de ce type, pour voir et entendre ce que font ses règles.</translation>
-    </message>
-    <message>
-        <source>Gives all methods of this event the rules that they had at first.</source>
-        <translation>Redonne à toutes les méthodes de cet événement les règles qu’elles avaient au début.</translation>
     </message>
     <message>
         <source>No event is chosen</source>
@@ -951,6 +979,14 @@
         <source>All %1 rules act, the newest first. Space in the table and the command line reach the newest one. The next start of the program turns their order round.</source>
         <translation>Les %1 règles agissent toutes, la plus récente d’abord. La barre d’espace dans le tableau et la ligne de commande atteignent la plus récente. Le prochain démarrage du programme inverse leur ordre.</translation>
     </message>
+    <message>
+        <source>Triggers a test event so you can see and hear the result.</source>
+        <translation>Déclenche un événement de test, pour voir et entendre le résultat.</translation>
+    </message>
+    <message>
+        <source>Resets all notifications for this event to the defaults.</source>
+        <translation>Rétablit les valeurs par défaut de toutes les notifications de cet événement.</translation>
+    </message>
 </context>
 <context>
     <name>zepa::RuleTableModel</name>
@@ -984,9 +1020,9 @@ Identifiant : %2</translation>
     </message>
     <message>
         <source>%1
-Installed from outside. Identifier: %2</source>
+Add-on method. Identifier: %2</source>
         <translation>%1
-Installé de l’extérieur. Identifiant : %2</translation>
+Méthode complémentaire. Identifiant : %2</translation>
     </message>
 </context>
 <context>
@@ -1080,6 +1116,14 @@ Installé de l’extérieur. Identifiant : %2</translation>
     <message>
         <source>, </source>
         <translation>, </translation>
+    </message>
+    <message>
+        <source>The rules were not changed: another program is changing rules in %1. Try again when it has finished.</source>
+        <translation>Les règles n’ont pas été modifiées : un autre programme modifie des règles dans %1. Réessayez quand il aura terminé.</translation>
+    </message>
+    <message>
+        <source>The setting was not changed: another program is changing %1. Try again when it has finished.</source>
+        <translation>Le réglage n’a pas été modifié : un autre programme modifie %1. Réessayez quand il aura terminé.</translation>
     </message>
 </context>
 </TS>

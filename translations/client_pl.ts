@@ -81,10 +81,6 @@
         <translation>Polecenie</translation>
     </message>
     <message>
-        <source>A program and its arguments. %t is the title, %m the message, %B the buddy. Quotes keep words together; no shell runs it.</source>
-        <translation>Program i jego argumenty. %t to tytuł, %m wiadomość, %B znajomy. Cudzysłowy łączą słowa; nie uruchamia go żadna powłoka.</translation>
-    </message>
-    <message>
         <source>run a command</source>
         <translation>uruchom polecenie</translation>
     </message>
@@ -452,6 +448,34 @@
         <source>Verdict</source>
         <translation>Wynik</translation>
     </message>
+    <message>
+        <source>A program and its arguments. %t is the title, %m the message, %B the contact; the program also finds them in its environment, as ZEPA_TITLE, ZEPA_TEXT and ZEPA_BUDDY_NAME. Use quotes to group words. The command does not run in a shell.</source>
+        <translation>Program i jego argumenty. %t to tytuł, %m wiadomość, %B kontakt; program znajdzie je także w swoim środowisku jako ZEPA_TITLE, ZEPA_TEXT i ZEPA_BUDDY_NAME. Cudzysłowy łączą słowa w grupy. Polecenie nie jest uruchamiane w powłoce.</translation>
+    </message>
+    <message>
+        <source>&quot;$%1&quot; instead of %2</source>
+        <translation>&quot;$%1&quot; zamiast %2</translation>
+    </message>
+    <message>
+        <source>Unsafe: anyone who sends a message could make the shell run commands. Use environment variables in double quotes: %1.</source>
+        <translation>Niebezpieczne: nadawca wiadomości mógłby sprawić, że powłoka uruchomi polecenia. Użyj zmiennych środowiskowych w cudzysłowach: %1.</translation>
+    </message>
+    <message>
+        <source>The stored rules for these types are damaged and were left as they are, because %2 already holds %3 files. Move those files elsewhere and restart Zepa. Types: %1</source>
+        <translation>Zapisane reguły dla tych rodzajów są uszkodzone i pozostawiono je bez zmian, ponieważ liczba plików w %2 to już %3. Przenieś te pliki w inne miejsce i uruchom program Zepa ponownie. Rodzaje: %1</translation>
+    </message>
+    <message>
+        <source>These types have no rules, because their rule files in %2 cannot be read or are not regular files: %1</source>
+        <translation>Te rodzaje nie mają reguł, ponieważ ich plików reguł w %2 nie można odczytać lub nie są to zwykłe pliki: %1</translation>
+    </message>
+    <message>
+        <source>The rules for these types cannot be changed and are not backed up, because their files in %2 are larger than 4 MiB: %1</source>
+        <translation>Reguł dla tych rodzajów nie można zmienić i nie mają kopii zapasowej, ponieważ ich pliki w %2 są większe niż 4 MiB: %1</translation>
+    </message>
+    <message>
+        <source>The rules for %1 were not changed: another program is changing rules in the same folder. Try again.</source>
+        <translation>Reguł dla %1 nie zmieniono: inny program zmienia reguły w tym samym folderze. Spróbuj ponownie.</translation>
+    </message>
 </context>
 <context>
     <name>zepa::ChatHistory</name>
@@ -543,10 +567,6 @@
     <message>
         <source>No sound: no rule of this type calls the sound method.</source>
         <translation>Bez dźwięku: żadna reguła tego rodzaju nie wywołuje metody dźwięku.</translation>
-    </message>
-    <message>
-        <source>No sound: alerts are mute (setting &quot;alerts&quot;: never).</source>
-        <translation>Bez dźwięku: alerty są wyciszone (ustawienie &quot;alerts&quot;: never).</translation>
     </message>
     <message>
         <source>No sound: the sender is not on the contact list (setting &quot;alerts&quot;: buddies_only).</source>
@@ -696,6 +716,10 @@
         <source>Methods in the order of their calls (the newest rule comes first):</source>
         <translation>Metody w kolejności wywołań (najpierw najnowsza reguła):</translation>
     </message>
+    <message>
+        <source>No sound: alert sounds are turned off (setting &quot;alerts&quot;: %1).</source>
+        <translation>Bez dźwięku: dźwięki alertów są wyłączone (ustawienie &quot;alerts&quot;: %1).</translation>
+    </message>
 </context>
 <context>
     <name>zepa::JournalView</name>
@@ -776,8 +800,20 @@
         <translation>&amp;Wyczyść</translation>
     </message>
     <message>
-        <source>The settings folder %1 cannot be written: rules have their defaults, and nothing that changes is kept.</source>
-        <translation>Nie można zapisywać w folderze ustawień %1: reguły mają wartości domyślne, a żadna zmiana nie zostanie zachowana.</translation>
+        <source>Another program is changing rules in %1. Events will be announced as soon as it has finished.</source>
+        <translation>Inny program zmienia reguły w %1. Zdarzenia będą zgłaszane, gdy tylko skończy.</translation>
+    </message>
+    <message>
+        <source>Zepa cannot write to %1: your rules are in use as they are, and changes will not be saved.</source>
+        <translation>Zepa nie może zapisywać w %1: obowiązują Twoje obecne reguły, a zmiany nie zostaną zapisane.</translation>
+    </message>
+    <message>
+        <source>Zepa cannot write to %1: the default rules are in use, and changes will not be saved.</source>
+        <translation>Zepa nie może zapisywać w %1: obowiązują reguły domyślne, a zmiany nie zostaną zapisane.</translation>
+    </message>
+    <message>
+        <source>The settings file %1 cannot be read, so all settings have their defaults.</source>
+        <translation>Nie można odczytać pliku ustawień %1, więc wszystkie ustawienia mają wartości domyślne.</translation>
     </message>
 </context>
 <context>
@@ -868,20 +904,20 @@
         <translation>Cofnięto: %1</translation>
     </message>
     <message>
-        <source>Done again: %1</source>
-        <translation>Ponowiono: %1</translation>
-    </message>
-    <message>
         <source>All rules are stored now.</source>
         <translation>Wszystkie reguły są już zapisane.</translation>
     </message>
     <message>
-        <source>Rules or settings were changed from outside of this window.</source>
-        <translation>Reguły lub ustawienia zmieniono poza tym oknem.</translation>
-    </message>
-    <message>
         <source>%1, %2</source>
         <translation>%1, %2</translation>
+    </message>
+    <message>
+        <source>Redone: %1</source>
+        <translation>Ponowiono: %1</translation>
+    </message>
+    <message>
+        <source>Rules or settings were changed outside this window.</source>
+        <translation>Reguły lub ustawienia zmieniono poza tym oknem.</translation>
     </message>
 </context>
 <context>
@@ -905,14 +941,6 @@
     <message>
         <source>Restore &amp;defaults</source>
         <translation>Przy&amp;wróć domyślne</translation>
-    </message>
-    <message>
-        <source>Posts an event of this kind, so that you see and hear what its rules do.</source>
-        <translation>Wysyła zdarzenie tego rodzaju, aby zobaczyć i usłyszeć działanie jego reguł.</translation>
-    </message>
-    <message>
-        <source>Gives all methods of this event the rules that they had at first.</source>
-        <translation>Przywraca wszystkim metodom tego zdarzenia początkowe reguły.</translation>
     </message>
     <message>
         <source>No event is chosen</source>
@@ -951,6 +979,14 @@
         <source>All %1 rules act, the newest first. Space in the table and the command line reach the newest one. The next start of the program turns their order round.</source>
         <translation>Działają wszystkie reguły (%1), najpierw najnowsza. Spacja w tabeli i wiersz poleceń dotyczą najnowszej. Następne uruchomienie programu odwraca ich kolejność.</translation>
     </message>
+    <message>
+        <source>Triggers a test event so you can see and hear the result.</source>
+        <translation>Wywołuje zdarzenie testowe, aby zobaczyć i usłyszeć wynik.</translation>
+    </message>
+    <message>
+        <source>Resets all notifications for this event to the defaults.</source>
+        <translation>Przywraca wartości domyślne wszystkich powiadomień dla tego zdarzenia.</translation>
+    </message>
 </context>
 <context>
     <name>zepa::RuleTableModel</name>
@@ -984,9 +1020,9 @@ Identyfikator: %2</translation>
     </message>
     <message>
         <source>%1
-Installed from outside. Identifier: %2</source>
+Add-on method. Identifier: %2</source>
         <translation>%1
-Zainstalowane z zewnątrz. Identyfikator: %2</translation>
+Metoda dodatkowa. Identyfikator: %2</translation>
     </message>
 </context>
 <context>
@@ -1080,6 +1116,14 @@ Zainstalowane z zewnątrz. Identyfikator: %2</translation>
     <message>
         <source>, </source>
         <translation>, </translation>
+    </message>
+    <message>
+        <source>The rules were not changed: another program is changing rules in %1. Try again when it has finished.</source>
+        <translation>Reguł nie zmieniono: inny program zmienia reguły w %1. Spróbuj ponownie, gdy skończy.</translation>
+    </message>
+    <message>
+        <source>The setting was not changed: another program is changing %1. Try again when it has finished.</source>
+        <translation>Ustawienia nie zmieniono: inny program zmienia %1. Spróbuj ponownie, gdy skończy.</translation>
     </message>
 </context>
 </TS>

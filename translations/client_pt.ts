@@ -81,10 +81,6 @@
         <translation>Comando</translation>
     </message>
     <message>
-        <source>A program and its arguments. %t is the title, %m the message, %B the buddy. Quotes keep words together; no shell runs it.</source>
-        <translation>Um programa e os seus argumentos. %t é o título, %m a mensagem, %B o contacto. As aspas mantêm palavras juntas; nenhuma shell o executa.</translation>
-    </message>
-    <message>
         <source>run a command</source>
         <translation>executar um comando</translation>
     </message>
@@ -452,6 +448,34 @@
         <source>Verdict</source>
         <translation>Veredicto</translation>
     </message>
+    <message>
+        <source>A program and its arguments. %t is the title, %m the message, %B the contact; the program also finds them in its environment, as ZEPA_TITLE, ZEPA_TEXT and ZEPA_BUDDY_NAME. Use quotes to group words. The command does not run in a shell.</source>
+        <translation>Um programa e os seus argumentos. %t é o título, %m a mensagem, %B o contacto; o programa encontra-os também no seu ambiente, como ZEPA_TITLE, ZEPA_TEXT e ZEPA_BUDDY_NAME. As aspas agrupam palavras. O comando não é executado numa shell.</translation>
+    </message>
+    <message>
+        <source>&quot;$%1&quot; instead of %2</source>
+        <translation>&quot;$%1&quot; em vez de %2</translation>
+    </message>
+    <message>
+        <source>Unsafe: anyone who sends a message could make the shell run commands. Use environment variables in double quotes: %1.</source>
+        <translation>Inseguro: quem enviar uma mensagem poderia fazer a shell executar comandos. Use variáveis de ambiente entre aspas duplas: %1.</translation>
+    </message>
+    <message>
+        <source>The stored rules for these types are damaged and were left as they are, because %2 already holds %3 files. Move those files elsewhere and restart Zepa. Types: %1</source>
+        <translation>As regras guardadas destes tipos estão danificadas e foram deixadas como estão, porque %2 já contém %3 ficheiros. Mova esses ficheiros para outro local e reinicie o Zepa. Tipos: %1</translation>
+    </message>
+    <message>
+        <source>These types have no rules, because their rule files in %2 cannot be read or are not regular files: %1</source>
+        <translation>Estes tipos não têm regras, porque os seus ficheiros de regras em %2 não podem ser lidos ou não são ficheiros normais: %1</translation>
+    </message>
+    <message>
+        <source>The rules for these types cannot be changed and are not backed up, because their files in %2 are larger than 4 MiB: %1</source>
+        <translation>As regras destes tipos não podem ser alteradas e não têm cópia de segurança, porque os seus ficheiros em %2 excedem 4 MiB: %1</translation>
+    </message>
+    <message>
+        <source>The rules for %1 were not changed: another program is changing rules in the same folder. Try again.</source>
+        <translation>As regras de %1 não foram alteradas: outro programa está a alterar regras na mesma pasta. Tente de novo.</translation>
+    </message>
 </context>
 <context>
     <name>zepa::ChatHistory</name>
@@ -543,10 +567,6 @@
     <message>
         <source>No sound: no rule of this type calls the sound method.</source>
         <translation>Sem som: nenhuma regra deste tipo chama o método de som.</translation>
-    </message>
-    <message>
-        <source>No sound: alerts are mute (setting &quot;alerts&quot;: never).</source>
-        <translation>Sem som: os alertas estão em silêncio (definição &quot;alerts&quot;: never).</translation>
     </message>
     <message>
         <source>No sound: the sender is not on the contact list (setting &quot;alerts&quot;: buddies_only).</source>
@@ -696,6 +716,10 @@
         <source>Methods in the order of their calls (the newest rule comes first):</source>
         <translation>Métodos pela ordem das suas chamadas (a regra mais recente primeiro):</translation>
     </message>
+    <message>
+        <source>No sound: alert sounds are turned off (setting &quot;alerts&quot;: %1).</source>
+        <translation>Sem som: os sons dos alertas estão desativados (definição &quot;alerts&quot;: %1).</translation>
+    </message>
 </context>
 <context>
     <name>zepa::JournalView</name>
@@ -776,8 +800,20 @@
         <translation>&amp;Limpar</translation>
     </message>
     <message>
-        <source>The settings folder %1 cannot be written: rules have their defaults, and nothing that changes is kept.</source>
-        <translation>Não é possível escrever na pasta de definições %1: as regras têm as suas predefinições e nenhuma alteração é guardada.</translation>
+        <source>Another program is changing rules in %1. Events will be announced as soon as it has finished.</source>
+        <translation>Outro programa está a alterar regras em %1. Os eventos serão anunciados assim que terminar.</translation>
+    </message>
+    <message>
+        <source>Zepa cannot write to %1: your rules are in use as they are, and changes will not be saved.</source>
+        <translation>O Zepa não pode escrever em %1: as suas regras aplicam-se tal como estão e as alterações não serão guardadas.</translation>
+    </message>
+    <message>
+        <source>Zepa cannot write to %1: the default rules are in use, and changes will not be saved.</source>
+        <translation>O Zepa não pode escrever em %1: aplicam-se as regras predefinidas e as alterações não serão guardadas.</translation>
+    </message>
+    <message>
+        <source>The settings file %1 cannot be read, so all settings have their defaults.</source>
+        <translation>Não é possível ler o ficheiro de definições %1, por isso todas as definições têm os valores predefinidos.</translation>
     </message>
 </context>
 <context>
@@ -868,20 +904,20 @@
         <translation>Desfeito: %1</translation>
     </message>
     <message>
-        <source>Done again: %1</source>
-        <translation>Refeito: %1</translation>
-    </message>
-    <message>
         <source>All rules are stored now.</source>
         <translation>Todas as regras estão agora guardadas.</translation>
     </message>
     <message>
-        <source>Rules or settings were changed from outside of this window.</source>
-        <translation>Regras ou definições foram alteradas fora desta janela.</translation>
-    </message>
-    <message>
         <source>%1, %2</source>
         <translation>%1, %2</translation>
+    </message>
+    <message>
+        <source>Redone: %1</source>
+        <translation>Refeito: %1</translation>
+    </message>
+    <message>
+        <source>Rules or settings were changed outside this window.</source>
+        <translation>Regras ou definições foram alteradas fora desta janela.</translation>
     </message>
 </context>
 <context>
@@ -905,14 +941,6 @@
     <message>
         <source>Restore &amp;defaults</source>
         <translation>Repor &amp;predefinições</translation>
-    </message>
-    <message>
-        <source>Posts an event of this kind, so that you see and hear what its rules do.</source>
-        <translation>Envia um evento deste tipo, para ver e ouvir o que as suas regras fazem.</translation>
-    </message>
-    <message>
-        <source>Gives all methods of this event the rules that they had at first.</source>
-        <translation>Devolve a todos os métodos deste evento as regras que tinham no início.</translation>
     </message>
     <message>
         <source>No event is chosen</source>
@@ -951,6 +979,14 @@
         <source>All %1 rules act, the newest first. Space in the table and the command line reach the newest one. The next start of the program turns their order round.</source>
         <translation>Todas as %1 regras atuam, a mais recente primeiro. A barra de espaço na tabela e a linha de comandos alcançam a mais recente. O próximo arranque do programa inverte a ordem.</translation>
     </message>
+    <message>
+        <source>Triggers a test event so you can see and hear the result.</source>
+        <translation>Desencadeia um evento de teste, para ver e ouvir o resultado.</translation>
+    </message>
+    <message>
+        <source>Resets all notifications for this event to the defaults.</source>
+        <translation>Repõe as predefinições de todas as notificações deste evento.</translation>
+    </message>
 </context>
 <context>
     <name>zepa::RuleTableModel</name>
@@ -984,9 +1020,9 @@ Identificador: %2</translation>
     </message>
     <message>
         <source>%1
-Installed from outside. Identifier: %2</source>
+Add-on method. Identifier: %2</source>
         <translation>%1
-Instalado de fora. Identificador: %2</translation>
+Método adicional. Identificador: %2</translation>
     </message>
 </context>
 <context>
@@ -1080,6 +1116,14 @@ Instalado de fora. Identificador: %2</translation>
     <message>
         <source>, </source>
         <translation>, </translation>
+    </message>
+    <message>
+        <source>The rules were not changed: another program is changing rules in %1. Try again when it has finished.</source>
+        <translation>As regras não foram alteradas: outro programa está a alterar regras em %1. Tente de novo quando tiver terminado.</translation>
+    </message>
+    <message>
+        <source>The setting was not changed: another program is changing %1. Try again when it has finished.</source>
+        <translation>A definição não foi alterada: outro programa está a alterar %1. Tente de novo quando tiver terminado.</translation>
     </message>
 </context>
 </TS>

@@ -44,9 +44,10 @@ QString overview(const std::vector<CommandPointer>& commands)
                            "  2  the command line or the script is wrong; nothing was done\n"
                            "  3  post --wait: the pop-up went away without a click\n"
                            "  4  post --wait: no pop-up was shown\n"
-                           "  6  the running client has too many commands under way; nothing was done\n"
-                           "\nWhere a client with the same settings runs, it carries out the verb. It does that for "
-                           "the\nsame user's programs outside of a sandbox (Flatpak, Snap).\n"
+                           "  6  the running Zepa is busy with too many commands; nothing was done\n"
+                           "\nIf Zepa is already running with the same settings, the running instance carries out the\n"
+                           "verb. It accepts verbs only from programs of the same user that run outside a sandbox\n"
+                           "(Flatpak, Snap).\n"
                            "\nzepa VERB --help says more about one verb.\n");
     return text;
 }

@@ -40,10 +40,10 @@ public:
             "Prints which methods were called. With --wait it stays until the pop-up is answered and prints\n"
             "\"clicked\", \"timed out\" (closed without a click counts as that) or \"not shown: REASON\"; the exit\n"
             "code is 0, 3 or 4 then.\n\n"
-            "An action is run by the program that posted, so it takes --wait, or a client that is running; otherwise\n"
-            "the pop-up is not clickable. An address opens with the desktop's program for it; a command is started\n"
-            "without a shell, with XDG_ACTIVATION_TOKEN in its environment when the desktop gave one. Single and\n"
-            "double quotes group words.");
+            "The action is run by the running Zepa or, where none runs, by this command, which then needs --wait:\n"
+            "without it the pop-up is not clickable. An address opens with the desktop's program for it; a command\n"
+            "is started without a shell, with XDG_ACTIVATION_TOKEN in its environment if the desktop provided one.\n"
+            "Single and double quotes group words.");
     }
     QList<QCommandLineOption> options() const override
     {
@@ -89,7 +89,7 @@ std::optional<Event> Post::readEvent(const QCommandLineParser& line, Client& cli
     if (line.isSet(QStringLiteral("action"))) {
         const QString problem = problemWithAction(event.action, job.folder());
         if (!problem.isEmpty()) {
-            complain(QStringLiteral("--action %1").arg(problem));
+            complain(QStringLiteral("--action: %1").arg(problem));
             return std::nullopt;
         }
     }

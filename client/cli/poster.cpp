@@ -39,7 +39,7 @@ QString pictureComplaint(const QString& name, const Report& report)
 {
     if (report.pictureProblem.isEmpty())
         return {};
-    return QStringLiteral("no picture can be read from %1 (%2): the pop-up is shown without it")
+    return QStringLiteral("cannot read image %1 (%2); showing the pop-up without it")
         .arg(onOneLine(name), report.pictureProblem);
 }
 

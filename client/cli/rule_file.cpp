@@ -18,8 +18,8 @@ int changeNow(Client& client, RuleLock& lock, const QString& typeId, const std::
 {
     const QFileInfo file(client.ruleBackup().ruleFile(typeId));
     if (file.exists() ? !file.isFile() || !file.isWritable() : !client.settings().isUsable()) {
-        complain(QStringLiteral("the rule file %1 cannot be written: nothing was changed; give yourself write "
-                                "permission or name another folder with --settings")
+        complain(QStringLiteral("the rule file %1 cannot be written: nothing was changed; check the file "
+                                "permissions or choose another folder with --settings")
                      .arg(onOneLine(file.filePath())));
         return Failure;
     }

@@ -43,8 +43,7 @@ public:
             return job.finish(WrongUsage);
         changeRules(client, job, type, [&client, type, method] {
             if (!client.module().getNotificationRule(type, method)) {
-                complain(QStringLiteral("there is no rule for %1 and %2; zepa rules %1 shows those there are")
-                             .arg(type, method));
+                complain(QStringLiteral("%1 has no rule for %2; \"zepa rules %1\" lists its rules").arg(type, method));
                 return Failure;
             }
             client.module().removeNotificationRule(type, method);

@@ -38,7 +38,7 @@ std::optional<QByteArray> readInput(const CommandLine& line)
         return std::nullopt;
     }
     if (content->size() > longestInput) {
-        complain(QStringLiteral("%1 is too long; allowed are 16 MiB").arg(what));
+        complain(QStringLiteral("%1 is too large (limit 16 MiB)").arg(what));
         return std::nullopt;
     }
     return content;

@@ -23,6 +23,7 @@ constexpr std::pair<const char16_t*, QString Event::*> textFields[] = {
     {u"icon", &Event::icon}, {u"buddy", &Event::buddy}, {u"action", &Event::action},
 };
 
+const QString missing = QStringLiteral("required field is missing");
 const QString allFields = QStringLiteral("at, type, title, text, icon, buddy, action");
 
 QString shown(const QJsonValue& value)
@@ -44,7 +45,7 @@ public:
         , m_pictures(folders.pictures)
         , m_actionFolder(folders.actions)
         , m_types(types)
-        , m_allowedTypes(QStringLiteral("one of: %1").arg(types.join(QStringLiteral(", "))))
+        , m_allowedTypes(QStringLiteral("must be one of: %1").arg(types.join(QStringLiteral(", "))))
     {}
 
     /// Reads the next line. Nothing for an empty one, and for one with problems.
@@ -61,7 +62,7 @@ private:
     template <typename Text>
     void complain(const Text& text);
     template <typename Text>
-    void complainAbout(const QString& field, const QString& allowed, const Text& text);
+    void complainAbout(const QString& field, const Text& text);
 
     const QString m_name;
     const QDir m_pictures;
@@ -83,8 +84,7 @@ std::optional<Event> ScriptReader::LineReader::read(const QByteArray& line)
     Event event;
     event.at = m_lastTime;
     if (line.size() > longestLine) {
-        complain(
-            [&] { return QStringLiteral("the line has %1 bytes; allowed are %2").arg(line.size()).arg(longestLine); });
+        complain([&] { return QStringLiteral("the line has %1 bytes (limit %2)").arg(line.size()).arg(longestLine); });
         return std::nullopt;
     }
 
@@ -92,11 +92,9 @@ std::optional<Event> ScriptReader::LineReader::read(const QByteArray& line)
     const QJsonDocument document = QJsonDocument::fromJson(line, &error);
     if (!document.isObject()) {
         complain([&] {
-            const QString what = document.isNull()
-                                     ? QStringLiteral("%1 at byte %2").arg(error.errorString()).arg(error.offset)
-                                     : QStringLiteral("this is a list");
-            return QStringLiteral("not a JSON object: %1; allowed is one object with the fields %2")
-                .arg(what, allFields);
+            return document.isNull()
+                       ? QStringLiteral("not a JSON object: %1 at byte %2").arg(error.errorString()).arg(error.offset)
+                       : QStringLiteral("expected one JSON object per line, got a list");
         });
         return std::nullopt;
     }
@@ -121,23 +119,23 @@ void ScriptReader::LineReader::readField(Event& event, const QString& name, cons
         if (name != QString::fromUtf16(field))
             continue;
         if (!value.isString())
-            return complainAbout(name, QStringLiteral("a text"),
-                                 [&] { return QStringLiteral("%1 is no text").arg(shown(value)); });
+            return complainAbout(name, [&] { return QStringLiteral("expected a string, got %1").arg(shown(value)); });
         event.*member = value.toString();
         return;
     }
-    complainAbout(name.left(40), allFields, [] { return QStringLiteral("there is no such field"); });
+    complainAbout(name.left(40), [] { return QStringLiteral("unknown field; known fields: %1").arg(allFields); });
 }
 
 void ScriptReader::LineReader::readTime(Event& event, const QJsonValue& value)
 {
     const double at = value.toDouble(-1);
     if (at < m_lastTime || at > latestTime)
-        return complainAbout(QStringLiteral("at"),
-                             QStringLiteral("a number of seconds from %1, the time of the line above, to %2")
-                                 .arg(m_lastTime)
-                                 .arg(latestTime),
-                             [&] { return QStringLiteral("%1 does not fit").arg(shown(value)); });
+        return complainAbout(QStringLiteral("at"), [&] {
+            return QStringLiteral("%1 is not valid; expected seconds between %2 (previous line) and %3")
+                .arg(shown(value))
+                .arg(m_lastTime)
+                .arg(latestTime);
+        });
     event.at = at;
 }
 
@@ -145,24 +143,25 @@ void ScriptReader::LineReader::check(Event& event)
 {
     const qsizetype type = m_types.indexOf(event.type);
     if (event.type.isNull())
-        complainAbout(QStringLiteral("type"), m_allowedTypes, [] { return QStringLiteral("it is missing"); });
+        complainAbout(QStringLiteral("type"), [this] { return missing + QStringLiteral("; ") + m_allowedTypes; });
     else if (type < 0)
-        complainAbout(QStringLiteral("type"), m_allowedTypes, [&] {
-            return QStringLiteral("there is no notification type \"%1\"").arg(onOneLine(event.type.left(40)));
+        complainAbout(QStringLiteral("type"), [&] {
+            return QStringLiteral("unknown notification type \"%1\"; %2")
+                .arg(onOneLine(event.type.left(40)), m_allowedTypes);
         });
     else
         event.type = m_types[type]; // one text for all events of a type
     if (event.title.isNull())
-        complainAbout(QStringLiteral("title"), QStringLiteral("a text"),
-                      [] { return QStringLiteral("it is missing"); });
+        complainAbout(QStringLiteral("title"), [] { return missing; });
     if (!event.icon.isEmpty() && !QFileInfo(m_pictures, event.icon).isFile())
-        complainAbout(QStringLiteral("icon"), QStringLiteral("a picture, absolute or beside the script"), [&] {
-            return QStringLiteral("there is no file %1").arg(onOneLine(m_pictures.filePath(event.icon)));
+        complainAbout(QStringLiteral("icon"), [&] {
+            return QStringLiteral("image %1 not found; use an absolute path or one relative to the script")
+                .arg(onOneLine(m_pictures.filePath(event.icon)));
         });
     if (!event.action.isNull()) {
         const QString problem = problemWithAction(event.action, m_actionFolder);
         if (!problem.isEmpty())
-            complain([&] { return QStringLiteral("field \"action\": it %1").arg(problem); });
+            complainAbout(QStringLiteral("action"), [&] { return problem; });
     }
     if (!event.icon.isEmpty())
         event.icon = m_pictures.absoluteFilePath(event.icon);
@@ -176,9 +175,9 @@ void ScriptReader::LineReader::complain(const Text& text)
 }
 
 template <typename Text>
-void ScriptReader::LineReader::complainAbout(const QString& field, const QString& allowed, const Text& text)
+void ScriptReader::LineReader::complainAbout(const QString& field, const Text& text)
 {
-    complain([&] { return QStringLiteral("field \"%1\": %2; allowed is %3").arg(onOneLine(field), text(), allowed); });
+    complain([&] { return QStringLiteral("field \"%1\": %2").arg(onOneLine(field), text()); });
 }
 
 QStringList ScriptReader::LineReader::problems() const

@@ -21,8 +21,8 @@ namespace zepa::cli {
 struct Script
 {
     QList<Event> events;
-    /// What is wrong, one line each: "FILE:LINE: field "FIELD": PROBLEM; allowed is ...". Nothing is to be played then,
-    /// and there are no events. Of more than mostProblems, the last line gives the number: "FILE: and 7 more".
+    /// What is wrong, one line each: "FILE:LINE: field "FIELD": PROBLEM". Nothing is to be played then, and there are
+    /// no events. Of more than mostProblems, the last line gives the number: "FILE: and 7 more".
     QStringList problems;
 };
 

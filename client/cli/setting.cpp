@@ -133,8 +133,8 @@ private:
                          ? QStringLiteral("another program is changing the settings file %1: nothing was changed; try "
                                           "again in a moment")
                                .arg(file)
-                         : QStringLiteral("the settings file %1 cannot be written: nothing was changed; give yourself "
-                                          "write permission or name another folder with --settings")
+                         : QStringLiteral("the settings file %1 cannot be written: nothing was changed; check the file "
+                                          "permissions or choose another folder with --settings")
                                .arg(file));
         });
         job.finish(Failure);

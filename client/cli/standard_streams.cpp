@@ -39,7 +39,7 @@ void writeToStream(Stream stream, const QByteArray& bytes)
         return;
     isOutputLost = true;
     const OutputTo ourselves(nullptr);
-    complain(QStringLiteral("standard output cannot be written: %1").arg(qt_error_string(errno)));
+    complain(QStringLiteral("cannot write to standard output: %1").arg(qt_error_string(errno)));
 }
 
 int exitCodeAfterOutput(int code)

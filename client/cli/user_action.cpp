@@ -35,14 +35,11 @@ QString problemWithAction(const QString& action, const QString& folder)
         return {};
     const auto words = splitWords(action);
     if (!words)
-        return QStringLiteral("has a quote that is not closed, or a backslash at its end; allowed is an address "
-                              "(https://...) or a command");
+        return QStringLiteral("missing closing quote, or a backslash at the end; give a URL or a command");
     if (words->isEmpty() || words->constFirst().isEmpty())
-        return QStringLiteral("is empty; allowed is an address (https://...) or a command");
+        return QStringLiteral("no program named; give a URL or a command");
     if (QStandardPaths::findExecutable(located(words->constFirst(), folder)).isEmpty())
-        return QStringLiteral("names the program \"%1\", which is not there; allowed is an address (https://...) or a "
-                              "command")
-            .arg(onOneLine(words->constFirst()));
+        return QStringLiteral("program \"%1\" not found; give a URL or a command").arg(onOneLine(words->constFirst()));
     return {};
 }
 

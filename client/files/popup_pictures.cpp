@@ -140,11 +140,11 @@ std::unique_ptr<PopupPictures::Entry> PopupPictures::look(const QString& file)
     QImageReader reader(&device);
     const QByteArray format = reader.format();
     if (isDrawing(format))
-        return refused(QStringLiteral("a drawing, which may refer to other files"));
+        return refused(QStringLiteral("a vector image, which can refer to other files"));
     // Asked before anything is decoded: a few bytes can declare gigabytes.
     const QSize size = reader.size();
     if (format.isEmpty() || size.isEmpty())
-        return refused(QStringLiteral("not a picture"));
+        return refused(QStringLiteral("not an image"));
     if (qint64(size.width()) * size.height() > mostPixels)
         return refused(QStringLiteral("%1 x %2 pixels, more than %3 million")
                            .arg(size.width())
@@ -156,7 +156,7 @@ std::unique_ptr<PopupPictures::Entry> PopupPictures::look(const QString& file)
     }
     entry->copy = copyOf(reader);
     if (!entry->copy)
-        return refused(QStringLiteral("a damaged picture"));
+        return refused(QStringLiteral("a damaged image"));
     entry->picture.path = entry->copy->path();
     return entry;
 }

@@ -49,7 +49,7 @@ private:
         deleteLater();
         const auto done = std::exchange(m_done, {});
         if (done)
-            done(m_answer->isThere ? m_answer->problem : unknownCaller("its files do not answer"));
+            done(m_answer->isThere ? m_answer->problem : unknownCaller("its file system does not respond"));
     }
 
     const std::shared_ptr<Answer> m_answer;
@@ -68,7 +68,7 @@ void CallerLookups::ask(std::function<QString()> question, std::function<void(co
 {
     auto answer = std::make_shared<Answer>();
     if (*m_running >= mostAtOnce || !answer->bell)
-        return done(unknownCaller("too many are being looked up"));
+        return done(unknownCaller("too many other callers are being looked up"));
     ++*m_running;
     try {
         std::thread([answer, running = m_running, question = std::move(question)] {
@@ -79,7 +79,7 @@ void CallerLookups::ask(std::function<QString()> question, std::function<void(co
         }).detach();
     } catch (const std::system_error&) {
         --*m_running;
-        return done(unknownCaller("there is no thread for it"));
+        return done(unknownCaller("no thread could be started for the look-up"));
     }
     new Wait(std::move(answer), m_limit, std::move(done), this);
 }

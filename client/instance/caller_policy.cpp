@@ -22,7 +22,7 @@ namespace {
 
 QString foreign()
 {
-    return QStringLiteral("this client takes no calls from a program in a sandbox");
+    return QStringLiteral("the running Zepa accepts no commands from sandboxed programs");
 }
 
 /// Where a link leads; null when that cannot be said.
@@ -68,7 +68,7 @@ bool isSnapGroup(const QByteArray& groups)
 
 QString unknownCaller(const char* what)
 {
-    return QStringLiteral("this client takes no calls from a program that it cannot look up: %1")
+    return QStringLiteral("the running Zepa accepts no commands from programs that it cannot identify: %1")
         .arg(QString::fromLatin1(what));
 }
 
@@ -94,7 +94,7 @@ std::optional<QString> CallerLook::quickProblem() const
     if (!m_caller.user)
         return unknownCaller("the bus does not know its user");
     if (*m_caller.user != ::geteuid())
-        return QStringLiteral("this client takes no calls from another user's program");
+        return QStringLiteral("the running Zepa accepts no commands from programs of other users");
     if (m_caller.process <= 0 || !m_caller.processDescriptor)
         return unknownCaller("the bus does not know its process, or the process has ended");
     if (const QString problem = problemWithProcess(); !problem.isEmpty())
@@ -102,7 +102,7 @@ std::optional<QString> CallerLook::quickProblem() const
     const QByteArray files = target(path("ns/mnt"));
     const QByteArray root = target(path("root"));
     if (files.isEmpty() || root.isEmpty())
-        return unknownCaller("its files cannot be looked at");
+        return unknownCaller("its files cannot be inspected");
     if (files != target(m_processes + "/self/ns/mnt") || root != "/")
         return std::nullopt;
     // It sees the files that we see: wherever that is, it is there with us.
@@ -122,7 +122,7 @@ QString CallerLook::problem() const
     if (::fstatat(*root, ".flatpak-info", &info, AT_SYMLINK_NOFOLLOW) == 0)
         return foreign();
     if (errno != ENOENT)
-        return unknownCaller("its root folder cannot be looked at");
+        return unknownCaller("its root folder cannot be inspected");
     return isStillThere() ? QString() : unknownCaller("it has ended");
 }
 
@@ -137,7 +137,7 @@ QString CallerLook::problemWithProcess() const
     const QByteArray label = content(path("attr/current"));
     const QByteArray groups = content(path("cgroup"));
     if (label.isNull() || groups.isNull())
-        return unknownCaller("the system does not tell of its process");
+        return unknownCaller("the system does not describe its process");
     if (isSnapLabel(m_caller.label) || isSnapLabel(label) || isSnapGroup(groups))
         return foreign();
     return {};

@@ -47,8 +47,8 @@ int tellFailure(const QDBusMessage& answer)
             return cli::Busy;
         return kind == QStringLiteral("AccessDenied") ? cli::Failure : cli::WrongUsage;
     }
-    cli::complain(QStringLiteral("a client with these settings is running and does not answer (%1): nothing was done; "
-                                 "end it, or name another folder with --settings")
+    cli::complain(QStringLiteral("another Zepa with these settings is not responding (%1); nothing was done. Quit it, "
+                                 "or choose another folder with --settings")
                       .arg(cli::onOneLine(answer.errorMessage())));
     return cli::Failure;
 }

@@ -33,9 +33,9 @@ constexpr std::chrono::milliseconds lookUpLimit{2000};
 QString tooMuch(const Quota& quota, Quota::Answer answer)
 {
     return answer == Quota::Answer::TooManyOfCaller
-               ? QStringLiteral("%1 commands of this caller are under way; no more are allowed for one")
+               ? QStringLiteral("%1 commands of this caller are in progress; that is the limit for one caller")
                      .arg(quota.mostPerCaller())
-               : QStringLiteral("%1 commands are under way; no more are allowed").arg(quota.most());
+               : QStringLiteral("%1 commands are in progress; that is the limit").arg(quota.most());
 }
 
 Caller callerOf(const QDBusMessage& answer)

@@ -362,9 +362,9 @@ QStringList RuleBackup::news(const std::function<QString(const QString& typeId)>
                               m_stillBroken)
                              .arg(m_rules));
     if (!m_withoutRoomAside.isEmpty())
-        sentences.append(tell(QT_TRANSLATE_NOOP("zepa", "The stored rules for these types are damaged. Nothing was "
-                                                        "changed, because %2 holds %3 files already: move them "
-                                                        "elsewhere and start again. Types: %1"),
+        sentences.append(tell(QT_TRANSLATE_NOOP("zepa", "The stored rules for these types are damaged and were left as "
+                                                        "they are, because %2 already holds %3 files. Move those files "
+                                                        "elsewhere and restart Zepa. Types: %1"),
                               m_withoutRoomAside)
                              .arg(asideFolder())
                              .arg(mostAside));
@@ -374,10 +374,11 @@ QStringList RuleBackup::news(const std::function<QString(const QString& typeId)>
                               m_unreadable)
                              .arg(m_rules));
     if (!m_tooLarge.isEmpty())
-        sentences.append(tell(QT_TRANSLATE_NOOP("zepa", "The rules for these types cannot be changed and have no copy, "
-                                                        "because their rule files in %2 are larger than 4 MiB: %1"),
-                              m_tooLarge)
-                             .arg(m_rules));
+        sentences.append(
+            tell(QT_TRANSLATE_NOOP("zepa", "The rules for these types cannot be changed and are not backed "
+                                           "up, because their files in %2 are larger than 4 MiB: %1"),
+                 m_tooLarge)
+                .arg(m_rules));
     return sentences;
 }
 

@@ -200,7 +200,7 @@ void RuleEditor::redo()
         const QString text = m_history.toRedo().text;
         m_history.redone();
         Q_EMIT historyChanged();
-        Q_EMIT said(tr("Done again: %1").arg(text));
+        Q_EMIT said(tr("Redone: %1").arg(text));
     });
 }
 
@@ -315,7 +315,7 @@ void RuleEditor::lookForChanges()
     if (!history)
         return;
     Q_EMIT historyChanged();
-    Q_EMIT said(tr("Rules or settings were changed from outside of this window."));
+    Q_EMIT said(tr("Rules or settings were changed outside this window."));
 }
 
 void RuleEditor::edit(const QString& text, const QString& type, const QList<RuleState>& after, const QString& mergeKey)

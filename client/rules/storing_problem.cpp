@@ -43,13 +43,13 @@ void StoringProblem::noteRules(SafeChange outcome, const QString& type)
 
 void StoringProblem::noteBusy()
 {
-    tell(tr("The rules were not changed: another program is changing rules in %1. Try again when it is done.")
+    tell(tr("The rules were not changed: another program is changing rules in %1. Try again when it has finished.")
              .arg(shownPath(m_client.settings().getSettingsDir())));
 }
 
 void StoringProblem::noteBusySettings()
 {
-    tell(tr("The setting was not changed: another program is changing %1. Try again when it is done.")
+    tell(tr("The setting was not changed: another program is changing %1. Try again when it has finished.")
              .arg(shownPath(m_client.settings().settingsFile())));
 }
 

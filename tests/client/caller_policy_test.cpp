@@ -53,7 +53,7 @@ protected:
 
     CallerLook look() const { return CallerLook(m_caller, m_folder.path().toLocal8Bit()); }
     std::string problem() const { return look().problem().toStdString(); }
-    bool isForeign() const { return problem() == "this client takes no calls from a program in a sandbox"; }
+    bool isForeign() const { return problem() == "the running Zepa accepts no commands from sandboxed programs"; }
     bool isUnknown() const { return look().problem().contains(QStringLiteral("that it cannot look up")); }
 
     QTemporaryDir m_folder;
@@ -115,7 +115,7 @@ TEST_F(CallerPolicyTest, RefusesSnaps)
 TEST_F(CallerPolicyTest, RefusesAnotherUser)
 {
     m_caller.user = ::geteuid() + 1;
-    EXPECT_EQ(problem(), "this client takes no calls from another user's program");
+    EXPECT_EQ(problem(), "the running Zepa accepts no commands from programs of other users");
 }
 
 TEST_F(CallerPolicyTest, RefusesWhatTheBusDoesNotKnow)

@@ -149,7 +149,7 @@ TEST_F(InstanceCallsTest, SaysThatItIsBusyByAnExitCodeOfItsOwn)
     EXPECT_TRUE(waitFor([&] {
         const Outcome types = run({QStringLiteral("types")});
         EXPECT_TRUE(types.code == 0 || types.code == 6) << types.code << types.err.toStdString();
-        return types.code == 6 && types.err.contains(QStringLiteral("64 commands are under way"));
+        return types.code == 6 && types.err.contains(QStringLiteral("64 commands are in progress"));
     }));
     for (const auto& player : players)
         player->kill();

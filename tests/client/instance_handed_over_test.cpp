@@ -74,7 +74,7 @@ TEST_F(HandedOverTest, FindsFilesWhereTheSecondWasStarted)
 
     const QStringList icon{QStringLiteral("--icon"), QStringLiteral("scripts/dot.png")};
     const Outcome posted = run(postTo(QStringLiteral("Anna"), icon));
-    EXPECT_FALSE(posted.err.contains(QStringLiteral("no picture"))) << posted.err.toStdString();
+    EXPECT_FALSE(posted.err.contains(QStringLiteral("cannot read image"))) << posted.err.toStdString();
 }
 
 TEST_F(HandedOverTest, TakesTheSecondsStandardInput)
@@ -166,7 +166,7 @@ TEST_F(HandedOverTest, IsNotDoneLaterByAFirstThatDidNotAnswer)
     ::kill(static_cast<pid_t>(first().processId()), SIGSTOP);
     const Outcome outcome = run(postTo(QStringLiteral("Ben")));
     EXPECT_EQ(outcome.code, 1);
-    EXPECT_TRUE(outcome.err.contains(QStringLiteral("does not answer"))) << outcome.err.toStdString();
+    EXPECT_TRUE(outcome.err.contains(QStringLiteral("is not responding"))) << outcome.err.toStdString();
     ::kill(static_cast<pid_t>(first().processId()), SIGCONT);
     ASSERT_EQ(run(postTo(QStringLiteral("Carla"))).code, 0);
     ASSERT_TRUE(waitForPopups(*service, 2));

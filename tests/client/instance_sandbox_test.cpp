@@ -58,7 +58,7 @@ TEST_F(InstanceSandboxTest, RefusesACallerWithTheMark)
 {
     const Outcome outcome = zepaInSandbox(marked(), m_rule);
     EXPECT_EQ(outcome.code, 1);
-    EXPECT_TRUE(outcome.err.contains(QStringLiteral("takes no calls from a program in a sandbox")))
+    EXPECT_TRUE(outcome.err.contains(QStringLiteral("no commands from sandboxed programs")))
         << outcome.err.toStdString();
     EXPECT_FALSE(read(QStringLiteral("settings/notifications/message_sent")).contains("zepa_hint_notification"));
     // A start without a verb, too.

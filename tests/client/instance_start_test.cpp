@@ -45,7 +45,7 @@ TEST_F(InstanceStartTest, SaysThatTheFirstDoesNotAnswer)
     const auto second = startWindow();
     const Outcome outcome = finish(*second);
     EXPECT_EQ(outcome.code, 1);
-    EXPECT_TRUE(outcome.err.contains(QStringLiteral("does not answer"))) << outcome.err.toStdString();
+    EXPECT_TRUE(outcome.err.contains(QStringLiteral("is not responding"))) << outcome.err.toStdString();
 }
 
 TEST_F(InstanceStartTest, IsAnotherClientWithOtherSettings)

@@ -208,7 +208,7 @@ TEST_F(ProgramFolder, ThatCannotBeWrittenHasItsStoredRulesInUseAndSaysSo)
         GTEST_SKIP() << "the program cannot be run by another user here: " << process.errorString().toStdString();
     EXPECT_EQ(outcome.code, 0);
     EXPECT_TRUE(outcome.out.contains(QStringLiteral("zepa_hint_notification"))) << outcome.out.toStdString();
-    EXPECT_TRUE(outcome.err.contains(QStringLiteral("stored rules are in use"))) << outcome.err.toStdString();
+    EXPECT_TRUE(outcome.err.contains(QStringLiteral("your rules are in use as they are"))) << outcome.err.toStdString();
 }
 
 } // namespace

@@ -70,8 +70,8 @@ TEST_F(ProgramPlay, PlaysNothingOfAScriptWithABadLine)
     const Outcome outcome = play(good + "{\"type\": \"nope\", \"title\": \"x\"}\n");
     EXPECT_EQ(outcome.code, 2);
     EXPECT_TRUE(outcome.out.isEmpty()) << outcome.out.toStdString();
-    EXPECT_TRUE(outcome.err.contains(QStringLiteral("standard input:6: field \"type\": there is no notification type "
-                                                    "\"nope\"; allowed is one of: alert_received_notify")))
+    EXPECT_TRUE(outcome.err.contains(QStringLiteral("standard input:6: field \"type\": unknown notification type "
+                                                    "\"nope\"; must be one of: alert_received_notify")))
         << outcome.err.toStdString();
 }
 

@@ -164,7 +164,7 @@ TEST_F(ProgramOnBus, PostShowsALargePictureSmallAndThePopUpWithoutOneThatIsNoFil
     for (const QString& icon : icons) {
         const Outcome outcome = run(postAnna({QStringLiteral("--icon"), icon}));
         EXPECT_EQ(outcome.code, 0) << icon.toStdString();
-        EXPECT_EQ(outcome.err.contains(QStringLiteral("no picture")), icon == icons.constLast())
+        EXPECT_EQ(outcome.err.contains(QStringLiteral("cannot read image")), icon == icons.constLast())
             << outcome.err.toStdString();
     }
     ASSERT_TRUE(waitForPopups(*service, 2));

@@ -28,10 +28,10 @@ TEST_F(ProgramStreams, SaysWhenStandardOutputCannotBeWritten)
 {
     const Outcome full = redirected(QStringLiteral("> /dev/full"), m_types);
     EXPECT_EQ(full.code, 1);
-    EXPECT_EQ(full.err.toStdString(), "zepa: standard output cannot be written: No space left on device\n");
+    EXPECT_EQ(full.err.toStdString(), "zepa: cannot write to standard output: No space left on device\n");
     const Outcome closed = redirected(QStringLiteral(">&-"), m_types);
     EXPECT_EQ(closed.code, 1);
-    EXPECT_EQ(closed.err.toStdString(), "zepa: standard output cannot be written: Bad file descriptor\n");
+    EXPECT_EQ(closed.err.toStdString(), "zepa: cannot write to standard output: Bad file descriptor\n");
     EXPECT_EQ(redirected(QStringLiteral("> /dev/full"), {QStringLiteral("--help")}).code, 1);
 }
 
@@ -65,7 +65,7 @@ TEST_F(ProgramStreams, ReadsNoEndlessInput)
 {
     const Outcome outcome = redirected(QStringLiteral("< /dev/zero"), m_play);
     EXPECT_EQ(outcome.code, 2);
-    EXPECT_TRUE(outcome.err.contains(QStringLiteral("standard input is too long; allowed are 16 MiB")))
+    EXPECT_TRUE(outcome.err.contains(QStringLiteral("standard input is too large (limit 16 MiB)")))
         << outcome.err.toStdString();
 }
 

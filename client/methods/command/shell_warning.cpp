@@ -61,8 +61,8 @@ QString shellWarning(const QString& methodId, const QList<ZepaField>& settings)
     if (advice.isEmpty())
         return {};
     return QCoreApplication::translate("zepa",
-                                       "Unsafe: the shell would run commands that somebody writes into these texts. "
-                                       "Use environment variables, in double quotes: %1.")
+                                       "Unsafe: anyone who sends a message could make the shell run commands. Use "
+                                       "environment variables in double quotes: %1.")
         .arg(advice.join(QCoreApplication::translate("zepa", ", ")));
 }
 

@@ -164,7 +164,7 @@ void MainWindow::startClient()
     if (!m_client.hasStarted()) {
         QTimer::singleShot(RuleLock::timeout, this, [this] {
             if (!m_client.hasStarted())
-                tell(tr("Another program is changing rules in %1. Events are announced as soon as it is done.")
+                tell(tr("Another program is changing rules in %1. Events will be announced as soon as it has finished.")
                          .arg(m_client.settings().getSettingsDir()));
         });
     }
@@ -176,13 +176,12 @@ void MainWindow::tellAboutStart()
         m_client.ruleBackup().news([this](const QString& type) { return typeName(m_client.module(), type); });
     if (!m_client.settings().isUsable())
         news.prepend((m_client.settings().hasRuleFolder()
-                          ? tr("The settings folder %1 cannot be written: stored rules are in use, and nothing that "
-                               "changes is kept.")
-                          : tr("The settings folder %1 cannot be written: rules have their defaults, and nothing that "
-                               "changes is kept."))
+                          ? tr("Zepa cannot write to %1: your rules are in use as they are, and changes will not be "
+                               "saved.")
+                          : tr("Zepa cannot write to %1: the default rules are in use, and changes will not be saved."))
                          .arg(m_client.settings().getSettingsDir()));
     else if (!m_client.settings().isFileReadable())
-        news.prepend(tr("The settings file %1 cannot be read: every setting has its initial value.")
+        news.prepend(tr("The settings file %1 cannot be read, so all settings have their defaults.")
                          .arg(m_client.settings().settingsFile()));
     if (!news.isEmpty())
         tell(news.join(u'\n'));

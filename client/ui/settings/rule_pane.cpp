@@ -53,8 +53,8 @@ RulePane::RulePane(RuleEditor& editor, QWidget* parent)
 {
     m_rule->setObjectName(QStringLiteral("rule"));
     m_ruleLabel->setBuddy(m_rule);
-    setPlainToolTip(*m_sample, tr("Posts an event of this kind, so that you see and hear what its rules do."));
-    setPlainToolTip(*m_defaults, tr("Gives all methods of this event the rules that they had at first."));
+    setPlainToolTip(*m_sample, tr("Triggers a test event so you can see and hear the result."));
+    setPlainToolTip(*m_defaults, tr("Resets all notifications for this event to the defaults."));
 
     auto* ruleRow = new QHBoxLayout;
     ruleRow->addWidget(m_ruleLabel);

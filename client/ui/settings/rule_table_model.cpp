@@ -138,7 +138,7 @@ QVariant RuleTableModel::methodHeader(const ZepaNotificationMethod& method, int 
         return picture(methodPicture(method));
     case Qt::ToolTipRole:
         return plainToolTip(
-            (isBuiltIn(method.getId()) ? tr("%1\nIdentifier: %2") : tr("%1\nInstalled from outside. Identifier: %2"))
+            (isBuiltIn(method.getId()) ? tr("%1\nIdentifier: %2") : tr("%1\nAdd-on method. Identifier: %2"))
                 .arg(method.getActionName(), method.getId()));
     default:
         return {};

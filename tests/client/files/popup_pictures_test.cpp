@@ -139,7 +139,7 @@ TEST_F(PopupPicturesTest, WhatIsNoPictureOrTooLargeAFileIsNotDecoded)
     QFile file(path(QStringLiteral("a.png")));
     ASSERT_TRUE(file.open(QIODevice::WriteOnly) && file.write("not a picture") > 0);
     file.close();
-    expectRefused(file.fileName(), QStringLiteral("not a picture"));
+    expectRefused(file.fileName(), QStringLiteral("not an image"));
     ASSERT_TRUE(file.resize(qint64{2} * 1024 * 1024 * 1024));
     expectRefused(file.fileName(), QStringLiteral("larger than"));
     expectRefused(path(QStringLiteral("none.png")), QStringLiteral("No such file"));
