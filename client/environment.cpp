@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "client/environment.h"
 
-#include "platform/bus/bus_address.h"
+#include "client/methods/child_environment.h"
 
 #include <zepa_platform/session_bus.h>
 
@@ -11,35 +11,43 @@ namespace zepa {
 
 namespace {
 
+constexpr const char* busVariable = "DBUS_SESSION_BUS_ADDRESS";
+
 /// Qt waits for a bus that accepts and says nothing, for ever: in its status icon, for screen readers. So one that does
-/// not answer counts as none, for everybody in this process.
-void passOverSilentBus()
+/// not answer counts as none for Qt, and the platform layer, which never waits, finds it when it comes. False when it
+/// does not answer.
+bool hideSilentBusFromQt()
 {
-    constexpr int patience = 2000; // milliseconds
+    constexpr int limit = 2000; // milliseconds
     // A bus elsewhere in the network is left to those who find their way there.
-    if (!bus::sessionBusAddresses().isEmpty() && !zepaSessionBusAnswers(patience))
-        qputenv("DBUS_SESSION_BUS_ADDRESS", "disabled:");
+    if (!zepaHasSessionBusAddress() || zepaSessionBusAnswers(limit))
+        return true;
+    zepaSetSessionBusAddress(qgetenv(busVariable).constData());
+    setOwnVariable(busVariable, "disabled:");
+    return false;
 }
 
 } // namespace
 
-void prepareEnvironment(bool needsDisplay)
+bool prepareEnvironment(bool needsDisplay)
 {
     // With TZ unset the C library looks at /etc/localtime whenever somebody asks for the time of day, which the
     // library does for every remembered posting: twenty times as slow.
     if (!qEnvironmentVariableIsSet("TZ"))
-        qputenv("TZ", ":/etc/localtime");
-    passOverSilentBus();
+        setOwnVariable("TZ", ":/etc/localtime");
+    const bool busAnswers = hideSilentBusFromQt();
 
-    if (qEnvironmentVariableIsSet("QT_QPA_PLATFORM"))
-        return;
+    constexpr const char* platform = "QT_QPA_PLATFORM";
+    if (qEnvironmentVariableIsSet(platform))
+        return busAnswers;
     const bool hasX = !qEnvironmentVariableIsEmpty("DISPLAY");
     const bool hasWayland = !qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY");
     if (!needsDisplay || (!hasX && !hasWayland))
-        qputenv("QT_QPA_PLATFORM", "offscreen");
+        setOwnVariable(platform, "offscreen");
     else if (!hasWayland)
         // The display may be named and yet not be there: Qt would end the program.
-        qputenv("QT_QPA_PLATFORM", "xcb;offscreen");
+        setOwnVariable(platform, "xcb;offscreen");
+    return busAnswers;
 }
 
 bool hasDisplay()

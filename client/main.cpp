@@ -5,15 +5,16 @@
 #include "client/cli/standard_streams.h"
 #include "client/client.h"
 #include "client/environment.h"
-#include "client/instance/errand.h"
-#include "client/instance/names.h"
+#include "client/instance/bus_name.h"
+#include "client/instance/remote_client.h"
 #include "client/instance/server.h"
 #include "client/languages.h"
 #include "client/rules/rule_backup.h"
 #include "client/services/client_requests.h"
 #include "client/termination.h"
 #include "client/ui/main/main_window.h"
-#include "platform/bus/session_bus.h"
+
+#include <zepa_platform/bus.h>
 
 #include <QApplication>
 #include <QDir>
@@ -27,18 +28,19 @@ namespace {
 
 /// The client with its window, until the user quits; or the window of the client that runs already. `token` is what the
 /// desktop gave us for coming to the front.
-int runWindow(zepa::Client& client, zepa::bus::SessionBus& bus, const QString& token)
+int runWindow(zepa::Client& client, zepa::bus::Connection& bus, const QString& token)
 {
     using namespace zepa::instance;
     using zepa::ClientRequests;
-    std::optional<Server> server;
-    if (openBus(bus)) {
-        // It answers calls from the moment on in which the name is ours.
-        server.emplace(client, bus);
-        const auto claim = Errand(bus, busName(client.settings().getSettingsDir())).claim(token);
-        if (claim != Errand::Claim::First)
-            return claim == Errand::Claim::Second ? zepa::cli::Success : zepa::cli::Failure;
+    // It answers calls from the moment on in which the name is ours.
+    Server server(client, bus);
+    const QByteArray name = busName(client.settings().getSettingsDir());
+    if (bus.isOpen()) {
+        const auto claim = RemoteClient(bus, name).claim(token);
+        if (claim != RemoteClient::Claim::First)
+            return claim == RemoteClient::Claim::Second ? zepa::cli::Success : zepa::cli::Failure;
     }
+    server.keepName(name);
     zepa::MainWindow window(client);
     QObject::connect(&ClientRequests::instance(), &ClientRequests::show, &window, &zepa::MainWindow::bringToFront);
     // Not quit(): that asks the windows first, and ours would rather hide.
@@ -82,7 +84,7 @@ int run(int argc, char** argv)
 
     const bool reachesTheUser = line.opensWindow() || line.command()->reachesTheUser();
     const bool platformIsChosen = qEnvironmentVariableIsSet("QT_QPA_PLATFORM");
-    prepareEnvironment(reachesTheUser);
+    const bool busAnswers = prepareEnvironment(reachesTheUser);
     // Qt takes both out of the environment.
     const QString token = qEnvironmentVariable("XDG_ACTIVATION_TOKEN", qEnvironmentVariable("DESKTOP_STARTUP_ID"));
     // Qt has options of its own; none of the words on our command line is meant for it.
@@ -111,18 +113,21 @@ int run(int argc, char** argv)
         return cli::Failure;
     }
 
-    bus::SessionBus bus;
+    bus::Connection& bus = *bus::Connection::shared();
     QByteArray input;
     if (line.command()) {
         const auto content = cli::readInput(line);
         if (!content)
             return cli::WrongUsage;
         input = *content;
-        if (instance::openBus(bus)) {
-            instance::Errand errand(bus, instance::busName(line.settingsFolder()));
-            if (const auto code = errand.handOver(arguments, QDir::currentPath(), input))
-                return *code;
-        }
+    }
+    // One that did not answer is not waited for again.
+    if (!busAnswers)
+        bus.open();
+    else if (instance::openBus(bus) && line.command()) {
+        instance::RemoteClient running(bus, instance::busName(line.settingsFolder()));
+        if (const auto code = running.handOver(arguments, QDir::currentPath(), input))
+            return *code;
     }
 
     Client client(line.settingsFolder(), Client::Start::Later);

@@ -2,6 +2,7 @@
 #include "client/cli/user_action.h"
 
 #include "client/cli/output.h"
+#include "client/methods/child_environment.h"
 #include "client/methods/command/word_list.h"
 
 #include <QDesktopServices>
@@ -27,6 +28,26 @@ QString located(const QString& program, const QString& folder)
     return program.contains(u'/') ? QDir(folder).absoluteFilePath(program) : program;
 }
 
+bool start(const QString& program, const QStringList& arguments, const QString& folder = {})
+{
+    QProcess process;
+    process.setProgram(program);
+    process.setArguments(arguments);
+    process.setWorkingDirectory(folder);
+    process.setProcessEnvironment(childEnvironment());
+    return process.startDetached();
+}
+
+bool openAddress(const QUrl& url)
+{
+    // What Qt starts has this process's environment, and where the session bus is hidden from Qt, the user's is
+    // another.
+    if (!isOwnVariable("DBUS_SESSION_BUS_ADDRESS") && QDesktopServices::openUrl(url))
+        return true;
+    // Without a desktop of its own, Qt leaves the opening to the program that all desktops have for it.
+    return start(QStringLiteral("xdg-open"), {QString::fromLatin1(url.toEncoded())});
+}
+
 } // namespace
 
 QString problemWithAction(const QString& action, const QString& folder)
@@ -46,16 +67,13 @@ QString problemWithAction(const QString& action, const QString& folder)
 void startAction(const QString& action, const QString& folder)
 {
     if (isAddress(action)) {
-        const QUrl url(action, QUrl::StrictMode);
-        // Without a desktop of its own, Qt leaves the opening to the program that all desktops have for it.
-        if (!QDesktopServices::openUrl(url) &&
-            !QProcess::startDetached(QStringLiteral("xdg-open"), {QString::fromLatin1(url.toEncoded())}))
+        if (!openAddress(QUrl(action, QUrl::StrictMode)))
             complain(QStringLiteral("nothing opens %1").arg(onOneLine(action)));
         return;
     }
     auto words = splitWords(action);
     const QString program = words && !words->isEmpty() ? words->takeFirst() : QString();
-    if (program.isEmpty() || !QProcess::startDetached(located(program, folder), *words, folder))
+    if (program.isEmpty() || !start(located(program, folder), *words, folder))
         complain(QStringLiteral("the command %1 did not start").arg(onOneLine(action)));
 }
 

@@ -2,20 +2,13 @@
 #include "client/instance/server.h"
 
 #include "client/client.h"
-#include "client/instance/handed_job.h"
-#include "client/instance/names.h"
+#include "client/instance/bus_name.h"
+#include "client/instance/remote_command.h"
 #include "client/services/client_requests.h"
 #include "interface_xml.h"
-#include "platform/bus/session_bus.h"
 
-#include <QDBusArgument>
-#include <QDBusConnection>
-#include <QDBusPendingCallWatcher>
-#include <QDBusUnixFileDescriptor>
 #include <QDir>
 #include <QRegularExpression>
-
-#include <fcntl.h>
 
 #include <chrono>
 #include <memory>
@@ -38,143 +31,148 @@ QString tooMuch(const Quota& quota, Quota::Answer answer)
                : QStringLiteral("%1 commands are in progress; that is the limit").arg(quota.most());
 }
 
-Caller callerOf(const QDBusMessage& answer)
+/// Nothing is known where the bus does not say, and that is refused.
+Caller callerOf(const std::optional<bus::Credentials>& credentials)
 {
-    const auto facts = qdbus_cast<QVariantMap>(answer.arguments().value(0));
     Caller caller;
-    if (const QVariant user = facts.value(QStringLiteral("UnixUserID")); user.isValid())
-        caller.user = user.toUInt();
-    caller.process = facts.value(QStringLiteral("ProcessID")).toInt();
-    caller.label = facts.value(QStringLiteral("LinuxSecurityLabel")).toByteArray();
-    const auto process = facts.value(QStringLiteral("ProcessFD")).value<QDBusUnixFileDescriptor>();
-    if (process.isValid())
-        caller.processDescriptor = shareDescriptor(::fcntl(process.fileDescriptor(), F_DUPFD_CLOEXEC, 0));
+    if (!credentials)
+        return caller;
+    if (credentials->userId)
+        caller.user = *credentials->userId;
+    caller.process = static_cast<pid_t>(credentials->processId.value_or(0));
+    caller.processDescriptor = credentials->processDescriptor;
+    caller.label = credentials->securityLabel;
     return caller;
 }
 
+/// The <interface> element of zepa.Client1.xml.
+QByteArray introspection()
+{
+    const QByteArray xml = interfaceXml;
+    const qsizetype from = xml.indexOf("<interface");
+    return xml.mid(from, xml.lastIndexOf("</node>") - from);
+}
+
+QByteArray senderOf(const bus::Message& call)
+{
+    return {call.sender().data(), call.sender().size()};
+}
+
 /// Keeps what is said.
-class Ear final : public cli::OutputSink
+class CapturedOutput final : public cli::OutputSink
 {
 public:
-    void write(cli::Stream stream, const QByteArray& text) override { heard.append({stream, text}); }
-    /// The complaints alone, without the program's name in front of each.
-    QString complaints() const
+    void write(cli::Stream stream, const QByteArray& text) override { texts.append({stream, text}); }
+    /// The errors alone, without the program's name in front of each.
+    QString errors() const
     {
         QStringList lines;
-        for (const auto& [stream, text] : heard) {
+        for (const auto& [stream, text] : texts) {
             if (stream == cli::Stream::Errors)
                 lines.append(QString::fromUtf8(text).trimmed().remove(QRegularExpression(QStringLiteral("^zepa: "))));
         }
         return lines.join(u'\n');
     }
 
-    QList<QPair<cli::Stream, QByteArray>> heard;
+    QList<QPair<cli::Stream, QByteArray>> texts;
 };
 
 } // namespace
 
-Server::Server(Client& client, bus::SessionBus& bus)
+Server::Server(Client& client, bus::Connection& bus)
     : m_client(client)
     , m_bus(bus)
     , m_lookups(lookUpLimit)
     , m_calls(mostAtOnce, mostOfOneCaller)
     , m_commands(mostAtOnce, mostOfOneCaller)
+    , m_object(bus.exportObject(objectPath, introspection(), [this](const bus::Message& call) { handleCall(call); }))
 {
-    QDBusConnection connection = bus.connection();
-    connection.connect(QString(), bus::busPath(), bus::busName(), QStringLiteral("NameOwnerChanged"), this,
-                       SLOT(hearOfOwner(QDBusMessage)));
-    connection.registerVirtualObject(objectPath, this);
+    connect(&m_bus, &bus::Connection::closed, this, [this] { ++m_busesLost; });
 }
 
 Server::~Server()
 {
-    if (m_bus.isOpen())
-        QDBusConnection(m_bus.connection()).unregisterObject(objectPath);
     const auto jobs = std::exchange(m_jobs, {});
-    for (HandedJob* job : jobs)
-        job->giveUp();
+    for (const Job& job : jobs)
+        job.command->giveUp();
 }
 
-QString Server::introspect(const QString& path) const
+void Server::keepName(const QByteArray& busName)
 {
-    if (path != objectPath)
-        return {};
-    const QString xml = QString::fromUtf8(interfaceXml);
-    const qsizetype from = xml.indexOf(QStringLiteral("<interface"));
-    return xml.mid(from, xml.lastIndexOf(QStringLiteral("</node>")) - from);
-}
-
-bool Server::handleMessage(const QDBusMessage& message, const QDBusConnection& bus)
-{
-    if (message.interface() != interfaceName || message.type() != QDBusMessage::MethodCallMessage)
-        return false;
-
-    const QString sender = message.service();
-    if (const auto taken = m_calls.take(sender); taken != Quota::Answer::Taken) {
-        bus.send(message.createErrorReply(interfaceName + QStringLiteral(".Error.TooMuch"), tooMuch(m_calls, taken)));
-        return true;
-    }
-    lookUp(sender, [this, message](const Caller& caller, const QString& problem) {
-        m_calls.giveBack(message.service());
-        answer(message, caller, problem);
+    m_nameWatcher = std::make_unique<bus::ServiceWatcher>(m_bus, busName);
+    connect(m_nameWatcher.get(), &bus::ServiceWatcher::changed, this, [this, busName] {
+        // Who else gets it meanwhile is seen here, too.
+        if (m_nameWatcher->isKnown() && m_nameWatcher->owner().isEmpty())
+            m_bus.requestName(busName, this, [](bus::NameResult) {});
     });
-    return true;
 }
 
-void Server::lookUp(const QString& sender, const std::function<void(const Caller&, const QString& problem)>& done)
+void Server::handleCall(const bus::Message& call)
 {
-    QDBusMessage question = bus::busCall(QStringLiteral("GetConnectionCredentials"));
-    question << sender;
-    auto* watcher = new QDBusPendingCallWatcher(
-        m_bus.connection().asyncCall(question, static_cast<int>(lookUpLimit.count())), this);
-    connect(watcher, &QDBusPendingCallWatcher::finished, this, [this, done, watcher] {
-        watcher->deleteLater();
-        // An error leaves nothing known, which is refused.
-        const Caller caller = callerOf(watcher->reply());
+    if (call.interface() != QLatin1StringView(interfaceName)) {
+        m_bus.send(m_bus.newError(
+            call, "org.freedesktop.DBus.Error.UnknownInterface",
+            QStringLiteral("No such interface '%1' at object path '%2'").arg(call.interface(), call.path())));
+        return;
+    }
+    const QString sender = call.sender();
+    if (const auto taken = m_calls.take(sender); taken != Quota::Answer::Taken)
+        return refuse(call, {QStringLiteral("TooMuch"), tooMuch(m_calls, taken)});
+    lookUp(senderOf(call), [this, call, sender, busesLost = m_busesLost](const Caller& caller, const QString& problem) {
+        m_calls.giveBack(sender);
+        // On another bus, the sender is somebody else.
+        if (busesLost == m_busesLost)
+            answer(call, caller, problem);
+    });
+}
+
+void Server::lookUp(const QByteArray& sender, const std::function<void(const Caller&, const QString& problem)>& done)
+{
+    const auto onCredentials = [this, done](const std::optional<bus::Credentials>& credentials) {
+        const Caller caller = callerOf(credentials);
         const CallerLook look(caller);
         if (const auto problem = look.quickProblem())
             return done(caller, *problem);
         m_lookups.ask([look] { return look.problem(); },
                       [done, caller](const QString& problem) { done(caller, problem); });
-    });
+    };
+    m_bus.credentials(sender, this, onCredentials, static_cast<int>(lookUpLimit.count()));
 }
 
-void Server::answer(const QDBusMessage& message, const Caller& caller, const QString& problem)
+void Server::answer(const bus::Message& call, const Caller& caller, const QString& problem)
 {
-    if (!m_bus.isOpen())
-        return;
-    QVariantList values;
+    const QLatin1StringView method = call.member();
     std::optional<Refusal> refusal;
     if (!problem.isEmpty())
         refusal = Refusal{QStringLiteral("AccessDenied"), problem};
-    else if (message.member() == QStringLiteral("Run"))
-        refusal = run(message, caller, values);
-    else if (message.member() == QStringLiteral("Cancel"))
-        refusal = cancel(message);
-    else if (message.member() == QStringLiteral("Activate"))
-        refusal = activate(message);
+    else if (method == QLatin1StringView("Run"))
+        refusal = run(call, caller);
+    else if (method == QLatin1StringView("Cancel"))
+        refusal = cancel(call);
+    else if (method == QLatin1StringView("Activate"))
+        refusal = activate(call);
     else
-        refusal = Refusal{
-            QStringLiteral("UnknownMethod"),
-            QStringLiteral("there is no method \"%1\"; there are: Run, Cancel, Activate").arg(message.member())};
-
-    const QDBusConnection bus = m_bus.connection();
+        refusal = Refusal{QStringLiteral("UnknownMethod"),
+                          QStringLiteral("there is no method \"%1\"; there are: Run, Cancel, Activate").arg(method)};
     if (refusal)
-        bus.send(message.createErrorReply(interfaceName + QStringLiteral(".Error.") + refusal->kind, refusal->text));
-    else
-        bus.send(message.createReply(values));
+        refuse(call, *refusal);
 }
 
-std::optional<Refusal> Server::run(const QDBusMessage& message, const Caller& caller, QVariantList& answer)
+void Server::refuse(const bus::Message& call, const Refusal& refusal)
+{
+    m_bus.send(m_bus.newError(call, (errorPrefix + refusal.kind.toLatin1()).constData(), refusal.text));
+}
+
+std::optional<Refusal> Server::run(const bus::Message& call, const Caller& caller)
 {
     RunRequest request;
-    if (auto refusal = read(message, request))
+    if (auto refusal = readRun(call, request))
         return refusal;
 
-    Ear ear;
+    CapturedOutput captured;
     std::unique_ptr<cli::CommandLine> line;
     {
-        const cli::OutputTo here(&ear);
+        const cli::OutputTo here(&captured);
         line = std::make_unique<cli::CommandLine>(request.arguments);
     }
     if (line->opensWindow())
@@ -182,7 +180,7 @@ std::optional<Refusal> Server::run(const QDBusMessage& message, const Caller& ca
                        QStringLiteral("the arguments hold no verb; Activate brings the window to the front")};
     if (!line->command() && line->code() != cli::Success)
         return Refusal{line->isVerbUnknown() ? QStringLiteral("UnknownVerb") : QStringLiteral("WrongUsage"),
-                       ear.complaints()};
+                       captured.errors()};
     if (line->command() && line->parser().isSet(QStringLiteral("settings")) &&
         busName(QDir(request.folder).absoluteFilePath(line->settingsFolder())) !=
             busName(m_client.settings().getSettingsDir()))
@@ -193,104 +191,84 @@ std::optional<Refusal> Server::run(const QDBusMessage& message, const Caller& ca
     if (const auto taken = m_commands.take(process); taken != Quota::Answer::Taken)
         return Refusal{QStringLiteral("TooMuch"), tooMuch(m_commands, taken)};
     const unsigned int number = ++m_lastNumber;
-    auto* job = new HandedJob(m_bus, number, message.service(), std::move(line), {request.folder, request.input, true});
-    for (const auto& [stream, text] : std::as_const(ear.heard))
-        job->sayFirst(stream, text);
-    connect(job, &HandedJob::ended, this, &Server::forget);
-    connect(job, &HandedJob::ended, &ClientRequests::instance(), &ClientRequests::commandCarriedOut);
-    m_jobs.insert(number, job);
-    m_processes.insert(number, process);
-    follow(QStringLiteral("AddMatch"), message.service());
-    // The caller learns the number before anything else, and at once, whatever the command does. Then the bus is asked:
-    // a caller that gave up while we were busy has said that nothing was done, and does not leave the bus any more.
-    QDBusMessage question = bus::busCall(QStringLiteral("GetNameOwner"));
-    question << message.service();
-    auto* watcher = new QDBusPendingCallWatcher(m_bus.connection().asyncCall(question), this);
-    connect(watcher, &QDBusPendingCallWatcher::finished, this, [this, number, watcher] {
-        watcher->deleteLater();
-        if (watcher->isError())
-            drop(number);
-        else
-            start(number);
-    });
-    answer = {number};
+    auto* command =
+        new RemoteCommand(m_bus, number, senderOf(call), std::move(line), {request.folder, request.input, true});
+    for (const auto& [stream, text] : std::as_const(captured.texts))
+        command->sayFirst(stream, text);
+    connect(command, &RemoteCommand::ended, this, &Server::forget);
+    connect(command, &RemoteCommand::ended, &ClientRequests::instance(), &ClientRequests::commandCarriedOut);
+    m_jobs.insert(number, {command, process, new bus::ServiceWatcher(m_bus, command->caller(), command)});
+    // The caller learns the number before anything else, and at once, whatever the command does.
+    m_bus.send(m_bus.newReply(call).append(number));
+    watchCaller(number);
     return std::nullopt;
 }
 
-std::optional<Refusal> Server::cancel(const QDBusMessage& message)
+/// The command starts when the bus has said that its caller is still there: one that gave up while we were busy has
+/// said that nothing was done, and does not leave the bus any more.
+void Server::watchCaller(unsigned int number)
+{
+    const auto look = [this, number] { onCallerChanged(number); };
+    const bus::ServiceWatcher* caller = m_jobs.value(number).caller;
+    // Queued: the watcher goes with the command.
+    connect(caller, &bus::ServiceWatcher::changed, this, look, Qt::QueuedConnection);
+    if (caller->isKnown())
+        QMetaObject::invokeMethod(this, look, Qt::QueuedConnection);
+}
+
+void Server::onCallerChanged(unsigned int number)
+{
+    const Job job = m_jobs.value(number);
+    if (!job.command)
+        return;
+    if (job.caller->owner().isEmpty())
+        return drop(number);
+    // This may handle events, in which the job is given up.
+    m_client.whenStarted(this, [this, number] {
+        if (RemoteCommand* command = m_jobs.value(number).command)
+            command->start(m_client);
+    });
+}
+
+std::optional<Refusal> Server::cancel(const bus::Message& call)
 {
     unsigned int number = 0;
-    if (auto refusal = readCancel(message, number))
+    if (auto refusal = readCancel(call, number))
         return refusal;
-    const HandedJob* job = m_jobs.value(number);
-    if (!job || job->caller() != message.service())
+    const RemoteCommand* command = m_jobs.value(number).command;
+    if (!command || command->caller() != senderOf(call))
         return Refusal{QStringLiteral("UnknownJob"), QStringLiteral("there is no job %1 of this caller").arg(number)};
     drop(number);
+    m_bus.send(m_bus.newReply(call));
     return std::nullopt;
 }
 
-std::optional<Refusal> Server::activate(const QDBusMessage& message)
+std::optional<Refusal> Server::activate(const bus::Message& call)
 {
     QString token;
-    if (auto refusal = readActivate(message, token))
+    if (auto refusal = readActivate(call, token))
         return refusal;
     // Where Qt looks for it when a window is brought to the front.
     if (!token.isEmpty())
         qputenv("XDG_ACTIVATION_TOKEN", token.toLatin1());
     Q_EMIT ClientRequests::instance().show();
+    m_bus.send(m_bus.newReply(call));
     return std::nullopt;
-}
-
-void Server::start(unsigned int number)
-{
-    if (!m_jobs.contains(number))
-        return;
-    // This may handle events, in which the job is given up.
-    m_client.whenStarted(this, [this, number] {
-        if (HandedJob* job = m_jobs.value(number))
-            job->start(m_client);
-    });
 }
 
 void Server::drop(unsigned int number)
 {
-    HandedJob* job = m_jobs.value(number);
+    RemoteCommand* command = m_jobs.value(number).command;
     forget(number);
-    if (job)
-        job->giveUp();
+    if (command)
+        command->giveUp();
 }
 
 void Server::forget(unsigned int number)
 {
-    const HandedJob* job = m_jobs.take(number);
-    if (!job)
-        return;
-    m_commands.giveBack(m_processes.take(number));
-    follow(QStringLiteral("RemoveMatch"), job->caller());
-}
-
-/// AddMatch or RemoveMatch: whether the bus tells us that the caller left. It counts equal rules.
-void Server::follow(const QString& method, const QString& caller)
-{
-    if (!m_bus.isOpen())
-        return;
-    QDBusMessage call = bus::busCall(method);
-    call << QStringLiteral("type='signal',sender='%1',interface='%1',member='NameOwnerChanged',arg0='%2'")
-                .arg(bus::busName(), caller);
-    m_bus.connection().send(call);
-}
-
-void Server::hearOfOwner(const QDBusMessage& signal)
-{
-    if (signal.service() != bus::busName() || !signal.arguments().value(2).toString().isEmpty())
-        return;
-    const QString gone = signal.arguments().value(0).toString();
-    const QList<unsigned int> numbers = m_jobs.keys();
-    for (const unsigned int number : numbers) {
-        const HandedJob* job = m_jobs.value(number);
-        if (job && job->caller() == gone)
-            drop(number);
-    }
+    const Job job = m_jobs.take(number);
+    if (job.command)
+        m_commands.giveBack(job.process);
 }
 
 } // namespace zepa::instance

@@ -105,6 +105,12 @@ QByteArray singleAddress(const QByteArray& address)
     return transport == "tcp" ? tcpAddress(pairs) : joined(transport, pairs);
 }
 
+std::optional<QByteArray>& givenAddress()
+{
+    static std::optional<QByteArray> address;
+    return address;
+}
+
 } // namespace
 
 QList<QByteArray> splitAddresses(const QByteArray& list)
@@ -119,9 +125,14 @@ QList<QByteArray> splitAddresses(const QByteArray& list)
     return result;
 }
 
+void setConfiguredAddress(const QByteArray& list)
+{
+    givenAddress() = list;
+}
+
 QList<QByteArray> configuredAddresses()
 {
-    const QByteArray configured = qgetenv("DBUS_SESSION_BUS_ADDRESS");
+    const QByteArray configured = givenAddress().value_or(qgetenv("DBUS_SESSION_BUS_ADDRESS"));
     return splitAddresses(configured.isEmpty() ? QByteArray("unix:runtime=yes") : configured);
 }
 

@@ -11,6 +11,8 @@ namespace zepa::bus {
 /// "unix:runtime=yes". Left out: kinds that sd-bus does not have, and hosts that somebody would have to be asked for.
 QList<QByteArray> splitAddresses(const QByteArray& list);
 
+/// From now on this list counts in place of what the environment says.
+void setConfiguredAddress(const QByteArray& list);
 /// What the environment says, or else the socket in the user's run-time folder.
 QList<QByteArray> configuredAddresses();
 

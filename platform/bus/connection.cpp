@@ -4,6 +4,8 @@
 #include <QCoreApplication>
 #include <QThread>
 
+#include <unistd.h>
+
 #include <utility>
 
 namespace zepa::bus {
@@ -18,22 +20,47 @@ void endSharedConnection()
     delete std::exchange(sharedConnection, nullptr);
 }
 
+std::shared_ptr<const int> shareDescriptor(int descriptor)
+{
+    return {new int(descriptor), [](const int* open) {
+                ::close(*open);
+                delete open;
+            }};
+}
+
+/// Reads the value of one entry where it is known and of its type.
+void readCredential(MessageReader& reader, const QString& key, Credentials& result)
+{
+    const auto isValueOf = [&](const char* name, const char* type) {
+        return key == QLatin1StringView(name) && reader.enterVariant(type);
+    };
+    std::uint32_t number = 0;
+    int descriptor = -1;
+    if (isValueOf("UnixUserID", "u")) {
+        if (reader.read(number))
+            result.userId = number;
+    } else if (isValueOf("ProcessID", "u")) {
+        if (reader.read(number))
+            result.processId = number;
+    } else if (isValueOf("LinuxSecurityLabel", "ay")) {
+        reader.read(result.securityLabel);
+    } else if (isValueOf("ProcessFD", "h")) {
+        if (reader.readDescriptor(descriptor))
+            result.processDescriptor = shareDescriptor(descriptor);
+    } else {
+        return;
+    }
+    reader.leave();
+}
+
 std::optional<Credentials> credentialsIn(const Message& reply)
 {
     MessageReader reader(reply);
     if (reply.isError() || !reader.enterArray("{sv}"))
         return std::nullopt;
     Credentials result;
-    for (QString key; reader.enterEntry("sv") && reader.read(key); reader.leave()) {
-        std::uint32_t number = 0;
-        const bool isNumber = reader.enterVariant("u") && reader.read(number);
-        if (isNumber)
-            reader.leave();
-        if (isNumber && key == QStringLiteral("UnixUserID"))
-            result.userId = number;
-        else if (isNumber && key == QStringLiteral("ProcessID"))
-            result.processId = number;
-    }
+    for (QString key; reader.enterEntry("sv") && reader.read(key); reader.leave())
+        readCredential(reader, key, result);
     return result;
 }
 
@@ -157,12 +184,12 @@ void Connection::releaseName(const QByteArray& name)
 }
 
 void Connection::credentials(const QByteArray& uniqueName, const QObject* context,
-                             std::function<void(const std::optional<Credentials>&)> result)
+                             std::function<void(const std::optional<Credentials>&)> result, int limit)
 {
     Message question = m_core->busCall("GetConnectionCredentials");
     question.append(uniqueName.constData());
     call(std::move(question), context,
-         [result = std::move(result)](const Message& reply) { result(credentialsIn(reply)); });
+         [result = std::move(result)](const Message& reply) { result(credentialsIn(reply)); }, {.limit = limit});
 }
 
 } // namespace zepa::bus

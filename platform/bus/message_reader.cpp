@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include <zepa_platform/bus.h>
 
+#include <fcntl.h>
 #include <systemd/sd-bus.h>
 
 namespace zepa::bus {
@@ -86,6 +87,18 @@ bool MessageReader::read(QByteArray& bytes)
     if (m_message.m_message == nullptr || sd_bus_message_read_array(m_message.m_message, 'y', &data, &size) <= 0)
         return false;
     bytes = QByteArray(static_cast<const char*>(data), static_cast<qsizetype>(size));
+    return true;
+}
+
+bool MessageReader::readDescriptor(int& descriptor)
+{
+    int open = -1;
+    if (!readBasic('h', &open))
+        return false;
+    const int copy = ::fcntl(open, F_DUPFD_CLOEXEC, 0);
+    if (copy < 0)
+        return false;
+    descriptor = copy;
     return true;
 }
 

@@ -29,6 +29,16 @@ bool answers(sd_bus* bus, const QDeadlineTimer& limit)
 
 } // namespace
 
+bool zepaHasSessionBusAddress()
+{
+    return !zepa::bus::configuredAddresses().isEmpty();
+}
+
+void zepaSetSessionBusAddress(const char* address)
+{
+    zepa::bus::setConfiguredAddress(address);
+}
+
 bool zepaSessionBusAnswers(int milliseconds)
 {
     const QDeadlineTimer limit(milliseconds);

@@ -33,7 +33,7 @@ bool connectTo(sd_bus* bus, const QByteArray& address)
     // Over TCP nobody can tell who we are, and a bus that listens there takes the anonymous or nobody.
     if (address.startsWith("tcp:") && sd_bus_set_anonymous(bus, 1) < 0)
         return false;
-    return sd_bus_set_bus_client(bus, 1) >= 0 && sd_bus_negotiate_fds(bus, 0) >= 0 && sd_bus_start(bus) >= 0 &&
+    return sd_bus_set_bus_client(bus, 1) >= 0 && sd_bus_negotiate_fds(bus, 1) >= 0 && sd_bus_start(bus) >= 0 &&
            sd_bus_get_fd(bus) >= 0;
 }
 

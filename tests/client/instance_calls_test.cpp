@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-#include "client/instance/names.h"
+#include "client/instance/bus_name.h"
 #include "instance_fixture.h"
 
 #include <QDBusConnection>
@@ -172,7 +172,7 @@ TEST_F(InstanceCallsTest, AnswersOthersWhileAScriptIsPlayed)
 TEST_F(InstanceCallsTest, ShowsItsInterfaceAsItIsInstalled)
 {
     const QDBusMessage answer = QDBusConnection::sessionBus().call(QDBusMessage::createMethodCall(
-        clientName(), instance::objectPath, QStringLiteral("org.freedesktop.DBus.Introspectable"),
+        clientName(), QString::fromLatin1(instance::objectPath), QStringLiteral("org.freedesktop.DBus.Introspectable"),
         QStringLiteral("Introspect")));
     const QString shown = answer.arguments().value(0).toString();
     QFile file(QStringLiteral(ZEPA_INTERFACE));

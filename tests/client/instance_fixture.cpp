@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "instance_fixture.h"
 
-#include "client/instance/names.h"
+#include "client/instance/bus_name.h"
 
 #include <QDBusConnection>
 #include <QDBusConnectionInterface>
@@ -37,7 +37,7 @@ void InstanceTest::endFirst()
 
 QString InstanceTest::clientName(const QString& settings) const
 {
-    return instance::busName(inFolder(settings));
+    return QString::fromLatin1(instance::busName(inFolder(settings)));
 }
 
 bool InstanceTest::isClientThere(const QString& settings)
@@ -47,8 +47,8 @@ bool InstanceTest::isClientThere(const QString& settings)
 
 QDBusMessage InstanceTest::message(const QString& method, const QVariantList& arguments) const
 {
-    QDBusMessage message =
-        QDBusMessage::createMethodCall(clientName(), instance::objectPath, instance::interfaceName, method);
+    QDBusMessage message = QDBusMessage::createMethodCall(clientName(), QString::fromLatin1(instance::objectPath),
+                                                          QString::fromLatin1(instance::interfaceName), method);
     message.setArguments(arguments);
     return message;
 }

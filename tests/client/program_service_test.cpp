@@ -114,7 +114,7 @@ TEST_F(ProgramOnBus, PostSaysWhatItsPopUpIsAbout)
     EXPECT_EQ(service->calls()[0][QStringLiteral("icon")], QStringLiteral("zepa"));
 }
 
-TEST_F(ProgramOnBus, ABusThatKeepsSilentIsAskedOnceAndCountsAsNone)
+TEST_F(ProgramOnBus, ABusThatKeepsSilentCountsAsNone)
 {
     const QString socket = inFolder(QStringLiteral("silent"));
     const FakeBus silent(QFile::encodeName(socket));
@@ -125,7 +125,6 @@ TEST_F(ProgramOnBus, ABusThatKeepsSilentIsAskedOnceAndCountsAsNone)
     const Outcome outcome = finish(*program);
     EXPECT_EQ(outcome.code, 4) << outcome.err.toStdString();
     EXPECT_TRUE(outcome.lines().constLast().contains(QStringLiteral("no session bus"))) << outcome.out.toStdString();
-    EXPECT_EQ(silent.connectionCount(), 1);
 }
 
 TEST_F(ProgramOnBus, PostEndsWhenTheServiceRefusesOrDies)

@@ -17,7 +17,7 @@ _ALLOWED = {
                             '#include "session.h"\n#include "x.moc"\n',
     "platform/portal/x.cpp": '#include "growl/popup_service.h"\n#include "freedesktop/bus_text.h"\n',
     "client/x.cpp": '#include "core/notification.h"\n#include <pulse/pulseaudio.h>\n'
-                    '#include <zepa_platform/popups.h>\n',
+                    '#include <zepa_platform/popups.h>\n#include <zepa_platform/bus.h>\n',
 }
 _FORBIDDEN = {
     "core/posting.cpp": ['"methods/sound_notification_method.h"', "<QDBusMessage>", '"client/client.h"',
@@ -33,8 +33,9 @@ _FORBIDDEN = {
     "platform/attention/x.cpp": ['"growl/session.h"', '"freedesktop/outbox.h"'],
     "platform/bus/x.cpp": ['"growl/session.h"', '"freedesktop/outbox.h"'],
     "platform/include/zepa_platform/x.h": ['"growl/session.h"', "<QDBusMessage>"],
-    "client/x.cpp": ['"tests/support/recording_host.h"', '"platform/growl/session.h"',
-                     '"platform/freedesktop/outbox.h"', '"platform/bus/call_thread.h"'],
+    "client/x.cpp": ['"tests/support/recording_host.h"', '"platform/growl/session.h"', '"platform/bus/address.h"',
+                     '"platform/freedesktop/outbox.h"', '"platform/include/zepa_platform/bus.h"', "<QDBusMessage>",
+                     "<QtDBus/QDBusMessage>", "<systemd/sd-bus.h>"],
 }
 _JUNIT = """<testsuite>
 <testcase name="a" status="run"/>

@@ -1,9 +1,10 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "client/methods/command/command_runner.h"
 
+#include "client/methods/child_environment.h"
+
 #include <QDir>
 #include <QFile>
-#include <QProcessEnvironment>
 #include <QSocketNotifier>
 
 #include <algorithm>
@@ -115,7 +116,7 @@ private:
 
 QStringList environmentWith(const QHash<QString, QString>& more)
 {
-    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    QProcessEnvironment environment = childEnvironment();
     for (auto variable = more.cbegin(); variable != more.cend(); ++variable)
         environment.insert(variable.key(), variable.value());
     return environment.toStringList();

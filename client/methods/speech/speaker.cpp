@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "client/methods/speech/speaker.h"
 
+#include "client/methods/child_environment.h"
+
 #include <chrono>
 
 namespace zepa {
@@ -62,6 +64,7 @@ void Speaker::begin()
         arguments += {QStringLiteral("-v"), utterance.voice};
     m_process.setArguments(arguments);
     m_patience.start();
+    m_process.setProcessEnvironment(childEnvironment());
     m_process.start();
     if (m_process.state() == QProcess::NotRunning)
         return;

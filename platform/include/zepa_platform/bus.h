@@ -140,6 +140,8 @@ public:
     bool read(QString& text);
     bool read(QStringList& texts);
     bool read(QByteArray& bytes);
+    /// Of the type "h": a copy, closed on exec(), that the caller closes.
+    bool readDescriptor(int& descriptor);
     template <typename First, typename Second, typename... Rest>
     bool read(First& first, Second& second, Rest&... rest)
     {
@@ -210,13 +212,18 @@ struct Credentials
 {
     std::optional<std::uint32_t> userId;
     std::optional<std::uint32_t> processId;
+    /// Names the process for good, while a number may come to be another's. Null where the bus does not offer it;
+    /// closed with its last copy.
+    std::shared_ptr<const int> processDescriptor;
+    QByteArray securityLabel; ///< what the security module calls the process; empty without one
 };
 
 /// A connection to the session bus.
 ///
 /// Once opened it stays so until close(): when the bus goes, or does not come, it tries again after a second at first
-/// and half a minute at last. The environment is read anew for each attempt. Replies and signals are delivered only
-/// when they come from whom was asked: a unique name, the owner of a well-known name, or the bus.
+/// and half a minute at last. The environment is read anew for each attempt, unless zepaSetSessionBusAddress() said
+/// where the bus is. Replies and signals are delivered only when they come from whom was asked: a unique name, the
+/// owner of a well-known name, or the bus.
 class Q_DECL_EXPORT Connection : public QObject
 {
     Q_OBJECT
@@ -287,9 +294,9 @@ public:
 
     void requestName(const QByteArray& name, const QObject* context, std::function<void(NameResult)> result);
     void releaseName(const QByteArray& name);
-    /// Who a connection is; nothing when the bus does not say.
+    /// Who a connection is; nothing when the bus does not say within `limit` milliseconds.
     void credentials(const QByteArray& uniqueName, const QObject* context,
-                     std::function<void(const std::optional<Credentials>&)> result);
+                     std::function<void(const std::optional<Credentials>&)> result, int limit = 5000);
 
 Q_SIGNALS:
     /// Matches have been asked for already: what is sent now comes after them.

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-#include "client/instance/requests.h"
+#include "client/instance/call_arguments.h"
 
 #include <algorithm>
 
@@ -18,24 +18,20 @@ Refusal wrongArgument(const QString& text)
     return {QStringLiteral("WrongArgument"), text};
 }
 
-std::optional<Refusal> checkSignature(const QDBusMessage& message, const QString& wanted, const QString& names)
+Refusal wrongSignature(const bus::Message& call, const QString& wanted, const QString& names)
 {
-    if (message.signature() == wanted)
-        return std::nullopt;
-    return Refusal{
-        QStringLiteral("WrongSignature"),
-        QStringLiteral("%1 takes \"%2\" (%3), not \"%4\"").arg(message.member(), wanted, names, message.signature())};
+    return {QStringLiteral("WrongSignature"),
+            QStringLiteral("%1 takes \"%2\" (%3), not \"%4\"").arg(call.member(), wanted, names, call.signature())};
 }
 
 } // namespace
 
-std::optional<Refusal> read(const QDBusMessage& message, RunRequest& request)
+std::optional<Refusal> readRun(const bus::Message& call, RunRequest& request)
 {
-    if (auto wrong = checkSignature(message, QStringLiteral("assay"), QStringLiteral("arguments, folder, input")))
-        return wrong;
-    request.arguments = message.arguments().at(0).toStringList();
-    request.folder = message.arguments().at(1).toString();
-    request.input = message.arguments().at(2).toByteArray();
+    const QString signature = QStringLiteral("assay");
+    if (call.signature() != signature ||
+        !bus::MessageReader(call).read(request.arguments, request.folder, request.input))
+        return wrongSignature(call, signature, QStringLiteral("arguments, folder, input"));
 
     if (request.arguments.isEmpty() || request.arguments.size() > mostArguments)
         return wrongArgument(QStringLiteral("there are %1 arguments; allowed are 1 to %2")
@@ -55,19 +51,19 @@ std::optional<Refusal> read(const QDBusMessage& message, RunRequest& request)
     return std::nullopt;
 }
 
-std::optional<Refusal> readCancel(const QDBusMessage& message, unsigned int& job)
+std::optional<Refusal> readCancel(const bus::Message& call, unsigned int& job)
 {
-    if (auto wrong = checkSignature(message, QStringLiteral("u"), QStringLiteral("job")))
-        return wrong;
-    job = message.arguments().at(0).toUInt();
+    const QString signature = QStringLiteral("u");
+    if (call.signature() != signature || !bus::MessageReader(call).read(job))
+        return wrongSignature(call, signature, QStringLiteral("job"));
     return std::nullopt;
 }
 
-std::optional<Refusal> readActivate(const QDBusMessage& message, QString& token)
+std::optional<Refusal> readActivate(const bus::Message& call, QString& token)
 {
-    if (auto wrong = checkSignature(message, QStringLiteral("s"), QStringLiteral("token")))
-        return wrong;
-    token = message.arguments().at(0).toString();
+    const QString signature = QStringLiteral("s");
+    if (call.signature() != signature || !bus::MessageReader(call).read(token))
+        return wrongSignature(call, signature, QStringLiteral("token"));
     const bool isPrintable =
         std::all_of(token.cbegin(), token.cend(), [](QChar c) { return c.unicode() > 0x1f && c.unicode() < 0x7f; });
     if (!isPrintable || token.size() > longestToken)

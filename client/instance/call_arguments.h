@@ -1,17 +1,18 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include <zepa_platform/bus.h>
+
 #include <QByteArray>
-#include <QDBusMessage>
 #include <QString>
 #include <QStringList>
 
 #include <optional>
 
-/// Calls from outside, taken apart: nothing of them is used before it was looked at.
+/// The arguments of calls from outside: nothing of them is used before it was looked at.
 namespace zepa::instance {
 
-/// Why a call is not obeyed, as it is told to the caller.
+/// Why a call is refused, as it is told to the caller.
 struct Refusal
 {
     /// The last part of the error's name: "WrongArgument".
@@ -27,8 +28,8 @@ struct RunRequest
 };
 
 /// Each fills in its result, or says what is wrong with the message.
-std::optional<Refusal> read(const QDBusMessage& message, RunRequest& request);
-std::optional<Refusal> readCancel(const QDBusMessage& message, unsigned int& job);
-std::optional<Refusal> readActivate(const QDBusMessage& message, QString& token);
+std::optional<Refusal> readRun(const bus::Message& call, RunRequest& request);
+std::optional<Refusal> readCancel(const bus::Message& call, unsigned int& job);
+std::optional<Refusal> readActivate(const bus::Message& call, QString& token);
 
 } // namespace zepa::instance

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-#include "client/instance/names.h"
+#include "client/instance/bus_name.h"
 
 #include <QCryptographicHash>
 #include <QDir>
@@ -7,14 +7,14 @@
 
 namespace zepa::instance {
 
-QString busName(const QString& settingsFolder)
+QByteArray busName(const QString& settingsFolder)
 {
     const QFileInfo folder(settingsFolder);
     QString path = folder.canonicalFilePath();
     if (path.isEmpty())
         path = QDir::cleanPath(folder.absoluteFilePath());
     const QByteArray hash = QCryptographicHash::hash(path.toUtf8(), QCryptographicHash::Sha1);
-    return QStringLiteral("zepa.Client.Folder_") + QString::fromLatin1(hash.toHex());
+    return "zepa.Client.Folder_" + hash.toHex();
 }
 
 } // namespace zepa::instance
