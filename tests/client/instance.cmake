@@ -10,11 +10,16 @@ zepa_test(client_instance_test LABEL service
     instance_fixture.cpp
     instance_forged_owner_test.cpp
     instance_handed_over_test.cpp
+    instance_late_bus_test.cpp
+    instance_peer_test.cpp
     instance_sandbox_test.cpp
     instance_start_test.cpp
     program.cpp
+    ${PROJECT_SOURCE_DIR}/tests/platform/bus_daemon.cpp
+    ${PROJECT_SOURCE_DIR}/tests/platform/fake_bus.cpp
+    ${PROJECT_SOURCE_DIR}/tests/platform/scripted_bus.cpp
     ${PROJECT_SOURCE_DIR}/tests/platform/service_fixture.cpp
-  LIBRARIES zepa_instance zepa_platform Qt6::DBus)
+  LIBRARIES zepa_instance zepa_platform Qt6::DBus PkgConfig::SDBUS)
 target_compile_definitions(client_instance_test PRIVATE
   ZEPA_PROGRAM="$<TARGET_FILE:zepa>" SCRIPTED_SERVICE="$<TARGET_FILE:scripted_service>"
   ZEPA_INTERFACE="${PROJECT_SOURCE_DIR}/client/instance/zepa.Client1.xml")
