@@ -45,8 +45,3 @@ void NotificationService::onActivationToken(quint32 id, const QString& token)
 }
 
 } // namespace zepa::freedesktop
-
-std::unique_ptr<zepa::growl::PopupService> zepa::growl::makePopupService()
-{
-    return std::make_unique<freedesktop::NotificationService>();
-}

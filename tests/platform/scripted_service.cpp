@@ -15,10 +15,16 @@
 //   late-start          takes its name after 1,000 ms
 //   replace             takes the name from its owner
 //   log=FILE            writes there instead of to standard output
+//   portal              shows the face of the notification portal instead, which knows of these
+//     mute, refuse, click-first, log=FILE; mute-version, no-version, version-2
 // Commands, one line of standard input each:
 //   click ID | close ID | invoke ID KEY | token ID TOKEN | wrong-signals ID | sleep MILLISECONDS | release
+// The portal counts the pop-ups that it got from 1:
+//   click NUMBER | invoke NUMBER ACTION | token NUMBER TOKEN | odd-token NUMBER | sleep MILLISECONDS | release
 //
 // Every call that it gets is written as a line of JSON, and {"ready":true} when it owns its name.
+#include "scripted_portal.h"
+
 #include <QCoreApplication>
 #include <QDBusArgument>
 #include <QDBusConnection>
@@ -33,6 +39,7 @@
 #include <QThread>
 #include <QTimer>
 
+#include <memory>
 #include <unistd.h>
 
 namespace {
@@ -257,11 +264,17 @@ int main(int argc, char** argv)
         log.open(QIODevice::Append);
     if (!QDBusConnection::sessionBus().isConnected())
         return 1;
-    ScriptedService service(QCoreApplication::arguments(), log);
+    const QStringList options = QCoreApplication::arguments();
+    std::unique_ptr<ScriptedService> service;
+    std::unique_ptr<ScriptedPortal> portal;
+    if (options.contains(QStringLiteral("portal")))
+        portal = std::make_unique<ScriptedPortal>(options, log);
+    else
+        service = std::make_unique<ScriptedService>(options, log);
 
     QByteArray input;
     QSocketNotifier notifier(STDIN_FILENO, QSocketNotifier::Read);
-    QObject::connect(&notifier, &QSocketNotifier::activated, &service, [&] {
+    QObject::connect(&notifier, &QSocketNotifier::activated, &notifier, [&] {
         char bytes[4096];
         const ssize_t count = read(STDIN_FILENO, bytes, sizeof bytes);
         if (count <= 0)
@@ -271,7 +284,10 @@ int main(int argc, char** argv)
         for (qsizetype end = input.indexOf('\n'); end >= 0; end = input.indexOf('\n')) {
             const QString line = QString::fromUtf8(input.left(end));
             input.remove(0, end + 1);
-            service.command(line);
+            if (portal)
+                portal->command(line);
+            else
+                service->command(line);
         }
     });
     return QCoreApplication::exec();

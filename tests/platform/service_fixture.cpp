@@ -69,20 +69,6 @@ void start(QProcess& process, const QString& program, const QStringList& argumen
     ASSERT_TRUE(process.waitForStarted()) << program.toStdString() << " is not installed";
 }
 
-void emitFromAStranger(QDBusMessage message, const QVariantList& arguments)
-{
-    QDBusConnection bus =
-        QDBusConnection::connectToBus(qEnvironmentVariable("DBUS_SESSION_BUS_ADDRESS"), QStringLiteral("forger"));
-    ASSERT_TRUE(bus.isConnected());
-    message.setArguments(arguments);
-    ASSERT_TRUE(bus.send(message));
-    // A reply of the bus comes after it has passed on everything before the call.
-    const QDBusMessage ping =
-        QDBusMessage::createMethodCall(QStringLiteral("org.freedesktop.DBus"), QStringLiteral("/"),
-                                       QStringLiteral("org.freedesktop.DBus.Peer"), QStringLiteral("Ping"));
-    ASSERT_EQ(bus.call(ping).type(), QDBusMessage::ReplyMessage);
-}
-
 CFDataRef cfData(const QByteArray& bytes)
 {
     if (bytes.isNull())
@@ -117,6 +103,11 @@ void ServiceProcess::kill()
 void ServiceProcess::stop() const
 {
     ::kill(static_cast<pid_t>(m_process.processId()), SIGSTOP);
+}
+
+void ServiceProcess::resume() const
+{
+    ::kill(static_cast<pid_t>(m_process.processId()), SIGCONT);
 }
 
 const QList<QJsonObject>& ServiceProcess::lines()
@@ -204,6 +195,11 @@ void ServiceTest::startBus()
           {QStringLiteral("--config-file=") + path("bus.conf"), QStringLiteral("--nofork"),
            QStringLiteral("--print-address")});
     ASSERT_TRUE(m_bus.waitForReadyRead());
+}
+
+void ServiceTest::stopBus() const
+{
+    ::kill(static_cast<pid_t>(m_bus.processId()), SIGSTOP);
 }
 
 void ServiceTest::killBus()
@@ -348,6 +344,20 @@ void ServiceTest::forgeOfTheBus(const QString& signal, const QVariantList& argum
     const QString path = QStringLiteral("/org/freedesktop/DBus");
     const QString interface = QStringLiteral("org.freedesktop.DBus");
     emitFromAStranger(QDBusMessage::createTargetedSignal(receiver, path, interface, signal), arguments);
+}
+
+void ServiceTest::emitFromAStranger(QDBusMessage message, const QVariantList& arguments)
+{
+    QDBusConnection bus =
+        QDBusConnection::connectToBus(qEnvironmentVariable("DBUS_SESSION_BUS_ADDRESS"), QStringLiteral("forger"));
+    ASSERT_TRUE(bus.isConnected());
+    message.setArguments(arguments);
+    ASSERT_TRUE(bus.send(message));
+    // A reply of the bus comes after it has passed on everything before the call.
+    const QDBusMessage ping =
+        QDBusMessage::createMethodCall(QStringLiteral("org.freedesktop.DBus"), QStringLiteral("/"),
+                                       QStringLiteral("org.freedesktop.DBus.Peer"), QStringLiteral("Ping"));
+    ASSERT_EQ(bus.call(ping).type(), QDBusMessage::ReplyMessage);
 }
 
 QByteArray& ServiceTest::applicationIcon()

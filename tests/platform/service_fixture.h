@@ -4,6 +4,7 @@
 #include <Growl/Growl.h>
 
 #include <QByteArray>
+#include <QDBusMessage>
 #include <QJsonObject>
 #include <QList>
 #include <QProcess>
@@ -30,6 +31,7 @@ public:
     void kill();
     /// SIGSTOP: it lives and does nothing.
     void stop() const;
+    void resume() const;
     /// What it wrote so far, one object a line.
     const QList<QJsonObject>& lines();
     bool wrote(const QString& key);
@@ -69,6 +71,8 @@ protected:
     QByteArray startedBusAddress() const { return "unix:path=" + path("bus").toUtf8(); }
     /// The bus dies without a word, and its socket goes too.
     void killBus();
+    /// SIGSTOP: it says nothing from now on.
+    void stopBus() const;
     /// The bus can start the scripted service with these options from now on; it writes to the returned file.
     QString makeActivatable(const QStringList& options);
     /// Returns when it owns its name.
@@ -97,6 +101,9 @@ protected:
     static void forge(const QString& signal, const QVariantList& arguments, const QString& receiver = {});
     /// The same in the bus's own name.
     static void forgeOfTheBus(const QString& signal, const QVariantList& arguments, const QString& receiver);
+
+    /// Any signal from a connection that owns no name.
+    static void emitFromAStranger(QDBusMessage message, const QVariantList& arguments);
 
     using Answers = std::vector<std::string>;
     /// "clicked CONTEXT", "timed out CONTEXT", "own CONTEXT" (the pop-up's own call-back), in order.

@@ -1,0 +1,69 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "freedesktop/bus_text.h"
+#include "portal/notification_data.h"
+
+#include <gtest/gtest.h>
+
+using zepa::portal::NotificationData;
+using Posting = zepa::growl::PopupPosting;
+
+TEST(NotificationData, HasPlainTextsThatAreFitForTheBus)
+{
+    Posting posting;
+    posting.title = QStringLiteral("<b>a & b</b>") + QChar(0);
+    posting.text = QString(QChar(0xD800)) + QStringLiteral("<i>&amp;</i>");
+    const NotificationData data = NotificationData::fromPosting(posting, {});
+    EXPECT_EQ(data.title, QStringLiteral("<b>a & b</b>\uFFFD"));
+    EXPECT_EQ(data.body, QStringLiteral("\uFFFD<i>&amp;</i>"));
+}
+
+TEST(NotificationData, HasTextsOfLimitedLength)
+{
+    Posting posting;
+    posting.title = posting.text = QString(100000, u'x');
+    posting.kind.category = QString(100000, u'y');
+    const NotificationData data = NotificationData::fromPosting(posting, {});
+    EXPECT_EQ(data.title.size(), zepa::freedesktop::summaryLimit);
+    EXPECT_EQ(data.body.size(), zepa::freedesktop::bodyLimit);
+    EXPECT_LE(data.category.size(), 255);
+}
+
+TEST(NotificationData, HasOneOfThreePriorities)
+{
+    const auto priority = [](int value) {
+        Posting posting;
+        posting.priority = value;
+        return std::string(NotificationData::fromPosting(posting, {}).priority);
+    };
+    EXPECT_EQ(priority(-2), "low");
+    EXPECT_EQ(priority(-1), "low");
+    EXPECT_EQ(priority(0), "normal");
+    EXPECT_EQ(priority(1), "normal");
+    EXPECT_EQ(priority(2), "urgent");
+}
+
+TEST(NotificationData, TakesOverWhatThePostingWants)
+{
+    Posting posting;
+    NotificationData data = NotificationData::fromPosting(posting, {});
+    EXPECT_FALSE(data.isClickable);
+    EXPECT_TRUE(data.isSilent);
+    EXPECT_FALSE(data.isTransient);
+    EXPECT_TRUE(data.category.isEmpty());
+    posting.clickable = true;
+    posting.wantsSound = true;
+    posting.kind = {.category = QStringLiteral("im.received"), .isTransient = true};
+    data = NotificationData::fromPosting(posting, QByteArray("png"));
+    EXPECT_TRUE(data.isClickable);
+    EXPECT_FALSE(data.isSilent);
+    EXPECT_TRUE(data.isTransient);
+    EXPECT_EQ(data.category, QStringLiteral("im.received"));
+    EXPECT_EQ(data.icon, QByteArray("png"));
+}
+
+TEST(NotificationData, CountsItsMemory)
+{
+    Posting posting;
+    posting.title = QStringLiteral("12345");
+    EXPECT_EQ(NotificationData::fromPosting(posting, QByteArray(100, 'x')).byteCount(), 110);
+}

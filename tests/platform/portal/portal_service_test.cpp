@@ -1,0 +1,376 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "service_fixture.h"
+
+#include <zepa_platform/popups.h>
+
+#include <QBuffer>
+#include <QDBusMessage>
+#include <QImage>
+#include <QSet>
+#include <gmock/gmock.h>
+
+#include <algorithm>
+
+namespace {
+
+/// Before the application is registered, since that chooses the service: a sandbox that keeps the notification service
+/// from us, as there is none.
+struct Sandbox
+{
+    Sandbox() { qputenv("SNAP", "/snap/client/1"); }
+};
+
+class PortalTest : Sandbox, public ServiceTest
+{
+protected:
+    static std::unique_ptr<ServiceProcess> startPortal(const QStringList& options = {})
+    {
+        auto portal = std::make_unique<ServiceProcess>(QStringList{QStringLiteral("portal")} + options);
+        EXPECT_TRUE(waitFor([&] { return portal->wrote(QStringLiteral("ready")); }));
+        EXPECT_TRUE(waitFor([] { return zepaPopupService() == ZepaPopupService::There; }));
+        return portal;
+    }
+    static QList<QJsonObject> added(ServiceProcess& portal) { return portal.calls(QStringLiteral("AddNotification")); }
+    static QStringList removed(ServiceProcess& portal)
+    {
+        QStringList ids;
+        for (const QJsonObject& call : portal.calls(QStringLiteral("RemoveNotification")))
+            ids.append(call[QStringLiteral("id")].toString());
+        return ids;
+    }
+    static QString idOf(ServiceProcess& portal, int number)
+    {
+        return added(portal).value(number - 1)[QStringLiteral("id")].toString();
+    }
+    static bool waitForAdded(ServiceProcess& portal, int count)
+    {
+        return waitFor([&] { return added(portal).size() >= count; });
+    }
+    static bool waitForAnswers(std::size_t count)
+    {
+        return waitFor([count] { return answers().size() >= count; });
+    }
+    /// Everything that was posted was taken or refused.
+    static bool waitUntilSettled()
+    {
+        return waitFor([] { return zepaPopupsOnTheirWay() == 0; });
+    }
+    /// Posts one more, clicks it and waits for that: by then everything before it has arrived too.
+    static void letEverythingCome(ServiceProcess& portal)
+    {
+        const auto count = static_cast<int>(added(portal).size()) + 1;
+        postClickable("last");
+        ASSERT_TRUE(waitForAdded(portal, count));
+        portal.tell(QStringLiteral("click %1").arg(count));
+        ASSERT_TRUE(waitFor([] { return !answers().empty() && answers().back() == "clicked last"; }));
+        answers().pop_back();
+    }
+};
+
+QByteArray tokenInCallBack;
+
+void noteToken(CFPropertyListRef /*context*/)
+{
+    tokenInCallBack = qgetenv("XDG_ACTIVATION_TOKEN");
+}
+
+QByteArray pngOf(int side)
+{
+    QImage image(side, side, QImage::Format_RGB32);
+    image.fill(Qt::green);
+    QByteArray bytes;
+    QBuffer buffer(&bytes);
+    buffer.open(QIODevice::WriteOnly);
+    image.save(&buffer, "PNG");
+    return bytes;
+}
+
+} // namespace
+
+TEST_F(PortalTest, ShowsAPostingInTheTypesOfTheInterface)
+{
+    const auto portal = startPortal();
+    TestPosting posting;
+    posting.title = QStringLiteral("<Ann>");
+    posting.text = QStringLiteral("a < b & c");
+    posting.context = "a";
+    posting.icon = pngOf(300);
+    posting.priority = 2;
+    post(posting);
+    ASSERT_TRUE(waitForAdded(*portal, 1));
+    const QJsonObject call = added(*portal).first();
+    EXPECT_EQ(call[QStringLiteral("signature")], QStringLiteral("sa{sv}"));
+    // A portal of the first version refuses everything else.
+    const QJsonObject types{{QStringLiteral("title"), QStringLiteral("s")},
+                            {QStringLiteral("body"), QStringLiteral("s")},
+                            {QStringLiteral("priority"), QStringLiteral("s")},
+                            {QStringLiteral("icon"), QStringLiteral("(sv)")},
+                            {QStringLiteral("default-action"), QStringLiteral("s")}};
+    EXPECT_EQ(call[QStringLiteral("types")].toObject(), types);
+    const QJsonObject values = call[QStringLiteral("values")].toObject();
+    EXPECT_EQ(values[QStringLiteral("title")], QStringLiteral("<Ann>"));
+    EXPECT_EQ(values[QStringLiteral("body")], QStringLiteral("a < b & c"));
+    EXPECT_EQ(values[QStringLiteral("priority")], QStringLiteral("urgent"));
+    EXPECT_EQ(values[QStringLiteral("default-action")], QStringLiteral("default"));
+    const QJsonObject icon{{QStringLiteral("kind"), QStringLiteral("bytes")},
+                           {QStringLiteral("width"), 128},
+                           {QStringLiteral("height"), 128}};
+    EXPECT_EQ(call[QStringLiteral("icon")].toObject(), icon);
+}
+
+TEST_F(PortalTest, OffersNoActionWhereAClickMeansNothing)
+{
+    const auto portal = startPortal();
+    post({});
+    ASSERT_TRUE(waitForAdded(*portal, 1));
+    const QJsonObject values = added(*portal).first()[QStringLiteral("values")].toObject();
+    EXPECT_FALSE(values.contains(QStringLiteral("default-action")));
+    EXPECT_FALSE(values.contains(QStringLiteral("icon")));
+}
+
+TEST_F(PortalTest, SaysMoreToAPortalOfTheSecondVersion)
+{
+    const auto portal = startPortal({QStringLiteral("version-2")});
+    zepaSetPopupKind(QStringLiteral("Message"), {.category = QStringLiteral("im.received"), .isTransient = true});
+    zepaSetPopupKind(QStringLiteral("Mail"), {.category = QStringLiteral("email.arrived"), .isTransient = false});
+    post({});
+    TestPosting mail;
+    mail.name = QStringLiteral("Mail");
+    post(mail);
+    ASSERT_TRUE(waitForAdded(*portal, 2));
+    const QJsonObject message = added(*portal).first()[QStringLiteral("values")].toObject();
+    EXPECT_EQ(message[QStringLiteral("category")], QStringLiteral("im.received"));
+    EXPECT_EQ(message[QStringLiteral("sound")], QStringLiteral("silent"));
+    EXPECT_EQ(added(*portal).first()[QStringLiteral("types")][QStringLiteral("display-hint")], QStringLiteral("as"));
+    // One that the portal does not list could be an error.
+    const QJsonObject other = added(*portal).last()[QStringLiteral("values")].toObject();
+    EXPECT_FALSE(other.contains(QStringLiteral("category")));
+    EXPECT_FALSE(other.contains(QStringLiteral("display-hint")));
+}
+
+TEST_F(PortalTest, TakesAPortalThatTellsNoVersionForTheFirst)
+{
+    const auto portal = startPortal({QStringLiteral("no-version")});
+    post({});
+    ASSERT_TRUE(waitForAdded(*portal, 1));
+    EXPECT_FALSE(added(*portal).first()[QStringLiteral("values")].toObject().contains(QStringLiteral("sound")));
+    // And asks no more, until there is another one.
+    post({});
+    ASSERT_TRUE(waitForAdded(*portal, 2));
+    EXPECT_EQ(portal->calls(QStringLiteral("GetAll")).size(), 1);
+}
+
+TEST_F(PortalTest, SendsWhatItHeldToAPortalThatNeverTellsItsVersion)
+{
+    const auto portal = startPortal({QStringLiteral("mute-version")});
+    postClickable("a");
+    postClickable("b");
+    ASSERT_TRUE(waitForAdded(*portal, 2));
+    ASSERT_TRUE(waitUntilSettled());
+    EXPECT_EQ(answers(), Answers{});
+}
+
+TEST_F(PortalTest, ReportsAClickOnceAndRemovesThePopup)
+{
+    const auto portal = startPortal();
+    postClickable("a");
+    postClickable("b");
+    ASSERT_TRUE(waitForAdded(*portal, 2));
+    ASSERT_TRUE(waitUntilSettled());
+    portal->tell(QStringLiteral("click 1\nclick 1"));
+    ASSERT_TRUE(waitForAnswers(1));
+    ASSERT_TRUE(waitFor([&] { return !removed(*portal).isEmpty(); }));
+    EXPECT_EQ(removed(*portal), QStringList{idOf(*portal, 1)});
+    letEverythingCome(*portal);
+    EXPECT_EQ(answers(), Answers{"clicked a"});
+}
+
+TEST_F(PortalTest, TakesAClickThatComesBeforeTheReply)
+{
+    const auto portal = startPortal({QStringLiteral("click-first")});
+    postClickable("a");
+    ASSERT_TRUE(waitForAnswers(1));
+    EXPECT_EQ(answers(), Answers{"clicked a"});
+}
+
+TEST_F(PortalTest, TakesOnlyTheClickForAClick)
+{
+    const auto portal = startPortal();
+    postClickable("a");
+    ASSERT_TRUE(waitForAdded(*portal, 1));
+    portal->tell(QStringLiteral("invoke 1 another"));
+    letEverythingCome(*portal);
+    EXPECT_EQ(answers(), Answers{});
+}
+
+TEST_F(PortalTest, HandsOnTheActivationToken)
+{
+    const auto portal = startPortal();
+    TestPosting posting;
+    posting.context = "a";
+    posting.clickCallBack = noteToken;
+    post(posting);
+    ASSERT_TRUE(waitForAdded(*portal, 1));
+    portal->tell(QStringLiteral("token 1 abc"));
+    EXPECT_TRUE(waitFor([] { return tokenInCallBack == "abc"; }));
+}
+
+TEST_F(PortalTest, TakesAClickWithAnOddTokenForOneWithout)
+{
+    const auto portal = startPortal();
+    postClickable("a");
+    ASSERT_TRUE(waitForAdded(*portal, 1));
+    portal->tell(QStringLiteral("odd-token 1"));
+    ASSERT_TRUE(waitForAnswers(1));
+    EXPECT_EQ(answers(), Answers{"clicked a"});
+    EXPECT_FALSE(qEnvironmentVariableIsSet("XDG_ACTIVATION_TOKEN"));
+}
+
+TEST_F(PortalTest, GivesEachPopupAnIdOfItsOwn)
+{
+    const auto portal = startPortal();
+    constexpr int count = 200; // more than may be under way at once
+    for (int number = 0; number < count; ++number)
+        post({});
+    ASSERT_TRUE(waitForAdded(*portal, count));
+    QSet<QString> ids;
+    for (const QJsonObject& call : added(*portal))
+        ids.insert(call[QStringLiteral("id")].toString());
+    EXPECT_EQ(ids.size(), count);
+    EXPECT_EQ(portal->calls(QStringLiteral("GetAll")).size(), 1);
+}
+
+TEST_F(PortalTest, CountsARefusedPopupAsTimedOut)
+{
+    const auto portal = startPortal({QStringLiteral("refuse")});
+    postClickable("a");
+    ASSERT_TRUE(waitForAnswers(1));
+    EXPECT_EQ(answers(), Answers{"timed out a"});
+}
+
+TEST_F(PortalTest, CountsPopupsOfAPortalThatEndsAsTimedOutAndShowsLaterOnesByTheNext)
+{
+    auto portal = startPortal();
+    postClickable("a");
+    ASSERT_TRUE(waitForAdded(*portal, 1));
+    ASSERT_TRUE(waitUntilSettled());
+    const QString first = idOf(*portal, 1);
+    portal->kill();
+    ASSERT_TRUE(waitForAnswers(1));
+    EXPECT_EQ(answers(), Answers{"timed out a"});
+    EXPECT_TRUE(waitFor([] { return zepaPopupService() == ZepaPopupService::None; }));
+    portal = startPortal({QStringLiteral("version-2")});
+    postClickable("b");
+    ASSERT_TRUE(waitForAdded(*portal, 1));
+    EXPECT_NE(idOf(*portal, 1), first);
+    // It is asked anew what it can do.
+    EXPECT_TRUE(added(*portal).first()[QStringLiteral("values")].toObject().contains(QStringLiteral("sound")));
+    portal->tell(QStringLiteral("click 1"));
+    ASSERT_TRUE(waitForAnswers(2));
+    EXPECT_EQ(answers(), (Answers{"timed out a", "clicked b"}));
+}
+
+TEST_F(PortalTest, BelievesNoClickOfAnotherConnection)
+{
+    const auto portal = startPortal();
+    postClickable("a");
+    ASSERT_TRUE(waitForAdded(*portal, 1));
+    ASSERT_TRUE(waitUntilSettled());
+    const QString id = idOf(*portal, 1);
+    const QString us = added(*portal).first()[QStringLiteral("sender")].toString();
+    for (const QString& receiver : {us, QString()}) {
+        QDBusMessage click = QDBusMessage::createTargetedSignal(
+            receiver, QStringLiteral("/org/freedesktop/portal/desktop"),
+            QStringLiteral("org.freedesktop.portal.Notification"), QStringLiteral("ActionInvoked"));
+        emitFromAStranger(click, {id, QStringLiteral("default"), QVariant(QVariantList())});
+    }
+    letEverythingCome(*portal);
+    EXPECT_EQ(answers(), Answers{});
+    portal->tell(QStringLiteral("click 1"));
+    ASSERT_TRUE(waitForAnswers(1));
+    EXPECT_EQ(answers(), Answers{"clicked a"});
+}
+
+TEST_F(PortalTest, RemovesTheOldestWhenMoreThanAThousandWait)
+{
+    const auto portal = startPortal();
+    constexpr int limit = 1000;
+    for (int number = 1; number <= limit; ++number) {
+        postClickable(std::to_string(number));
+        // Not more at once than are held, and in rounds, so that none is given up on its way.
+        if (number % 100 == 0) {
+            ASSERT_TRUE(waitUntilSettled());
+        }
+    }
+    EXPECT_EQ(answers(), Answers{});
+    postClickable("one more");
+    ASSERT_TRUE(waitForAnswers(1));
+    EXPECT_EQ(answers(), Answers{"timed out 1"});
+    ASSERT_TRUE(waitFor([&] { return !removed(*portal).isEmpty(); }));
+    EXPECT_EQ(removed(*portal), QStringList{idOf(*portal, 1)});
+}
+
+TEST_F(PortalTest, RemovesPopupsThatAreWithdrawn)
+{
+    const auto portal = startPortal();
+    TestPosting posting;
+    posting.title = QStringLiteral("Ann");
+    post(posting);
+    posting.title = QStringLiteral("Bob");
+    post(posting);
+    ASSERT_TRUE(waitForAdded(*portal, 2));
+    ASSERT_TRUE(waitUntilSettled());
+    zepaWithdrawPopups(QStringLiteral("Message"), QStringLiteral("Bob"));
+    ASSERT_TRUE(waitFor([&] { return !removed(*portal).isEmpty(); }));
+    EXPECT_EQ(removed(*portal), QStringList{idOf(*portal, 2)});
+}
+
+TEST_F(PortalTest, GivesUpAPortalThatIsStuckAndGoesOnWhenItWakes)
+{
+    const auto portal = startPortal();
+    postClickable("first");
+    ASSERT_TRUE(waitForAdded(*portal, 1));
+    ASSERT_TRUE(waitUntilSettled());
+    portal->stop();
+    // Those under way, a thousand held, and more; but no more that wait for an answer than may wait.
+    constexpr int count = 900;
+    for (int number = 1; number <= count; ++number)
+        postClickable("x");
+    for (int number = 1; number <= 300; ++number)
+        post({});
+    // Nothing was told from inside of posting, and each of them is told within the limits.
+    ASSERT_TRUE(waitUntilSettled());
+    ASSERT_TRUE(waitForAnswers(count));
+    EXPECT_EQ(std::count(answers().begin(), answers().end(), "timed out x"), count);
+    portal->resume();
+    // Some fifty were on their way to it. They come late, and go again.
+    ASSERT_TRUE(waitFor([&] { return removed(*portal).size() >= 50; }));
+    EXPECT_LE(added(*portal).size(), 70);
+    answers().clear();
+    letEverythingCome(*portal);
+    portal->tell(QStringLiteral("click 1"));
+    ASSERT_TRUE(waitForAnswers(1));
+    EXPECT_EQ(answers(), Answers{"clicked first"});
+}
+
+TEST_F(PortalTest, CountsPopupsAsTimedOutWhenTheBusGoes)
+{
+    const auto portal = startPortal();
+    postClickable("a");
+    ASSERT_TRUE(waitForAdded(*portal, 1));
+    ASSERT_TRUE(waitUntilSettled());
+    killBus();
+    ASSERT_TRUE(waitForAnswers(1));
+    EXPECT_TRUE(waitFor([] { return zepaPopupService() == ZepaPopupService::NoBus; }));
+    postClickable("b");
+    ASSERT_TRUE(waitForAnswers(2));
+    EXPECT_EQ(answers(), (Answers{"timed out a", "timed out b"}));
+}
+
+TEST_F(PortalTest, WithoutAPortalThereIsNoService)
+{
+    EXPECT_TRUE(waitFor([] { return zepaPopupService() == ZepaPopupService::None; }));
+    postClickable("a");
+    ASSERT_TRUE(waitForAnswers(1));
+    EXPECT_EQ(answers(), Answers{"timed out a"});
+}
