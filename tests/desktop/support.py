@@ -10,7 +10,7 @@ import unittest
 ROOT = pathlib.Path(__file__).resolve().parents[2]
 sys.path.insert(0, str(ROOT / "tools"))
 
-from virtualdesktop import screen  # noqa: E402  (the path above comes first)
+from virtualdesktop import bus, screen  # noqa: E402  (the path above comes first)
 from virtualdesktop.desktop import VirtualDesktop  # noqa: E402
 from virtualdesktop.notification_services import SERVICES  # noqa: E402
 
