@@ -1,10 +1,9 @@
 // SPDX-License-Identifier: Apache-2.0
 // The limit: a bare asynchronous call of QtDBus with the arguments that the library would send, and nothing around it.
 // Pictures are decoded before the call, each once.
+#include "notify_image.h"
 #include "poster.h"
 #include "qt_loop.h"
-
-#include "freedesktop/notify_image.h"
 
 #include <QApplication>
 #include <QDBusConnection>
@@ -19,8 +18,6 @@
 #include <optional>
 
 namespace {
-
-using zepa::freedesktop::NotifyImage;
 
 class LimitPoster : public Poster
 {

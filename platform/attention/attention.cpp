@@ -31,9 +31,8 @@ public:
 private:
     void tellLauncher(bool urgent)
     {
-        m_launcher.send(attention::launcherUpdate(
-            attention::launcherAddress(QGuiApplication::desktopFileName(), QGuiApplication::applicationName()),
-            urgent));
+        m_launcher.tell(
+            attention::launcherAddress(QGuiApplication::desktopFileName(), QGuiApplication::applicationName()), urgent);
     }
 
     attention::WindowAlert m_alert;

@@ -1,12 +1,9 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "attention/launcher_entry.h"
 
-#include <QDBusConnection>
-#include <QVariantMap>
-
-#include <utility>
-
 namespace attention {
+
+using zepa::bus::Connection;
 
 QString launcherAddress(const QString& desktopFileName, const QString& applicationName)
 {
@@ -17,37 +14,30 @@ QString launcherAddress(const QString& desktopFileName, const QString& applicati
     return QStringLiteral("application://") + name;
 }
 
-QDBusMessage launcherUpdate(const QString& address, bool urgent)
+void Launcher::tell(const QString& address, bool isUrgent)
 {
-    QDBusMessage update =
-        QDBusMessage::createSignal(QStringLiteral("/com/canonical/Unity/LauncherEntry/1"),
-                                   QStringLiteral("com.canonical.Unity.LauncherEntry"), QStringLiteral("Update"));
-    update << address << QVariantMap{{QStringLiteral("urgent"), urgent}};
-    return update;
+    m_address = address;
+    m_isUrgent = isUrgent;
+    m_isWaiting = true;
+    if (m_connection.isNull()) {
+        m_connection = Connection::shared();
+        if (m_connection.isNull())
+            return;
+        connect(m_connection, &Connection::opened, this, &Launcher::send);
+    }
+    m_connection->open();
+    send();
 }
 
-Launcher::Launcher()
+void Launcher::send()
 {
-    connect(&m_bus, &zepa::bus::SessionBus::opened, this, &Launcher::sendWaiting);
-    connect(&m_bus, &zepa::bus::SessionBus::closed, this, [this] { m_waiting.clear(); });
-}
-
-void Launcher::send(const QDBusMessage& update)
-{
-    if (!m_bus.open())
+    if (!m_isWaiting || !m_connection->isOpen())
         return;
-    m_waiting.append(update);
-    if (m_waiting.size() > waitingLimit)
-        m_waiting.removeFirst();
-    sendWaiting();
-}
-
-void Launcher::sendWaiting()
-{
-    if (!m_bus.isOpen())
-        return;
-    for (const QDBusMessage& update : std::exchange(m_waiting, {}))
-        m_bus.connection().send(update);
+    m_isWaiting = false;
+    zepa::bus::Message update =
+        m_connection->newSignal("/com/canonical/Unity/LauncherEntry/1", "com.canonical.Unity.LauncherEntry", "Update");
+    update.append(m_address).openArray("{sv}").appendEntry("urgent", m_isUrgent).close();
+    m_connection->send(update);
 }
 
 } // namespace attention

@@ -1,11 +1,10 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
-#include "bus/session_bus.h"
+#include <zepa_platform/bus.h>
 
-#include <QDBusMessage>
-#include <QList>
 #include <QObject>
+#include <QPointer>
 #include <QString>
 
 namespace attention {
@@ -14,28 +13,22 @@ namespace attention {
 /// without its ending, or else the application's name in lower case.
 QString launcherAddress(const QString& desktopFileName, const QString& applicationName);
 
-/// The signal that docks listen to.
-QDBusMessage launcherUpdate(const QString& address, bool urgent);
-
-/// Sends updates over the session bus, in the order given. Returns at once: what is said before the bus has answered
-/// for the first time leaves with the event loop. Without a bus an update is lost.
+/// Tells docks over the session bus whether the application is urgent. Returns at once: while the bus has not answered,
+/// or there is none, the last state waits for it.
 class Launcher : public QObject
 {
     Q_OBJECT
 
 public:
-    /// So many updates wait for the bus at most; beyond that the oldest is lost.
-    static constexpr qsizetype waitingLimit = 100;
-
-    Launcher();
-
-    void send(const QDBusMessage& update);
+    void tell(const QString& address, bool isUrgent);
 
 private:
-    void sendWaiting();
+    void send();
 
-    zepa::bus::SessionBus m_bus;
-    QList<QDBusMessage> m_waiting;
+    QPointer<zepa::bus::Connection> m_connection; ///< null until something was to be told
+    QString m_address;
+    bool m_isUrgent = false;
+    bool m_isWaiting = false;
 };
 
 } // namespace attention

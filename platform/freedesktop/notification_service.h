@@ -1,12 +1,17 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
-#include "bus_link.h"
 #include "growl/popup_service.h"
 #include "outbox.h"
+#include "quiet_watch.h"
+
+#include <zepa_platform/bus.h>
 
 #include <QHash>
 #include <QString>
+
+#include <array>
+#include <optional>
 
 namespace zepa::freedesktop {
 
@@ -16,20 +21,27 @@ class NotificationService final : public growl::PopupService
     Q_OBJECT
 
 public:
-    NotificationService();
+    /// `connection` must outlive the service.
+    explicit NotificationService(bus::Connection& connection = *bus::Connection::shared());
 
     ZepaPopupService state() override;
+    ZepaDoNotDisturb doNotDisturb() override;
     void post(const growl::PopupPosting& posting, growl::Ticket ticket) override;
-    void close(growl::PopupId id) override { m_link.closeNotification(static_cast<quint32>(id)); }
+    void close(growl::PopupId id) override;
 
 private:
-    void onActionInvoked(quint32 id, const QString& key);
-    void onActivationToken(quint32 id, const QString& token);
+    bus::Registration listen(const char* signal, void (NotificationService::*handler)(const bus::Message&));
+    void onActionInvoked(const bus::Message& signal);
+    void onActivationToken(const bus::Message& signal);
+    void onNotificationClosed(const bus::Message& signal);
 
-    BusLink m_link;
+    bus::Connection& m_connection;
+    bus::ServiceWatcher m_watcher;
     Outbox m_outbox;
-    QHash<quint32, QString> m_tokens; ///< activation tokens of clicks that are still to come, by pop-up
+    std::optional<QuietWatch> m_quietWatch; ///< once somebody has asked
+    QHash<quint32, QString> m_tokens;       ///< activation tokens of clicks that are still to come, by pop-up
     static constexpr qsizetype tokenLimit = 100;
+    const std::array<bus::Registration, 3> m_listening;
 };
 
 } // namespace zepa::freedesktop

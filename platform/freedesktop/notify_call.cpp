@@ -2,25 +2,57 @@
 #include "notify_call.h"
 
 #include "bus_text.h"
-#include "notify_image.h"
 
+#include <QByteArray>
 #include <QGuiApplication>
 #include <QIcon>
+
+#include <cstdint>
 
 namespace zepa::freedesktop {
 
 namespace {
 
 constexpr qsizetype nameLimit = 255;
-constexpr int neverExpires = 0;
-constexpr int expiresAsTheServiceLikes = -1;
+constexpr std::uint32_t replacesNone = 0;
+constexpr std::int32_t neverExpires = 0;
+constexpr std::int32_t expiresAsTheServiceLikes = -1;
 
 /// Services ignore an urgency that is not a byte.
-uchar urgency(int priority)
+std::uint8_t urgency(int priority)
 {
     if (priority < 0)
         return 0;
     return priority < 2 ? 1 : 2;
+}
+
+/// "image-data", (iiibiiay): 8 bits for each of red, green, blue and alpha. Posted pictures have the one format of Qt's
+/// whose rows are never padded: services refuse padded rows.
+void appendImage(bus::Message& hints, const QImage& image)
+{
+    constexpr std::int32_t bitsPerSample = 8;
+    constexpr std::int32_t channels = 4;
+    hints.openEntry("sv").append("image-data").openVariant("(iiibiiay)").openStruct("iiibiiay");
+    hints.append(std::int32_t{image.width()}).append(std::int32_t{image.height()});
+    hints.append(channels * image.width()).append(true).append(bitsPerSample).append(channels);
+    hints.append(QByteArray::fromRawData(reinterpret_cast<const char*>(image.constBits()), image.sizeInBytes()));
+    hints.close().close().close();
+}
+
+void appendHints(bus::Message& call, const growl::PopupPosting& posting, const Sender& sender)
+{
+    call.openArray("{sv}").appendEntry("urgency", urgency(posting.priority));
+    if (!sender.desktopEntry.isEmpty())
+        call.appendEntry("desktop-entry", busText(sender.desktopEntry, nameLimit));
+    if (!posting.icon.isNull())
+        appendImage(call, posting.icon);
+    if (!posting.wantsSound)
+        call.appendEntry("suppress-sound", true);
+    if (!posting.kind.category.isEmpty())
+        call.appendEntry("category", busText(posting.kind.category, nameLimit));
+    if (posting.kind.isTransient)
+        call.appendEntry("transient", true);
+    call.close();
 }
 
 } // namespace
@@ -39,34 +71,29 @@ Capabilities Capabilities::fromNames(const QStringList& names)
     return {names.contains(QStringLiteral("body-markup")), names.contains(QStringLiteral("actions"))};
 }
 
-QVariantList NotifyCall::arguments() const
+growl::PopupPosting cutToSize(growl::PopupPosting posting)
 {
-    return {applicationName, replacesId, applicationIcon, summary, body, actions, hints, expireTimeout};
+    posting.applicationName = busText(posting.applicationName, nameLimit);
+    posting.title = busText(posting.title, summaryLimit);
+    posting.text = busText(posting.text, bodyLimit);
+    posting.clickLabel = busText(posting.clickLabel, nameLimit);
+    posting.kind.category = busText(posting.kind.category, nameLimit);
+    return posting;
 }
 
-NotifyCall notifyCall(const growl::PopupPosting& posting, const Sender& sender, const Capabilities& capabilities)
+void appendNotify(bus::Message& call, const growl::PopupPosting& posting, const Sender& sender,
+                  const Capabilities& capabilities)
 {
-    NotifyCall call;
-    call.applicationName = busText(posting.applicationName, nameLimit);
-    call.applicationIcon = busText(sender.icon, nameLimit);
-    call.summary = busText(posting.title, summaryLimit);
-    call.body = busText(posting.text, bodyLimit, capabilities.bodyMarkup ? Markup::Escaped : Markup::None);
+    call.append(busText(posting.applicationName, nameLimit)).append(replacesNone);
+    call.append(busText(sender.icon, nameLimit)).append(busText(posting.title, summaryLimit));
+    call.append(busText(posting.text, bodyLimit, capabilities.bodyMarkup ? Markup::Escaped : Markup::None));
+    call.openArray("s");
     // One that lists no actions may open a dialog in the way of everything for them.
     if (posting.clickable && capabilities.actions)
-        call.actions = {QStringLiteral("default"), busText(posting.clickLabel, nameLimit)};
-    call.hints.insert(QStringLiteral("urgency"), QVariant::fromValue(urgency(posting.priority)));
-    if (!sender.desktopEntry.isEmpty())
-        call.hints.insert(QStringLiteral("desktop-entry"), busText(sender.desktopEntry, nameLimit));
-    if (!posting.icon.isNull())
-        call.hints.insert(QStringLiteral("image-data"), QVariant::fromValue(NotifyImage::fromImage(posting.icon)));
-    if (!posting.wantsSound)
-        call.hints.insert(QStringLiteral("suppress-sound"), true);
-    if (!posting.kind.category.isEmpty())
-        call.hints.insert(QStringLiteral("category"), busText(posting.kind.category, nameLimit));
-    if (posting.kind.isTransient)
-        call.hints.insert(QStringLiteral("transient"), true);
-    call.expireTimeout = posting.sticky ? neverExpires : expiresAsTheServiceLikes;
-    return call;
+        call.append("default").append(busText(posting.clickLabel, nameLimit));
+    call.close();
+    appendHints(call, posting, sender);
+    call.append(posting.sticky ? neverExpires : expiresAsTheServiceLikes);
 }
 
 } // namespace zepa::freedesktop

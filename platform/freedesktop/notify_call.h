@@ -3,10 +3,10 @@
 
 #include "growl/popup_service.h"
 
+#include <zepa_platform/bus.h>
+
 #include <QString>
 #include <QStringList>
-#include <QVariantList>
-#include <QVariantMap>
 
 namespace zepa::freedesktop {
 
@@ -30,23 +30,13 @@ struct Capabilities
     static Capabilities fromNames(const QStringList& names);
 };
 
-/// The arguments of one call of Notify.
-struct NotifyCall
-{
-    QString applicationName;
-    quint32 replacesId = 0;
-    QString applicationIcon;
-    QString summary;
-    QString body;
-    QStringList actions;
-    QVariantMap hints;
-    int expireTimeout = -1; ///< in milliseconds; -1 as the service likes, 0 never
+/// `posting` with every text that is longer than what a pop-up shows cut, so that it can wait without holding
+/// megabytes.
+growl::PopupPosting cutToSize(growl::PopupPosting posting);
 
-    /// In the order and with the types of the interface (susssasa{sv}i).
-    QVariantList arguments() const;
-};
-
-/// How `posting` is said to a service that can do `capabilities`. Every text comes out fit for the bus.
-NotifyCall notifyCall(const growl::PopupPosting& posting, const Sender& sender, const Capabilities& capabilities);
+/// Appends the arguments of Notify (susssasa{sv}i): how `posting` is said to a service that can do `capabilities`.
+/// Every text comes out fit for the bus.
+void appendNotify(bus::Message& call, const growl::PopupPosting& posting, const Sender& sender,
+                  const Capabilities& capabilities);
 
 } // namespace zepa::freedesktop

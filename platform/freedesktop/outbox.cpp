@@ -1,109 +1,168 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "outbox.h"
 
-#include "bus_link.h"
-#include "bus_text.h"
 #include "freedesktop_log.h"
+#include "service_address.h"
 
+#include <algorithm>
 #include <utility>
 
 namespace zepa::freedesktop {
 
-Outbox::Outbox(BusLink& link) : m_link(link)
+Outbox::Outbox(bus::Connection& connection, const bus::ServiceWatcher& watcher, int capabilitiesAge)
+    : m_connection(connection), m_watcher(watcher), m_capabilitiesAge(capabilitiesAge)
 {
-    m_holdLimit.setSingleShot(true);
-    m_holdLimit.setInterval(BusLink::callLimit);
-    connect(&m_holdLimit, &QTimer::timeout, this, &Outbox::release);
-    connect(&m_link, &BusLink::ownerChanged, this,
-            [this](const QString& /*oldOwner*/, const QString& newOwner) { onOwnerChanged(newOwner); });
+    constexpr int lookEvery = 1000;
+    m_clock.start();
+    m_overdue.setInterval(lookEvery);
+    connect(&m_overdue, &QTimer::timeout, this, &Outbox::giveUpOverdue);
+    connect(&m_watcher, &bus::ServiceWatcher::ownerChanged, this, &Outbox::onOwnerChanged);
+    connect(&m_connection, &bus::Connection::opened, this, [this] {
+        m_mustAsk = !m_held.isEmpty();
+        goOn();
+    });
+    connect(&m_connection, &bus::Connection::closed, this, &Outbox::onClosed);
+    connect(&m_connection, &bus::Connection::roomForCalls, this, &Outbox::goOn);
 }
 
-void Outbox::post(growl::PopupPosting posting, growl::Ticket ticket)
+void Outbox::post(const growl::PopupPosting& posting, growl::Ticket ticket)
 {
-    // Cut here already, so that a posting that is held does not hold megabytes.
-    posting.title = busText(posting.title, summaryLimit);
-    posting.text = busText(posting.text, bodyLimit);
-    if (!m_capabilities && !m_asking)
-        askCapabilities();
-    if (!m_holding) {
-        send(posting, ticket);
+    if (m_connection.state() == bus::Connection::State::Closed) {
+        Q_EMIT notShown(ticket);
         return;
     }
-    m_held.append({std::move(posting), ticket});
-    if (!m_holdLimit.isActive())
-        m_holdLimit.start();
-    if (m_held.size() > heldLimit)
+    const bool isKnown = m_capabilities && m_clock.elapsed() - m_askedAt < m_capabilitiesAge;
+    m_mustAsk = m_mustAsk || (!m_isAsking && !isKnown);
+    // As long as there is no owner, this may be the posting that starts it.
+    if (!m_capabilities && m_held.isEmpty() && m_watcher.owner().isEmpty())
+        m_isHolding = true;
+    if (m_isHolding || !m_held.isEmpty() || !m_connection.canCall())
+        hold(posting, ticket);
+    else
+        send(posting, ticket);
+    if (m_mustAsk)
+        askCapabilities();
+}
+
+void Outbox::hold(const growl::PopupPosting& posting, growl::Ticket ticket)
+{
+    m_held.append({cutToSize(posting), ticket, m_clock.elapsed()});
+    if (!m_overdue.isActive())
+        m_overdue.start();
+    while (m_held.isOverfull())
         Q_EMIT notShown(m_held.takeFirst().ticket);
 }
 
-void Outbox::onOwnerChanged(const QString& newOwner)
+void Outbox::giveUpOverdue()
+{
+    // The bus's answer, and the service's to the question, have limits of their own.
+    const bool isWaiting = m_connection.isOpen() && !(m_isHolding && m_isAsking);
+    const qint64 before = m_clock.elapsed() - callLimit;
+    while (isWaiting && !m_held.isEmpty() && std::max(m_held.first().since, m_lastWord) <= before)
+        Q_EMIT notShown(m_held.takeFirst().ticket);
+    if (m_held.isEmpty())
+        m_overdue.stop();
+}
+
+void Outbox::onClosed()
 {
     m_capabilities.reset();
-    m_holding = true;
-    // The owner that was asked is gone, and its error is no answer of the next one.
-    ++m_question;
-    m_asking = false;
-    if (!newOwner.isEmpty() || !m_held.isEmpty())
+    m_isHolding = true;
+    m_mustAsk = false;
+    while (!m_held.isEmpty())
+        Q_EMIT notShown(m_held.takeFirst().ticket);
+}
+
+void Outbox::onOwnerChanged(const QByteArray& oldOwner, const QByteArray& newOwner)
+{
+    m_capabilities.reset();
+    m_isHolding = true;
+    // A question that was asked while there was no owner is this one's to answer. Otherwise the owner that was asked is
+    // gone, and its error is no answer of the next one.
+    if (!oldOwner.isEmpty()) {
+        ++m_question;
+        m_isAsking = false;
+    }
+    m_mustAsk = !m_isAsking && (!newOwner.isEmpty() || !m_held.isEmpty());
+    goOn();
+}
+
+void Outbox::goOn()
+{
+    if (m_mustAsk)
         askCapabilities();
+    while (!m_isHolding && !m_held.isEmpty() && m_connection.canCall()) {
+        const HeldPostings::Held held = m_held.takeFirst();
+        send(held.posting, held.ticket);
+    }
 }
 
 void Outbox::askCapabilities()
 {
-    m_asking = true;
-    const quint64 question = ++m_question;
-    m_link.call(QStringLiteral("GetCapabilities"), {}, [this, question](const QDBusMessage& reply) {
-        if (question != m_question)
-            return;
-        m_asking = false;
-        const QVariant names = reply.arguments().value(0);
-        if (reply.type() == QDBusMessage::ReplyMessage && names.metaType() == QMetaType::fromType<QStringList>())
-            m_capabilities = Capabilities::fromNames(names.toStringList());
-        else
-            qCInfo(freedesktopLog) << "the notification service does not say what it can do:" << reply.errorName();
-        release();
-    });
+    if (!m_connection.canCall())
+        return;
+    m_mustAsk = false;
+    m_isAsking = true;
+    m_askedAt = m_clock.elapsed();
+    m_connection.call(m_connection.newCall(serviceName, servicePath, serviceName, "GetCapabilities"), this,
+                      [this, question = ++m_question](const bus::Message& reply) {
+                          if (question == m_question)
+                              onCapabilities(reply);
+                      },
+                      {.limit = callLimit});
 }
 
-void Outbox::release()
+void Outbox::onCapabilities(const bus::Message& reply)
 {
-    // As long as there is no owner, the next posting may be the one that starts it.
-    m_holding = !m_capabilities && m_link.owner().isEmpty();
-    m_holdLimit.stop();
-    for (const Held& held : std::exchange(m_held, {}))
-        send(held.posting, held.ticket);
+    QStringList names;
+    if (!reply.isError() && bus::MessageReader(reply).read(names))
+        m_capabilities = Capabilities::fromNames(names);
+    else
+        qCInfo(freedesktopLog) << "the notification service does not say what it can do:" << reply.errorName();
+    m_isAsking = false;
+    m_isHolding = false;
+    m_lastWord = m_clock.elapsed();
+    goOn();
 }
 
 void Outbox::send(const growl::PopupPosting& posting, growl::Ticket ticket)
 {
     // Of a service that has not answered, actions are assumed, and markup: seen as plain text it is ugly, the other way
     // round a text from outside would be run as markup.
-    const Capabilities usual{.bodyMarkup = true, .actions = true};
-    const NotifyCall call = notifyCall(posting, Sender::ofThisProgram(), m_capabilities.value_or(usual));
-    const auto reply = [this, ticket](const QDBusMessage& message) {
-        if (const quint32 id = idIn(message); id != 0) {
-            Q_EMIT shown(ticket, id);
-            return;
-        }
-        qCInfo(freedesktopLog) << "a pop-up was not shown:" << message.errorName();
-        Q_EMIT notShown(ticket);
-    };
-    BusLink::Reply late;
+    constexpr Capabilities usual{.bodyMarkup = true, .actions = true};
+    bus::Message call = m_connection.newCall(serviceName, servicePath, serviceName, "Notify");
+    appendNotify(call, posting, Sender::ofThisProgram(), m_capabilities.value_or(usual));
+    bus::CallOptions options{.limit = callLimit, .lateLimit = lateLimit};
     if (posting.clickable) {
-        late = [this, ticket](const QDBusMessage& message) {
-            if (const quint32 id = idIn(message); id != 0)
+        options.late = [this, ticket](const bus::Message& reply) {
+            if (const quint32 id = idIn(reply); id != 0)
                 Q_EMIT shown(ticket, id);
         };
     }
-    m_link.call(QStringLiteral("Notify"), call.arguments(), reply, std::move(late));
+    m_connection.call(
+        std::move(call), this, [this, ticket](const bus::Message& reply) { onReply(reply, ticket); },
+        std::move(options));
 }
 
-/// The id that the owner of the name gave a pop-up; 0 for none.
-quint32 Outbox::idIn(const QDBusMessage& reply)
+void Outbox::onReply(const bus::Message& reply, growl::Ticket ticket)
 {
-    const QVariant id = reply.arguments().value(0);
-    const bool shown = reply.type() == QDBusMessage::ReplyMessage && id.metaType() == QMetaType::fromType<uint>() &&
-                       m_link.isOwner(reply.service());
-    return shown ? id.toUInt() : 0;
+    if (const quint32 id = idIn(reply); id != 0) {
+        Q_EMIT shown(ticket, id);
+        return;
+    }
+    qCInfo(freedesktopLog) << "a pop-up was not shown:" << reply.errorName();
+    Q_EMIT notShown(ticket);
+}
+
+/// The id that the owner of the name gave a pop-up; 0 for none. Ids of an earlier owner mean nothing.
+quint32 Outbox::idIn(const bus::Message& reply)
+{
+    // An error of this process itself has no sender.
+    if (!reply.sender().isEmpty())
+        m_lastWord = m_clock.elapsed();
+    quint32 id = 0;
+    const bool isShown = !reply.isError() && reply.sender() == QLatin1StringView(m_watcher.owner());
+    return isShown && bus::MessageReader(reply).read(id) ? id : 0;
 }
 
 } // namespace zepa::freedesktop

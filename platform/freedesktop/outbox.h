@@ -1,10 +1,12 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include "held_postings.h"
 #include "notify_call.h"
 
-#include <QDBusMessage>
-#include <QList>
+#include <zepa_platform/bus.h>
+
+#include <QElapsedTimer>
 #include <QObject>
 #include <QTimer>
 
@@ -12,25 +14,29 @@
 
 namespace zepa::freedesktop {
 
-class BusLink;
-
 /// Postings on their way to the service, in their order.
 ///
-/// They are held until the service has said what it can do, which is asked again for each owner of the name, and for
-/// BusLink::callLimit at most: then they go out as to a service that understands markup. From then on no posting to
-/// this owner is held; it is asked again beside the next one that finds no question open.
+/// They are held while the bus has not answered, until the service has said what it can do, callLimit at most, and
+/// while as many calls are under way as the connection wants. Each owner of the name is asked anew what it can do; from
+/// its silence on no posting to it is held for that, and it is asked again beside the next one.
 class Outbox : public QObject
 {
     Q_OBJECT
 
 public:
-    /// At most so many postings are held; beyond that the oldest is given up.
-    static constexpr int heldLimit = 1000;
+    /// A call ends without a reply after this time; a posting that waits for room for its call, after this time without
+    /// a word from the service. In milliseconds.
+    static constexpr int callLimit = 5000;
+    /// So long a clickable pop-up that was given up is closed when the service shows it after all, in milliseconds.
+    static constexpr int lateLimit = 24 * 60 * 60 * 1000;
+    /// What a service can do changes with its settings: it is asked again beside a posting after this time, in
+    /// milliseconds.
+    static constexpr int usualCapabilitiesAge = 60000;
 
-    /// `link` must outlive the outbox.
-    explicit Outbox(BusLink& link);
+    /// `connection` and `watcher`, which follows the service's name, must outlive the outbox.
+    Outbox(bus::Connection& connection, const bus::ServiceWatcher& watcher, int capabilitiesAge = usualCapabilitiesAge);
 
-    void post(growl::PopupPosting posting, growl::Ticket ticket);
+    void post(const growl::PopupPosting& posting, growl::Ticket ticket);
 
 Q_SIGNALS:
     /// One of them for each ticket posted; for a clickable pop-up that came after all, shown() after notShown().
@@ -38,25 +44,30 @@ Q_SIGNALS:
     void notShown(zepa::growl::Ticket ticket);
 
 private:
-    struct Held
-    {
-        growl::PopupPosting posting;
-        growl::Ticket ticket = 0;
-    };
-
-    void onOwnerChanged(const QString& newOwner);
+    void onClosed();
+    void onOwnerChanged(const QByteArray& oldOwner, const QByteArray& newOwner);
+    void goOn();
+    void hold(const growl::PopupPosting& posting, growl::Ticket ticket);
+    void giveUpOverdue();
     void askCapabilities();
-    void release();
+    void onCapabilities(const bus::Message& reply);
     void send(const growl::PopupPosting& posting, growl::Ticket ticket);
-    quint32 idIn(const QDBusMessage& reply);
+    void onReply(const bus::Message& reply, growl::Ticket ticket);
+    quint32 idIn(const bus::Message& reply);
 
-    BusLink& m_link;
-    QList<Held> m_held;
-    QTimer m_holdLimit;
+    bus::Connection& m_connection;
+    const bus::ServiceWatcher& m_watcher;
+    const int m_capabilitiesAge;
+    HeldPostings m_held;
+    QTimer m_overdue; ///< while something is held
+    QElapsedTimer m_clock;
+    qint64 m_lastWord = 0; ///< when the service was heard of, by m_clock
     std::optional<Capabilities> m_capabilities;
-    bool m_holding = true;  ///< until the owner answered, or did not in time
+    qint64 m_askedAt = 0;
+    bool m_isHolding = true; ///< until the owner answered, or did not in time
+    bool m_mustAsk = false;  ///< as soon as there is room for the question
+    bool m_isAsking = false;
     quint64 m_question = 0; ///< counts them: only the last one's answer is about this owner
-    bool m_asking = false;
 };
 
 } // namespace zepa::freedesktop

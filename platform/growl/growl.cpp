@@ -8,7 +8,7 @@
 #include <QCoreApplication>
 #include <QThread>
 
-#include <memory>
+#include <utility>
 
 namespace {
 
@@ -22,16 +22,13 @@ Registration& registration()
     return *instance;
 }
 
-/// Lives and ends with the application object, whose end is the last moment at which the bus may be let go in order.
-std::unique_ptr<Session>& session()
-{
-    static std::unique_ptr<Session> instance;
-    return instance;
-}
+/// Ends with the application object, and not with the process: exit() may be called while it is in use, and when there
+/// is little left of what it stands on.
+Session* session = nullptr;
 
 void endSession()
 {
-    session().reset();
+    delete std::exchange(session, nullptr);
 }
 
 /// Null without an application object.
@@ -41,11 +38,11 @@ Session* startedSession()
     if (application == nullptr || QCoreApplication::closingDown())
         return nullptr;
     Q_ASSERT(QThread::currentThread() == application->thread());
-    if (!session()) {
-        session() = std::make_unique<Session>(registration(), zepa::growl::makePopupService());
+    if (session == nullptr) {
+        session = new Session(registration(), zepa::growl::makePopupService());
         qAddPostRoutine(endSession);
     }
-    return session().get();
+    return session;
 }
 
 } // namespace

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "event_loop.h"
 #include "fake_bus.h"
+#include "scripted_bus.h"
 
 #include <zepa_platform/attention.h>
 
@@ -33,4 +34,25 @@ TEST(Attention, IsHarmlessWithoutWindowsAndWithoutABus)
     zepaRequestAttention();
     zepaRequestAttention();
     QCoreApplication::processEvents();
+}
+
+TEST(Attention, TellsDocksOnlyTheLastStateOfTheTimeBeforeTheBusAnswered)
+{
+    const QTemporaryDir folder;
+    const QByteArray path = folder.filePath(QStringLiteral("bus")).toLocal8Bit();
+    ScriptedBus bus(path);
+    bus.answer("Hello", [&bus](sd_bus_message* call) { bus.keep(call); });
+    qputenv("DBUS_SESSION_BUS_ADDRESS", "unix:path=" + path);
+    // After a failed attempt the next one is made by itself.
+    ASSERT_TRUE(runUntil([&] {
+        zepaRequestAttention();
+        return !bus.kept().empty();
+    }));
+    zepaRequestAttention();
+    ScriptedBus::replyFrom("org.freedesktop.DBus", bus.kept().front().get(), ":1.7");
+    const QStringList once{QStringLiteral("application://attention_test.desktop")};
+    ASSERT_TRUE(runUntil([&] { return !bus.callsOf("Update").isEmpty(); }));
+    EXPECT_EQ(bus.callsOf("Update"), once);
+    zepaRequestAttention();
+    EXPECT_TRUE(runUntil([&] { return bus.callsOf("Update").size() == 2; })) << "an open bus hears each";
 }

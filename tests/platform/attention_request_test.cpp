@@ -2,8 +2,6 @@
 #include "attention/attention_request.h"
 #include "attention/launcher_entry.h"
 
-#include <QVariantMap>
-
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
@@ -90,17 +88,4 @@ TEST(LauncherEntry, IsTheApplicationsNameInLowerCaseWithoutADesktopFile)
 {
     EXPECT_EQ(attention::launcherAddress(QString(), QStringLiteral("Zepa")),
               QStringLiteral("application://zepa.desktop"));
-}
-
-TEST(LauncherEntry, IsUpdatedByASignalThatDocksKnow)
-{
-    const QDBusMessage update = attention::launcherUpdate(QStringLiteral("application://zepa.desktop"), true);
-    EXPECT_EQ(update.type(), QDBusMessage::SignalMessage);
-    EXPECT_EQ(update.path(), QStringLiteral("/com/canonical/Unity/LauncherEntry/1"));
-    EXPECT_EQ(update.interface(), QStringLiteral("com.canonical.Unity.LauncherEntry"));
-    EXPECT_EQ(update.member(), QStringLiteral("Update"));
-    const QVariantMap urgent = {{QStringLiteral("urgent"), true}};
-    EXPECT_EQ(update.arguments(), (QVariantList{QStringLiteral("application://zepa.desktop"), urgent}));
-    const QDBusMessage calm = attention::launcherUpdate(QStringLiteral("application://zepa.desktop"), false);
-    EXPECT_EQ(calm.arguments().at(1).toMap().value(QStringLiteral("urgent")), QVariant(false));
 }

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
-// Loads the library named by its argument, opens its connection and unloads it again, a hundred times, and goes on
-// handling events: what the library left behind must still be there.
+// Loads the library named by its argument, opens its connection, asks for the desktop's pop-ups and unloads it again, a
+// hundred times, and goes on handling events: what the library left behind must still be there.
 #include <QCoreApplication>
 #include <QTimer>
 
@@ -39,9 +39,14 @@ int main(int argc, char** argv)
         // zepa::bus::Connection::shared() and open().
         const auto shared = reinterpret_cast<void* (*)()>(dlsym(library, "_ZN4zepa3bus10Connection6sharedEv"));
         const auto open = reinterpret_cast<void (*)(void*)>(dlsym(library, "_ZN4zepa3bus10Connection4openEv"));
-        if (shared == nullptr || open == nullptr)
+        // zepaPopupService() and zepaDoNotDisturb().
+        const auto askService = reinterpret_cast<int (*)()>(dlsym(library, "_Z16zepaPopupServicev"));
+        const auto askQuiet = reinterpret_cast<int (*)()>(dlsym(library, "_Z16zepaDoNotDisturbv"));
+        if (shared == nullptr || open == nullptr || askService == nullptr || askQuiet == nullptr)
             return 2;
         open(shared());
+        askService();
+        askQuiet();
         dlclose(library);
         QCoreApplication::processEvents();
     }

@@ -4,6 +4,7 @@
 // Options, one argument each:
 //   markup              says that it understands markup; no-actions: does not say that it offers actions
 //   mute                never replies to anything; mute-capabilities: never to GetCapabilities
+//   mute-notify         never replies to Notify
 //   mute-first-capabilities   never replies to GetCapabilities before the first Notify
 //   late-capabilities   replies to GetCapabilities after 300 ms
 //   wrong-types         replies with values of types that are not the interface's
@@ -206,7 +207,7 @@ private:
 
     void reply(const QDBusMessage& call, uint id)
     {
-        if (has("mute"))
+        if (has("mute") || has("mute-notify"))
             return;
         if (has("refuse")) {
             m_bus.send(call.createErrorReply(QStringLiteral("org.freedesktop.Notifications.Error"), QString()));

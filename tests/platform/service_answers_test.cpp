@@ -471,6 +471,20 @@ TEST_F(AnswersTest, LeaveNothingBehindThatCouldBeClickedWhenTheProgramEnds)
     EXPECT_EQ(program.exitCode(), 0);
 }
 
+TEST_F(AnswersTest, LeaveNothingBehindAfterEachOfTwoApplicationObjects)
+{
+    const auto service = startService();
+    QProcess program;
+    program.setProcessChannelMode(QProcess::ForwardedChannels);
+    program.start(QStringLiteral(SHORT_PROGRAM), {QStringLiteral("again")});
+    const auto closed = [&] { return service->calls(QStringLiteral("CloseNotification")); };
+    ASSERT_TRUE(waitFor([&] { return closed().size() == 2; }));
+    ASSERT_TRUE(waitFor([&] { return program.state() == QProcess::NotRunning; }));
+    EXPECT_EQ(program.exitStatus(), QProcess::NormalExit);
+    EXPECT_EQ(program.exitCode(), 0);
+    EXPECT_EQ(closed()[1][QStringLiteral("id")], 2);
+}
+
 TEST_F(AnswersTest, TimeOutWhenTheirPopupsAreWithdrawn)
 {
     const auto service = startService();

@@ -55,6 +55,7 @@ TEST_F(AttentionTest, IsHeardByDocksWhileTheApplicationIsInTheBackgroundAndWithd
     QGuiApplication::setApplicationName(QStringLiteral("Zepa"));
     Dock dock;
     ASSERT_TRUE(dock.listens());
+    ASSERT_TRUE(waitFor([] { return !Growl_IsRunning(); })) << "the bus is there, and no service";
     QRasterWindow window;
     QRasterWindow sibling;
     // Windows that no task bar lists.

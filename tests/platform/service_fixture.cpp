@@ -142,23 +142,8 @@ QList<QJsonObject> ServiceProcess::calls(const QString& method)
 ServiceTest::ServiceTest()
 {
     QDir().mkpath(path("services"));
-    QFile configuration(path("bus.conf"));
-    configuration.open(QIODevice::WriteOnly);
-    // The limits are those of a real session's bus: with the defaults, bursts lose pop-ups.
-    configuration.write(R"(<!DOCTYPE busconfig PUBLIC "-//freedesktop//DTD D-Bus Bus Configuration 1.0//EN"
- "http://www.freedesktop.org/standards/dbus/1.0/busconfig.dtd">
-<busconfig>
-  <type>session</type>
-  <listen>unix:path=)" + path("bus").toUtf8() +
-                        R"(</listen>
-  <auth>EXTERNAL</auth>
-  <servicedir>)" + path("services").toUtf8() +
-                        R"(</servicedir>
-  <policy context="default">
-    <allow send_destination="*" eavesdrop="true"/>
-    <allow eavesdrop="true"/>
-    <allow own="*"/>
-  </policy>
+    // With the defaults, a bus has no place for bursts of others.
+    setBusLimits(R"(
   <limit name="max_incoming_bytes">1000000000</limit>
   <limit name="max_incoming_unix_fds">250000000</limit>
   <limit name="max_outgoing_bytes">1000000000</limit>
@@ -174,17 +159,37 @@ ServiceTest::ServiceTest()
   <limit name="max_names_per_connection">50000</limit>
   <limit name="max_match_rules_per_connection">50000</limit>
   <limit name="max_replies_per_connection">50000</limit>
-</busconfig>
 )");
-    configuration.close();
     qputenv("DBUS_SESSION_BUS_ADDRESS", startedBusAddress());
     startBus();
     registerNames({QStringLiteral("Message"), QStringLiteral("Mail")});
 }
 
+void ServiceTest::setBusLimits(const QByteArray& limits)
+{
+    QFile configuration(path("bus.conf"));
+    configuration.open(QIODevice::WriteOnly);
+    configuration.write(R"(<!DOCTYPE busconfig PUBLIC "-//freedesktop//DTD D-Bus Bus Configuration 1.0//EN"
+ "http://www.freedesktop.org/standards/dbus/1.0/busconfig.dtd">
+<busconfig>
+  <type>session</type>
+  <listen>unix:path=)" + path("bus").toUtf8() +
+                        R"(</listen>
+  <auth>EXTERNAL</auth>
+  <servicedir>)" + path("services").toUtf8() +
+                        R"(</servicedir>
+  <policy context="default">
+    <allow send_destination="*" eavesdrop="true"/>
+    <allow eavesdrop="true"/>
+    <allow own="*"/>
+  </policy>
+)" + limits + "</busconfig>\n");
+}
+
 ServiceTest::~ServiceTest()
 {
     Growl_SetDelegate(nullptr);
+    answers().clear();
     QDBusConnection::disconnectFromBus(QStringLiteral("forger"));
     killBus();
 }

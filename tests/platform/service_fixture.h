@@ -69,6 +69,10 @@ protected:
     void startBus();
     /// Of the bus that startBus() starts.
     QByteArray startedBusAddress() const { return "unix:path=" + path("bus").toUtf8(); }
+    /// Of each bus that is started from now on, instead of a real session's: elements of its configuration.
+    void setBusLimits(const QByteArray& limits);
+    /// SIGSTOP: the bus lives and does nothing, until it is killed.
+    void stopBus() const;
     /// The bus dies without a word, and its socket goes too.
     void killBus();
     /// SIGSTOP: it says nothing from now on.

@@ -1,16 +1,25 @@
 // SPDX-License-Identifier: Apache-2.0
-// A program that asks the desktop for everything and ends after a few events; at once with the argument "at-once", with
-// "settled" as soon as its pop-up is on the screen.
+// A program that asks the desktop for everything and ends after a few events. Its argument says otherwise:
+//   at-once   ends before any event
+//   settled   ends as soon as its pop-up is on the screen; again: the same with a second application object
+//   flood     posts 20,000 more before it ends
+//   exit      posts fifty and calls exit() from an event when its standard input says something or ends
 #include <Growl/Growl.h>
 #include <zepa_platform/attention.h>
 #include <zepa_platform/popups.h>
 
 #include <QGuiApplication>
+#include <QSocketNotifier>
 #include <QTimer>
 
-#include <cstdio>
+#include <unistd.h>
 
-int main(int argc, char** argv)
+#include <cstdlib>
+#include <cstring>
+
+namespace {
+
+int run(int argc, char** argv)
 {
     QGuiApplication application(argc, argv);
     const void* name = CFSTR("Message");
@@ -32,8 +41,16 @@ int main(int argc, char** argv)
     const QString when = QCoreApplication::arguments().value(1);
     if (when == QStringLiteral("at-once"))
         return 0;
+    const int more = when == QStringLiteral("flood") ? 20000 : when == QStringLiteral("exit") ? 49 : 0;
+    for (int i = 0; i < more; ++i)
+        Growl_PostNotification(&notification);
+    if (when == QStringLiteral("exit")) {
+        QSocketNotifier input(STDIN_FILENO, QSocketNotifier::Read);
+        QObject::connect(&input, &QSocketNotifier::activated, &application, [] { std::exit(0); });
+        return QGuiApplication::exec() + 1;
+    }
     QTimer beat;
-    if (when == QStringLiteral("settled")) {
+    if (when == QStringLiteral("settled") || when == QStringLiteral("again")) {
         QObject::connect(&beat, &QTimer::timeout, &application, [] {
             if (zepaPopupsOnTheirWay() == 0)
                 QCoreApplication::quit();
@@ -44,4 +61,13 @@ int main(int argc, char** argv)
     // Long enough for a bus that is greeted to be sent a connection's first words.
     QTimer::singleShot(500, &application, &QCoreApplication::quit);
     return QGuiApplication::exec();
+}
+
+} // namespace
+
+int main(int argc, char** argv)
+{
+    const int result = run(argc, argv);
+    const bool isAgain = argc > 1 && std::strcmp(argv[1], "again") == 0;
+    return result == 0 && isAgain ? run(argc, argv) : result;
 }

@@ -11,15 +11,15 @@ TABLE = {
     "host": {"Qt"},
     "core": {"Qt", "host", "methods"},
     "methods": {"Qt", "core", "host", "system"},
-    "platform": {"Qt", "QtDBus", "sd-bus"},
+    "platform": {"Qt", "sd-bus"},
     # The rooms of platform/: what each may include of the others. "system" is platform/include.
     "platform/include": {"Qt", "system"},
     "platform/corefoundation": {"Qt", "system"},
     "platform/bus": {"Qt", "QtDBus", "sd-bus", "system"},
     "platform/growl": {"Qt", "system"},
-    "platform/freedesktop": {"Qt", "QtDBus", "system", "platform/growl", "platform/bus"},
+    "platform/freedesktop": {"Qt", "system", "platform/growl", "platform/bus"},
     "platform/portal": {"Qt", "system", "platform/growl", "platform/bus", "platform/freedesktop"},
-    "platform/attention": {"Qt", "QtDBus", "system", "platform/bus"},
+    "platform/attention": {"Qt", "system", "platform/bus"},
     "client": {"Qt", "core", "host", "methods", "system", "other"},
 }
 # The one place in core/ that may know the methods: where the module creates its built-in ones.

@@ -1,78 +1,170 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "freedesktop/bus_text.h"
 #include "freedesktop/notify_call.h"
-#include "freedesktop/notify_image.h"
+
+#include "connection_fixture.h"
+#include "scripted_bus.h"
 
 #include <QGuiApplication>
 #include <QIcon>
 #include <QImage>
-#include <gtest/gtest.h>
+#include <QMap>
+#include <QPixmap>
+
+#include <cstdint>
 
 using namespace zepa::freedesktop;
 using Posting = zepa::growl::PopupPosting;
 
 namespace {
 
-NotifyCall callFor(const Posting& posting, bool markup = false)
+using zepa::bus::MessageReader;
+
+/// The arguments as a service reads them.
+struct Notify
 {
-    return notifyCall(posting, {}, {.bodyMarkup = markup, .actions = true});
-}
+    QString applicationName;
+    std::uint32_t replacesId = 1;
+    QString applicationIcon;
+    QString summary;
+    QString body;
+    QStringList actions;
+    QMap<QString, QString> texts; ///< hints, by their types
+    QMap<QString, std::uint8_t> bytes;
+    QMap<QString, bool> flags;
+    QMap<QString, QByteArray> pictures; ///< the pixels
+    std::int32_t expireTimeout = 7;
+
+    bool hasHint(const QString& key) const
+    {
+        return texts.contains(key) || bytes.contains(key) || flags.contains(key) || pictures.contains(key);
+    }
+};
+
+class NotifyCall : public ConnectionTest
+{
+protected:
+    NotifyCall() : bus(socketPath())
+    {
+        EXPECT_TRUE(opens());
+        bus.answer("Notify", [](sd_bus_message* call) {
+            sd_bus_message* reply = nullptr;
+            sd_bus_message_new_method_return(call, &reply);
+            sd_bus_message_set_sender(reply, ":1.5");
+            sd_bus_message_copy(reply, call, 1);
+            sd_bus_send(sd_bus_message_get_bus(call), reply, nullptr);
+            sd_bus_message_unref(reply);
+        });
+    }
+
+    Notify sent(const Posting& posting, const Sender& sender = {}, const Capabilities& capabilities = all)
+    {
+        Message call = connection.newCall(":1.5", "/a", "a.b", "Notify");
+        appendNotify(call, posting, sender, capabilities);
+        EXPECT_TRUE(call.isSound());
+        Message back;
+        connection.call(std::move(call), &connection, [&](const Message& reply) { back = reply; });
+        EXPECT_TRUE(runUntil([&] { return !back.isNull(); }));
+        EXPECT_EQ(back.signature(), QLatin1StringView("susssasa{sv}i"));
+        return read(back);
+    }
+
+    static constexpr Capabilities all{.bodyMarkup = true, .actions = true};
+
+private:
+    static void readHint(MessageReader& reader, const QString& key, Notify& notify)
+    {
+        std::int32_t width = 0;
+        std::int32_t height = 0;
+        std::int32_t rowBytes = 0;
+        std::int32_t bits = 0;
+        std::int32_t channels = 0;
+        bool hasAlpha = false;
+        if (reader.enterVariant("s")) {
+            EXPECT_TRUE(reader.read(notify.texts[key]));
+        } else if (reader.enterVariant("y")) {
+            EXPECT_TRUE(reader.read(notify.bytes[key]));
+        } else if (reader.enterVariant("b")) {
+            EXPECT_TRUE(reader.read(notify.flags[key]));
+        } else if (reader.enterVariant("(iiibiiay)") && reader.enterStruct("iiibiiay")) {
+            EXPECT_TRUE(reader.read(width, height, rowBytes, hasAlpha, bits, channels, notify.pictures[key]));
+            EXPECT_EQ(rowBytes, 4 * width);
+            EXPECT_EQ(notify.pictures[key].size(), rowBytes * height);
+            EXPECT_TRUE(hasAlpha && bits == 8 && channels == 4);
+            reader.leave();
+        } else {
+            ADD_FAILURE() << "a hint of another type: " << key.toStdString();
+        }
+        reader.leave();
+    }
+
+    static Notify read(const Message& message)
+    {
+        Notify notify;
+        MessageReader reader(message);
+        EXPECT_TRUE(reader.read(notify.applicationName, notify.replacesId, notify.applicationIcon, notify.summary,
+                                notify.body, notify.actions));
+        EXPECT_TRUE(reader.enterArray("{sv}"));
+        for (QString key; reader.enterEntry("sv") && reader.read(key); reader.leave())
+            readHint(reader, key, notify);
+        reader.leave();
+        EXPECT_TRUE(reader.read(notify.expireTimeout));
+        return notify;
+    }
+
+    ScriptedBus bus;
+};
 
 } // namespace
 
-TEST(NotifyCall, HasTheArgumentsOfNotifyInTheirOrderAndTypes)
+TEST_F(NotifyCall, HasTheArgumentsOfNotify)
 {
     Posting posting;
     posting.applicationName = QStringLiteral("App");
     posting.title = QStringLiteral("Title");
     posting.text = QStringLiteral("Body");
-    const QVariantList arguments =
-        notifyCall(posting, {.icon = QStringLiteral("app-icon"), .desktopEntry = {}}, {}).arguments();
-    ASSERT_EQ(arguments.size(), 8);
-    EXPECT_EQ(arguments[0], QVariant(QStringLiteral("App")));
-    EXPECT_EQ(arguments[1].metaType(), QMetaType::fromType<quint32>());
-    EXPECT_EQ(arguments[1].toUInt(), 0U);
-    EXPECT_EQ(arguments[2], QVariant(QStringLiteral("app-icon")));
-    EXPECT_EQ(arguments[3], QVariant(QStringLiteral("Title")));
-    EXPECT_EQ(arguments[4], QVariant(QStringLiteral("Body")));
-    EXPECT_EQ(arguments[5].metaType(), QMetaType::fromType<QStringList>());
-    EXPECT_EQ(arguments[6].metaType(), QMetaType::fromType<QVariantMap>());
-    EXPECT_EQ(arguments[7].metaType(), QMetaType::fromType<int>());
+    const Notify notify = sent(posting, {.icon = QStringLiteral("app-icon"), .desktopEntry = {}});
+    EXPECT_EQ(notify.applicationName, QStringLiteral("App"));
+    EXPECT_EQ(notify.replacesId, 0U);
+    EXPECT_EQ(notify.applicationIcon, QStringLiteral("app-icon"));
+    EXPECT_EQ(notify.summary, QStringLiteral("Title"));
+    EXPECT_EQ(notify.body, QStringLiteral("Body"));
 }
 
-TEST(NotifyCall, EscapesTheBodyOnlyForAServiceWithMarkupAndTheSummaryNever)
+TEST_F(NotifyCall, EscapesTheBodyOnlyForAServiceWithMarkupAndTheSummaryNever)
 {
     Posting posting;
     posting.title = QStringLiteral("<t> & u");
     posting.text = QStringLiteral("a < b & c");
-    EXPECT_EQ(callFor(posting, true).summary, QStringLiteral("<t> & u"));
-    EXPECT_EQ(callFor(posting, true).body, QStringLiteral("a &lt; b &amp; c"));
-    EXPECT_EQ(callFor(posting, false).body, QStringLiteral("a < b & c"));
+    EXPECT_EQ(sent(posting).summary, QStringLiteral("<t> & u"));
+    EXPECT_EQ(sent(posting).body, QStringLiteral("a &lt; b &amp; c"));
+    EXPECT_EQ(sent(posting, {}, {.bodyMarkup = false, .actions = true}).body, QStringLiteral("a < b & c"));
 }
 
-TEST(NotifyCall, KnowsMarkupByItsName)
+TEST(Capabilities, AreKnownByTheirNames)
 {
     EXPECT_TRUE(Capabilities::fromNames({QStringLiteral("actions"), QStringLiteral("body-markup")}).bodyMarkup);
     EXPECT_FALSE(Capabilities::fromNames({QStringLiteral("body"), QStringLiteral("body-hyperlinks")}).bodyMarkup);
+    EXPECT_TRUE(Capabilities::fromNames({QStringLiteral("actions")}).actions);
+    EXPECT_FALSE(Capabilities::fromNames({QStringLiteral("action-icons")}).actions);
 }
 
-TEST(NotifyCall, OffersTheDefaultActionOnlyWhenAClickMeansSomething)
+TEST_F(NotifyCall, OffersTheDefaultActionOnlyWhenAClickMeansSomethingToAServiceThatListsActions)
 {
     Posting posting;
     posting.clickLabel = QStringLiteral("Open");
-    EXPECT_TRUE(callFor(posting).actions.isEmpty());
+    EXPECT_TRUE(sent(posting).actions.isEmpty());
     posting.clickable = true;
-    EXPECT_EQ(callFor(posting).actions, (QStringList{QStringLiteral("default"), QStringLiteral("Open")}));
+    EXPECT_EQ(sent(posting).actions, (QStringList{QStringLiteral("default"), QStringLiteral("Open")}));
+    EXPECT_TRUE(sent(posting, {}, {.bodyMarkup = true, .actions = false}).actions.isEmpty());
 }
 
-TEST(NotifyCall, SendsTheUrgencyAsAByte)
+TEST_F(NotifyCall, SendsTheUrgencyAsAByte)
 {
-    const auto urgency = [](int priority) {
+    const auto urgency = [this](int priority) {
         Posting posting;
         posting.priority = priority;
-        const QVariant hint = callFor(posting).hints.value(QStringLiteral("urgency"));
-        EXPECT_EQ(hint.metaType(), QMetaType::fromType<uchar>());
-        return hint.value<uchar>();
+        return sent(posting).bytes.value(QStringLiteral("urgency"), 99);
     };
     EXPECT_EQ(urgency(-3), 0);
     EXPECT_EQ(urgency(-2), 0);
@@ -83,60 +175,49 @@ TEST(NotifyCall, SendsTheUrgencyAsAByte)
     EXPECT_EQ(urgency(3), 2);
 }
 
-TEST(NotifyCall, NeverExpiresWhenStickyAndElseAsTheServiceLikes)
+TEST_F(NotifyCall, NeverExpiresWhenStickyAndElseAsTheServiceLikes)
 {
     Posting posting;
-    EXPECT_EQ(callFor(posting).expireTimeout, -1);
+    EXPECT_EQ(sent(posting).expireTimeout, -1);
     posting.sticky = true;
-    EXPECT_EQ(callFor(posting).expireTimeout, 0);
+    EXPECT_EQ(sent(posting).expireTimeout, 0);
 }
 
-TEST(NotifyCall, NamesTheDesktopEntryOnlyWhenThereIsOne)
+TEST_F(NotifyCall, NamesTheDesktopEntryOnlyWhenThereIsOne)
 {
-    EXPECT_FALSE(callFor({}).hints.contains(QStringLiteral("desktop-entry")));
+    EXPECT_FALSE(sent({}).hasHint(QStringLiteral("desktop-entry")));
     const Sender sender{.icon = {}, .desktopEntry = QStringLiteral("app")};
-    EXPECT_EQ(notifyCall({}, sender, {}).hints.value(QStringLiteral("desktop-entry")), QVariant(QStringLiteral("app")));
+    EXPECT_EQ(sent({}, sender).texts.value(QStringLiteral("desktop-entry")), QStringLiteral("app"));
 }
 
-TEST(NotifyCall, CarriesTheIconOnlyWhenThereIsOne)
+TEST_F(NotifyCall, CarriesTheIconOnlyWhenThereIsOne)
 {
     Posting posting;
-    EXPECT_FALSE(callFor(posting).hints.contains(QStringLiteral("image-data")));
-    posting.icon = QImage(1, 1, QImage::Format_RGBA8888);
-    posting.icon.fill(Qt::green);
-    const auto hint = callFor(posting).hints.value(QStringLiteral("image-data")).value<NotifyImage>();
-    EXPECT_EQ(hint.image.cacheKey(), posting.icon.cacheKey()) << "the pixels were copied";
-    EXPECT_TRUE(NotifyImage::fromImage(QImage()).isNull());
+    EXPECT_FALSE(sent(posting).hasHint(QStringLiteral("image-data")));
+    posting.icon = QImage(3, 2, QImage::Format_RGBA8888);
+    posting.icon.fill(QColor(1, 2, 3, 4));
+    EXPECT_EQ(sent(posting).pictures.value(QStringLiteral("image-data")), QByteArray("\1\2\3\4").repeated(6));
 }
 
-TEST(NotifyCall, OffersNoActionToAServiceThatListsNone)
+TEST_F(NotifyCall, AsksForSilenceUnlessTheSoundIsWanted)
 {
     Posting posting;
-    posting.clickable = true;
-    EXPECT_TRUE(notifyCall(posting, {}, {.bodyMarkup = true, .actions = false}).actions.isEmpty());
-    EXPECT_TRUE(Capabilities::fromNames({QStringLiteral("actions")}).actions);
-    EXPECT_FALSE(Capabilities::fromNames({QStringLiteral("action-icons")}).actions);
-}
-
-TEST(NotifyCall, AsksForSilenceUnlessTheSoundIsWanted)
-{
-    Posting posting;
-    EXPECT_EQ(callFor(posting).hints.value(QStringLiteral("suppress-sound")), QVariant(true));
+    EXPECT_TRUE(sent(posting).flags.value(QStringLiteral("suppress-sound")));
     posting.wantsSound = true;
-    EXPECT_FALSE(callFor(posting).hints.contains(QStringLiteral("suppress-sound")));
+    EXPECT_FALSE(sent(posting).hasHint(QStringLiteral("suppress-sound")));
 }
 
-TEST(NotifyCall, SaysTheKindOnlyWhereThereIsOne)
+TEST_F(NotifyCall, SaysTheKindOnlyWhereThereIsOne)
 {
     Posting posting;
-    EXPECT_FALSE(callFor(posting).hints.contains(QStringLiteral("category")));
-    EXPECT_FALSE(callFor(posting).hints.contains(QStringLiteral("transient")));
+    EXPECT_FALSE(sent(posting).hasHint(QStringLiteral("category")));
+    EXPECT_FALSE(sent(posting).hasHint(QStringLiteral("transient")));
     posting.kind = {QStringLiteral("presence.online"), true};
-    EXPECT_EQ(callFor(posting).hints.value(QStringLiteral("category")), QVariant(QStringLiteral("presence.online")));
-    EXPECT_EQ(callFor(posting).hints.value(QStringLiteral("transient")), QVariant(true));
+    EXPECT_EQ(sent(posting).texts.value(QStringLiteral("category")), QStringLiteral("presence.online"));
+    EXPECT_TRUE(sent(posting).flags.value(QStringLiteral("transient")));
 }
 
-TEST(NotifyCall, ComesFromAProgramWithTheIconOfItsWindowsOrElseOfItsDesktopEntry)
+TEST(Sender, HasTheIconOfTheProgramsWindowsOrElseOfItsDesktopEntry)
 {
     QGuiApplication::setDesktopFileName(QStringLiteral("app"));
     EXPECT_EQ(Sender::ofThisProgram().icon, QStringLiteral("app"));
@@ -146,20 +227,35 @@ TEST(NotifyCall, ComesFromAProgramWithTheIconOfItsWindowsOrElseOfItsDesktopEntry
     EXPECT_EQ(Sender::ofThisProgram().icon, QStringLiteral("app")) << "a picture without a name";
 }
 
-TEST(NotifyCall, LetsNoTextThroughThatABusRefuses)
+TEST_F(NotifyCall, LetsNoTextThroughThatABusRefuses)
 {
     const QString bad = QString(QChar(0)) + QChar(0xd800) + QString(20000, u'x');
     Posting posting;
     posting.applicationName = posting.clickLabel = posting.kind.category = bad;
     posting.title = posting.text = bad;
     posting.clickable = true;
-    const NotifyCall call = notifyCall(posting, {bad, bad}, {.bodyMarkup = true, .actions = true});
-    EXPECT_EQ(call.summary.size(), summaryLimit);
-    EXPECT_EQ(call.body.size(), bodyLimit);
-    for (const QString& text : {call.applicationName, call.applicationIcon, call.summary, call.body, call.actions[1],
-                                call.hints.value(QStringLiteral("desktop-entry")).toString(),
-                                call.hints.value(QStringLiteral("category")).toString()}) {
-        EXPECT_TRUE(text.startsWith(QString(2, QChar(0xfffd)))) << text.left(4).toStdString();
-        EXPECT_TRUE(text.endsWith(QChar(0x2026)));
+    for (const Posting& tried : {posting, cutToSize(posting)}) {
+        const Notify notify = sent(tried, {bad, bad});
+        EXPECT_EQ(notify.summary.size(), summaryLimit);
+        EXPECT_EQ(notify.body.size(), bodyLimit);
+        for (const QString& text :
+             {notify.applicationName, notify.applicationIcon, notify.summary, notify.body, notify.actions.value(1),
+              notify.texts.value(QStringLiteral("desktop-entry")), notify.texts.value(QStringLiteral("category"))}) {
+            EXPECT_TRUE(text.startsWith(QString(2, QChar(0xfffd)))) << text.left(4).toStdString();
+            EXPECT_TRUE(text.endsWith(QChar(0x2026)));
+        }
     }
+}
+
+TEST(CutToSize, LeavesNoTextThatIsLongerThanAPopupShows)
+{
+    const QString text(100000, u'x');
+    Posting posting;
+    posting.applicationName = posting.clickLabel = posting.kind.category = text;
+    posting.title = posting.text = text;
+    const Posting cut = cutToSize(posting);
+    EXPECT_EQ(cut.title.size(), summaryLimit);
+    EXPECT_EQ(cut.text.size(), bodyLimit);
+    for (const QString& name : {cut.applicationName, cut.clickLabel, cut.kind.category})
+        EXPECT_LE(name.size(), 255);
 }

@@ -4,8 +4,6 @@
 #include <QByteArray>
 #include <QDBusArgument>
 
-namespace zepa::freedesktop {
-
 namespace {
 
 constexpr int bitsPerSample = 8;
@@ -40,5 +38,3 @@ const QDBusArgument& operator>>(const QDBusArgument& argument, NotifyImage& hint
     hint.image.detach();
     return argument;
 }
-
-} // namespace zepa::freedesktop

@@ -8,8 +8,6 @@ QT_BEGIN_NAMESPACE
 class QDBusArgument;
 QT_END_NAMESPACE
 
-namespace zepa::freedesktop {
-
 /// The "image-data" hint, (iiibiiay): 8 bits for each of red, green, blue and alpha, rows without padding.
 struct NotifyImage
 {
@@ -23,6 +21,4 @@ struct NotifyImage
 QDBusArgument& operator<<(QDBusArgument& argument, const NotifyImage& hint);
 const QDBusArgument& operator>>(const QDBusArgument& argument, NotifyImage& hint);
 
-} // namespace zepa::freedesktop
-
-Q_DECLARE_METATYPE(zepa::freedesktop::NotifyImage)
+Q_DECLARE_METATYPE(NotifyImage)
