@@ -151,6 +151,7 @@ TEST_F(BoundsTest, OfASmallBusLoseNoPopup)
                  "<limit name=\"max_match_rules_per_connection\">32</limit>");
     startBus();
     const auto service = startService();
+    ASSERT_TRUE(waitFor([] { return zepaPopupService() == ZepaPopupService::There; }));
     ASSERT_TRUE(waitUntilAcquainted(*service));
     // The calls pile up at the bus as far as they may.
     service->tell(QStringLiteral("sleep 1000"));
