@@ -15,7 +15,7 @@ TABLE = {
     # The rooms of platform/: what each may include of the others. "system" is platform/include.
     "platform/include": {"Qt", "system"},
     "platform/corefoundation": {"Qt", "system"},
-    "platform/bus": {"Qt", "QtDBus", "sd-bus", "system"},
+    "platform/bus": {"Qt", "sd-bus", "system"},
     "platform/growl": {"Qt", "system"},
     "platform/freedesktop": {"Qt", "system", "platform/growl", "platform/bus"},
     "platform/portal": {"Qt", "system", "platform/growl", "platform/bus", "platform/freedesktop"},

@@ -32,7 +32,7 @@ _FORBIDDEN = {
     "platform/corefoundation/x.cpp": ['"growl/session.h"', '"bus/session_bus.h"', "<QDBusMessage>",
                                       '"freedesktop/outbox.h"', '"attention/window_alert.h"'],
     "platform/attention/x.cpp": ['"growl/session.h"', '"freedesktop/outbox.h"', "<QDBusMessage>"],
-    "platform/bus/x.cpp": ['"growl/session.h"', '"freedesktop/outbox.h"'],
+    "platform/bus/x.cpp": ['"growl/session.h"', '"freedesktop/outbox.h"', "<QDBusMessage>"],
     "platform/include/zepa_platform/x.h": ['"growl/session.h"', "<QDBusMessage>"],
     "client/x.cpp": ['"tests/support/recording_host.h"', '"platform/growl/session.h"', '"platform/bus/address.h"',
                      '"platform/freedesktop/outbox.h"', '"platform/include/zepa_platform/bus.h"', "<QDBusMessage>",
