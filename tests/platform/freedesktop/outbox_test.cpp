@@ -118,6 +118,10 @@ TEST_F(OutboxTest, TellsTheIdOfEachPosting)
 
 TEST_F(OutboxTest, HasFiftyCallsUnderWayAndTheRestInItsQueue)
 {
+    // From here on nothing is held for what the service can do.
+    post(0);
+    ASSERT_TRUE(isTold(1));
+    told.clear();
     bus.answer("Notify", [this](sd_bus_message* call) { bus.keep(call); });
     for (quint64 ticket = 1; ticket <= 200; ++ticket)
         post(ticket);
@@ -133,7 +137,7 @@ TEST_F(OutboxTest, HasFiftyCallsUnderWayAndTheRestInItsQueue)
     EXPECT_THAT(told, testing::SizeIs(10));
     const QStringList names = bus.callsOf("Notify");
     for (int i = 0; i < names.size(); ++i)
-        EXPECT_EQ(names[i], QString::number(i + 1)) << "out of order";
+        EXPECT_EQ(names[i], QString::number(i)) << "out of order";
 }
 
 TEST_F(OutboxTest, GivesUpTheOldestWhenMoreThanAThousandAreHeld)
