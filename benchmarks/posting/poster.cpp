@@ -24,12 +24,16 @@ std::string titleOf(int number)
     return "Posting number " + std::to_string(firstNumber + number);
 }
 
+std::string iconOf(int number, const std::vector<std::string>& icons)
+{
+    return icons.empty() ? "" : icons[static_cast<std::size_t>(number) % icons.size()];
+}
+
 void answerPost(Poster& poster, int count, int pause, const std::vector<std::string>& icons)
 {
     static int number = 0;
     for (int i = 0; i < count; ++i, ++number) {
-        const std::string icon = icons.empty() ? "" : icons[static_cast<std::size_t>(number) % icons.size()];
-        poster.prepare(titleOf(number), "Shall we have lunch together at noon?", icon);
+        poster.prepare(titleOf(number), "Shall we have lunch together at noon?", iconOf(number, icons));
         const long long busy = nanoseconds(CLOCK_THREAD_CPUTIME_ID);
         const long long begin = nanoseconds(CLOCK_MONOTONIC);
         poster.post();
@@ -38,6 +42,26 @@ void answerPost(Poster& poster, int count, int pause, const std::vector<std::str
         std::cout << begin << ':' << end - begin << ':' << nanoseconds(CLOCK_THREAD_CPUTIME_ID) - busy << ' ';
     }
     std::cout << std::endl;
+}
+
+/// Postings as they come in a program that does something else as well.
+void answerStream(Poster& poster, int count, int pause, const std::vector<std::string>& icons)
+{
+    static int number = 0;
+    constexpr int rememberedAtMost = 10;
+    const long long begin = nanoseconds(CLOCK_MONOTONIC);
+    long long waited = 0;
+    for (int i = 0; i < count; ++i, ++number) {
+        if (i % rememberedAtMost == 0)
+            poster.refresh();
+        poster.prepare(titleOf(number), "Shall we have lunch together at noon?", iconOf(number, icons));
+        const long long called = nanoseconds(CLOCK_MONOTONIC);
+        poster.post();
+        waited += nanoseconds(CLOCK_MONOTONIC) - called;
+        if (pause > 0)
+            poster.settle(pause);
+    }
+    std::cout << begin << ' ' << waited << std::endl;
 }
 
 } // namespace
@@ -53,14 +77,22 @@ int runPoster(Poster& poster)
         std::istringstream words(line);
         std::string verb;
         words >> verb;
-        if (verb == "post") {
+        if (verb == "post" || verb == "stream") {
             int count = 0;
             int pause = 0;
             words >> count >> pause;
-            answerPost(poster, count, pause, icons);
+            (verb == "post" ? answerPost : answerStream)(poster, count, pause, icons);
             continue;
         }
-        if (verb == "icons") {
+        if (verb == "processor") {
+            std::cout << nanoseconds(CLOCK_PROCESS_CPUTIME_ID) << std::endl;
+            continue;
+        }
+        if (verb == "settle") {
+            int microseconds = 0;
+            words >> microseconds;
+            poster.settle(microseconds);
+        } else if (verb == "icons") {
             icons.clear();
             for (std::string path; words >> path;)
                 icons.push_back(path);

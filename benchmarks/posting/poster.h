@@ -30,9 +30,15 @@ public:
 ///   icons PATH...            the pictures of the postings from now on, in turn; none for no picture
 ///   post COUNT MICROSECONDS  posts so often, and runs the event loop for that long after each
 ///   refresh                  calls Poster::refresh()
+///   stream COUNT MICROSECONDS
+///                            posts so often without a word in between, running the event loop for that long after
+///                            each unless it is 0, and calls Poster::refresh() every ten
+///   settle MICROSECONDS      runs the event loop for that long
+///   processor                asks what the process has used
 ///
 /// The first line printed is "ready NANOSECONDS", what start() took. The answer to "post" holds a word for each
 /// posting, "BEGIN:CALL:BUSY": when it began on the system's monotonic clock, how long the caller waited for the call,
-/// and how much processor time its thread used until the event loop had run; all in nanoseconds. Returns at the end of
-/// input.
+/// and how much processor time its thread used until the event loop had run; all in nanoseconds. The answer to "stream"
+/// is "BEGIN WAITED": when the first one began, and how long the caller waited for all calls together; to "processor"
+/// the processor time of all threads so far. Returns at the end of input.
 int runPoster(Poster& poster);

@@ -6,6 +6,7 @@ import typing
 
 import posting_cases
 import process_cases
+import stream_cases
 import window_case
 
 
@@ -17,11 +18,13 @@ class Case:
 
 
 _IN_PROCESS = ("bench_in_process",)
-_POSTERS = ("bench_service", "limit_poster", "module_poster")
+_POSTERS = ("bench_service", "sdbus_poster", "qtdbus_poster", "module_poster")
 
 CASES = {
     "popup": Case("a posting with one pop-up rule, with icons and services of several kinds", _POSTERS,
                   posting_cases.popup),
+    "stream": Case("bursts, and postings at intervals: the caller, the whole process, the bus", _POSTERS,
+                   stream_cases.streams),
     "services": Case("the library's posting to services that answer at once, later and never, in turn",
                      ("bench_service", "module_poster"), posting_cases.services),
     "popup-unanswered": Case("one posting to a service that never answers", _POSTERS, posting_cases.popup_unanswered),

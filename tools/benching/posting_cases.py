@@ -9,7 +9,8 @@ from figures import Table
 from surroundings import Poster, Session, settings_folder
 
 MODULE = "library"
-LIMIT = "limit"
+SD_BUS = "bare sd-bus"
+QT_DBUS = "bare QtDBus"
 _MICRO = 1000.0
 # Some competitors decode and encode a large picture each time, which takes a quarter of a second.
 _ROUNDS = {"no icon": 40, "the same 64-pixel icon": 20, "100 different 256-pixel icons": 10, "one 1024-pixel icon": 3}
@@ -23,9 +24,9 @@ _SERVICES = {"answers at once": "0", "after 5 ms": "5", "never": "never"}
 
 def popup(context):
     """No icon and every kind of icon, with every kind of service: what the caller waits for."""
-    table = Table("popup", "A posting with one pop-up rule: the caller waits", "us", [LIMIT])
-    busy = Table("popup-busy", "The same, with what the event loop does afterwards: the thread is busy", "us", [LIMIT])
-    for icon_name, icons in _icons(context.pictures).items():
+    table = Table("popup", "A posting with one pop-up rule: the caller waits", "us", [SD_BUS])
+    busy = Table("popup-busy", "The same, with what the event loop does afterwards: the thread is busy", "us", [SD_BUS])
+    for icon_name, icons in icons_of(context.pictures).items():
         for service_name, delay in _SERVICES.items():
             row = f"{icon_name}, {service_name}"
             context.announce(row)
@@ -41,7 +42,7 @@ def popup(context):
 def services(context):
     """The library's postings to a service of every kind, each with a program of its own, in turn."""
     table = Table("services", "The same posting to services of several kinds", "us", list(_SERVICES))
-    for icon_name, icons in _icons(context.pictures).items():
+    for icon_name, icons in icons_of(context.pictures).items():
         samples = {}
         for _ in range(context.rounds(_SERVICE_SESSIONS)):
             with contextlib.ExitStack() as stack:
@@ -59,9 +60,9 @@ def services(context):
 
 def popup_unanswered(context):
     """How long libnotify waits for a service that never answers; once, since it takes its time."""
-    table = Table("popup-unanswered", "One posting to a service that never answers", "us", [LIMIT])
+    table = Table("popup-unanswered", "One posting to a service that never answers", "us", [SD_BUS])
     with Session(context.folder / "unanswered", "never") as session:
-        for name, program in _posters(context).items():
+        for name, program in posters_of(context).items():
             with Poster(program, session.env, settings_folder(session.folder / "settings")) as poster:
                 table.add("no icon", name, [waited / _MICRO for _, waited, _ in poster.post(1)])
     return [table]
@@ -69,13 +70,13 @@ def popup_unanswered(context):
 
 def first(context):
     """The very first posting of a process, right after its start."""
-    table = Table("first", "The first posting of a process", "us", [LIMIT])
-    started = Table("first-start", "What each does before its first posting", "us", [LIMIT])
+    table = Table("first", "The first posting of a process", "us", [SD_BUS])
+    started = Table("first-start", "What each does before its first posting", "us", [SD_BUS])
     with Session(context.folder / "first") as session:
         settings = settings_folder(session.folder / "settings")
         measured = {}
         for _ in range(context.rounds(30)):
-            for name, program in _posters(context).items():
+            for name, program in posters_of(context).items():
                 with Poster(program, session.env, settings) as poster:
                     measured.setdefault(name, []).append((poster.start_nanoseconds, poster.post(1)[0][1]))
         for name, values in measured.items():
@@ -86,12 +87,12 @@ def first(context):
 
 def end_to_end(context):
     """From the begin of a posting to the moment at which the service has the message."""
-    table = Table("end-to-end", "Until the service has the message", "us", [LIMIT])
+    table = Table("end-to-end", "Until the service has the message", "us", [SD_BUS])
     with contextlib.ExitStack() as stack:
         session = stack.enter_context(Session(context.folder / "end"))
         settings = settings_folder(session.folder / "settings")
         posters = {name: stack.enter_context(Poster(program, session.env, settings))
-                   for name, program in _posters(context).items()}
+                   for name, program in posters_of(context).items()}
         begins = []
         for turn in range(context.rounds(60) + 1):
             for name, poster in posters.items():
@@ -108,11 +109,13 @@ def end_to_end(context):
     return [table]
 
 
-def _posters(context):
-    return {LIMIT: PROGRAMS / "limit_poster", MODULE: PROGRAMS / "module_poster", **context.peers}
+def posters_of(context):
+    """The competitors' programs by name."""
+    return {SD_BUS: PROGRAMS / "sdbus_poster", QT_DBUS: PROGRAMS / "qtdbus_poster", MODULE: PROGRAMS / "module_poster", **context.peers}
 
 
-def _icons(pictures):
+def icons_of(pictures):
+    """The paths of the pictures that postings carry in turn, by what is said of them."""
     pictures = pathlib.Path(pictures)
     return {"no icon": [], "the same 64-pixel icon": [pictures / "64.png"],
             "100 different 256-pixel icons": [pictures / f"256-{number}.png" for number in range(100)],
@@ -125,7 +128,7 @@ def _alternate(context, delay, icons, rounds):
         session = stack.enter_context(Session(context.fresh_folder(), delay))
         settings = settings_folder(session.folder / "settings")
         posters = {name: stack.enter_context(Poster(program, session.env, settings))
-                   for name, program in _posters(context).items() if not (name == "libnotify" and delay == "never")}
+                   for name, program in posters_of(context).items() if not (name == "libnotify" and delay == "never")}
         return _in_turn(posters, icons, rounds)
 
 

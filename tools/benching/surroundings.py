@@ -70,6 +70,14 @@ class Session:
         self._service.stop()
         self._bus.stop()
 
+    def bus_nanoseconds(self):
+        """The processor time that the bus has used so far."""
+        return int(pathlib.Path(f"/proc/{self._bus.pid}/schedstat").read_text().split()[0])
+
+    def has_arrived(self, count):
+        """Whether the service has had `count` pop-ups so far."""
+        return self._stamps.read_bytes().count(b"\n") > count
+
     def arrivals(self, count):
         """When the service had each pop-up so far, in nanoseconds, in order; waits until there are `count`."""
         def read():
@@ -109,6 +117,18 @@ class Poster:
         """Posts; returns (begin, waited, busy) in nanoseconds for each."""
         words = self._say(f"post {count} {pause_microseconds}").split()
         return [tuple(map(int, word.split(":"))) for word in words]
+
+    def stream(self, count, pause_microseconds):
+        """Posts `count` pop-ups; returns when the first began, and what all calls together took, in nanoseconds."""
+        begin, waited = self._say(f"stream {count} {pause_microseconds}").split()
+        return int(begin), int(waited)
+
+    def settle(self, microseconds):
+        self._say(f"settle {microseconds}")
+
+    def processor_nanoseconds(self):
+        """The processor time that all of the program's threads have used so far."""
+        return int(self._say("processor"))
 
     def _say(self, line):
         self._popen.stdin.write(line + "\n")
