@@ -75,8 +75,6 @@ protected:
     void stopBus() const;
     /// The bus dies without a word, and its socket goes too.
     void killBus();
-    /// SIGSTOP: it says nothing from now on.
-    void stopBus() const;
     /// The bus can start the scripted service with these options from now on; it writes to the returned file.
     QString makeActivatable(const QStringList& options);
     /// Returns when it owns its name.
