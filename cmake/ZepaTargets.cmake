@@ -61,6 +61,27 @@ function(zepa_test name)
   endif()
   target_include_directories(${name} PRIVATE ${CMAKE_SOURCE_DIR} ${CMAKE_SOURCE_DIR}/tests/support)
   target_link_libraries(${name} PRIVATE ${arg_LIBRARIES} Qt6::Widgets GTest::gtest GTest::gmock)
+  zepa_run_tests(${name} LABEL ${arg_LABEL} ENVIRONMENT ${arg_ENVIRONMENT})
+endfunction()
+
+# zepa_run_tests(TARGET LABEL unit|service|desktop [PREFIX NAME] [ONLY PATTERN ...] [WITHOUT PATTERN ...]
+#   [ENVIRONMENT NAME=VALUE ...])
+#
+# Tells ctest of the tests of a program that zepa_test() built: once more, in another environment, with a prefix for
+# their names. The patterns are GoogleTest's.
+function(zepa_run_tests target)
+  cmake_parse_arguments(arg "" "LABEL;PREFIX" "ONLY;WITHOUT;ENVIRONMENT" ${ARGN})
+  set(name ${target})
+  if(arg_PREFIX)
+    set(name ${arg_PREFIX})
+  endif()
+  list(JOIN arg_ONLY ":" filter)
+  list(JOIN arg_WITHOUT ":" without)
+  if(without)
+    string(APPEND filter "-${without}")
+  elseif(NOT filter)
+    set(filter "*")
+  endif()
   set(environment "XDG_RUNTIME_DIR=${CMAKE_BINARY_DIR}/test-home/run" "HOME=${CMAKE_BINARY_DIR}/test-home"
     "XDG_CONFIG_HOME=${CMAKE_BINARY_DIR}/test-home/config" "XDG_DATA_HOME=${CMAKE_BINARY_DIR}/test-home/data"
     "XDG_CACHE_HOME=${CMAKE_BINARY_DIR}/test-home/cache" "LC_ALL=C.UTF-8" "TZ=UTC" "QT_QPA_PLATFORM=offscreen"
@@ -69,8 +90,8 @@ function(zepa_test name)
     list(APPEND environment "DBUS_SESSION_BUS_ADDRESS=unix:path=/nonexistent")
   endif()
   list(APPEND environment ${arg_ENVIRONMENT})
-  gtest_discover_tests(${name} NO_PRETTY_VALUES DISCOVERY_MODE PRE_TEST DISCOVERY_TIMEOUT 300 TEST_PREFIX "${name}."
-    PROPERTIES LABELS ${arg_LABEL} TIMEOUT 300)
+  gtest_discover_tests(${target} NO_PRETTY_VALUES DISCOVERY_MODE PRE_TEST DISCOVERY_TIMEOUT 300 TEST_PREFIX "${name}."
+    TEST_LIST ${name}_TESTS TEST_FILTER "${filter}" PROPERTIES LABELS ${arg_LABEL} TIMEOUT 300)
   # gtest_discover_tests() takes lists in properties apart, so the environment is set when ctest has found the tests.
   set(environment_file ${CMAKE_CURRENT_BINARY_DIR}/${name}_environment.cmake)
   file(CONFIGURE OUTPUT ${environment_file} @ONLY CONTENT [[

@@ -24,7 +24,7 @@ protected:
     void SetUp() override
     {
         if (!daemon.start())
-            GTEST_SKIP() << "dbus-daemon is not installed";
+            GTEST_SKIP() << "no bus is installed";
         setAddress(daemon.address());
         ASSERT_TRUE(opens());
         ASSERT_TRUE(opens(other));

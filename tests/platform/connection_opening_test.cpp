@@ -18,7 +18,7 @@ protected:
     void needDaemon(const QByteArray& listen = {})
     {
         if (!daemon.start(listen))
-            GTEST_SKIP() << "dbus-daemon is not installed";
+            GTEST_SKIP() << "no bus is installed";
     }
 
     BusDaemon daemon;

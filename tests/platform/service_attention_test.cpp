@@ -17,8 +17,8 @@ class Dock : public QObject
     Q_OBJECT
 
 public:
-    Dock()
-        : m_bus(QDBusConnection::connectToBus(qEnvironmentVariable("DBUS_SESSION_BUS_ADDRESS"), QStringLiteral("dock")))
+    explicit Dock(const QByteArray& address)
+        : m_bus(QDBusConnection::connectToBus(QString::fromLocal8Bit(address), QStringLiteral("dock")))
     {
         m_listens = m_bus.connect(QString(), QStringLiteral("/com/canonical/Unity/LauncherEntry/1"),
                                   QStringLiteral("com.canonical.Unity.LauncherEntry"), QStringLiteral("Update"), this,
@@ -53,7 +53,7 @@ using Urgent = std::vector<bool>;
 TEST_F(AttentionTest, IsHeardByDocksWhileTheApplicationIsInTheBackgroundAndWithdrawnWhenItIsActivated)
 {
     QGuiApplication::setApplicationName(QStringLiteral("Zepa"));
-    Dock dock;
+    Dock dock(directBusAddress());
     ASSERT_TRUE(dock.listens());
     ASSERT_TRUE(waitFor([] { return !Growl_IsRunning(); })) << "the bus is there, and no service";
     QRasterWindow window;
@@ -84,7 +84,7 @@ TEST_F(AttentionTest, IsHeardAgainAfterTheBusWasStartedAgain)
 {
     zepaRequestAttention();
     {
-        Dock dock;
+        Dock dock(directBusAddress());
         zepaRequestAttention();
         ASSERT_TRUE(waitFor([&] { return !dock.urgent.empty(); }));
     }
@@ -92,7 +92,7 @@ TEST_F(AttentionTest, IsHeardAgainAfterTheBusWasStartedAgain)
     ASSERT_TRUE(waitFor([] { return !Growl_IsRunning(); }));
     zepaRequestAttention();
     startBus();
-    Dock dock;
+    Dock dock(directBusAddress());
     ASSERT_TRUE(waitFor([&] {
         zepaRequestAttention();
         return !dock.urgent.empty();

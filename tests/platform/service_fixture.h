@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include "test_bus.h"
+
 #include <Growl/Growl.h>
 
 #include <QByteArray>
@@ -23,7 +25,8 @@
 class ServiceProcess
 {
 public:
-    explicit ServiceProcess(const QStringList& options);
+    /// `bus` is the address that it is given instead of the environment's.
+    explicit ServiceProcess(const QStringList& options, const QByteArray& bus = {});
     ~ServiceProcess();
 
     /// Says a line of the script to it.
@@ -58,21 +61,24 @@ struct TestPosting
     void (*clickCallBack)(CFPropertyListRef) = nullptr;
 };
 
-/// A private bus with the limits of a real session and an empty folder of services, an application registered with
-/// Growl under the names "Message" and "Mail", and a list of what it was told.
+/// A private bus (TestBus) with the limits of a real session and an empty folder of services, an application registered
+/// with Growl under the names "Message" and "Mail", and a list of what it was told.
 class ServiceTest : public testing::Test
 {
 protected:
     ServiceTest();
     ~ServiceTest() override;
+    void SetUp() override;
 
     void startBus();
     /// Of the bus that startBus() starts.
-    QByteArray startedBusAddress() const { return "unix:path=" + path("bus").toUtf8(); }
+    QByteArray startedBusAddress() const { return m_bus.address(); }
     /// Of each bus that is started from now on, instead of a real session's: elements of its configuration.
     void setBusLimits(const QByteArray& limits);
     /// SIGSTOP: the bus lives and does nothing, until it is killed.
     void stopBus() const;
+    /// Where those find it that are not tested, and so not behind a proxy.
+    static QByteArray& directBusAddress();
     /// The bus dies without a word, and its socket goes too.
     void killBus();
     /// The bus can start the scripted service with these options from now on; it writes to the returned file.
@@ -120,5 +126,5 @@ private:
     QString path(const char* file) const { return m_folder.filePath(QLatin1String(file)); }
 
     QTemporaryDir m_folder;
-    QProcess m_bus;
+    TestBus m_bus{m_folder.path()};
 };
