@@ -8,6 +8,7 @@
 #include "tests/platform/connection_fixture.h"
 #include "tests/platform/scripted_bus.h"
 
+#include <csignal>
 #include <memory>
 
 namespace {
@@ -147,7 +148,7 @@ protected:
 
 TEST_F(RemoteOutputTest, LosesNoLineThatHasNoRoomOnItsWayAndEndsAfterTheLast)
 {
-    constexpr int count = 30000; // more than may wait for the socket
+    constexpr int count = 30000; // more than the socket takes, and than may wait for it
     QList<QString> lines;
     std::optional<int> code;
     bus::SignalMatch match;
@@ -175,16 +176,23 @@ TEST_F(RemoteOutputTest, LosesNoLineThatHasNoRoomOnItsWayAndEndsAfterTheLast)
     ASSERT_FALSE(line->command());
     auto* command = new instance::RemoteCommand(connection, jobNumber, m_caller.uniqueName(), std::move(line), {});
     for (int i = 0; i < count; ++i)
-        command->sayFirst(cli::Stream::Output, QByteArray::number(i));
+        command->sayFirst(cli::Stream::Output, QByteArray::number(i).leftJustified(1000));
     command->sayFirst(cli::Stream::Output, QByteArray("a\0b", 3));
     int ended = 0;
     QObject::connect(command, &instance::RemoteCommand::ended, &connection, [&] { ++ended; });
+    // The bus reads nothing meanwhile.
+    std::optional<bus::Credentials> daemon;
+    connection.credentials("org.freedesktop.DBus", &connection, [&](const auto& told) { daemon = told; });
+    ASSERT_TRUE(runUntil([&] { return daemon && daemon->processId; }));
+    const auto process = static_cast<pid_t>(*daemon->processId);
+    ASSERT_EQ(::kill(process, SIGSTOP), 0);
     command->start(client);
+    ::kill(process, SIGCONT);
     EXPECT_TRUE(runUntil([&] { return code.has_value(); }));
     EXPECT_EQ(code, cli::Success);
     ASSERT_EQ(lines.size(), count + 1);
     for (int i = 0; i < count; ++i)
-        ASSERT_EQ(lines[i].toInt(), i);
+        ASSERT_EQ(lines[i].trimmed().toInt(), i);
     EXPECT_EQ(lines.constLast(), QStringLiteral("a\ufffdb"));
     EXPECT_EQ(ended, 1);
 }
