@@ -5,8 +5,10 @@
 
 #include <QStringList>
 
+#include <fcntl.h>
 #include <unistd.h>
 
+#include <array>
 #include <memory>
 
 namespace {
@@ -67,6 +69,39 @@ protected:
     ServiceWatcher watcher;
     QStringList changes;
 };
+
+TEST_F(WatcherTest, CredentialsHaveTheProcessItselfAndItsLabelWhereTheBusTellsThem)
+{
+    std::array<int, 2> pipe{};
+    ASSERT_EQ(::pipe2(pipe.data(), O_CLOEXEC), 0);
+    bus.answer("GetConnectionCredentials", [&](sd_bus_message* call) {
+        sd_bus_message* reply = nullptr;
+        sd_bus_message_new_method_return(call, &reply);
+        sd_bus_message_set_sender(reply, "org.freedesktop.DBus");
+        sd_bus_message_append(reply, "a{sv}", 4, "ProcessFD", "h", pipe[1], "UnixUserID", "s", "of another type",
+                              "LinuxSecurityLabel", "ay", 5, 's', 'n', 'a', 'p', '.', "ProcessID", "u", 42U);
+        EXPECT_GE(sd_bus_send(sd_bus_message_get_bus(call), reply, nullptr), 0);
+        sd_bus_message_unref(reply);
+    });
+    ASSERT_TRUE(opens());
+    std::optional<Credentials> credentials;
+    connection.credentials(":1.5", &connection, [&](const auto& told) { credentials = told; });
+    ASSERT_TRUE(runUntil([&] { return credentials.has_value(); }));
+    EXPECT_FALSE(credentials->userId);
+    EXPECT_EQ(credentials->processId, 42U);
+    EXPECT_EQ(credentials->securityLabel, "snap.");
+    ASSERT_TRUE(credentials->processDescriptor);
+    // It is the same pipe, and stays open as long as a copy.
+    ::close(pipe[1]);
+    const auto copy = credentials->processDescriptor;
+    credentials.reset();
+    char byte = 'x';
+    EXPECT_EQ(::write(*copy, &byte, 1), 1);
+    EXPECT_EQ(::read(pipe[0], &byte, 1), 1);
+    const int number = *copy;
+    EXPECT_NE(::fcntl(number, F_GETFD) & FD_CLOEXEC, 0);
+    ::close(pipe[0]);
+}
 
 } // namespace
 
