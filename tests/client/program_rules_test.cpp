@@ -169,7 +169,7 @@ TEST_F(ProgramRules, AreShownThoughTheSettingsFolderIsNoFolder)
     const Outcome outcome = run({QStringLiteral("rules"), received});
     EXPECT_EQ(outcome.code, 0);
     EXPECT_EQ(outcome.lines().size(), 3);
-    EXPECT_TRUE(outcome.err.contains(QStringLiteral("cannot be written"))) << outcome.err.toStdString();
+    EXPECT_TRUE(outcome.err.contains(QStringLiteral("cannot write to"))) << outcome.err.toStdString();
     EXPECT_EQ(run(ruleSet({received, popup})).code, 1);
 }
 

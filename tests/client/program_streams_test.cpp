@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "program.h"
 
+#include <QDir>
+
 namespace {
 
 /// The program with standard streams that are closed or do not work.
@@ -10,6 +12,7 @@ protected:
     /// Runs it by a shell that redirects its streams: "> /dev/full".
     Outcome redirected(const QString& redirection, const QStringList& arguments)
     {
+        QDir(inFolder(QString())).mkdir(QStringLiteral("settings"));
         QProcess shell;
         shell.setProcessEnvironment(environment);
         shell.setWorkingDirectory(inFolder(QString()));
