@@ -8,6 +8,8 @@
 #include "client/services/global_settings.h"
 #include "qt_printers.h"
 
+#include <QTest>
+
 #include <optional>
 
 using namespace zepa;
@@ -136,6 +138,8 @@ TEST_F(RuleWaiting, ChangesAfterASettingThatWaitsAreMadeAfterIt)
     editor->toggle(typing, popup);
     editor->undo();
     editor->undo();
+    // The first is tried again while all of them wait.
+    QTest::qWait(100);
     EXPECT_TRUE(rule.isEmpty());
     settingsElsewhere.reset();
     while (said.count() < 2)
