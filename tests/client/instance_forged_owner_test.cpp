@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
 // Somebody else owns the client's name on the bus: what it says does not steer the user's terminal.
-#include "client/instance/names.h"
+#include "client/instance/bus_name.h"
 #include "instance_fixture.h"
 
 #include <QDBusConnection>
@@ -10,6 +10,8 @@ namespace {
 
 using namespace zepa;
 
+const QString clientInterface = QLatin1StringView(instance::interfaceName);
+const QString clientPath = QLatin1StringView(instance::objectPath);
 const QString hostile = QStringLiteral("\x1b]0;owned\x07\u009b2J\u202e\r");
 const QString escaped = QStringLiteral("\\u001b]0;owned\\u0007\\u009b2J\\u202e\\u000d");
 
@@ -24,7 +26,7 @@ public:
     bool handleMessage(const QDBusMessage& message, const QDBusConnection& bus) override
     {
         if (!error.isEmpty())
-            return bus.send(message.createErrorReply(instance::interfaceName + QStringLiteral(".Error.X"), error));
+            return bus.send(message.createErrorReply(QLatin1StringView(instance::errorPrefix) + u'X', error));
         bus.send(message.createReply(QVariantList{1U}));
         for (const bool isError : {false, true})
             send(message, bus, QStringLiteral("Output"), {1U, isError, QStringLiteral("a\tb\n") + hostile + u'\n'});
@@ -36,8 +38,7 @@ private:
     static void send(const QDBusMessage& call, const QDBusConnection& bus, const QString& signal,
                      const QVariantList& arguments)
     {
-        QDBusMessage message =
-            QDBusMessage::createTargetedSignal(call.service(), instance::objectPath, instance::interfaceName, signal);
+        QDBusMessage message = QDBusMessage::createTargetedSignal(call.service(), clientPath, clientInterface, signal);
         message.setArguments(arguments);
         bus.send(message);
     }
@@ -49,14 +50,14 @@ protected:
     void SetUp() override
     {
         QDBusConnection bus = QDBusConnection::sessionBus();
-        ASSERT_TRUE(bus.registerVirtualObject(instance::objectPath, &m_owner));
+        ASSERT_TRUE(bus.registerVirtualObject(clientPath, &m_owner));
         ASSERT_TRUE(bus.registerService(clientName()));
     }
     void TearDown() override
     {
         QDBusConnection bus = QDBusConnection::sessionBus();
         bus.unregisterService(clientName());
-        bus.unregisterObject(instance::objectPath);
+        bus.unregisterObject(clientPath);
     }
 
     Outcome runTypes()
