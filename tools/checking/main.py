@@ -25,6 +25,11 @@ def main():
         _check_debug(options, results)
     if options.sanitize or options.all:
         _run_tests("sanitize", "sanitize: ", ["-L", "^(unit|service)$", *_selection(options)], results)
+    if options.all:
+        # What has threads or is called from several; one bus is enough.
+        _run_tests("thread", "thread: ",
+                   ["-L", "^(unit|service)$", "-E", "_test_(broker|proxy)[.]", *_selection(options)], results,
+                   folder="tests/platform")
     return results.report()
 
 
@@ -36,7 +41,8 @@ def _parse():
                         help="unit and service tests under the address, undefined and leak sanitizers instead")
     parser.add_argument("--tidy", action="store_true", help="clang-tidy over all sources besides")
     parser.add_argument("--all", action="store_true",
-                        help="what runs for every change: the sanitizers too, and clang-tidy but for the tests")
+                        help="what runs for every change: the sanitizers too, the thread sanitizer for platform/, and "
+                             "clang-tidy but for the tests")
     parser.add_argument("-R", metavar="REGEX", action="append", default=[], help="only the tests whose name matches")
     return parser.parse_args()
 
@@ -75,8 +81,8 @@ def _check_budgets(results):
     results.add("budget: no watched case takes over 5 % more instructions than its budget", problems)
 
 
-def _run_tests(preset, prefix, selection, results):
-    """Builds a preset and runs its tests; returns whether it could be built."""
+def _run_tests(preset, prefix, selection, results, folder=""):
+    """Builds a preset and runs its tests, those of one folder if given; returns whether it could be built."""
     build = ROOT / "build" / preset
     _announce(f"build {preset}")
     commands = [["cmake", "--preset", preset, "-DCMAKE_CXX_COMPILER_LAUNCHER=ccache", "--log-level=WARNING"],
@@ -90,8 +96,8 @@ def _run_tests(preset, prefix, selection, results):
     junit.unlink(missing_ok=True)
     subprocess.run(
         # More than there are cores: many tests wait most of the time.
-        ["ctest", "--test-dir", str(build), "--output-on-failure", "--progress", "--parallel", str(os.cpu_count() + 1),
-         "--output-junit", str(junit), *selection],
+        ["ctest", "--test-dir", str(build / folder), "--output-on-failure", "--progress", "--parallel",
+         str(os.cpu_count() + 1), "--output-junit", str(junit), *selection],
         cwd=ROOT, stdin=subprocess.DEVNULL)
     if junit.exists():
         results.add_ctest(prefix, junit)
