@@ -35,7 +35,9 @@ zepa_test(client_program_bus_test LABEL service
     program_service_test.cpp
     ${PROJECT_SOURCE_DIR}/tests/platform/fake_bus.cpp
     ${PROJECT_SOURCE_DIR}/tests/platform/service_fixture.cpp
+    ${PROJECT_SOURCE_DIR}/tests/platform/test_bus.cpp
   LIBRARIES zepa_platform Qt6::DBus)
 target_compile_definitions(client_program_bus_test PRIVATE
+  BROKER_CONTROLLER="$<TARGET_FILE:broker_controller>"
   ZEPA_PROGRAM="$<TARGET_FILE:zepa>" SCRIPTED_SERVICE="$<TARGET_FILE:scripted_service>")
-add_dependencies(client_program_bus_test zepa scripted_service)
+add_dependencies(client_program_bus_test broker_controller zepa scripted_service)

@@ -19,8 +19,10 @@ zepa_test(client_instance_test LABEL service
     ${PROJECT_SOURCE_DIR}/tests/platform/fake_bus.cpp
     ${PROJECT_SOURCE_DIR}/tests/platform/scripted_bus.cpp
     ${PROJECT_SOURCE_DIR}/tests/platform/service_fixture.cpp
+    ${PROJECT_SOURCE_DIR}/tests/platform/test_bus.cpp
   LIBRARIES zepa_instance zepa_platform Qt6::DBus PkgConfig::SDBUS)
 target_compile_definitions(client_instance_test PRIVATE
+  BROKER_CONTROLLER="$<TARGET_FILE:broker_controller>"
   ZEPA_PROGRAM="$<TARGET_FILE:zepa>" SCRIPTED_SERVICE="$<TARGET_FILE:scripted_service>"
   ZEPA_INTERFACE="${PROJECT_SOURCE_DIR}/client/instance/zepa.Client1.xml")
-add_dependencies(client_instance_test zepa scripted_service)
+add_dependencies(client_instance_test broker_controller zepa scripted_service)
