@@ -87,7 +87,7 @@ function(zepa_run_tests target)
     "XDG_CACHE_HOME=${CMAKE_BINARY_DIR}/test-home/cache" "LC_ALL=C.UTF-8" "TZ=UTC" "QT_QPA_PLATFORM=offscreen"
     "LSAN_OPTIONS=print_suppressions=0:suppressions=${CMAKE_SOURCE_DIR}/tests/support/leaks.supp"
     # Qt's locks are its own and Qt is not instrumented: what it does inside would be taken for races.
-    "TSAN_OPTIONS=ignore_noninstrumented_modules=1:suppressions=${CMAKE_SOURCE_DIR}/tests/support/races.supp")
+    "TSAN_OPTIONS=ignore_noninstrumented_modules=1")
   if(arg_LABEL STREQUAL "unit")
     list(APPEND environment "DBUS_SESSION_BUS_ADDRESS=unix:path=/nonexistent")
   endif()
