@@ -78,7 +78,7 @@ StoredFile readStored(const QString& path)
     found.isLink = QFileInfo(path).isSymLink();
     struct stat status = {};
     if (::stat(QFile::encodeName(path).constData(), &status) != 0) {
-        found.state = errno == ENOENT ? StoredFile::State::Missing : StoredFile::State::Foreign;
+        found.state = errno == ENOENT || errno == ENOTDIR ? StoredFile::State::Missing : StoredFile::State::Foreign;
         return found;
     }
     found.state = StoredFile::State::Foreign;

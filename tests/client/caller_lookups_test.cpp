@@ -51,7 +51,7 @@ TEST(CallerLookupsTest, WaitsForNobodyWhoDoesNotAnswer)
 {
     const auto stuck = std::make_shared<std::counting_semaphore<>>(0);
     CallerLookups lookups(1ms);
-    EXPECT_TRUE(answerTo(lookups, stuckOn(stuck)).contains(QStringLiteral("its files do not answer")));
+    EXPECT_TRUE(answerTo(lookups, stuckOn(stuck)).contains(QStringLiteral("its file system does not respond")));
     stuck->release();
 }
 

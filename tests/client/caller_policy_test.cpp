@@ -54,7 +54,7 @@ protected:
     CallerLook look() const { return CallerLook(m_caller, m_folder.path().toLocal8Bit()); }
     std::string problem() const { return look().problem().toStdString(); }
     bool isForeign() const { return problem() == "the running Zepa accepts no commands from sandboxed programs"; }
-    bool isUnknown() const { return look().problem().contains(QStringLiteral("that it cannot look up")); }
+    bool isUnknown() const { return look().problem().contains(QStringLiteral("that it cannot identify")); }
 
     QTemporaryDir m_folder;
     Caller m_caller{::geteuid(), ::getpid(), nullptr, {}};

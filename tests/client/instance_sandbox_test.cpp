@@ -64,7 +64,7 @@ TEST_F(InstanceSandboxTest, RefusesACallerWithTheMark)
     // A start without a verb, too.
     const Outcome started = zepaInSandbox(marked(), {});
     EXPECT_EQ(started.code, 1);
-    EXPECT_TRUE(started.err.contains(QStringLiteral("in a sandbox"))) << started.err.toStdString();
+    EXPECT_TRUE(started.err.contains(QStringLiteral("sandboxed programs"))) << started.err.toStdString();
 }
 
 TEST_F(InstanceSandboxTest, TakesCallsFromAnotherRootWithoutTheMark)

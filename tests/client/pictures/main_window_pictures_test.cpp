@@ -116,7 +116,7 @@ TEST(MainWindow, TellsThatNothingIsKeptWhereTheFolderCannotBeWritten)
     Client client(folder.filePath(QStringLiteral("file/settings")));
     MainWindow window(client);
     window.show();
-    EXPECT_TRUE(QTest::qWaitFor([&window] { return noticeIn(window).contains(u"cannot be written"); }));
+    EXPECT_TRUE(QTest::qWaitFor([&window] { return noticeIn(window).contains(u"cannot write to"); }));
 }
 
 } // namespace
