@@ -136,6 +136,18 @@ QList<QByteArray> configuredAddresses()
     return splitAddresses(configured.isEmpty() ? QByteArray("unix:runtime=yes") : configured);
 }
 
+QByteArray socketNameOf(const QByteArray& address)
+{
+    if (!address.startsWith("unix:"))
+        return {};
+    const Pairs pairs = pairsOf(address.mid(address.indexOf(':') + 1));
+    const auto path = unescaped(valueOf(pairs, "path"));
+    const auto name = unescaped(valueOf(pairs, "abstract"));
+    if (!path || !name || path->isEmpty() == name->isEmpty() || path->contains('\0') || name->contains('\0'))
+        return {};
+    return path->isEmpty() ? '\0' + *name : *path;
+}
+
 QList<QByteArray> programOf(const QByteArray& address)
 {
     if (!address.startsWith("unixexec:"))

@@ -16,6 +16,9 @@ void setConfiguredAddress(const QByteArray& list);
 /// What the environment says, or else the socket in the user's run-time folder.
 QList<QByteArray> configuredAddresses();
 
+/// The path in a "unix:" address, or NUL and the abstract name; empty for any other address and for a broken one.
+QByteArray socketNameOf(const QByteArray& address);
+
 /// The program and its arguments in a "unixexec:" address; empty for any other address and for a broken one.
 QList<QByteArray> programOf(const QByteArray& address);
 

@@ -3,6 +3,7 @@
 
 #include "bus/address.h"
 #include "bus/bus_program.h"
+#include "bus/paced_handshake.h"
 
 #include <QCoreApplication>
 #include <QSocketNotifier>
@@ -19,12 +20,17 @@ namespace zepa::bus {
 
 namespace {
 
-bool connectTo(sd_bus* bus, const QByteArray& address)
+bool connectTo(sd_bus* bus, const QByteArray& address, std::unique_ptr<PacedHandshake>& handshake)
 {
     const QList<QByteArray> program = programOf(address);
     if (!program.isEmpty()) {
         const int socket = startBusProgram(program);
         // From here on the socket is sd-bus's.
+        if (socket < 0 || sd_bus_set_fd(bus, socket, socket) < 0)
+            return false;
+    } else if (address.startsWith("unix:")) {
+        handshake = PacedHandshake::connectTo(socketNameOf(address));
+        const int socket = handshake ? handshake->takeClientSocket() : -1;
         if (socket < 0 || sd_bus_set_fd(bus, socket, socket) < 0)
             return false;
     } else if (sd_bus_set_address(bus, address.constData()) < 0) {
@@ -58,29 +64,74 @@ Time now()
     return duration_cast<microseconds>(steady_clock::now().time_since_epoch()).count();
 }
 
-sd_bus* startBus(const QByteArray& address)
+sd_bus* startBus(const QByteArray& address, std::unique_ptr<PacedHandshake>& handshake)
 {
     sd_bus* bus = nullptr;
     if (sd_bus_new(&bus) < 0)
         return nullptr;
-    return connectTo(bus, address) ? bus : sd_bus_close_unref(bus);
+    return connectTo(bus, address, handshake) ? bus : sd_bus_close_unref(bus);
+}
+
+Transport::Transport(Listener& listener) : m_listener(listener)
+{}
+
+Transport::~Transport()
+{
+    stop();
 }
 
 bool Transport::start(const QByteArray& address)
 {
     stop();
-    m_bus = startBus(address);
-    if (m_bus == nullptr)
+    m_bus = startBus(address, m_handshake);
+    if (m_bus == nullptr) {
+        m_handshake.reset();
         return false;
+    }
     m_socket = sd_bus_get_fd(m_bus);
-    m_readable = new QSocketNotifier(m_socket, QSocketNotifier::Read);
-    m_writable = new QSocketNotifier(m_socket, QSocketNotifier::Write);
-    m_readable->setEnabled(false);
-    m_writable->setEnabled(false);
-    QObject::connect(m_readable, &QSocketNotifier::activated, m_readable, [this] { m_listener.onWakeUp(); });
-    QObject::connect(m_writable, &QSocketNotifier::activated, m_writable, [this] { m_listener.onWakeUp(); });
+    m_readable = newNotifier(m_socket, false);
+    m_writable = newNotifier(m_socket, true);
+    if (m_handshake) {
+        const std::array<int, 2> sockets = m_handshake->awaitedSockets();
+        for (std::size_t i = 0; i < sockets.size(); ++i)
+            m_handshakeReadable.at(i) = newNotifier(sockets.at(i), false);
+        watchHandshake();
+    }
     watch();
     return true;
+}
+
+/// Not enabled yet.
+QSocketNotifier* Transport::newNotifier(int socket, bool isForWriting)
+{
+    auto* notifier = new QSocketNotifier(socket, isForWriting ? QSocketNotifier::Write : QSocketNotifier::Read);
+    notifier->setEnabled(false);
+    QObject::connect(notifier, &QSocketNotifier::activated, notifier, [this] { m_listener.onWakeUp(); });
+    return notifier;
+}
+
+void Transport::watchHandshake()
+{
+    const std::array<int, 2> sockets = m_handshake->awaitedSockets();
+    for (std::size_t i = 0; i < sockets.size(); ++i)
+        m_handshakeReadable.at(i)->setEnabled(sockets.at(i) >= 0);
+}
+
+bool Transport::advanceHandshake()
+{
+    const PacedHandshake::State state = m_handshake->advance();
+    if (state != PacedHandshake::State::Over) {
+        watchHandshake();
+        return state != PacedHandshake::State::Failed;
+    }
+    // An event loop may know a socket by more than its number, which stays.
+    for (QSocketNotifier** notifier : {&m_readable, &m_writable, &m_handshakeReadable[0], &m_handshakeReadable[1]})
+        retire(*notifier);
+    const bool isConnected = m_handshake->connectDirectly(m_socket);
+    m_handshake.reset();
+    m_readable = newNotifier(m_socket, false);
+    m_writable = newNotifier(m_socket, true);
+    return isConnected;
 }
 
 void Transport::stop()
@@ -88,6 +139,9 @@ void Transport::stop()
     ++m_generation;
     retire(m_readable);
     retire(m_writable);
+    for (QSocketNotifier*& notifier : m_handshakeReadable)
+        retire(notifier);
+    m_handshake.reset();
     sd_bus* bus = std::exchange(m_bus, nullptr);
     // After fork() sd-bus does nothing, and the socket is the parent's: only our copy of it is closed.
     if (bus != nullptr && sd_bus_get_fd(bus) == -ECHILD)
@@ -158,6 +212,10 @@ void Transport::process()
     constexpr int mostInARow = 64;
     const std::uint64_t generation = m_generation;
     const auto isOver = [this, generation] { return m_generation != generation; };
+    if (m_handshake && !advanceHandshake()) {
+        stop();
+        return m_listener.onLost();
+    }
     m_hasMore = true;
     for (int i = 0; i < mostInARow && m_hasMore; ++i) {
         sd_bus_message* arrived = nullptr;

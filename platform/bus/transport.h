@@ -5,8 +5,10 @@
 
 #include <QByteArray>
 
+#include <array>
 #include <cstdint>
 #include <deque>
+#include <memory>
 #include <optional>
 
 struct sd_bus;
@@ -18,8 +20,11 @@ namespace zepa::bus {
 using Time = std::int64_t;
 Time now();
 
-/// A connection on its way to a bus; null when nobody listens there. Never waits.
-sd_bus* startBus(const QByteArray& address);
+class PacedHandshake;
+
+/// A connection on its way to a bus; null when nobody listens there. Never waits. Where `handshake` is non-null after
+/// it, that has to be advanced and, when it is over, to be connected directly.
+sd_bus* startBus(const QByteArray& address, std::unique_ptr<PacedHandshake>& handshake);
 
 /// One sd-bus connection in Qt's event loop: a notifier for each direction, and a time at which it wants to be looked
 /// at. It is made for one address and forgotten when it is lost.
@@ -46,8 +51,8 @@ public:
         virtual void onLost() = 0;
     };
 
-    explicit Transport(Listener& listener) : m_listener(listener) {}
-    ~Transport() { stop(); }
+    explicit Transport(Listener& listener);
+    ~Transport();
     Q_DISABLE_COPY_MOVE(Transport)
 
     /// False when nobody listens there; else onReady() or onLost() follows from the event loop, unless it is silent.
@@ -68,6 +73,10 @@ public:
     void process();
 
 private:
+    QSocketNotifier* newNotifier(int socket, bool isForWriting);
+    void watchHandshake();
+    /// False when it failed.
+    bool advanceHandshake();
     void watch();
     void countQueue();
 
@@ -75,7 +84,9 @@ private:
     sd_bus* m_bus = nullptr;
     std::uint64_t m_generation = 0; ///< counts starts and stops
     bool m_isReady = false;
-    bool m_hasMore = false; ///< stopped reading so that others get their turn
+    bool m_hasMore = false;                      ///< stopped reading so that others get their turn
+    std::unique_ptr<PacedHandshake> m_handshake; ///< null when it is over
+    std::array<QSocketNotifier*, 2> m_handshakeReadable = {};
     QSocketNotifier* m_readable = nullptr;
     QSocketNotifier* m_writable = nullptr;
     int m_socket = -1;

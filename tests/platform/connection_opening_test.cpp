@@ -4,6 +4,8 @@
 #include "fake_bus.h"
 #include "scripted_bus.h"
 
+#include <zepa_platform/session_bus.h>
+
 #include <QDir>
 #include <QFile>
 
@@ -137,6 +139,17 @@ TEST_F(OpeningTest, FollowsABusToItsNextProcessWhereTheAddressHasAGuid)
     ASSERT_TRUE(daemon.start());
     EXPECT_FALSE(qgetenv("DBUS_SESSION_BUS_ADDRESS") == daemon.printedAddress()) << "the guid is another one";
     EXPECT_TRUE(runUntil([&] { return openedCount == 2; }));
+}
+
+TEST_F(OpeningTest, WorksAndIsFoundToWorkBefore)
+{
+    needDaemon();
+    if (IsSkipped())
+        return;
+    setAddress(daemon.address());
+    EXPECT_TRUE(zepaSessionBusAnswers(60000));
+    ASSERT_TRUE(opens());
+    EXPECT_TRUE(roundTrip(connection));
 }
 
 TEST_F(OpeningTest, WorksOverTcp)

@@ -12,6 +12,7 @@
 
 namespace {
 
+constexpr const char* goOn = "DATA\r\n";
 constexpr const char* welcome = "OK 0123456789abcdef0123456789abcdef\r\n";
 constexpr const char* noFiles = "ERROR\r\n"; // no file descriptors are passed on
 
@@ -81,7 +82,7 @@ TEST_F(SilentBusTest, HoldsUpNoPostingAndAnswersEachPopupOnce)
 
 TEST_F(SilentBusTest, HoldsUpNobodyThatGreetsAndThenDoesNotAnswerTheIntroduction)
 {
-    const FakeBus bus(busPath(), FakeBus::Manner::Answers, {welcome, noFiles});
+    const FakeBus bus(busPath(), FakeBus::Manner::Answers, {goOn, welcome, noFiles});
     ASSERT_TRUE(waitFor([] { return Growl_IsRunning() != 0; }));
     postClickable("a");
     ASSERT_TRUE(waitFor([&] { return bus.connectionCount() == 2; }));
@@ -108,7 +109,7 @@ TEST_F(SilentBusTest, DoesNotHoldUpTheEndOfAProgram)
 
 TEST_F(SilentBusTest, DoesNotHoldUpTheEndOfAProgramAfterItGreeted)
 {
-    const FakeBus bus(busPath(), FakeBus::Manner::Answers, {welcome, noFiles});
+    const FakeBus bus(busPath(), FakeBus::Manner::Answers, {goOn, welcome, noFiles});
     EXPECT_TRUE(ends({}));
     EXPECT_TRUE(bus.heard().contains("BEGIN"));
 }
@@ -151,7 +152,7 @@ TEST_F(SilentBusTest, IsToldFromOneThatAnswersAndFromNone)
     }
     {
         // Has a voice only in this thread, which is busy waiting for it.
-        const FakeBus bus(busPath(), FakeBus::Manner::Answers, {welcome, noFiles});
+        const FakeBus bus(busPath(), FakeBus::Manner::Answers, {goOn, welcome, noFiles});
         EXPECT_FALSE(zepaSessionBusAnswers(limit));
     }
     startBus();
