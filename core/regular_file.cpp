@@ -61,7 +61,7 @@ QString openPictureFile(QFile& file, const QString& path)
         return path;
     const QList<QByteArray> endings = QImageReader::supportedImageFormats();
     for (const QByteArray& ending : endings) {
-        const QString name = path + QLatin1Char('.') + QLatin1String(ending);
+        QString name = path + QLatin1Char('.') + QLatin1String(ending);
         file.setFileName(name);
         if (openRegularFile(file, QIODevice::ReadOnly))
             return name;

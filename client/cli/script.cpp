@@ -159,7 +159,7 @@ void ScriptReader::LineReader::check(Event& event)
                 .arg(onOneLine(m_pictures.filePath(event.icon)));
         });
     if (!event.action.isNull()) {
-        const QString problem = problemWithAction(event.action, m_actionFolder);
+        QString problem = problemWithAction(event.action, m_actionFolder);
         if (!problem.isEmpty())
             complainAbout(QStringLiteral("action"), [&] { return problem; });
     }

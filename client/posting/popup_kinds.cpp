@@ -40,7 +40,7 @@ constexpr Kind kinds[] = {
 
 void setPopupKinds(const ZepaNotificationModule& module)
 {
-    const auto types = module.getNotifications();
+    const auto& types = module.getNotifications();
     for (const Kind& kind : kinds) {
         if (const ZepaNotification* type = types.value(QString::fromLatin1(kind.type)))
             zepaSetPopupKind(type->getName(), {QString::fromLatin1(kind.category), kind.isTransient});

@@ -141,7 +141,7 @@ void whenLocked(const QString& folder, QObject* context, const std::function<voi
                          timer->stop();
                          // The timer owns this function and with it the lock; `then` may run an event loop.
                          const auto held = std::exchange(lock, nullptr);
-                         const auto call = std::move(then);
+                         const auto call = then;
                          timer->deleteLater();
                          call(*held);
                      });

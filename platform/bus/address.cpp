@@ -81,9 +81,9 @@ bool isNumericHost(const QByteArray& host)
 QByteArray tcpAddress(Pairs pairs)
 {
     const bool isSixth = valueOf(pairs, "family") == "ipv6";
-    for (auto& [name, value] : pairs) {
-        if (name == "host" && value == "localhost")
-            value = isSixth ? "::1" : "127.0.0.1";
+    for (auto& pair : pairs) {
+        if (pair.first == "host" && pair.second == "localhost")
+            pair.second = isSixth ? "::1" : "127.0.0.1";
     }
     const auto host = unescaped(valueOf(pairs, "host"));
     return host && isNumericHost(*host) ? joined("tcp", pairs) : QByteArray();

@@ -137,10 +137,10 @@ int Connection::callsUnderWay() const
     return m_core->calls().underWay();
 }
 
-void Connection::call(Message message, const QObject* context, std::function<void(const Message&)> reply,
+void Connection::call(const Message& message, const QObject* context, std::function<void(const Message&)> reply,
                       CallOptions options)
 {
-    m_core->call(std::move(message), context, std::move(reply), std::move(options));
+    m_core->call(message, context, std::move(reply), std::move(options));
 }
 
 bool Connection::send(const Message& message)
@@ -165,7 +165,7 @@ void Connection::requestName(const QByteArray& name, const QObject* context, std
     constexpr std::uint32_t doNotQueue = 4;
     Message question = m_core->busCall("RequestName");
     question.append(name.constData()).append(doNotQueue);
-    call(std::move(question), context, [result = std::move(result)](const Message& reply) {
+    call(question, context, [result = std::move(result)](const Message& reply) {
         std::uint32_t code = 0;
         if (reply.isError() || !MessageReader(reply).read(code))
             return result(NameResult::Failed);
@@ -188,8 +188,8 @@ void Connection::credentials(const QByteArray& uniqueName, const QObject* contex
 {
     Message question = m_core->busCall("GetConnectionCredentials");
     question.append(uniqueName.constData());
-    call(std::move(question), context,
-         [result = std::move(result)](const Message& reply) { result(credentialsIn(reply)); }, {.limit = limit});
+    call(question, context, [result = std::move(result)](const Message& reply) { result(credentialsIn(reply)); },
+         {.limit = limit});
 }
 
 } // namespace zepa::bus

@@ -205,7 +205,7 @@ PendingCall ConnectionCore::pendingCall(const Message& message)
     return call;
 }
 
-void ConnectionCore::call(Message message, const QObject* context, std::function<void(const Message&)> reply,
+void ConnectionCore::call(const Message& message, const QObject* context, std::function<void(const Message&)> reply,
                           CallOptions options)
 {
     PendingCall call = isOpen() ? pendingCall(message) : PendingCall();

@@ -48,7 +48,7 @@ public:
     static std::uint64_t replyCookie(const Message& reply);
 
     bool canCall();
-    void call(Message message, const QObject* context, std::function<void(const Message&)> reply,
+    void call(const Message& message, const QObject* context, std::function<void(const Message&)> reply,
               CallOptions options = {});
     bool send(const Message& message);
     /// A question was refused: everything that was is asked again after a while.

@@ -34,7 +34,7 @@ void NameOwner::ask()
         return;
     Message question = m_core.busCall("GetNameOwner");
     question.append(m_name.constData());
-    m_core.call(std::move(question), nullptr, [weak = weak_from_this(), changes = m_changes](const Message& reply) {
+    m_core.call(question, nullptr, [weak = weak_from_this(), changes = m_changes](const Message& reply) {
         if (const auto self = weak.lock())
             self->onAnswer(reply, changes);
     });

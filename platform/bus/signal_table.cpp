@@ -53,7 +53,7 @@ void SignalTable::ask(const std::shared_ptr<Entry>& entry)
     entry->standing = Standing::Asked;
     Message question = m_core.busCall("AddMatch");
     question.append(matchRule(entry->match).constData());
-    m_core.call(std::move(question), nullptr, [this, entry](const Message& reply) { onAnswer(entry, reply); });
+    m_core.call(question, nullptr, [this, entry](const Message& reply) { onAnswer(entry, reply); });
 }
 
 void SignalTable::onAnswer(const std::shared_ptr<Entry>& entry, const Message& reply)

@@ -150,13 +150,12 @@ void QuietWatch::onEachOwner(const bus::ServiceWatcher& watcher, std::vector<Val
 void QuietWatch::ask(const bus::ServiceWatcher& watcher, bus::Message question, Value value)
 {
     question.setAutoStart(false);
-    m_connection.call(std::move(question), this,
-                      [this, value, owner = watcher.owner(), &watcher](const bus::Message& reply) {
-                          bus::MessageReader reader(reply);
-                          const std::optional<bool> told = readValue(reader);
-                          if (!reply.isError() && told && owner == watcher.owner())
-                              m_values.*value = told;
-                      });
+    m_connection.call(question, this, [this, value, owner = watcher.owner(), &watcher](const bus::Message& reply) {
+        bus::MessageReader reader(reply);
+        const std::optional<bool> told = readValue(reader);
+        if (!reply.isError() && told && owner == watcher.owner())
+            m_values.*value = told;
+    });
 }
 
 void QuietWatch::askProperty(const char* interface, const char* property, Value value)

@@ -149,7 +149,7 @@ void PortalService::askFeatures()
         m_features = PortalFeatures::fromReply(reply);
         sendHeld();
     };
-    m_connection->call(std::move(call), this, onReply, {.limit = featuresLimit, .late = onReply});
+    m_connection->call(call, this, onReply, {.limit = featuresLimit, .late = onReply});
 }
 
 void PortalService::sendHeld()
@@ -184,7 +184,7 @@ void PortalService::send(growl::Ticket ticket, const NotificationData& data)
                 Q_EMIT shown(ticket, ticket);
         };
     }
-    m_connection->call(std::move(call), this, onReply, std::move(options));
+    m_connection->call(call, this, onReply, std::move(options));
 }
 
 bool PortalService::isShownBy(const bus::Message& reply) const

@@ -276,7 +276,7 @@ public:
 
     /// `reply` gets the reply or an error, exactly once, unless `context` was destroyed before. A message that is null,
     /// unsound or beyond hardCallLimit gets its error without being sent. Calls of the bus itself are not counted.
-    void call(Message message, const QObject* context, std::function<void(const Message&)> reply,
+    void call(const Message& message, const QObject* context, std::function<void(const Message&)> reply,
               CallOptions options = {});
     /// Sends without wanting a reply. False when the message was dropped: null, unsound, or the queue is full.
     bool send(const Message& message);
