@@ -43,17 +43,19 @@ bool connectTo(sd_bus* bus, const QByteArray& address, std::unique_ptr<PacedHand
            sd_bus_get_fd(bus) >= 0;
 }
 
-/// It may be the one whose signal is being handled.
-void retire(QSocketNotifier*& notifier)
+/// It may be the one whose signal is being handled. `owner` deletes it when no event loop does.
+void retire(QSocketNotifier*& notifier, QObject& owner)
 {
     QSocketNotifier* retired = std::exchange(notifier, nullptr);
     if (retired == nullptr)
         return;
     retired->setEnabled(false);
-    if (QCoreApplication::closingDown() || QCoreApplication::instance() == nullptr)
+    if (QCoreApplication::closingDown() || QCoreApplication::instance() == nullptr) {
         delete retired;
-    else
-        retired->deleteLater();
+        return;
+    }
+    retired->setParent(&owner);
+    retired->deleteLater();
 }
 
 } // namespace
@@ -126,7 +128,7 @@ bool Transport::advanceHandshake()
     }
     // An event loop may know a socket by more than its number, which stays.
     for (QSocketNotifier** notifier : {&m_readable, &m_writable, &m_handshakeReadable[0], &m_handshakeReadable[1]})
-        retire(*notifier);
+        retire(*notifier, m_retired);
     const bool isConnected = m_handshake->connectDirectly(m_socket);
     m_handshake.reset();
     m_readable = newNotifier(m_socket, false);
@@ -137,10 +139,10 @@ bool Transport::advanceHandshake()
 void Transport::stop()
 {
     ++m_generation;
-    retire(m_readable);
-    retire(m_writable);
+    retire(m_readable, m_retired);
+    retire(m_writable, m_retired);
     for (QSocketNotifier*& notifier : m_handshakeReadable)
-        retire(notifier);
+        retire(notifier, m_retired);
     m_handshake.reset();
     sd_bus* bus = std::exchange(m_bus, nullptr);
     // After fork() sd-bus does nothing, and the socket is the parent's: only our copy of it is closed.

@@ -4,6 +4,7 @@
 #include <zepa_platform/bus.h>
 
 #include <QByteArray>
+#include <QObject>
 
 #include <array>
 #include <cstdint>
@@ -87,6 +88,7 @@ private:
     bool m_hasMore = false;                      ///< stopped reading so that others get their turn
     std::unique_ptr<PacedHandshake> m_handshake; ///< null when it is over
     std::array<QSocketNotifier*, 2> m_handshakeReadable = {};
+    QObject m_retired; ///< owns notifiers that are about to be deleted
     QSocketNotifier* m_readable = nullptr;
     QSocketNotifier* m_writable = nullptr;
     int m_socket = -1;

@@ -148,6 +148,7 @@ class Attention(AttentionTest):
     def test_an_application_without_windows_tells_docks_only(self):
         probe = Probe(self, 0)
         probe.tell("request")
+        self.wait_until_heard([True])
         probe.tell("request")
         self.wait_until_heard([True, True])
 
