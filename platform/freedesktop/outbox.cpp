@@ -140,8 +140,7 @@ void Outbox::send(const growl::PopupPosting& posting, growl::Ticket ticket)
         };
     }
     m_connection.call(
-        std::move(call), this, [this, ticket](const bus::Message& reply) { onReply(reply, ticket); },
-        std::move(options));
+        call, this, [this, ticket](const bus::Message& reply) { onReply(reply, ticket); }, std::move(options));
 }
 
 void Outbox::onReply(const bus::Message& reply, growl::Ticket ticket)
