@@ -19,20 +19,26 @@ using zepa::RuleLock;
 class RuleLockTest : public testing::Test
 {
 protected:
+    RuleLockTest() { QDir().mkpath(folder()); }
+
+    /// Not right in the system's folder for temporary files: the folder above is locked, too.
+    QString folder() const { return m_folder.filePath(QStringLiteral("rules")); }
+
+private:
     QTemporaryDir m_folder;
 };
 
 TEST_F(RuleLockTest, IsHadByOneAtATimeAndWritesNothing)
 {
-    std::optional<RuleLock> first(std::in_place, m_folder.path());
-    RuleLock second(m_folder.path());
+    std::optional<RuleLock> first(std::in_place, folder());
+    RuleLock second(folder());
     EXPECT_TRUE(first->tryNow());
     EXPECT_FALSE(second.tryNow());
     EXPECT_FALSE(second.isHeld());
     first.reset();
     EXPECT_TRUE(second.tryNow());
     EXPECT_TRUE(second.isHeld());
-    EXPECT_TRUE(QDir(m_folder.path()).isEmpty());
+    EXPECT_TRUE(QDir(folder()).isEmpty());
 }
 
 TEST_F(RuleLockTest, GoesWithTheProcessThatHasIt)
@@ -41,7 +47,7 @@ TEST_F(RuleLockTest, GoesWithTheProcessThatHasIt)
     ASSERT_EQ(pipe(ready), 0);
     const pid_t other = fork();
     if (other == 0) {
-        RuleLock lock(m_folder.path());
+        RuleLock lock(folder());
         const char answer = lock.tryNow() ? 'y' : 'n';
         if (write(ready[1], &answer, 1) == 1)
             pause();
@@ -50,7 +56,7 @@ TEST_F(RuleLockTest, GoesWithTheProcessThatHasIt)
     char answer = 0;
     ASSERT_EQ(read(ready[0], &answer, 1), 1);
     EXPECT_EQ(answer, 'y');
-    RuleLock lock(m_folder.path());
+    RuleLock lock(folder());
     EXPECT_FALSE(lock.tryNow());
     kill(other, SIGKILL);
     waitpid(other, nullptr, 0);
@@ -61,7 +67,7 @@ TEST_F(RuleLockTest, GoesWithTheProcessThatHasIt)
 
 TEST_F(RuleLockTest, IsNotPossibleWithoutAFolder)
 {
-    RuleLock lock(m_folder.filePath(QStringLiteral("nowhere")));
+    RuleLock lock(folder() + QStringLiteral("/nowhere"));
     EXPECT_FALSE(lock.isPossible());
     EXPECT_FALSE(lock.tryNow());
     EXPECT_FALSE(lock.wait());
@@ -69,15 +75,15 @@ TEST_F(RuleLockTest, IsNotPossibleWithoutAFolder)
 
 TEST_F(RuleLockTest, LeavesNobodyBehindWhoGaveUp)
 {
-    std::optional<RuleLock> first(std::in_place, m_folder.path());
+    std::optional<RuleLock> first(std::in_place, folder());
     ASSERT_TRUE(first->tryNow());
     {
-        RuleLock impatient(m_folder.path());
+        RuleLock impatient(folder());
         impatient.beginWaiting();
         EXPECT_FALSE(impatient.isHeld());
     }
     first.reset();
-    RuleLock next(m_folder.path());
+    RuleLock next(folder());
     EXPECT_TRUE(next.wait());
 }
 
@@ -85,13 +91,13 @@ TEST_F(RuleLockTest, CallsAtOnceWhenItIsFreeAndLaterWhenItIsNot)
 {
     QObject context;
     int calls = 0;
-    zepa::whenLocked(m_folder.path(), &context, [&calls](const RuleLock& lock) { calls += lock.isHeld() ? 1 : 100; });
+    zepa::whenLocked(folder(), &context, [&calls](const RuleLock& lock) { calls += lock.isHeld() ? 1 : 100; });
     EXPECT_EQ(calls, 1);
 
-    std::optional<RuleLock> first(std::in_place, m_folder.path());
+    std::optional<RuleLock> first(std::in_place, folder());
     ASSERT_TRUE(first->tryNow());
     QEventLoop loop;
-    zepa::whenLocked(m_folder.path(), &context, [&](const RuleLock& lock) {
+    zepa::whenLocked(folder(), &context, [&](const RuleLock& lock) {
         calls += lock.isHeld() ? 1 : 100;
         loop.quit();
     });
@@ -101,21 +107,21 @@ TEST_F(RuleLockTest, CallsAtOnceWhenItIsFreeAndLaterWhenItIsNot)
     loop.exec();
     EXPECT_EQ(calls, 2);
     // The lock is free again when the call is over.
-    EXPECT_TRUE(RuleLock(m_folder.path()).wait());
+    EXPECT_TRUE(RuleLock(folder()).wait());
 }
 
 TEST_F(RuleLockTest, CallsWithoutItWhenItTakesTooLongAndNeverForWhoIsGone)
 {
-    RuleLock first(m_folder.path());
+    RuleLock first(folder());
     ASSERT_TRUE(first.tryNow());
     QObject context;
     QEventLoop loop;
     int calls = 0;
     {
         QObject gone;
-        zepa::whenLocked(m_folder.path(), &gone, [&calls](const RuleLock&) { calls += 100; });
+        zepa::whenLocked(folder(), &gone, [&calls](const RuleLock&) { calls += 100; });
     }
-    zepa::whenLocked(m_folder.path(), &context, [&](const RuleLock& lock) {
+    zepa::whenLocked(folder(), &context, [&](const RuleLock& lock) {
         calls += lock.isHeld() ? 100 : 1;
         loop.quit();
     });
