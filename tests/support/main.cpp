@@ -22,7 +22,8 @@ void endInOrder(int /*signal*/)
 
 #ifdef __SANITIZE_ADDRESS__
 /// Some test programs hold pieces of libzepa_platform a second time, to look at what it hides; their own come first.
-extern "C" Q_DECL_EXPORT const char* __asan_default_options() // NOLINT(bugprone-reserved-identifier): the sanitizer's name for it
+extern "C" Q_DECL_EXPORT const char*
+__asan_default_options() // NOLINT(bugprone-reserved-identifier): the sanitizer's name for it
 {
     return "detect_odr_violation=0";
 }
