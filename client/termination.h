@@ -7,8 +7,8 @@ namespace zepa {
 /// connected by now. A second one ends it at once. Signals that were ignored stay so. Needs the application object.
 void quitOnTermination();
 
-/// The very last thing that the program does: it ends by the signal that made it quit, if one did, so that whoever
-/// waits for it sees that.
+/// Call this last in main(): ends the program by the signal that made it quit, if any, so that its parent process sees
+/// the signal.
 void endBySignal();
 
 } // namespace zepa

@@ -16,8 +16,8 @@ namespace zepa::cli {
 ///
 ///   {"at": 1.5, "type": "message_received", "title": "Anna", "text": "Lunch?", "buddy": "Anna"}
 ///
-/// "type" and "title" must be there; "at" is in seconds from the start and is that of the line above when it is not
-/// given. A relative "icon" is looked for beside the script; an "action" runs in the folder of whoever plays it.
+/// "type" and "title" are required. "at" is in seconds from the start and defaults to that of the line above. A
+/// relative "icon" is relative to the script's folder; an "action" runs in the folder in which the script is played.
 struct Script
 {
     QList<Event> events;

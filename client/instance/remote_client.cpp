@@ -129,7 +129,7 @@ void RemoteClient::handleSignal(const bus::Message& signal)
 
 RemoteClient::Claim RemoteClient::claim(const QString& token)
 {
-    // Whoever has the name may leave it in the moment in which it is asked.
+    // The owner of the name may give it up just as it is asked.
     constexpr int attempts = 3;
     for (int attempt = 0; attempt < attempts; ++attempt) {
         if (requestName() != bus::NameResult::Taken)

@@ -41,8 +41,7 @@ private:
     void forgetOldest();
 
     QList<JournalEntry> m_entries;
-    /// The postings that the module remembers, by their repeatKey. One for each at most that the journal
-    /// holds.
+    /// Postings that the module remembers, by their repeatKey; at most as many as the journal has entries.
     QHash<QByteArray, JournalEntry::Earlier> m_accepted;
     int m_lastNumber = 0;
 };

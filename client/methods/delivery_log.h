@@ -19,8 +19,8 @@ struct Delivery
     QList<ZepaField> config;
     /// The method was told of the posting's type, and no list without it has come since.
     bool isRegistered = true;
-    /// Why the picture that the posting names is not shown, in English; empty when it is, or none was named. The pop-up
-    /// method's alone.
+    /// Why the picture named in the event is not shown, in English; empty if it is shown or none was named. Set by the
+    /// pop-up method only.
     QString pictureProblem = {};
 };
 

@@ -53,7 +53,7 @@ struct Report
     /// rules stands here twice.
     QList<Delivery> calls;
     PopupState popup = PopupState::NotAsked;
-    /// Why the pop-up has not the picture that the posting names, in English; empty when it has, or none was named.
+    /// Why the pop-up lacks the picture named in the event, in English; empty if it has it or none was named.
     QString pictureProblem = {};
     SoundState sound = SoundState::NotAsked;
     /// What the setting "alerts" says at that time, whether it is offered or not; empty for all but alerts with a

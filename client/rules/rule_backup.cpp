@@ -280,7 +280,7 @@ bool RuleBackup::keep(const QString& typeId)
     const StoredFile copy = readStored(copyOf(typeId));
     if (copy.state == State::Readable && !copy.isLink && copy.content == file.content)
         return true;
-    // The file first: whoever finds it good after a crash must find this content, not what it was long ago.
+    // The file first: if it is intact after a crash, it must hold this content and not an older version.
     return syncStored(ruleFile(typeId)) && replaceStored(copyOf(typeId), file.content, workshop(typeId), 0600);
 }
 

@@ -10,7 +10,7 @@
 
 namespace zepa {
 
-/// Keeps the other clients of this machine away from the rule files of a folder. Whoever reads or writes them holds it.
+/// Keeps other clients on this machine away from the rule files in a folder. Hold it while reading or writing them.
 ///
 /// It is an advisory lock of the folder itself, so to take it writes nothing, and it goes with its process, however
 /// that ends. Two objects exclude each other in one process, too.

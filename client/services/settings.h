@@ -23,8 +23,8 @@ class ZEPA_CLIENT_EXPORT Settings final : public ZepaSettingsManager, public Zep
 public:
     using Stored = SettingsFile::Change;
 
-    /// Reads the settings in `folder` (absolute or relative to the working directory) and makes the folder with its
-    /// "notifications/" when it is not there, for the user alone. Values change later only through this object.
+    /// Reads the settings in `folder` (absolute or relative to the working directory). Creates the folder and its
+    /// "notifications/" if missing, accessible to the user only. Later changes of values go through this object.
     explicit Settings(const QString& folder);
     virtual ~Settings();
     Q_DISABLE_COPY_MOVE(Settings)
@@ -56,7 +56,7 @@ public:
 
     /// Keeps `value` for the setting that `field` describes, in memory and in the file. Not when the field does not
     /// allow the value or the file cannot be changed: then nothing is. Never waits: while another process changes the
-    /// file the answer is Stored::Busy, and whoever wants the change tries again from a timer.
+    /// file the answer is Stored::Busy, and the caller should try again from a timer.
     Stored tryToStore(const ZepaField& field, const QString& value);
     /// The same for those who take a busy file for one that cannot be written.
     bool store(const ZepaField& field, const QString& value);

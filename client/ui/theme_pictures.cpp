@@ -62,7 +62,7 @@ QString pictureFile(const QString& address, const QStringList& themeFolders)
 QImage readPicture(const QString& file, const QSize& most)
 {
     QFile device(file);
-    // What is built into the program is no file of the system.
+    // Pictures built into the program are Qt resources, not files on disk.
     const bool isOpen = file.startsWith(u':') ? device.open(QIODevice::ReadOnly)
                                               : RegularFile::openToRead(file, largestPictureFile).moveTo(device);
     if (!isOpen)
