@@ -7,6 +7,8 @@
 
 #include <QGuiApplication>
 
+using namespace Qt::StringLiterals;
+
 namespace zepa {
 
 namespace {
@@ -52,7 +54,7 @@ bool prepareEnvironment(bool needsDisplay)
 
 bool hasDisplay()
 {
-    return QGuiApplication::platformName() != QStringLiteral("offscreen");
+    return QGuiApplication::platformName() != u"offscreen"_s;
 }
 
 } // namespace zepa

@@ -8,6 +8,8 @@
 
 #include <memory>
 
+using namespace Qt::StringLiterals;
+
 namespace zepa {
 
 namespace {
@@ -31,8 +33,8 @@ QString messageLocale()
 
 bool isUntranslated(const QString& language)
 {
-    return language.isEmpty() || language == QStringLiteral("C") || language == QStringLiteral("POSIX") ||
-           language.section(u'_', 0, 0) == QStringLiteral("en");
+    return language.isEmpty() || language == u"C"_s || language == u"POSIX"_s ||
+           language.section(u'_', 0, 0) == u"en"_s;
 }
 
 /// The languages come from the environment; none may lead elsewhere.
@@ -56,7 +58,7 @@ QStringList messageLanguages()
 {
     const QString locale = messageLocale();
     // As in other programs: who asks for the "C" locale means the texts as they are written.
-    if (locale.isEmpty() || locale == QStringLiteral("C") || locale == QStringLiteral("POSIX"))
+    if (locale.isEmpty() || locale == u"C"_s || locale == u"POSIX"_s)
         return {};
     QStringList wanted = qEnvironmentVariable("LANGUAGE").split(u':', Qt::SkipEmptyParts);
     if (wanted.isEmpty())
@@ -78,17 +80,16 @@ QStringList messageLanguages()
 
 void installTranslations(QCoreApplication& application)
 {
-    const QString ours =
-        QDir::cleanPath(QCoreApplication::applicationDirPath() + QStringLiteral("/../share/zepa/translations/"));
+    const QString ours = QDir::cleanPath(QCoreApplication::applicationDirPath() + u"/../share/zepa/translations/"_s);
     const QString qts = QLibraryInfo::path(QLibraryInfo::TranslationsPath);
     const QStringList languages = messageLanguages();
     for (const QString& language : languages) {
-        if (!install(application, ours + QStringLiteral("/client_") + language + QStringLiteral(".qm")))
+        if (!install(application, ours + u"/client_"_s + language + u".qm"_s))
             continue;
-        install(application, ours + QStringLiteral("/library_") + language + QStringLiteral(".qm"));
+        install(application, ours + u"/library_"_s + language + u".qm"_s);
         // Qt speaks only one country's kind of some languages; better that than English.
-        QStringList files{QStringLiteral("qtbase_") + language + QStringLiteral(".qm")};
-        files += QDir(qts).entryList({QStringLiteral("qtbase_") + language + QStringLiteral("_*.qm")});
+        QStringList files{u"qtbase_"_s + language + u".qm"_s};
+        files += QDir(qts).entryList({u"qtbase_"_s + language + u"_*.qm"_s});
         for (const QString& file : std::as_const(files)) {
             if (install(application, qts + u'/' + file))
                 break;

@@ -24,6 +24,8 @@
 
 #include <optional>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 /// The client with its window, until the user quits; or the window of the client that runs already. `token` is what the
@@ -90,26 +92,25 @@ int run(int argc, char** argv)
     // Qt has options of its own; none of the words on our command line is meant for it.
     int count = 1;
     QApplication app(count, argv);
-    QApplication::setApplicationName(QStringLiteral("zepa"));
-    QApplication::setApplicationDisplayName(QStringLiteral("Zepa"));
-    QApplication::setApplicationVersion(QStringLiteral(ZEPA_VERSION));
-    QApplication::setDesktopFileName(QStringLiteral("zepa"));
+    QApplication::setApplicationName(u"zepa"_s);
+    QApplication::setApplicationDisplayName(u"Zepa"_s);
+    QApplication::setApplicationVersion(QString::fromUtf16(ZEPA_VERSION));
+    QApplication::setDesktopFileName(u"zepa"_s);
     QApplication::setQuitOnLastWindowClosed(false);
     // Before the module and its methods are made: they translate their texts once and keep them.
     installTranslations(app);
 
     // Somebody who chose a platform that shows nothing knows why.
     if (line.opensWindow() && !hasDisplay() && !platformIsChosen) {
-        cli::complain(QStringLiteral("no display: there is nowhere to open the window; zepa --help shows what works "
-                                     "without one"));
+        cli::complain(u"no display: there is nowhere to open the window; zepa --help shows what works "
+                      u"without one"_s);
         return cli::WrongUsage;
     }
 
     // A folder that a command would have to make is a slip of the pen. The user's own is made for a new user.
     if (line.command() && !line.command()->changesSettings() && line.namesSettingsFolder() &&
         !QFileInfo::exists(line.settingsFolder())) {
-        cli::complain(
-            QStringLiteral("the settings folder %1 does not exist").arg(cli::onOneLine(line.settingsFolder())));
+        cli::complain(u"the settings folder %1 does not exist"_s.arg(cli::onOneLine(line.settingsFolder())));
         return cli::Failure;
     }
 
@@ -134,24 +135,22 @@ int run(int argc, char** argv)
     if (!line.namesSettingsFolder())
         client.ruleBackup().ownSettingsFolder();
     if (!client.settings().isUsable())
-        cli::complain(
-            (client.settings().hasRuleFolder()
-                 ? QStringLiteral(
-                       "cannot write to %1: your rules are in use as they are, and changes will not be saved")
-                 : QStringLiteral("cannot write to %1: the default rules are in use, and changes will not be saved"))
-                .arg(cli::onOneLine(client.settings().getSettingsDir())));
+        cli::complain((client.settings().hasRuleFolder()
+                           ? u"cannot write to %1: your rules are in use as they are, and changes will not be saved"_s
+                           : u"cannot write to %1: the default rules are in use, and changes will not be saved"_s)
+                          .arg(cli::onOneLine(client.settings().getSettingsDir())));
     else if (!client.settings().isFileReadable())
-        cli::complain(QStringLiteral("the settings file %1 cannot be read, so all settings have their defaults")
-                          .arg(cli::onOneLine(client.settings().settingsFile())));
+        cli::complain(u"the settings file %1 cannot be read, so all settings have their defaults"_s.arg(
+            cli::onOneLine(client.settings().settingsFile())));
     // Pop-ups and windows show the desktop's picture for it where it is installed.
-    QApplication::setWindowIcon(QIcon::fromTheme(
-        QStringLiteral("zepa"), QIcon(client.settings().getCurrentThemeDir() + QStringLiteral("/icons/zepa.png"))));
+    QApplication::setWindowIcon(
+        QIcon::fromTheme(u"zepa"_s, QIcon(client.settings().getCurrentThemeDir() + u"/icons/zepa.png"_s)));
     if (line.opensWindow())
         return runWindow(client, bus, token);
 
     if (!client.start()) {
-        cli::complain(QStringLiteral("another program is still changing rules in %1; nothing was done, try again later")
-                          .arg(cli::onOneLine(client.settings().getSettingsDir())));
+        cli::complain(u"another program is still changing rules in %1; nothing was done, try again later"_s.arg(
+            cli::onOneLine(client.settings().getSettingsDir())));
         return cli::Failure;
     }
 
@@ -160,7 +159,7 @@ int run(int argc, char** argv)
         cli::complain(cli::onOneLine(sentence));
     obeyRequests();
     if (reachesTheUser && !hasDisplay())
-        cli::complain(QStringLiteral("no display: no status icon, no chat window, no attention request"));
+        cli::complain(u"no display: no status icon, no chat window, no attention request"_s);
     return cli::runHere(line, input, client);
 }
 

@@ -3,6 +3,8 @@
 
 #include <QCoreApplication>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 /// A source text and the comment that tells translators what it is.
@@ -72,6 +74,6 @@ void ZepaNotificationModule::init()
     for (const Entry& entry : catalogue) {
         const QString description = entry.description.translated();
         const QString name = entry.name.translated();
-        instance->registerNotification(QString::fromLatin1(entry.id), name, QStringLiteral(""), description);
+        instance->registerNotification(QString::fromLatin1(entry.id), name, u""_s, description);
     }
 }

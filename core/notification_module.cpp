@@ -14,6 +14,8 @@
 
 #include <QFile>
 
+using namespace Qt::StringLiterals;
+
 ZepaNotificationModule* ZepaNotificationModule::instance = nullptr;
 
 ZepaNotificationModule* ZepaNotificationModule::getInstance()
@@ -32,8 +34,7 @@ ZepaNotificationModule::ZepaNotificationModule()
 {
     // QIcon itself would wait for a pipe.
     QFile file;
-    const QString path =
-        ZepaSettingsManager::getInstance()->getCurrentRosterThemeDir() + QStringLiteral("icons/unavail.png");
+    const QString path = ZepaSettingsManager::getInstance()->getCurrentRosterThemeDir() + u"icons/unavail.png"_s;
     trayIcon->setIcon(QIcon(openPictureFile(file, path)));
     trayIcon->setVisible(true);
 

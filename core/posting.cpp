@@ -6,6 +6,8 @@
 
 #include <utility>
 
+using namespace Qt::StringLiterals;
+
 /// A posting that is under way. While there is one, removed rules stay alive; when the outermost one ends, by whatever
 /// way, they are deleted. Knows when the module goes away in the middle of it.
 class ZepaNotificationModule::RunningPosting
@@ -41,8 +43,7 @@ namespace {
 /// The client's setting, in seconds: at most 300, at least 0, at first 5.
 ZepaField repeatLimit()
 {
-    const ZepaField field = ZepaField::spinBox(QString(), QStringLiteral("duplicated_notifications_time"), 300, 0, 5,
-                                               QStringLiteral(""), QStringLiteral(""));
+    const ZepaField field = ZepaField::spinBox(QString(), u"duplicated_notifications_time"_s, 300, 0, 5, u""_s, u""_s);
     return ZepaSettingsManagerPrivate::settingsMgrPrivInstance->readGlobalSetting(field);
 }
 

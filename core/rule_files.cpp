@@ -10,16 +10,18 @@
 #include <QByteArray>
 #include <QFile>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 QString ruleDirectory()
 {
-    return ZepaSettingsManager::getInstance()->getSettingsDir() + QStringLiteral("notifications/");
+    return ZepaSettingsManager::getInstance()->getSettingsDir() + u"notifications/"_s;
 }
 
 QByteArray ruleFileContent(const QList<ZepaNotificationRule*>& stored)
 {
-    ZepaXmlNode root(QStringLiteral("rules"), QString(), nullptr);
+    ZepaXmlNode root(u"rules"_s, QString(), nullptr);
     for (const ZepaNotificationRule* rule : stored) {
         ZepaXmlNode element = root.addChild(rule->getMethod()->getId(), QString());
         element.appendChild(ZepaField::toXml(rule->getConfig()));

@@ -12,6 +12,8 @@
 
 #include <memory>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 /// Prints events on standard output.
@@ -21,15 +23,15 @@ public:
     PrintMethod()
     {
         // What a rule can set, with the values that a new rule begins with.
-        fields = {ZepaField::checkBox(u"With the name of the type"_qs, u"with_type"_qs, false, {}, {})};
+        fields = {ZepaField::checkBox(u"With the name of the type"_s, u"with_type"_s, false, {}, {})};
         // One type gets a rule by itself, and with its own setting. The others are silent until the user adds a rule.
         ZepaField withType = fields.first();
         withType.setChecked(true);
-        setDefaultNotificationConfig(u"error_notify"_qs, {withType});
+        setDefaultNotificationConfig(u"error_notify"_s, {withType});
     }
 
-    QString getId() const override { return u"example_print_method"_qs; }
-    QString getActionName() const override { return u"print"_qs; }
+    QString getId() const override { return u"example_print_method"_s; }
+    QString getActionName() const override { return u"print"_s; }
     QString getActionIcon() const override { return {}; }
 
     void postNotification(unsigned int /*sequence*/, ZepaNotification* notification, const QString& title,
@@ -40,11 +42,11 @@ public:
         // Settings come in no particular order: look for the identifier.
         bool withType = false;
         for (const ZepaField& field : config) {
-            if (field.getId() == u"with_type"_qs)
+            if (field.getId() == u"with_type"_s)
                 withType = field.isChecked();
         }
         // Main thread: whatever takes long belongs elsewhere, and a text from outside is data, never a command.
-        QTextStream(stdout) << (withType ? notification->getName() + u": "_qs : QString()) << title << u": "_qs << text
+        QTextStream(stdout) << (withType ? notification->getName() + u": "_s : QString()) << title << u": "_s << text
                             << Qt::endl;
     }
 };
@@ -62,9 +64,9 @@ int main(int argc, char** argv)
     module->installNotificationMethod(&print);
     ZepaNotificationModule::init();
 
-    module->postNotification(u"error_notify"_qs, u"Disk"_qs, u"It is full."_qs, {}, {}, {}, {});
+    module->postNotification(u"error_notify"_s, u"Disk"_s, u"It is full."_s, {}, {}, {}, {});
     QList<ZepaField> config = print.fields;
-    module->addNotificationRule(u"message_sent"_qs, print.getId(), config);
-    module->postNotification(u"message_sent"_qs, u"Ann"_qs, u"At eight."_qs, {}, {}, {}, {});
+    module->addNotificationRule(u"message_sent"_s, print.getId(), config);
+    module->postNotification(u"message_sent"_s, u"Ann"_s, u"At eight."_s, {}, {}, {}, {});
     return 0;
 }

@@ -7,6 +7,8 @@
 
 #include <memory>
 
+using namespace Qt::StringLiterals;
+
 int main(int argc, char** argv)
 {
     QApplication app(argc, argv);
@@ -16,9 +18,9 @@ int main(int argc, char** argv)
     // Delivery methods of your own go here, before init(): module->installNotificationMethod(&yours);
     ZepaNotificationModule::init();
 
-    const ZepaArg ann = ZepaArg::fromBuddy(ZepaBuddy(u"ann"_qs, u"Ann"_qs, ZepaBuddy::Contact));
+    const ZepaArg ann = ZepaArg::fromBuddy(ZepaBuddy(u"ann"_s, u"Ann"_s, ZepaBuddy::Contact));
     const ZepaPluginAction answer([] { QApplication::quit(); });
-    module->postNotification(u"message_received"_qs, u"Ann"_qs, u"Shall we meet at eight?"_qs, QString(), QString(),
+    module->postNotification(u"message_received"_s, u"Ann"_s, u"Shall we meet at eight?"_s, QString(), QString(),
                              answer, {ann});
     return QApplication::exec(); // until the pop-up is clicked
 }

@@ -5,18 +5,20 @@
 
 #include <QCoreApplication>
 
+using namespace Qt::StringLiterals;
+
 ZepaChatWindowNotificationMethod::ZepaChatWindowNotificationMethod()
 {
-    setDefaultNotificationConfig(QStringLiteral("alert_sent_notify"), {});
-    setDefaultNotificationConfig(QStringLiteral("alert_received_notify"), {});
-    setDefaultNotificationConfig(QStringLiteral("buddy_changed_status"), {});
+    setDefaultNotificationConfig(u"alert_sent_notify"_s, {});
+    setDefaultNotificationConfig(u"alert_received_notify"_s, {});
+    setDefaultNotificationConfig(u"buddy_changed_status"_s, {});
 }
 
 ZepaChatWindowNotificationMethod::~ZepaChatWindowNotificationMethod() = default;
 
 QString ZepaChatWindowNotificationMethod::getId() const
 {
-    return QStringLiteral("zepa_chat_window_notification_method");
+    return u"zepa_chat_window_notification_method"_s;
 }
 
 QString ZepaChatWindowNotificationMethod::getActionName() const
@@ -42,6 +44,6 @@ void ZepaChatWindowNotificationMethod::postNotification(unsigned int /*sequence*
         return;
     // A picture that is built into the program has an address that the window can show.
     QString line = text;
-    line.replace(QStringLiteral("image::/"), QStringLiteral("image:qrc:/"), Qt::CaseSensitive);
+    line.replace(u"image::/"_s, u"image:qrc:/"_s, Qt::CaseSensitive);
     window->notifyMessage(line);
 }

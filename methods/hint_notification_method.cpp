@@ -14,6 +14,8 @@
 #include <utility>
 #include <vector>
 
+using namespace Qt::StringLiterals;
+
 ZepaHintNotificationMethod* hnminstance = nullptr;
 
 namespace {
@@ -74,8 +76,8 @@ CFDataRef qPixmapToCFDataRef(const QPixmap& pixmap)
 /// expression, which would refuse a text with an unpaired surrogate.
 QString withoutImageMarker(QString text)
 {
-    const QString opening = QStringLiteral("image:");
-    const QString closing = QStringLiteral(":image");
+    const QString opening = u"image:"_s;
+    const QString closing = u":image"_s;
     const qsizetype first = text.indexOf(opening);
     const qsizetype last = text.lastIndexOf(closing);
     if (first < 0 || last < first + opening.size())
@@ -86,7 +88,7 @@ QString withoutImageMarker(QString text)
 /// The posting's number as a property-list string; what Growl hands back is compared with it by value.
 Owned<CFPropertyListRef> makeClickContext(unsigned int sequence)
 {
-    const Owned<CFStringRef> text(qStringToCFStringRef(QStringLiteral("<string>%1</string>").arg(sequence)));
+    const Owned<CFStringRef> text(qStringToCFStringRef(u"<string>%1</string>"_s.arg(sequence)));
     const Owned<CFDataRef> bytes(
         CFStringCreateExternalRepresentation(kCFAllocatorDefault, text.get(), kCFStringEncodingMacRoman, 0));
     CFStringRef error = nullptr;
@@ -101,7 +103,7 @@ Owned<CFPropertyListRef> makeClickContext(unsigned int sequence)
 
 bool isStickyField(const ZepaField& field)
 {
-    return field.getId() == QStringLiteral("sticky");
+    return field.getId() == u"sticky"_s;
 }
 
 const CFStringRef& allNotificationsKey()
@@ -158,13 +160,11 @@ ZepaHintNotificationMethod::ZepaHintNotificationMethod()
     ZepaField sticky =
         ZepaField::checkBox(QCoreApplication::translate("translation", "Sticky",
                                                         "sticky notification, stays visible until user accepts it"),
-                            QStringLiteral("sticky"), false, QStringLiteral(""), QStringList());
+                            u"sticky"_s, false, u""_s, QStringList());
     fields.append(sticky);
     sticky.setChecked(false);
-    for (const QString& id :
-         {QStringLiteral("message_received_initial"), QStringLiteral("message_received_background"),
-          QStringLiteral("message_received"), QStringLiteral("logged_in"), QStringLiteral("info_notify"),
-          QStringLiteral("error_notify"), QStringLiteral("email_notify")})
+    for (const QString& id : {u"message_received_initial"_s, u"message_received_background"_s, u"message_received"_s,
+                              u"logged_in"_s, u"info_notify"_s, u"error_notify"_s, u"email_notify"_s})
         setDefaultNotificationConfig(id, {sticky});
 
     // Identifiers, not display names, and only the first three of the seven: both are meant. This registration lasts
@@ -191,7 +191,7 @@ ZepaHintNotificationMethod::~ZepaHintNotificationMethod()
 
 QString ZepaHintNotificationMethod::getId() const
 {
-    return QStringLiteral("zepa_hint_notification");
+    return u"zepa_hint_notification"_s;
 }
 
 QString ZepaHintNotificationMethod::getActionName() const
@@ -217,7 +217,7 @@ void ZepaHintNotificationMethod::registerNotifications(const QList<ZepaNotificat
     for (const ZepaNotification* notification : notifications) {
         // An array takes no null: a type without a name is registered under the empty one.
         const QString& name = notification->getName();
-        names.push_back(qStringToCFStringRef(name.isNull() ? QStringLiteral("") : name));
+        names.push_back(qStringToCFStringRef(name.isNull() ? u""_s : name));
     }
     CFArrayRef array =
         CFArrayCreate(kCFAllocatorDefault, names.data(), static_cast<CFIndex>(names.size()), &kCFTypeArrayCallBacks);

@@ -10,25 +10,26 @@
 #include <QCoreApplication>
 #include <QFileInfo>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 ZepaField soundField(const QString& file)
 {
-    return ZepaField::soundEdit(QCoreApplication::translate("translation", "sound file", "nc"),
-                                QStringLiteral("sound_file"), file, QStringLiteral(""));
+    return ZepaField::soundEdit(QCoreApplication::translate("translation", "sound file", "nc"), u"sound_file"_s, file,
+                                u""_s);
 }
 
 /// What the user chose for alerts, "buddies_only" when nothing was chosen.
 QString alertChoice()
 {
-    const QStringList ids{QStringLiteral("never"), QStringLiteral("always"), QStringLiteral("buddies_only")};
+    const QStringList ids{u"never"_s, u"always"_s, u"buddies_only"_s};
     const QStringList labels{
         QCoreApplication::translate("translation", "Mute", "turn off all"),
         QCoreApplication::translate("translation", "Notify always", "turn on all"),
         QCoreApplication::translate("translation", "Notify from buddies only", "turn on only from contacts at my list"),
     };
-    const ZepaField field = ZepaField::comboBox(QStringLiteral(""), QStringLiteral("alerts"), ids, labels,
-                                                QStringLiteral("buddies_only"), QStringLiteral(""));
+    const ZepaField field = ZepaField::comboBox(u""_s, u"alerts"_s, ids, labels, u"buddies_only"_s, u""_s);
     return ZepaSettingsManagerPrivate::settingsMgrPrivInstance->readGlobalSetting(field).getSelectedId();
 }
 
@@ -39,9 +40,9 @@ bool mayAlertSound(const QList<ZepaArg>& args)
     const ZepaBuddy sender =
         args.isEmpty() ? ZepaBuddy(QString(), QString(), ZepaBuddy::NotOnContactList) : args.first().toBuddy();
     const QString choice = alertChoice();
-    if (choice == QStringLiteral("always"))
+    if (choice == u"always"_s)
         return true;
-    if (choice != QStringLiteral("buddies_only"))
+    if (choice != u"buddies_only"_s)
         return false;
     return sender.getType() != ZepaBuddy::NotOnContactList;
 }
@@ -50,30 +51,30 @@ bool mayAlertSound(const QList<ZepaArg>& args)
 
 ZepaSoundNotificationMethod::ZepaSoundNotificationMethod()
 {
-    const ZepaField bell = soundField(QStringLiteral("bell.wav"));
-    const ZepaField mail = soundField(QStringLiteral("mail.wav"));
-    const ZepaField online = soundField(QStringLiteral("online.wav"));
-    const ZepaField message = soundField(QStringLiteral("message.wav"));
-    const ZepaField file = soundField(QStringLiteral("file.wav"));
-    const ZepaField login = soundField(QStringLiteral("login.wav"));
+    const ZepaField bell = soundField(u"bell.wav"_s);
+    const ZepaField mail = soundField(u"mail.wav"_s);
+    const ZepaField online = soundField(u"online.wav"_s);
+    const ZepaField message = soundField(u"message.wav"_s);
+    const ZepaField file = soundField(u"file.wav"_s);
+    const ZepaField login = soundField(u"login.wav"_s);
     fields.append(bell);
 
-    setDefaultNotificationConfig(QStringLiteral("alert_received_notify"), {bell});
-    setDefaultNotificationConfig(QStringLiteral("email_notify"), {mail});
-    setDefaultNotificationConfig(QStringLiteral("buddy_connected"), {online});
-    setDefaultNotificationConfig(QStringLiteral("message_received"), {message});
-    setDefaultNotificationConfig(QStringLiteral("message_received_initial"), {message});
-    setDefaultNotificationConfig(QStringLiteral("message_received_background"), {message});
-    setDefaultNotificationConfig(QStringLiteral("info_notify"), {file});
-    setDefaultNotificationConfig(QStringLiteral("error_notify"), {file});
-    setDefaultNotificationConfig(QStringLiteral("logged_in"), {login});
+    setDefaultNotificationConfig(u"alert_received_notify"_s, {bell});
+    setDefaultNotificationConfig(u"email_notify"_s, {mail});
+    setDefaultNotificationConfig(u"buddy_connected"_s, {online});
+    setDefaultNotificationConfig(u"message_received"_s, {message});
+    setDefaultNotificationConfig(u"message_received_initial"_s, {message});
+    setDefaultNotificationConfig(u"message_received_background"_s, {message});
+    setDefaultNotificationConfig(u"info_notify"_s, {file});
+    setDefaultNotificationConfig(u"error_notify"_s, {file});
+    setDefaultNotificationConfig(u"logged_in"_s, {login});
 }
 
 ZepaSoundNotificationMethod::~ZepaSoundNotificationMethod() = default;
 
 QString ZepaSoundNotificationMethod::getId() const
 {
-    return QStringLiteral("zepa_sound_notification_method");
+    return u"zepa_sound_notification_method"_s;
 }
 
 QString ZepaSoundNotificationMethod::getActionName() const
@@ -84,7 +85,7 @@ QString ZepaSoundNotificationMethod::getActionName() const
 QString ZepaSoundNotificationMethod::getActionIcon() const
 {
     // With a separator of its own, whether or not the directory ends in one.
-    return ZepaSettingsManager::getInstance()->getCurrentThemeDir() + QStringLiteral("/icons/speaker.png");
+    return ZepaSettingsManager::getInstance()->getCurrentThemeDir() + u"/icons/speaker.png"_s;
 }
 
 void ZepaSoundNotificationMethod::postNotification(unsigned int /*sequence*/, ZepaNotification* notification,
@@ -93,7 +94,7 @@ void ZepaSoundNotificationMethod::postNotification(unsigned int /*sequence*/, Ze
                                                    const QList<ZepaField>& config, const ZepaPluginAction& /*action*/,
                                                    const QList<ZepaArg>& args)
 {
-    if (notification->getId() == QStringLiteral("alert_received_notify") && !mayAlertSound(args))
+    if (notification->getId() == u"alert_received_notify"_s && !mayAlertSound(args))
         return;
     if (config.isEmpty())
         return;

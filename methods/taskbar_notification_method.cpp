@@ -3,17 +3,19 @@
 
 #include <QCoreApplication>
 
+using namespace Qt::StringLiterals;
+
 ZepaTaskbarNotificationMethod::ZepaTaskbarNotificationMethod()
 {
-    setDefaultNotificationConfig(QStringLiteral("message_received_background"), {});
-    setDefaultNotificationConfig(QStringLiteral("message_received_initial"), {});
+    setDefaultNotificationConfig(u"message_received_background"_s, {});
+    setDefaultNotificationConfig(u"message_received_initial"_s, {});
 }
 
 ZepaTaskbarNotificationMethod::~ZepaTaskbarNotificationMethod() = default;
 
 QString ZepaTaskbarNotificationMethod::getId() const
 {
-    return QStringLiteral("zepa_dock_bounce_notification_method");
+    return u"zepa_dock_bounce_notification_method"_s;
 }
 
 QString ZepaTaskbarNotificationMethod::getActionName() const

@@ -15,6 +15,8 @@
 
 #include <chrono>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 constexpr int calls = 200;
@@ -50,28 +52,27 @@ void postThrough(benchmark::State& state, const QString& method)
             fixture.module().removeNotificationRule(rule);
         fixture.module().addNotificationRule(Fixture::typeId(0), method, config);
     }
-    const QList<ZepaArg> args{
-        ZepaArg::fromBuddy(ZepaBuddy(QStringLiteral("anna"), QStringLiteral("Anna"), ZepaBuddy::Contact))};
+    const QList<ZepaArg> args{ZepaArg::fromBuddy(ZepaBuddy(u"anna"_s, u"Anna"_s, ZepaBuddy::Contact))};
     const QString title = QString::number(number++);
     measureOnce(state, [&] {
-        fixture.module().postNotification(Fixture::typeId(0), title, QStringLiteral("Anna is away: at lunch"),
-                                          QString(), QString(), ZepaPluginAction(), args);
+        fixture.module().postNotification(Fixture::typeId(0), title, u"Anna is away: at lunch"_s, QString(), QString(),
+                                          ZepaPluginAction(), args);
     });
 }
 
 void sound(benchmark::State& state)
 {
-    postThrough(state, QStringLiteral("zepa_sound_notification_method"));
+    postThrough(state, u"zepa_sound_notification_method"_s);
 }
 BENCHMARK(sound)->Iterations(1)->Repetitions(calls)->UseManualTime()->Unit(benchmark::kMicrosecond);
 
 void chatLine(benchmark::State& state)
 {
     client();
-    static QWidget* const window = zepa::ChatManager::instance().open(
-        ZepaBuddy(QStringLiteral("anna"), QStringLiteral("Anna"), ZepaBuddy::Contact));
+    static QWidget* const window =
+        zepa::ChatManager::instance().open(ZepaBuddy(u"anna"_s, u"Anna"_s, ZepaBuddy::Contact));
     window->show();
-    postThrough(state, QStringLiteral("zepa_chat_window_notification_method"));
+    postThrough(state, u"zepa_chat_window_notification_method"_s);
 }
 BENCHMARK(chatLine)->Iterations(1)->Repetitions(calls)->UseManualTime()->Unit(benchmark::kMicrosecond);
 
@@ -81,7 +82,7 @@ void attention(benchmark::State& state)
     static QWidget& window = *new QWidget;
     window.showMinimized();
     runEventLoop(5'000);
-    postThrough(state, QStringLiteral("zepa_dock_bounce_notification_method"));
+    postThrough(state, u"zepa_dock_bounce_notification_method"_s);
 }
 BENCHMARK(attention)->Iterations(1)->Repetitions(calls)->UseManualTime()->Unit(benchmark::kMicrosecond);
 

@@ -6,12 +6,13 @@
 #include <QHash>
 #include <QTime>
 
+using namespace Qt::StringLiterals;
+
 Fixture::Fixture() : m_settings(m_folder.path())
 {
     // Nothing is forgotten while something is measured.
-    m_settings.store(
-        ZepaField::spinBox(QString(), QStringLiteral("duplicated_notifications_time"), 300, 0, 5, QString(), QString()),
-        QStringLiteral("300"));
+    m_settings.store(ZepaField::spinBox(QString(), u"duplicated_notifications_time"_s, 300, 0, 5, QString(), QString()),
+                     u"300"_s);
     m_module.reset(ZepaNotificationModule::getInstance());
     m_module->installNotificationMethod(&m_idle);
 }
@@ -19,12 +20,12 @@ Fixture::Fixture() : m_settings(m_folder.path())
 void Fixture::registerTypes(int count)
 {
     for (int i = 0; i < count; ++i)
-        m_module->registerNotification(typeId(i), QStringLiteral("Type %1").arg(i), QString(), QString());
+        m_module->registerNotification(typeId(i), u"Type %1"_s.arg(i), QString(), QString());
 }
 
 void Fixture::post(const QString& id, const QString& title)
 {
-    m_module->postNotification(id, title, QStringLiteral("Shall we have lunch together at noon?"), QString(), QString(),
+    m_module->postNotification(id, title, u"Shall we have lunch together at noon?"_s, QString(), QString(),
                                ZepaPluginAction(), {});
 }
 
@@ -33,7 +34,7 @@ void Fixture::rememberPostings(int count)
     QHash<QString, QTime>& table = rememberedPostings(*m_module);
     table.reserve(count);
     for (int i = 0; i < count; ++i)
-        table.insert(QStringLiteral("message_receivedPosting number %1").arg(100'000 + i), QTime::currentTime());
+        table.insert(u"message_receivedPosting number %1"_s.arg(100'000 + i), QTime::currentTime());
 }
 
 void Fixture::forgetPostings()

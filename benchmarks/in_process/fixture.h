@@ -11,6 +11,8 @@
 
 #include <memory>
 
+using namespace Qt::StringLiterals;
+
 /// A delivery method that does nothing, so that only what leads to it is measured.
 class IdleMethod : public ZepaNotificationMethod
 {
@@ -39,7 +41,7 @@ public:
     /// The method is installed with the module.
     IdleMethod& idleMethod() { return m_idle; }
     void registerTypes(int count);
-    static QString typeId(int number) { return QStringLiteral("type_%1").arg(number); }
+    static QString typeId(int number) { return u"type_%1"_s.arg(number); }
     void post(const QString& id, const QString& title);
     /// As if so many different postings had just been made; posting them would take a time that grows with the square.
     void rememberPostings(int count);
@@ -48,6 +50,6 @@ public:
 private:
     QTemporaryDir m_folder;
     zepa::Settings m_settings;
-    IdleMethod m_idle{QStringLiteral("idle")};
+    IdleMethod m_idle{u"idle"_s};
     std::unique_ptr<ZepaNotificationModule> m_module;
 };

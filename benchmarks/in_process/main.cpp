@@ -3,10 +3,12 @@
 
 #include <QApplication>
 
+using namespace Qt::StringLiterals;
+
 int main(int argc, char** argv)
 {
     const QApplication application(argc, argv);
-    QGuiApplication::setDesktopFileName(QStringLiteral("zepa"));
+    QGuiApplication::setDesktopFileName(u"zepa"_s);
     QGuiApplication::setQuitOnLastWindowClosed(false);
     benchmark::Initialize(&argc, argv);
     if (benchmark::ReportUnrecognizedArguments(argc, argv))

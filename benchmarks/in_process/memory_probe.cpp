@@ -16,6 +16,8 @@
 #include <cstdio>
 #include <memory>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 constexpr int settleMicroseconds = 200'000;
@@ -34,30 +36,27 @@ void printEach(const char* what, const Work& work)
 
 void printItems(ZepaNotificationModule& module)
 {
-    const QString popup = QStringLiteral("zepa_hint_notification");
+    const QString popup = u"zepa_hint_notification"_s;
     QList<ZepaField> config;
     printEach("type", [&](const QString& n) {
-        module.registerNotification(QStringLiteral("type_") + n, QStringLiteral("Type ") + n, QString(), QString());
+        module.registerNotification(u"type_"_s + n, u"Type "_s + n, QString(), QString());
     });
     printEach("rule", [&](const QString& n) {
-        module.addNotificationRule(QStringLiteral("type_") + n, QStringLiteral("zepa_dock_bounce_notification_method"),
-                                   config);
+        module.addNotificationRule(u"type_"_s + n, u"zepa_dock_bounce_notification_method"_s, config);
     });
     const auto post = [&](const QString& id, const QString& title, const ZepaPluginAction& action) {
-        module.postNotification(id, title, QStringLiteral("Shall we have lunch together at noon?"), QString(),
-                                QString(), action, {});
+        module.postNotification(id, title, u"Shall we have lunch together at noon?"_s, QString(), QString(), action,
+                                {});
     };
-    printEach("remembered-key",
-              [&](const QString& n) { post(QStringLiteral("unknown"), QStringLiteral("Posting number ") + n, {}); });
+    printEach("remembered-key", [&](const QString& n) { post(u"unknown"_s, u"Posting number "_s + n, {}); });
 
-    module.registerNotification(QStringLiteral("measured"), QStringLiteral("Measured"), QString(), QString());
-    module.addNotificationRule(QStringLiteral("measured"), popup, config);
+    module.registerNotification(u"measured"_s, u"Measured"_s, QString(), QString());
+    module.addNotificationRule(u"measured"_s, popup, config);
     // Its remembered key is counted in, and is known from the line before.
     const long long before = heapBytes();
     constexpr int popups = 500;
     for (int i = 0; i < popups; ++i) {
-        post(QStringLiteral("measured"), QStringLiteral("Posting number ") + QString::number(i),
-             ZepaPluginAction([] {}));
+        post(u"measured"_s, u"Posting number "_s + QString::number(i), ZepaPluginAction([] {}));
         runEventLoop(2'000);
     }
     runEventLoop(settleMicroseconds);
@@ -78,7 +77,7 @@ int main(int argc, char** argv)
     ZepaNotificationModule::init();
 #else
     ZepaTrayIcon icon(nullptr);
-    icon.setIcon(QIcon(settings.getCurrentRosterThemeDir() + QStringLiteral("icons/unavail.png")));
+    icon.setIcon(QIcon(settings.getCurrentRosterThemeDir() + u"icons/unavail.png"_s));
     icon.setVisible(true);
 #endif
     runEventLoop(settleMicroseconds);

@@ -3,15 +3,17 @@
 
 #include <benchmark/benchmark.h>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 void repeat(benchmark::State& state)
 {
     Fixture fixture;
     fixture.registerTypes(18);
-    fixture.post(Fixture::typeId(0), QStringLiteral("the same"));
+    fixture.post(Fixture::typeId(0), u"the same"_s);
     for (auto _ : state)
-        fixture.post(Fixture::typeId(0), QStringLiteral("the same"));
+        fixture.post(Fixture::typeId(0), u"the same"_s);
 }
 BENCHMARK(repeat);
 
@@ -27,7 +29,7 @@ void unknownType(benchmark::State& state)
             fixture.forgetPostings();
             state.ResumeTiming();
         }
-        fixture.post(QStringLiteral("unknown"), QString::number(number++));
+        fixture.post(u"unknown"_s, QString::number(number++));
     }
 }
 BENCHMARK(unknownType);
@@ -39,9 +41,9 @@ void postThroughRules(benchmark::State& state, int settings)
     QList<ZepaField> config;
     for (int i = 0; i < settings; ++i)
         fixture.idleMethod().fields.append(
-            ZepaField::checkBox(QString(), QStringLiteral("setting_%1").arg(i), false, QString(), QStringList()));
+            ZepaField::checkBox(QString(), u"setting_%1"_s.arg(i), false, QString(), QStringList()));
     for (int i = 0; i < state.range(0); ++i)
-        fixture.module().addNotificationRule(Fixture::typeId(0), QStringLiteral("idle"), config);
+        fixture.module().addNotificationRule(Fixture::typeId(0), u"idle"_s, config);
     int number = 0;
     for (auto _ : state) {
         if (number % 10 == 0) {
@@ -70,10 +72,10 @@ void keys(benchmark::State& state)
 {
     Fixture fixture;
     fixture.registerTypes(1);
-    fixture.post(Fixture::typeId(0), QStringLiteral("the same"));
+    fixture.post(Fixture::typeId(0), u"the same"_s);
     fixture.rememberPostings(static_cast<int>(state.range(0)));
     for (auto _ : state)
-        fixture.post(Fixture::typeId(0), QStringLiteral("the same"));
+        fixture.post(Fixture::typeId(0), u"the same"_s);
 }
 BENCHMARK(keys)->Arg(0)->Arg(10)->Arg(100)->Arg(1'000)->Arg(10'000)->Arg(100'000);
 
@@ -83,7 +85,7 @@ void edit(benchmark::State& state)
     Fixture fixture;
     fixture.registerTypes(static_cast<int>(state.range(0)));
     QList<ZepaField> config;
-    const QString method = QStringLiteral("zepa_sound_notification_method");
+    const QString method = u"zepa_sound_notification_method"_s;
     for (int i = 0; i < state.range(0); ++i)
         fixture.module().addNotificationRule(Fixture::typeId(i), method, config);
     for (auto _ : state)

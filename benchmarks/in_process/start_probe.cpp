@@ -11,6 +11,8 @@
 #include <cstdio>
 #include <memory>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 template <typename Work>
@@ -34,8 +36,7 @@ int main(int argc, char** argv)
     const long long initialised = nanosecondsOf([] { ZepaNotificationModule::init(); });
     const long long registered = nanosecondsOf([&] {
         for (int i = 0; i < types; ++i)
-            module->registerNotification(QStringLiteral("type_%1").arg(i), QStringLiteral("Type %1").arg(i), QString(),
-                                         QString());
+            module->registerNotification(u"type_%1"_s.arg(i), u"Type %1"_s.arg(i), QString(), QString());
     });
     std::printf("%lld %lld %lld\n", made, initialised, registered);
     return 0;

@@ -18,6 +18,8 @@
 
 #include <valgrind/callgrind.h>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 using Work = std::function<void()>;
@@ -45,15 +47,14 @@ void countPostings(const QString& picture)
 {
     Fixture fixture;
     fixture.registerTypes(3);
-    const QString popup = QStringLiteral("zepa_hint_notification");
-    addRules(fixture, 0, QStringLiteral("idle"), 16);
+    const QString popup = u"zepa_hint_notification"_s;
+    addRules(fixture, 0, u"idle"_s, 16);
     addRules(fixture, 1, popup, 1);
     int number = 100'000;
     const auto post = [&](int type, const QString& icon = {}, const ZepaPluginAction& action = ZepaPluginAction()) {
         fixture.forgetPostings();
         fixture.module().postNotification(Fixture::typeId(type), QString::number(number++),
-                                          QStringLiteral("Shall we have lunch together at noon?"), icon, QString(),
-                                          action, {});
+                                          u"Shall we have lunch together at noon?"_s, icon, QString(), action, {});
     };
     const ZepaPluginAction action([] {});
     count("a posting without rules", [&] { post(2); });
@@ -64,9 +65,8 @@ void countPostings(const QString& picture)
 
     fixture.forgetPostings();
     fixture.rememberPostings(1'000);
-    fixture.post(Fixture::typeId(0), QStringLiteral("the same"));
-    count("a repeat beside 1,000 remembered postings",
-          [&] { fixture.post(Fixture::typeId(0), QStringLiteral("the same")); });
+    fixture.post(Fixture::typeId(0), u"the same"_s);
+    count("a repeat beside 1,000 remembered postings", [&] { fixture.post(Fixture::typeId(0), u"the same"_s); });
 }
 
 void countEdits()
@@ -74,7 +74,7 @@ void countEdits()
     Fixture fixture;
     constexpr int types = 18;
     fixture.registerTypes(types);
-    const QString method = QStringLiteral("zepa_sound_notification_method");
+    const QString method = u"zepa_sound_notification_method"_s;
     for (int i = 0; i < types; ++i)
         addRules(fixture, i, method, 1);
     QList<ZepaField> config;
@@ -99,8 +99,7 @@ void countStarts()
         [&] {
             const std::unique_ptr<ZepaNotificationModule> module = start();
             for (int i = 0; i < 100; ++i)
-                module->registerNotification(Fixture::typeId(i), QStringLiteral("Type %1").arg(i), QString(),
-                                             QString());
+                module->registerNotification(Fixture::typeId(i), u"Type %1"_s.arg(i), QString(), QString());
         },
         1);
 }
@@ -108,12 +107,12 @@ void countStarts()
 void countNotifyCall()
 {
     zepa::growl::PopupPosting posting;
-    posting.applicationName = QStringLiteral("Zepa");
-    posting.title = QStringLiteral("Posting number 100000");
-    posting.text = QStringLiteral("Shall we have lunch together at <noon> & go?");
+    posting.applicationName = u"Zepa"_s;
+    posting.title = u"Posting number 100000"_s;
+    posting.text = u"Shall we have lunch together at <noon> & go?"_s;
     posting.clickable = true;
-    posting.clickLabel = QStringLiteral("Open");
-    const zepa::freedesktop::Sender sender{.icon = {}, .desktopEntry = QStringLiteral("zepa")};
+    posting.clickLabel = u"Open"_s;
+    const zepa::freedesktop::Sender sender{.icon = {}, .desktopEntry = u"zepa"_s};
     const zepa::freedesktop::Capabilities capabilities{.bodyMarkup = true, .actions = true};
     // Belongs to no bus: what sd-bus does with the texts is not counted.
     zepa::bus::Message call;

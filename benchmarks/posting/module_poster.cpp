@@ -13,6 +13,8 @@
 
 #include <memory>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 class ModulePoster : public Poster
@@ -34,8 +36,7 @@ public:
     }
     void post() override
     {
-        m_module->postNotification(QStringLiteral("measured"), m_title, m_text, m_icon, QString(), ZepaPluginAction(),
-                                   {});
+        m_module->postNotification(u"measured"_s, m_title, m_text, m_icon, QString(), ZepaPluginAction(), {});
     }
     void settle(int microseconds) override { runEventLoop(microseconds); }
     /// Every title is a new one, which the module remembers for a while: what that costs is measured elsewhere.
@@ -44,11 +45,11 @@ public:
 private:
     void addType()
     {
-        m_module->registerNotification(QStringLiteral("measured"), QStringLiteral("Measured"), QString(), QString());
-        const QString method = QStringLiteral("zepa_hint_notification");
+        m_module->registerNotification(u"measured"_s, u"Measured"_s, QString(), QString());
+        const QString method = u"zepa_hint_notification"_s;
         QList<ZepaField> config;
-        if (m_module->getNotificationRule(QStringLiteral("measured"), method) == nullptr)
-            m_module->addNotificationRule(QStringLiteral("measured"), method, config);
+        if (m_module->getNotificationRule(u"measured"_s, method) == nullptr)
+            m_module->addNotificationRule(u"measured"_s, method, config);
     }
 
     zepa::Settings m_settings;
@@ -63,7 +64,7 @@ private:
 int main(int argc, char** argv)
 {
     QApplication application(argc, argv);
-    QGuiApplication::setDesktopFileName(QStringLiteral("zepa"));
+    QGuiApplication::setDesktopFileName(u"zepa"_s);
     ModulePoster poster(QString::fromLocal8Bit(argc > 1 ? argv[1] : "."));
     return runPoster(poster);
 }

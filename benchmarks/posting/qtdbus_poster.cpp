@@ -17,6 +17,8 @@
 
 #include <optional>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 /// The "image-data" hint, (iiibiiay).
@@ -66,14 +68,13 @@ public:
     void post() override
     {
         constexpr int timeLimit = 5000;
-        QDBusMessage message = QDBusMessage::createMethodCall(
-            QStringLiteral("org.freedesktop.Notifications"), QStringLiteral("/org/freedesktop/Notifications"),
-            QStringLiteral("org.freedesktop.Notifications"), QStringLiteral("Notify"));
-        QVariantMap hints{{QStringLiteral("urgency"), QVariant::fromValue(uchar(1))},
-                          {QStringLiteral("desktop-entry"), QStringLiteral("zepa")}};
+        QDBusMessage message =
+            QDBusMessage::createMethodCall(u"org.freedesktop.Notifications"_s, u"/org/freedesktop/Notifications"_s,
+                                           u"org.freedesktop.Notifications"_s, u"Notify"_s);
+        QVariantMap hints{{u"urgency"_s, QVariant::fromValue(uchar(1))}, {u"desktop-entry"_s, u"zepa"_s}};
         if (!m_picture.isNull())
-            hints.insert(QStringLiteral("image-data"), QVariant::fromValue(ImageData{m_picture}));
-        message.setArguments({QStringLiteral("Zepa"), 0U, QString(), m_title, m_text, QStringList(), hints, -1});
+            hints.insert(u"image-data"_s, QVariant::fromValue(ImageData{m_picture}));
+        message.setArguments({u"Zepa"_s, 0U, QString(), m_title, m_text, QStringList(), hints, -1});
         m_bus->asyncCall(message, timeLimit);
     }
     void settle(int microseconds) override { runEventLoop(microseconds); }

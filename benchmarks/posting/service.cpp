@@ -14,6 +14,8 @@
 
 #include <ctime>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 long long now()
@@ -28,14 +30,11 @@ class Service : public QDBusVirtualObject
 {
 public:
     Service(const QString& file, const QString& delay)
-        : m_bus(QDBusConnection::sessionBus())
-        , m_log(file)
-        , m_never(delay == QStringLiteral("never"))
-        , m_delay(delay.toInt())
+        : m_bus(QDBusConnection::sessionBus()), m_log(file), m_never(delay == u"never"_s), m_delay(delay.toInt())
     {
         m_log.open(QIODevice::WriteOnly | QIODevice::Append | QIODevice::Unbuffered);
-        m_bus.registerVirtualObject(QStringLiteral("/org/freedesktop/Notifications"), this);
-        m_bus.registerService(QStringLiteral("org.freedesktop.Notifications"));
+        m_bus.registerVirtualObject(u"/org/freedesktop/Notifications"_s, this);
+        m_bus.registerService(u"org.freedesktop.Notifications"_s);
         m_log.write("ready\n");
     }
 
@@ -45,12 +44,12 @@ public:
     {
         const long long time = now();
         const QString method = call.member();
-        if (method == QStringLiteral("GetCapabilities")) {
-            m_bus.send(call.createReply(QStringList{QStringLiteral("actions"), QStringLiteral("body")}));
-        } else if (method == QStringLiteral("GetServerInformation")) {
-            const QString text = QStringLiteral("measured");
-            m_bus.send(call.createReply(QVariantList{text, text, text, QStringLiteral("1.2")}));
-        } else if (method == QStringLiteral("Notify")) {
+        if (method == u"GetCapabilities"_s) {
+            m_bus.send(call.createReply(QStringList{u"actions"_s, u"body"_s}));
+        } else if (method == u"GetServerInformation"_s) {
+            const QString text = u"measured"_s;
+            m_bus.send(call.createReply(QVariantList{text, text, text, u"1.2"_s}));
+        } else if (method == u"Notify"_s) {
             m_log.write(QByteArray::number(time) + ' ' + call.arguments().value(3).toString().toUtf8() + '\n');
             onNotify(call.createReply(++m_lastId));
         }

@@ -7,12 +7,14 @@
 
 #include <algorithm>
 
+using namespace Qt::StringLiterals;
+
 namespace zepa::cli {
 
 namespace {
 
-const QString settingsOption = QStringLiteral("settings");
-const QString helpOption = QStringLiteral("help");
+const QString settingsOption = u"settings"_s;
+const QString helpOption = u"help"_s;
 
 QString firstWords(const QStringList& words, qsizetype count)
 {
@@ -24,9 +26,9 @@ QString firstWords(const QStringList& words, qsizetype count)
 CommandLine::CommandLine(const QStringList& arguments)
 {
     m_commands = allCommands();
-    m_parser.addOption({settingsOption, {}, QStringLiteral("DIR")});
-    m_parser.addOption({{helpOption, QStringLiteral("h")}, {}});
-    m_parser.addOption({QStringLiteral("version"), {}});
+    m_parser.addOption({settingsOption, {}, u"DIR"_s});
+    m_parser.addOption({{helpOption, u"h"_s}, {}});
+    m_parser.addOption({u"version"_s, {}});
 
     QStringList rest = arguments;
     choose(rest);
@@ -49,15 +51,15 @@ void CommandLine::choose(QStringList& arguments)
 {
     qsizetype at = 0;
     while (at < arguments.size() && arguments[at].startsWith(u'-')) {
-        if (arguments[at] == QStringLiteral("--help") || arguments[at] == QStringLiteral("-h")) {
+        if (arguments[at] == u"--help"_s || arguments[at] == u"-h"_s) {
             passOn(Stream::Output, overview(m_commands).toUtf8());
             return;
         }
-        if (arguments[at] == QStringLiteral("--version")) {
-            say(QStringLiteral("zepa %1").arg(QStringLiteral(ZEPA_VERSION)));
+        if (arguments[at] == u"--version"_s) {
+            say(u"zepa %1"_s.arg(QString::fromUtf16(ZEPA_VERSION)));
             return;
         }
-        at += arguments[at] == QStringLiteral("--settings") ? 2 : 1;
+        at += arguments[at] == u"--settings"_s ? 2 : 1;
     }
 
     const QStringList words = arguments.mid(at);
@@ -77,16 +79,15 @@ void CommandLine::choose(QStringList& arguments)
     QStringList names;
     for (const CommandPointer& command : m_commands)
         names.append(command->name());
-    fail(QStringLiteral("there is no verb \"%1\"; there are: %2")
-             .arg(onOneLine(words.constFirst()), names.join(QStringLiteral(", "))));
+    fail(u"there is no verb \"%1\"; there are: %2"_s.arg(onOneLine(words.constFirst()), names.join(u", "_s)));
 }
 
 void CommandLine::parse(const QStringList& arguments)
 {
     if (m_command)
         m_parser.addOptions(m_command->options());
-    const bool understood = m_parser.parse(QStringList{QStringLiteral("zepa")} +
-                                           (m_command ? m_command->normalised(arguments) : arguments));
+    const bool understood =
+        m_parser.parse(QStringList{u"zepa"_s} + (m_command ? m_command->normalised(arguments) : arguments));
     if (m_command && m_parser.isSet(helpOption)) {
         passOn(Stream::Output, manual(*m_command).toUtf8());
         m_command = nullptr;
@@ -95,22 +96,21 @@ void CommandLine::parse(const QStringList& arguments)
     if (!understood)
         return fail(onOneLine(m_parser.errorText()));
     if (m_parser.isSet(settingsOption) && m_parser.value(settingsOption).isEmpty())
-        return fail(QStringLiteral("--settings needs the name of a folder"));
+        return fail(u"--settings needs the name of a folder"_s);
     if (!m_command)
         return;
     const qsizetype count = m_parser.positionalArguments().size();
     if (count < m_command->fewestArguments())
-        return fail(QStringLiteral("%1 is missing").arg(m_command->arguments().section(u' ', count, count)));
+        return fail(u"%1 is missing"_s.arg(m_command->arguments().section(u' ', count, count)));
     if (count > m_command->mostArguments())
-        return fail(QStringLiteral("\"%1\" is too much")
-                        .arg(onOneLine(m_parser.positionalArguments().at(m_command->mostArguments()))));
+        return fail(
+            u"\"%1\" is too much"_s.arg(onOneLine(m_parser.positionalArguments().at(m_command->mostArguments()))));
 }
 
 void CommandLine::fail(const QString& problem)
 {
     complain(problem);
-    complain(m_command ? QStringLiteral("usage: %1").arg(usage(*m_command))
-                       : QStringLiteral("zepa --help shows what it can do"));
+    complain(m_command ? u"usage: %1"_s.arg(usage(*m_command)) : u"zepa --help shows what it can do"_s);
     m_command = nullptr;
     m_opensWindow = false;
     m_code = WrongUsage;

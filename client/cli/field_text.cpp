@@ -8,6 +8,8 @@
 
 #include <algorithm>
 
+using namespace Qt::StringLiterals;
+
 namespace zepa::cli {
 
 QJsonValue jsonValue(const ZepaField& field)
@@ -33,7 +35,7 @@ QJsonObject jsonValues(const QList<ZepaField>& fields)
 QString assignments(QList<ZepaField> fields)
 {
     if (fields.isEmpty())
-        return QStringLiteral("-");
+        return u"-"_s;
     std::sort(fields.begin(), fields.end(),
               [](const ZepaField& a, const ZepaField& b) { return a.getId() < b.getId(); });
     QStringList texts;
@@ -47,18 +49,18 @@ QString assign(QList<ZepaField>& fields, const QString& assignment)
     const qsizetype equals = assignment.indexOf(u'=');
     const QString shown = onOneLine(assignment);
     if (equals <= 0)
-        return QStringLiteral("\"%1\" is not of the form FIELD=VALUE").arg(shown);
+        return u"\"%1\" is not of the form FIELD=VALUE"_s.arg(shown);
     const QString id = assignment.first(equals);
     const QString value = assignment.sliced(equals + 1);
     const auto field =
         std::find_if(fields.begin(), fields.end(), [&id](const ZepaField& one) { return one.getId() == id; });
     if (field == fields.end()) {
-        return fields.isEmpty() ? QStringLiteral("\"%1\": this method has no fields").arg(shown)
-                                : QStringLiteral("\"%1\": there is no field \"%2\"; there are: %3")
-                                      .arg(shown, onOneLine(id), assignments(fields));
+        return fields.isEmpty() ? u"\"%1\": this method has no fields"_s.arg(shown)
+                                : u"\"%1\": there is no field \"%2\"; there are: %3"_s.arg(shown, onOneLine(id),
+                                                                                           assignments(fields));
     }
     if (!fieldAllows(*field, value))
-        return QStringLiteral("\"%1\": allowed is %2").arg(shown, allowedValues(*field));
+        return u"\"%1\": allowed is %2"_s.arg(shown, allowedValues(*field));
     field->setText(value);
     return {};
 }

@@ -5,6 +5,8 @@
 #include "client/client.h"
 #include "core/notification_module.h"
 
+using namespace Qt::StringLiterals;
+
 namespace zepa::cli {
 
 namespace {
@@ -33,8 +35,8 @@ ZepaNotification* findType(Client& client, const QString& id)
 {
     ZepaNotification* type = client.module().getNotifications().value(id);
     if (!type)
-        complain(QStringLiteral("there is no notification type \"%1\"; there are: %2")
-                     .arg(onOneLine(id), typeIds(client).join(QStringLiteral(", "))));
+        complain(
+            u"there is no notification type \"%1\"; there are: %2"_s.arg(onOneLine(id), typeIds(client).join(u", "_s)));
     return type;
 }
 
@@ -42,8 +44,8 @@ ZepaNotificationMethod* findMethod(Client& client, const QString& id)
 {
     ZepaNotificationMethod* method = client.module().getMethods().value(id);
     if (!method)
-        complain(QStringLiteral("there is no delivery method \"%1\"; there are: %2")
-                     .arg(onOneLine(id), methodIds(client).join(QStringLiteral(", "))));
+        complain(
+            u"there is no delivery method \"%1\"; there are: %2"_s.arg(onOneLine(id), methodIds(client).join(u", "_s)));
     return method;
 }
 

@@ -10,6 +10,8 @@
 
 #include <QCommandLineParser>
 
+using namespace Qt::StringLiterals;
+
 namespace zepa::cli {
 
 namespace {
@@ -17,17 +19,16 @@ namespace {
 class Methods final : public Command
 {
 public:
-    QString name() const override { return QStringLiteral("methods"); }
-    QString arguments() const override { return QStringLiteral("[--json]"); }
+    QString name() const override { return u"methods"_s; }
+    QString arguments() const override { return u"[--json]"_s; }
     QString summary() const override
     {
-        return QStringLiteral("Lists the delivery methods and the fields that a rule for each can set.");
+        return u"Lists the delivery methods and the fields that a rule for each can set."_s;
     }
-    QString example() const override { return QStringLiteral("zepa methods"); }
+    QString example() const override { return u"zepa methods"_s; }
     QList<QCommandLineOption> options() const override
     {
-        return {{QStringLiteral("json"),
-                 QStringLiteral("for programs: an array of objects with id, action, icon, fields")}};
+        return {{u"json"_s, u"for programs: an array of objects with id, action, icon, fields"_s}};
     }
     qsizetype fewestArguments() const override { return 0; }
     qsizetype mostArguments() const override { return 0; }
@@ -40,15 +41,15 @@ public:
         for (const QString& id : ids) {
             const ZepaNotificationMethod& method = *client.module().getMethods().value(id);
             rows.append({id, method.getActionName(), assignments(method.fields)});
-            json.append(QJsonObject{{QStringLiteral("id"), id},
-                                    {QStringLiteral("action"), method.getActionName()},
-                                    {QStringLiteral("icon"), method.getActionIcon()},
-                                    {QStringLiteral("fields"), described(method.fields)}});
+            json.append(QJsonObject{{u"id"_s, id},
+                                    {u"action"_s, method.getActionName()},
+                                    {u"icon"_s, method.getActionIcon()},
+                                    {u"fields"_s, described(method.fields)}});
         }
-        if (line.isSet(QStringLiteral("json")))
+        if (line.isSet(u"json"_s))
             sayJson(json);
         else
-            sayTable({QStringLiteral("METHOD"), QStringLiteral("WHAT IT DOES"), QStringLiteral("FIELDS")}, rows);
+            sayTable({u"METHOD"_s, u"WHAT IT DOES"_s, u"FIELDS"_s}, rows);
         return Success;
     }
 
@@ -57,10 +58,10 @@ private:
     {
         QJsonArray json;
         for (const ZepaField& field : fields)
-            json.append(QJsonObject{{QStringLiteral("id"), field.getId()},
-                                    {QStringLiteral("label"), field.getLabel()},
-                                    {QStringLiteral("initial"), jsonValue(field)},
-                                    {QStringLiteral("allowed"), allowedValues(field)}});
+            json.append(QJsonObject{{u"id"_s, field.getId()},
+                                    {u"label"_s, field.getLabel()},
+                                    {u"initial"_s, jsonValue(field)},
+                                    {u"allowed"_s, allowedValues(field)}});
         return json;
     }
 };

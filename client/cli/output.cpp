@@ -9,6 +9,8 @@
 #include <algorithm>
 #include <utility>
 
+using namespace Qt::StringLiterals;
+
 namespace zepa::cli {
 
 namespace {
@@ -38,11 +40,11 @@ QString escaped(const QString& text, QStringView except)
         if (!isEscaped(c) || except.contains(c))
             shown += c;
         else if (c == u'\n')
-            shown += QStringLiteral("\\n");
+            shown += u"\\n"_s;
         else if (c == u'\t')
-            shown += QStringLiteral("\\t");
+            shown += u"\\t"_s;
         else
-            shown += QStringLiteral("\\u%1").arg(c.unicode(), 4, 16, QChar(u'0'));
+            shown += u"\\u%1"_s.arg(c.unicode(), 4, 16, QChar(u'0'));
     }
     return shown;
 }
@@ -85,7 +87,7 @@ void say(const QString& line)
 
 void complain(const QString& line)
 {
-    write(Stream::Errors, QStringLiteral("zepa: ") + onOneLine(line) + u'\n');
+    write(Stream::Errors, u"zepa: "_s + onOneLine(line) + u'\n');
 }
 
 void sayTable(const QStringList& headings, const QList<QStringList>& rows)

@@ -16,6 +16,8 @@
 
 #include <optional>
 
+using namespace Qt::StringLiterals;
+
 namespace zepa::cli {
 
 namespace {
@@ -42,10 +44,9 @@ public:
         , m_form(form)
         , m_showsChats(showsChats)
         , m_patience(patience)
-        , m_reader(
-              job.takeInput(), name == QStringLiteral("-") ? QStringLiteral("standard input") : name,
-              {name == QStringLiteral("-") ? job.folder() : QFileInfo(job.path(name)).absolutePath(), job.folder()},
-              typeIds(client))
+        , m_reader(job.takeInput(), name == u"-"_s ? u"standard input"_s : name,
+                   {name == u"-"_s ? job.folder() : QFileInfo(job.path(name)).absolutePath(), job.folder()},
+                   typeIds(client))
     {}
 
     /// Reads a piece at each turn of the event loop, and plays the script when it has been read.
@@ -93,36 +94,35 @@ void ScriptPlay::play()
 class Play final : public Command
 {
 public:
-    QString name() const override { return QStringLiteral("play"); }
-    QString arguments() const override { return QStringLiteral("SCRIPT [--wait [SECONDS]] [--chats] [--json]"); }
+    QString name() const override { return u"play"_s; }
+    QString arguments() const override { return u"SCRIPT [--wait [SECONDS]] [--chats] [--json]"_s; }
     QString summary() const override
     {
-        return QStringLiteral("Plays a script of events, one JSON object a line; - reads standard input.");
+        return u"Plays a script of events, one JSON object a line; - reads standard input."_s;
     }
     QString example() const override
     {
-        return QStringLiteral(
-            "echo '{\"at\":0.5,\"type\":\"message_received\",\"title\":\"Anna\",\"text\":\"Lunch?\"}' | "
-            "zepa play -");
+        return u"echo '{\"at\":0.5,\"type\":\"message_received\",\"title\":\"Anna\",\"text\":\"Lunch?\"}' | "
+               u"zepa play -"_s;
     }
     QString details() const override
     {
-        return QStringLiteral(
-            "Fields of a line: \"type\" and \"title\" (must be there), \"text\", \"icon\", \"buddy\", \"action\" as "
-            "for\n"
-            "zepa post, and \"at\", the time in seconds from the start (default: that of the line above). When a line\n"
-            "is wrong, every problem is named with file, line and field, and nothing is played.\n\n"
-            "Prints a line for each event: posted, then delivered with the methods that were called or dropped with "
-            "the\n"
-            "reason, and answered once its pop-up is clicked or goes away. Only events with an action have an answer.");
+        return u"Fields of a line: \"type\" and \"title\" (must be there), \"text\", \"icon\", \"buddy\", \"action\" "
+               u"as "
+               u"for\n"
+               u"zepa post, and \"at\", the time in seconds from the start (default: that of the line above). When a "
+               u"line\n"
+               u"is wrong, every problem is named with file, line and field, and nothing is played.\n\n"
+               u"Prints a line for each event: posted, then delivered with the methods that were called or dropped "
+               u"with "
+               u"the\n"
+               u"reason, and answered once its pop-up is clicked or goes away. Only events with an action have an answer."_s;
     }
     QList<QCommandLineOption> options() const override
     {
-        return {{QStringLiteral("wait"),
-                 QStringLiteral("at the end, wait for answers that are missing, at most SECONDS"),
-                 QStringLiteral("[SECONDS]")},
-                {QStringLiteral("chats"), QStringLiteral("open the chat windows of everybody in the script")},
-                {QStringLiteral("json"), QStringLiteral("for programs: one JSON object a line")}};
+        return {{u"wait"_s, u"at the end, wait for answers that are missing, at most SECONDS"_s, u"[SECONDS]"_s},
+                {u"chats"_s, u"open the chat windows of everybody in the script"_s},
+                {u"json"_s, u"for programs: one JSON object a line"_s}};
     }
     qsizetype fewestArguments() const override { return 1; }
     qsizetype mostArguments() const override { return 1; }
@@ -136,7 +136,7 @@ public:
 /// A --wait without a number behind it gets one: the option parser knows no optional values.
 QStringList Play::normalised(const QStringList& arguments) const
 {
-    const QString wait = QStringLiteral("--wait");
+    const QString wait = u"--wait"_s;
     QStringList result;
     for (qsizetype i = 0; i < arguments.size(); ++i) {
         const bool isBare = arguments[i] == wait && (i + 1 == arguments.size() || !isNumber(arguments[i + 1]));
@@ -148,16 +148,16 @@ QStringList Play::normalised(const QStringList& arguments) const
 void Play::start(const QCommandLineParser& line, Client& client, Job& job) const
 {
     std::optional<double> patience;
-    if (line.isSet(QStringLiteral("wait"))) {
-        patience = line.value(QStringLiteral("wait")).toDouble();
-        if (!isNumber(line.value(QStringLiteral("wait"))) || !(*patience >= 0 && *patience <= latestTime)) {
-            complain(QStringLiteral("--wait takes a number of seconds from 0 to %1").arg(latestTime));
+    if (line.isSet(u"wait"_s)) {
+        patience = line.value(u"wait"_s).toDouble();
+        if (!isNumber(line.value(u"wait"_s)) || !(*patience >= 0 && *patience <= latestTime)) {
+            complain(u"--wait takes a number of seconds from 0 to %1"_s.arg(latestTime));
             return job.finish(WrongUsage);
         }
     }
-    const auto form = line.isSet(QStringLiteral("json")) ? PlayLog::Form::Json : PlayLog::Form::ForPeople;
-    auto* play = new ScriptPlay(client, job, line.positionalArguments().constFirst(), form,
-                                line.isSet(QStringLiteral("chats")), patience);
+    const auto form = line.isSet(u"json"_s) ? PlayLog::Form::Json : PlayLog::Form::ForPeople;
+    auto* play =
+        new ScriptPlay(client, job, line.positionalArguments().constFirst(), form, line.isSet(u"chats"_s), patience);
     play->readOn();
 }
 

@@ -6,58 +6,57 @@
 
 #include <utility>
 
+using namespace Qt::StringLiterals;
+
 namespace zepa::cli {
 
 void PlayLog::posted(double seconds, const Event& event, const Report& report)
 {
     ++m_posted;
-    tell(seconds, QStringLiteral("posted"), event, {}, {});
+    tell(seconds, u"posted"_s, event, {}, {});
     if (report.fate == Fate::Repeat) {
         ++m_repeats;
-        return tell(seconds, QStringLiteral("dropped"), event, QStringLiteral("a repeat"),
-                    {{QStringLiteral("reason"), QStringLiteral("repeat")}});
+        return tell(seconds, u"dropped"_s, event, u"a repeat"_s, {{u"reason"_s, u"repeat"_s}});
     }
     if (report.calls.isEmpty()) {
         ++m_withoutRule;
-        return tell(seconds, QStringLiteral("dropped"), event, QStringLiteral("no rule"),
-                    {{QStringLiteral("reason"), QStringLiteral("no rule")}});
+        return tell(seconds, u"dropped"_s, event, u"no rule"_s, {{u"reason"_s, u"no rule"_s}});
     }
     ++m_delivered;
     if (const QString complaint = pictureComplaint(event.icon, report); !complaint.isEmpty())
         complain(complaint);
     const QStringList methods = report.methods();
-    QString how = methods.join(QStringLiteral(", "));
-    QJsonObject json{{QStringLiteral("methods"), QJsonArray::fromStringList(methods)}};
+    QString how = methods.join(u", "_s);
+    QJsonObject json{{u"methods"_s, QJsonArray::fromStringList(methods)}};
     if (report.popup != PopupState::NotAsked && report.popup != PopupState::Asked) {
         const QString why = whyNoPopup(event, report);
-        how += QStringLiteral(" (%1: no pop-up shown)").arg(why);
-        json.insert(QStringLiteral("no_popup"), why);
+        how += u" (%1: no pop-up shown)"_s.arg(why);
+        json.insert(u"no_popup"_s, why);
     }
-    tell(seconds, QStringLiteral("delivered"), event, how, json);
+    tell(seconds, u"delivered"_s, event, how, json);
 }
 
 void PlayLog::answered(double seconds, const Event& event, Answer answer)
 {
     const bool clicked = answer == Answer::Clicked;
     ++(clicked ? m_clicked : m_timedOut);
-    const QString how = clicked ? QStringLiteral("clicked") : QStringLiteral("timed out");
-    tell(seconds, QStringLiteral("answered"), event, how, {{QStringLiteral("answer"), how}});
+    const QString how = clicked ? u"clicked"_s : u"timed out"_s;
+    tell(seconds, u"answered"_s, event, how, {{u"answer"_s, how}});
 }
 
 void PlayLog::summary(int waiting)
 {
     if (m_form == Form::Json)
-        return sayJsonLine({{QStringLiteral("event"), QStringLiteral("summary")},
-                            {QStringLiteral("posted"), m_posted},
-                            {QStringLiteral("delivered"), m_delivered},
-                            {QStringLiteral("repeats"), m_repeats},
-                            {QStringLiteral("without_rule"), m_withoutRule},
-                            {QStringLiteral("clicked"), m_clicked},
-                            {QStringLiteral("timed_out"), m_timedOut},
-                            {QStringLiteral("waiting"), waiting}});
-    say(QStringLiteral("summary: %1 posted, %2 delivered, %3 dropped as repeats, %4 without a rule; pop-ups with an "
-                       "action: %5 clicked, %6 timed out, %7 unanswered")
-            .arg(m_posted)
+        return sayJsonLine({{u"event"_s, u"summary"_s},
+                            {u"posted"_s, m_posted},
+                            {u"delivered"_s, m_delivered},
+                            {u"repeats"_s, m_repeats},
+                            {u"without_rule"_s, m_withoutRule},
+                            {u"clicked"_s, m_clicked},
+                            {u"timed_out"_s, m_timedOut},
+                            {u"waiting"_s, waiting}});
+    say(u"summary: %1 posted, %2 delivered, %3 dropped as repeats, %4 without a rule; pop-ups with an "
+        u"action: %5 clicked, %6 timed out, %7 unanswered"_s.arg(m_posted)
             .arg(m_delivered)
             .arg(m_repeats)
             .arg(m_withoutRule)
@@ -69,16 +68,15 @@ void PlayLog::summary(int waiting)
 void PlayLog::tell(double seconds, const QString& what, const Event& event, const QString& how, QJsonObject json)
 {
     if (m_form == Form::Json) {
-        json.insert(QStringLiteral("event"), what);
-        json.insert(QStringLiteral("at"), seconds);
-        json.insert(QStringLiteral("type"), event.type);
-        json.insert(QStringLiteral("title"), event.title);
+        json.insert(u"event"_s, what);
+        json.insert(u"at"_s, seconds);
+        json.insert(u"type"_s, event.type);
+        json.insert(u"title"_s, event.title);
         return sayJsonLine(json);
     }
-    const QString line = QStringLiteral("%1 s  %2  %3  \"%4\"")
-                             .arg(seconds, 8, 'f', 3)
+    const QString line = u"%1 s  %2  %3  \"%4\""_s.arg(seconds, 8, 'f', 3)
                              .arg(what.leftJustified(9), event.type, onOneLine(event.title));
-    say(how.isEmpty() ? line : line + QStringLiteral("  ") + how);
+    say(how.isEmpty() ? line : line + u"  "_s + how);
 }
 
 } // namespace zepa::cli

@@ -15,6 +15,8 @@
 #include <functional>
 #include <optional>
 
+using namespace Qt::StringLiterals;
+
 namespace zepa::cli {
 
 namespace {
@@ -22,38 +24,39 @@ namespace {
 class Post final : public Command
 {
 public:
-    QString name() const override { return QStringLiteral("post"); }
+    QString name() const override { return u"post"_s; }
     QString arguments() const override
     {
-        return QStringLiteral(
-            "TYPE --title T [--text X] [--icon PNG] [--buddy NAME] [--action COMMAND-OR-URL] [--wait]");
+        return u"TYPE --title T [--text X] [--icon PNG] [--buddy NAME] [--action COMMAND-OR-URL] [--wait]"_s;
     }
-    QString summary() const override { return QStringLiteral("Announces one event."); }
+    QString summary() const override { return u"Announces one event."_s; }
     QString example() const override
     {
-        return QStringLiteral("zepa post message_received --title Anna --text \"Lunch?\" --action https://example.org "
-                              "--wait");
+        return u"zepa post message_received --title Anna --text \"Lunch?\" --action https://example.org "
+               u"--wait"_s;
     }
     QString details() const override
     {
-        return QStringLiteral(
-            "Prints which methods were called. With --wait it stays until the pop-up is answered and prints\n"
-            "\"clicked\", \"timed out\" (closed without a click counts as that) or \"not shown: REASON\"; the exit\n"
-            "code is 0, 3 or 4 then.\n\n"
-            "The action is run by the running Zepa or, where none runs, by this command, which then needs --wait:\n"
-            "without it the pop-up is not clickable. An address opens with the desktop's program for it; a command\n"
-            "is started without a shell, with XDG_ACTIVATION_TOKEN in its environment if the desktop provided one.\n"
-            "Single and double quotes group words.");
+        return u"Prints which methods were called. With --wait it stays until the pop-up is answered and prints\n"
+               u"\"clicked\", \"timed out\" (closed without a click counts as that) or \"not shown: REASON\"; the "
+               u"exit\n"
+               u"code is 0, 3 or 4 then.\n\n"
+               u"The action is run by the running Zepa or, where none runs, by this command, which then needs --wait:\n"
+               u"without it the pop-up is not clickable. An address opens with the desktop's program for it; a "
+               u"command\n"
+               u"is started without a shell, with XDG_ACTIVATION_TOKEN in its environment if the desktop provided "
+               u"one.\n"
+               u"Single and double quotes group words."_s;
     }
     QList<QCommandLineOption> options() const override
     {
         return {
-            {QStringLiteral("title"), QStringLiteral("heading of the pop-up; must be given"), QStringLiteral("T")},
-            {QStringLiteral("text"), QStringLiteral("the message"), QStringLiteral("X")},
-            {QStringLiteral("icon"), QStringLiteral("picture for the pop-up"), QStringLiteral("PNG")},
-            {QStringLiteral("buddy"), QStringLiteral("whom the event is about"), QStringLiteral("NAME")},
-            {QStringLiteral("action"), QStringLiteral("what a click starts"), QStringLiteral("COMMAND-OR-URL")},
-            {QStringLiteral("wait"), QStringLiteral("stay until the pop-up is answered")},
+            {u"title"_s, u"heading of the pop-up; must be given"_s, u"T"_s},
+            {u"text"_s, u"the message"_s, u"X"_s},
+            {u"icon"_s, u"picture for the pop-up"_s, u"PNG"_s},
+            {u"buddy"_s, u"whom the event is about"_s, u"NAME"_s},
+            {u"action"_s, u"what a click starts"_s, u"COMMAND-OR-URL"_s},
+            {u"wait"_s, u"stay until the pop-up is answered"_s},
         };
     }
     qsizetype fewestArguments() const override { return 1; }
@@ -74,22 +77,22 @@ std::optional<Event> Post::readEvent(const QCommandLineParser& line, Client& cli
     const auto value = [&line](const QString& option) { return line.isSet(option) ? line.value(option) : QString(); };
     Event event;
     event.type = line.positionalArguments().constFirst();
-    event.title = value(QStringLiteral("title"));
-    event.text = value(QStringLiteral("text"));
-    event.icon = job.path(value(QStringLiteral("icon")));
-    event.buddy = value(QStringLiteral("buddy"));
-    event.action = value(QStringLiteral("action"));
+    event.title = value(u"title"_s);
+    event.text = value(u"text"_s);
+    event.icon = job.path(value(u"icon"_s));
+    event.buddy = value(u"buddy"_s);
+    event.action = value(u"action"_s);
 
     if (!findType(client, event.type))
         return std::nullopt;
-    if (!line.isSet(QStringLiteral("title"))) {
-        complain(QStringLiteral("the title is missing; add --title T"));
+    if (!line.isSet(u"title"_s)) {
+        complain(u"the title is missing; add --title T"_s);
         return std::nullopt;
     }
-    if (line.isSet(QStringLiteral("action"))) {
+    if (line.isSet(u"action"_s)) {
         const QString problem = problemWithAction(event.action, job.folder());
         if (!problem.isEmpty()) {
-            complain(QStringLiteral("--action: %1").arg(problem));
+            complain(u"--action: %1"_s.arg(problem));
             return std::nullopt;
         }
     }
@@ -101,9 +104,9 @@ void Post::start(const QCommandLineParser& line, Client& client, Job& job) const
     auto event = readEvent(line, client, job);
     if (!event)
         return job.finish(WrongUsage);
-    const bool waits = line.isSet(QStringLiteral("wait"));
+    const bool waits = line.isSet(u"wait"_s);
     if (!event->action.isNull() && !waits && !job.isElsewhere())
-        complain(QStringLiteral("without --wait nobody is left to run the action when the pop-up is clicked"));
+        complain(u"without --wait nobody is left to run the action when the pop-up is clicked"_s);
 
     // So the pop-up must not invite a click.
     if (!waits && !job.isElsewhere())
@@ -121,17 +124,16 @@ void Post::start(const QCommandLineParser& line, Client& client, Job& job) const
     const Report report =
         announce(client, postingOf(*event, waits ? Answers::Always : Answers::AsTheEventSays, job.folder()), answered);
     tell(*event, report);
-    if (const QString complaint = pictureComplaint(line.value(QStringLiteral("icon")), report); !complaint.isEmpty())
+    if (const QString complaint = pictureComplaint(line.value(u"icon"_s), report); !complaint.isEmpty())
         complain(complaint);
     const QString reason = whyNoPopup(*event, report);
     if (!waits) {
         if (report.popup != PopupState::NotAsked && !reason.isEmpty())
-            complain(QStringLiteral("%1: no pop-up shown").arg(reason));
+            complain(u"%1: no pop-up shown"_s.arg(reason));
         return job.finish(Success);
     }
     if (!report.waits) {
-        say(QStringLiteral("not shown: %1")
-                .arg(reason.isEmpty() ? QStringLiteral("the notification service did not take it") : reason));
+        say(u"not shown: %1"_s.arg(reason.isEmpty() ? u"the notification service did not take it"_s : reason));
         return job.finish(NotShown);
     }
     QObject::connect(&job, &Job::hurried, &job, [&job] { answer(job, false); });
@@ -140,20 +142,19 @@ void Post::start(const QCommandLineParser& line, Client& client, Job& job) const
 void Post::tell(const Event& event, const Report& report)
 {
     if (report.fate == Fate::Repeat)
-        complain(QStringLiteral("dropped as a repeat: the same type and title was announced at most %1 s ago")
-                     .arg(report.repeatLimit));
-    else if (report.calls.isEmpty())
         complain(
-            QStringLiteral("no rule for %1: nothing was announced; zepa rule set %1 METHOD adds one").arg(event.type));
+            u"dropped as a repeat: the same type and title was announced at most %1 s ago"_s.arg(report.repeatLimit));
+    else if (report.calls.isEmpty())
+        complain(u"no rule for %1: nothing was announced; zepa rule set %1 METHOD adds one"_s.arg(event.type));
     else
-        say(QStringLiteral("delivered by %1").arg(report.methods().join(QStringLiteral(", "))));
+        say(u"delivered by %1"_s.arg(report.methods().join(u", "_s)));
 }
 
 void Post::answer(Job& job, bool isClicked)
 {
     if (job.code())
         return;
-    job.speak([isClicked] { say(isClicked ? QStringLiteral("clicked") : QStringLiteral("timed out")); });
+    job.speak([isClicked] { say(isClicked ? u"clicked"_s : u"timed out"_s); });
     job.finish(isClicked ? Success : NotClicked);
 }
 

@@ -4,6 +4,8 @@
 #include "client/cli/output.h"
 #include "client/cli/user_action.h"
 
+using namespace Qt::StringLiterals;
+
 namespace zepa::cli {
 
 Posting postingOf(const Event& event, Answers answers, const QString& folder)
@@ -19,16 +21,16 @@ Posting postingOf(const Event& event, Answers answers, const QString& folder)
 QString whyNoPopup(const Event& event, const Report& report)
 {
     if (report.fate == Fate::Repeat)
-        return QStringLiteral("dropped as a repeat");
+        return u"dropped as a repeat"_s;
     switch (report.popup) {
     case PopupState::NotAsked:
-        return QStringLiteral("no rule for %1 and zepa_hint_notification").arg(event.type);
+        return u"no rule for %1 and zepa_hint_notification"_s.arg(event.type);
     case PopupState::NoBus:
-        return QStringLiteral("no session bus, so no notification service");
+        return u"no session bus, so no notification service"_s;
     case PopupState::NoService:
-        return QStringLiteral("no notification service");
+        return u"no notification service"_s;
     case PopupState::NotRegistered:
-        return QStringLiteral("the pop-up method did not register %1").arg(event.type);
+        return u"the pop-up method did not register %1"_s.arg(event.type);
     case PopupState::Asked:
         break;
     }
@@ -39,8 +41,7 @@ QString pictureComplaint(const QString& name, const Report& report)
 {
     if (report.pictureProblem.isEmpty())
         return {};
-    return QStringLiteral("cannot read image %1 (%2); showing the pop-up without it")
-        .arg(onOneLine(name), report.pictureProblem);
+    return u"cannot read image %1 (%2); showing the pop-up without it"_s.arg(onOneLine(name), report.pictureProblem);
 }
 
 } // namespace zepa::cli

@@ -10,6 +10,8 @@
 
 #include <QFileInfo>
 
+using namespace Qt::StringLiterals;
+
 namespace zepa::cli {
 
 namespace {
@@ -18,9 +20,8 @@ int changeNow(Client& client, RuleLock& lock, const QString& typeId, const std::
 {
     const QFileInfo file(client.ruleBackup().ruleFile(typeId));
     if (file.exists() ? !file.isFile() || !file.isWritable() : !client.settings().isUsable()) {
-        complain(QStringLiteral("the rule file %1 cannot be written: nothing was changed; check the file "
-                                "permissions or choose another folder with --settings")
-                     .arg(onOneLine(file.filePath())));
+        complain(u"the rule file %1 cannot be written: nothing was changed; check the file "
+                 u"permissions or choose another folder with --settings"_s.arg(onOneLine(file.filePath())));
         return Failure;
     }
     int code = Failure;

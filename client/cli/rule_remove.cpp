@@ -9,6 +9,8 @@
 
 #include <QCommandLineParser>
 
+using namespace Qt::StringLiterals;
+
 namespace zepa::cli {
 
 namespace {
@@ -16,20 +18,14 @@ namespace {
 class RuleRemove final : public Command
 {
 public:
-    QString name() const override { return QStringLiteral("rule remove"); }
-    QString arguments() const override { return QStringLiteral("TYPE METHOD"); }
+    QString name() const override { return u"rule remove"_s; }
+    QString arguments() const override { return u"TYPE METHOD"_s; }
     QString summary() const override
     {
-        return QStringLiteral("Removes the rule for a type and a method: the method stays silent for that type.");
+        return u"Removes the rule for a type and a method: the method stays silent for that type."_s;
     }
-    QString example() const override
-    {
-        return QStringLiteral("zepa rule remove message_received zepa_sound_notification_method");
-    }
-    QString details() const override
-    {
-        return QStringLiteral("When there are several rules for the pair, the newest one goes.");
-    }
+    QString example() const override { return u"zepa rule remove message_received zepa_sound_notification_method"_s; }
+    QString details() const override { return u"When there are several rules for the pair, the newest one goes."_s; }
     qsizetype fewestArguments() const override { return 2; }
     qsizetype mostArguments() const override { return 2; }
 
@@ -43,7 +39,7 @@ public:
             return job.finish(WrongUsage);
         changeRules(client, job, type, [&client, type, method] {
             if (!client.module().getNotificationRule(type, method)) {
-                complain(QStringLiteral("%1 has no rule for %2; \"zepa rules %1\" lists its rules").arg(type, method));
+                complain(u"%1 has no rule for %2; \"zepa rules %1\" lists its rules"_s.arg(type, method));
                 return Failure;
             }
             client.module().removeNotificationRule(type, method);

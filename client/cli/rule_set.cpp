@@ -16,6 +16,8 @@
 
 #include <limits>
 
+using namespace Qt::StringLiterals;
+
 namespace zepa::cli {
 
 namespace {
@@ -34,20 +36,16 @@ QList<ZepaField> settingsToStartFrom(Client& client, const QString& type, const 
 class RuleSet final : public Command
 {
 public:
-    QString name() const override { return QStringLiteral("rule set"); }
-    QString arguments() const override { return QStringLiteral("TYPE METHOD [FIELD=VALUE...]"); }
+    QString name() const override { return u"rule set"_s; }
+    QString arguments() const override { return u"TYPE METHOD [FIELD=VALUE...]"_s; }
     QString summary() const override
     {
-        return QStringLiteral("Changes the rule for a type and a method, or adds it when there is none.");
+        return u"Changes the rule for a type and a method, or adds it when there is none."_s;
     }
-    QString example() const override
-    {
-        return QStringLiteral("zepa rule set error_notify zepa_hint_notification sticky=true");
-    }
+    QString example() const override { return u"zepa rule set error_notify zepa_hint_notification sticky=true"_s; }
     QString details() const override
     {
-        return QStringLiteral(
-            "Fields that are not named keep their values. zepa methods shows which fields a method has.");
+        return u"Fields that are not named keep their values. zepa methods shows which fields a method has."_s;
     }
     qsizetype fewestArguments() const override { return 2; }
     qsizetype mostArguments() const override { return std::numeric_limits<qsizetype>::max(); }

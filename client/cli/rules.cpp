@@ -10,6 +10,8 @@
 
 #include <QCommandLineParser>
 
+using namespace Qt::StringLiterals;
+
 namespace zepa::cli {
 
 namespace {
@@ -17,21 +19,20 @@ namespace {
 class Rules final : public Command
 {
 public:
-    QString name() const override { return QStringLiteral("rules"); }
-    QString arguments() const override { return QStringLiteral("[TYPE] [--json]"); }
+    QString name() const override { return u"rules"_s; }
+    QString arguments() const override { return u"[TYPE] [--json]"_s; }
     QString summary() const override
     {
-        return QStringLiteral("Lists the rules: which methods announce which type, and with which settings.");
+        return u"Lists the rules: which methods announce which type, and with which settings."_s;
     }
-    QString example() const override { return QStringLiteral("zepa rules message_received"); }
+    QString example() const override { return u"zepa rules message_received"_s; }
     QString details() const override
     {
-        return QStringLiteral("The rules of a type stand in the order in which they are called: newest first.");
+        return u"The rules of a type stand in the order in which they are called: newest first."_s;
     }
     QList<QCommandLineOption> options() const override
     {
-        return {
-            {QStringLiteral("json"), QStringLiteral("for programs: an array of objects with type, method, settings")}};
+        return {{u"json"_s, u"for programs: an array of objects with type, method, settings"_s}};
     }
     qsizetype fewestArguments() const override { return 0; }
     qsizetype mostArguments() const override { return 1; }
@@ -52,15 +53,14 @@ public:
             for (const ZepaNotificationRule* rule : rules) {
                 const QString method = rule->getMethod()->getId();
                 rows.append({type, method, assignments(rule->getConfig())});
-                json.append(QJsonObject{{QStringLiteral("type"), type},
-                                        {QStringLiteral("method"), method},
-                                        {QStringLiteral("settings"), jsonValues(rule->getConfig())}});
+                json.append(QJsonObject{
+                    {u"type"_s, type}, {u"method"_s, method}, {u"settings"_s, jsonValues(rule->getConfig())}});
             }
         }
-        if (line.isSet(QStringLiteral("json")))
+        if (line.isSet(u"json"_s))
             sayJson(json);
         else
-            sayTable({QStringLiteral("TYPE"), QStringLiteral("METHOD"), QStringLiteral("SETTINGS")}, rows);
+            sayTable({u"TYPE"_s, u"METHOD"_s, u"SETTINGS"_s}, rows);
         return Success;
     }
 };

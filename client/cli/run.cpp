@@ -12,6 +12,8 @@
 #include <QEventLoop>
 #include <QFile>
 
+using namespace Qt::StringLiterals;
+
 namespace zepa::cli {
 
 namespace {
@@ -25,20 +27,20 @@ std::optional<QByteArray> readInput(const CommandLine& line)
     const QString name = line.command()->inputFile(line.parser());
     if (name.isNull())
         return QByteArray();
-    const bool isInput = name == QStringLiteral("-");
+    const bool isInput = name == u"-"_s;
     std::optional<QByteArray> content;
     // A file that is too long is refused below, with a sentence of its own.
     if (isInput)
         content = readStandardInput(longestInput);
     else if (QFile file(name); RegularFile::openToRead(name, RegularFile::anySize).moveTo(file))
         content = file.read(longestInput + 1);
-    const QString what = isInput ? QStringLiteral("standard input") : onOneLine(name);
+    const QString what = isInput ? u"standard input"_s : onOneLine(name);
     if (!content) {
-        complain(QStringLiteral("%1 cannot be read; name a file, or - for standard input").arg(what));
+        complain(u"%1 cannot be read; name a file, or - for standard input"_s.arg(what));
         return std::nullopt;
     }
     if (content->size() > longestInput) {
-        complain(QStringLiteral("%1 is too large (limit 16 MiB)").arg(what));
+        complain(u"%1 is too large (limit 16 MiB)"_s.arg(what));
         return std::nullopt;
     }
     return content;

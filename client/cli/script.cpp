@@ -13,6 +13,8 @@
 #include <optional>
 #include <utility>
 
+using namespace Qt::StringLiterals;
+
 namespace zepa::cli {
 
 namespace {
@@ -23,16 +25,16 @@ constexpr std::pair<const char16_t*, QString Event::*> textFields[] = {
     {u"icon", &Event::icon}, {u"buddy", &Event::buddy}, {u"action", &Event::action},
 };
 
-const QString missing = QStringLiteral("required field is missing");
-const QString allFields = QStringLiteral("at, type, title, text, icon, buddy, action");
+const QString missing = u"required field is missing"_s;
+const QString allFields = u"at, type, title, text, icon, buddy, action"_s;
 
 QString shown(const QJsonValue& value)
 {
     if (value.isString())
         return u'"' + onOneLine(value.toString().left(40)) + u'"';
     if (value.isArray() || value.isObject())
-        return value.isArray() ? QStringLiteral("a list") : QStringLiteral("an object");
-    return value.isNull() ? QStringLiteral("null") : value.toVariant().toString();
+        return value.isArray() ? u"a list"_s : u"an object"_s;
+    return value.isNull() ? u"null"_s : value.toVariant().toString();
 }
 
 } // namespace
@@ -45,7 +47,7 @@ public:
         , m_pictures(folders.pictures)
         , m_actionFolder(folders.actions)
         , m_types(types)
-        , m_allowedTypes(QStringLiteral("must be one of: %1").arg(types.join(QStringLiteral(", "))))
+        , m_allowedTypes(u"must be one of: %1"_s.arg(types.join(u", "_s)))
     {}
 
     /// Reads the next line. Nothing for an empty one, and for one with problems.
@@ -84,7 +86,7 @@ std::optional<Event> ScriptReader::LineReader::read(const QByteArray& line)
     Event event;
     event.at = m_lastTime;
     if (line.size() > longestLine) {
-        complain([&] { return QStringLiteral("the line has %1 bytes (limit %2)").arg(line.size()).arg(longestLine); });
+        complain([&] { return u"the line has %1 bytes (limit %2)"_s.arg(line.size()).arg(longestLine); });
         return std::nullopt;
     }
 
@@ -92,9 +94,8 @@ std::optional<Event> ScriptReader::LineReader::read(const QByteArray& line)
     const QJsonDocument document = QJsonDocument::fromJson(line, &error);
     if (!document.isObject()) {
         complain([&] {
-            return document.isNull()
-                       ? QStringLiteral("not a JSON object: %1 at byte %2").arg(error.errorString()).arg(error.offset)
-                       : QStringLiteral("expected one JSON object per line, got a list");
+            return document.isNull() ? u"not a JSON object: %1 at byte %2"_s.arg(error.errorString()).arg(error.offset)
+                                     : u"expected one JSON object per line, got a list"_s;
         });
         return std::nullopt;
     }
@@ -113,26 +114,25 @@ void ScriptReader::LineReader::readObject(Event& event, const QJsonObject& objec
 
 void ScriptReader::LineReader::readField(Event& event, const QString& name, const QJsonValue& value)
 {
-    if (name == QStringLiteral("at"))
+    if (name == u"at"_s)
         return readTime(event, value);
     for (const auto& [field, member] : textFields) {
         if (name != QString::fromUtf16(field))
             continue;
         if (!value.isString())
-            return complainAbout(name, [&] { return QStringLiteral("expected a string, got %1").arg(shown(value)); });
+            return complainAbout(name, [&] { return u"expected a string, got %1"_s.arg(shown(value)); });
         event.*member = value.toString();
         return;
     }
-    complainAbout(name.left(40), [] { return QStringLiteral("unknown field; known fields: %1").arg(allFields); });
+    complainAbout(name.left(40), [] { return u"unknown field; known fields: %1"_s.arg(allFields); });
 }
 
 void ScriptReader::LineReader::readTime(Event& event, const QJsonValue& value)
 {
     const double at = value.toDouble(-1);
     if (at < m_lastTime || at > latestTime)
-        return complainAbout(QStringLiteral("at"), [&] {
-            return QStringLiteral("%1 is not valid; expected seconds between %2 (previous line) and %3")
-                .arg(shown(value))
+        return complainAbout(u"at"_s, [&] {
+            return u"%1 is not valid; expected seconds between %2 (previous line) and %3"_s.arg(shown(value))
                 .arg(m_lastTime)
                 .arg(latestTime);
         });
@@ -143,25 +143,24 @@ void ScriptReader::LineReader::check(Event& event)
 {
     const qsizetype type = m_types.indexOf(event.type);
     if (event.type.isNull())
-        complainAbout(QStringLiteral("type"), [this] { return missing + QStringLiteral("; ") + m_allowedTypes; });
+        complainAbout(u"type"_s, [this] { return missing + u"; "_s + m_allowedTypes; });
     else if (type < 0)
-        complainAbout(QStringLiteral("type"), [&] {
-            return QStringLiteral("unknown notification type \"%1\"; %2")
-                .arg(onOneLine(event.type.left(40)), m_allowedTypes);
+        complainAbout(u"type"_s, [&] {
+            return u"unknown notification type \"%1\"; %2"_s.arg(onOneLine(event.type.left(40)), m_allowedTypes);
         });
     else
         event.type = m_types[type]; // one text for all events of a type
     if (event.title.isNull())
-        complainAbout(QStringLiteral("title"), [] { return missing; });
+        complainAbout(u"title"_s, [] { return missing; });
     if (!event.icon.isEmpty() && !QFileInfo(m_pictures, event.icon).isFile())
-        complainAbout(QStringLiteral("icon"), [&] {
-            return QStringLiteral("image %1 not found; use an absolute path or one relative to the script")
-                .arg(onOneLine(m_pictures.filePath(event.icon)));
+        complainAbout(u"icon"_s, [&] {
+            return u"image %1 not found; use an absolute path or one relative to the script"_s.arg(
+                onOneLine(m_pictures.filePath(event.icon)));
         });
     if (!event.action.isNull()) {
         QString problem = problemWithAction(event.action, m_actionFolder);
         if (!problem.isEmpty())
-            complainAbout(QStringLiteral("action"), [&] { return problem; });
+            complainAbout(u"action"_s, [&] { return problem; });
     }
     if (!event.icon.isEmpty())
         event.icon = m_pictures.absoluteFilePath(event.icon);
@@ -171,20 +170,20 @@ template <typename Text>
 void ScriptReader::LineReader::complain(const Text& text)
 {
     if (++m_found <= mostProblems)
-        m_problems.append(QStringLiteral("%1:%2: %3").arg(m_name).arg(m_number).arg(text()));
+        m_problems.append(u"%1:%2: %3"_s.arg(m_name).arg(m_number).arg(text()));
 }
 
 template <typename Text>
 void ScriptReader::LineReader::complainAbout(const QString& field, const Text& text)
 {
-    complain([&] { return QStringLiteral("field \"%1\": %2").arg(onOneLine(field), text()); });
+    complain([&] { return u"field \"%1\": %2"_s.arg(onOneLine(field), text()); });
 }
 
 QStringList ScriptReader::LineReader::problems() const
 {
     QStringList lines = m_problems;
     if (m_found > mostProblems)
-        lines.append(QStringLiteral("%1: and %2 more").arg(m_name).arg(m_found - mostProblems));
+        lines.append(u"%1: and %2 more"_s.arg(m_name).arg(m_found - mostProblems));
     return lines;
 }
 

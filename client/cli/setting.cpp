@@ -14,6 +14,8 @@
 #include <chrono>
 #include <optional>
 
+using namespace Qt::StringLiterals;
+
 namespace zepa::cli {
 
 namespace {
@@ -32,24 +34,20 @@ std::optional<ZepaField> findSetting(Client& client, const QString& id)
             return client.settings().readGlobalSetting(setting);
         ids.append(setting.getId());
     }
-    complain(
-        QStringLiteral("there is no setting \"%1\"; there are: %2").arg(onOneLine(id), ids.join(QStringLiteral(", "))));
+    complain(u"there is no setting \"%1\"; there are: %2"_s.arg(onOneLine(id), ids.join(u", "_s)));
     return std::nullopt;
 }
 
 class SettingGet final : public Command
 {
 public:
-    QString name() const override { return QStringLiteral("setting get"); }
-    QString arguments() const override { return QStringLiteral("[NAME] [--json]"); }
-    QString summary() const override
-    {
-        return QStringLiteral("Shows a setting of the whole client; without a name, all of them.");
-    }
-    QString example() const override { return QStringLiteral("zepa setting get duplicated_notifications_time"); }
+    QString name() const override { return u"setting get"_s; }
+    QString arguments() const override { return u"[NAME] [--json]"_s; }
+    QString summary() const override { return u"Shows a setting of the whole client; without a name, all of them."_s; }
+    QString example() const override { return u"zepa setting get duplicated_notifications_time"_s; }
     QList<QCommandLineOption> options() const override
     {
-        return {{QStringLiteral("json"), QStringLiteral("for programs: an array of objects with id, value, allowed")}};
+        return {{u"json"_s, u"for programs: an array of objects with id, value, allowed"_s}};
     }
     qsizetype fewestArguments() const override { return 0; }
     qsizetype mostArguments() const override { return 1; }
@@ -61,7 +59,7 @@ public:
             const auto setting = findSetting(client, line.positionalArguments().constFirst());
             if (!setting)
                 return WrongUsage;
-            if (!line.isSet(QStringLiteral("json"))) {
+            if (!line.isSet(u"json"_s)) {
                 say(setting->getText());
                 return Success;
             }
@@ -76,14 +74,13 @@ public:
         QList<QStringList> rows;
         for (const ZepaField& setting : std::as_const(wanted)) {
             rows.append({setting.getId(), setting.getText(), allowedValues(setting)});
-            json.append(QJsonObject{{QStringLiteral("id"), setting.getId()},
-                                    {QStringLiteral("value"), jsonValue(setting)},
-                                    {QStringLiteral("allowed"), allowedValues(setting)}});
+            json.append(QJsonObject{
+                {u"id"_s, setting.getId()}, {u"value"_s, jsonValue(setting)}, {u"allowed"_s, allowedValues(setting)}});
         }
-        if (line.isSet(QStringLiteral("json")))
+        if (line.isSet(u"json"_s))
             sayJson(json);
         else
-            sayTable({QStringLiteral("SETTING"), QStringLiteral("VALUE"), QStringLiteral("ALLOWED")}, rows);
+            sayTable({u"SETTING"_s, u"VALUE"_s, u"ALLOWED"_s}, rows);
         return Success;
     }
 };
@@ -91,10 +88,10 @@ public:
 class SettingSet final : public Command
 {
 public:
-    QString name() const override { return QStringLiteral("setting set"); }
-    QString arguments() const override { return QStringLiteral("NAME VALUE"); }
-    QString summary() const override { return QStringLiteral("Changes a setting of the whole client."); }
-    QString example() const override { return QStringLiteral("zepa setting set duplicated_notifications_time 30"); }
+    QString name() const override { return u"setting set"_s; }
+    QString arguments() const override { return u"NAME VALUE"_s; }
+    QString summary() const override { return u"Changes a setting of the whole client."_s; }
+    QString example() const override { return u"zepa setting set duplicated_notifications_time 30"_s; }
     bool changesSettings() const override { return true; }
     qsizetype fewestArguments() const override { return 2; }
     qsizetype mostArguments() const override { return 2; }
@@ -106,8 +103,8 @@ public:
             return job.finish(WrongUsage);
         const QString value = line.positionalArguments().at(1);
         if (!fieldAllows(*setting, value)) {
-            complain(QStringLiteral("%1 cannot be \"%2\"; allowed is %3")
-                         .arg(setting->getId(), onOneLine(value), allowedValues(*setting)));
+            complain(u"%1 cannot be \"%2\"; allowed is %3"_s.arg(setting->getId(), onOneLine(value),
+                                                                 allowedValues(*setting)));
             return job.finish(WrongUsage);
         }
         store(client.settings(), *setting, value, job, QDeadlineTimer(longestWait));
@@ -130,12 +127,10 @@ private:
         job.speak([&settings, stored] {
             const QString file = onOneLine(settings.settingsFile());
             complain(stored == Settings::Stored::Busy
-                         ? QStringLiteral("another program is changing the settings file %1: nothing was changed; try "
-                                          "again in a moment")
-                               .arg(file)
-                         : QStringLiteral("the settings file %1 cannot be written: nothing was changed; check the file "
-                                          "permissions or choose another folder with --settings")
-                               .arg(file));
+                         ? u"another program is changing the settings file %1: nothing was changed; try "
+                           u"again in a moment"_s.arg(file)
+                         : u"the settings file %1 cannot be written: nothing was changed; check the file "
+                           u"permissions or choose another folder with --settings"_s.arg(file));
         });
         job.finish(Failure);
     }

@@ -13,6 +13,8 @@
 #include <cerrno>
 #include <cstdio>
 
+using namespace Qt::StringLiterals;
+
 namespace zepa::cli {
 
 namespace {
@@ -39,7 +41,7 @@ void writeToStream(Stream stream, const QByteArray& bytes)
         return;
     isOutputLost = true;
     const OutputTo ourselves(nullptr);
-    complain(QStringLiteral("cannot write to standard output: %1").arg(qt_error_string(errno)));
+    complain(u"cannot write to standard output: %1"_s.arg(qt_error_string(errno)));
 }
 
 int exitCodeAfterOutput(int code)

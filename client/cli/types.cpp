@@ -8,6 +8,8 @@
 
 #include <QCommandLineParser>
 
+using namespace Qt::StringLiterals;
+
 namespace zepa::cli {
 
 namespace {
@@ -15,14 +17,13 @@ namespace {
 class Types final : public Command
 {
 public:
-    QString name() const override { return QStringLiteral("types"); }
-    QString arguments() const override { return QStringLiteral("[--json]"); }
-    QString summary() const override { return QStringLiteral("Lists the notification types: what can be posted."); }
-    QString example() const override { return QStringLiteral("zepa types"); }
+    QString name() const override { return u"types"_s; }
+    QString arguments() const override { return u"[--json]"_s; }
+    QString summary() const override { return u"Lists the notification types: what can be posted."_s; }
+    QString example() const override { return u"zepa types"_s; }
     QList<QCommandLineOption> options() const override
     {
-        return {
-            {QStringLiteral("json"), QStringLiteral("for programs: an array of objects with id, name, description")}};
+        return {{u"json"_s, u"for programs: an array of objects with id, name, description"_s}};
     }
     qsizetype fewestArguments() const override { return 0; }
     qsizetype mostArguments() const override { return 0; }
@@ -35,14 +36,13 @@ public:
         for (const QString& id : ids) {
             const ZepaNotification& type = *client.module().getNotifications().value(id);
             rows.append({id, type.getName(), type.getDescription()});
-            json.append(QJsonObject{{QStringLiteral("id"), id},
-                                    {QStringLiteral("name"), type.getName()},
-                                    {QStringLiteral("description"), type.getDescription()}});
+            json.append(
+                QJsonObject{{u"id"_s, id}, {u"name"_s, type.getName()}, {u"description"_s, type.getDescription()}});
         }
-        if (line.isSet(QStringLiteral("json")))
+        if (line.isSet(u"json"_s))
             sayJson(json);
         else
-            sayTable({QStringLiteral("TYPE"), QStringLiteral("NAME"), QStringLiteral("DESCRIPTION")}, rows);
+            sayTable({u"TYPE"_s, u"NAME"_s, u"DESCRIPTION"_s}, rows);
         return Success;
     }
 };

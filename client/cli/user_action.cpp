@@ -11,6 +11,8 @@
 #include <QStandardPaths>
 #include <QUrl>
 
+using namespace Qt::StringLiterals;
+
 namespace zepa::cli {
 
 namespace {
@@ -45,7 +47,7 @@ bool openAddress(const QUrl& url)
     if (!isOwnVariable("DBUS_SESSION_BUS_ADDRESS") && QDesktopServices::openUrl(url))
         return true;
     // Without a desktop of its own, Qt leaves the opening to the program that all desktops have for it.
-    return start(QStringLiteral("xdg-open"), {QString::fromLatin1(url.toEncoded())});
+    return start(u"xdg-open"_s, {QString::fromLatin1(url.toEncoded())});
 }
 
 } // namespace
@@ -56,11 +58,11 @@ QString problemWithAction(const QString& action, const QString& folder)
         return {};
     const auto words = splitWords(action);
     if (!words)
-        return QStringLiteral("missing closing quote, or a backslash at the end; give a URL or a command");
+        return u"missing closing quote, or a backslash at the end; give a URL or a command"_s;
     if (words->isEmpty() || words->constFirst().isEmpty())
-        return QStringLiteral("no program named; give a URL or a command");
+        return u"no program named; give a URL or a command"_s;
     if (QStandardPaths::findExecutable(located(words->constFirst(), folder)).isEmpty())
-        return QStringLiteral("program \"%1\" not found; give a URL or a command").arg(onOneLine(words->constFirst()));
+        return u"program \"%1\" not found; give a URL or a command"_s.arg(onOneLine(words->constFirst()));
     return {};
 }
 
@@ -68,13 +70,13 @@ void startAction(const QString& action, const QString& folder)
 {
     if (isAddress(action)) {
         if (!openAddress(QUrl(action, QUrl::StrictMode)))
-            complain(QStringLiteral("nothing opens %1").arg(onOneLine(action)));
+            complain(u"nothing opens %1"_s.arg(onOneLine(action)));
         return;
     }
     auto words = splitWords(action);
     const QString program = words && !words->isEmpty() ? words->takeFirst() : QString();
     if (program.isEmpty() || !start(located(program, folder), *words, folder))
-        complain(QStringLiteral("the command %1 did not start").arg(onOneLine(action)));
+        complain(u"the command %1 did not start"_s.arg(onOneLine(action)));
 }
 
 } // namespace zepa::cli

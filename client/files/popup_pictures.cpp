@@ -15,6 +15,8 @@
 #include <unistd.h>
 #include <utility>
 
+using namespace Qt::StringLiterals;
+
 namespace zepa {
 
 namespace {
@@ -83,7 +85,7 @@ public:
     Q_DISABLE_COPY_MOVE(Copy)
 
     bool isWhole() const { return m_isWhole; }
-    QString path() const { return QStringLiteral("/proc/self/fd/%1").arg(m_descriptor); }
+    QString path() const { return u"/proc/self/fd/%1"_s.arg(m_descriptor); }
 
 private:
     const int m_descriptor;
@@ -140,23 +142,21 @@ std::unique_ptr<PopupPictures::Entry> PopupPictures::look(const QString& file)
     QImageReader reader(&device);
     const QByteArray format = reader.format();
     if (isDrawing(format))
-        return refused(QStringLiteral("a vector image, which can refer to other files"));
+        return refused(u"a vector image, which can refer to other files"_s);
     // Asked before anything is decoded: a few bytes can declare gigabytes.
     const QSize size = reader.size();
     if (format.isEmpty() || size.isEmpty())
-        return refused(QStringLiteral("not an image"));
+        return refused(u"not an image"_s);
     if (qint64(size.width()) * size.height() > mostPixels)
-        return refused(QStringLiteral("%1 x %2 pixels, more than %3 million")
-                           .arg(size.width())
-                           .arg(size.height())
-                           .arg(mostPixels / 1'000'000));
+        return refused(
+            u"%1 x %2 pixels, more than %3 million"_s.arg(size.width()).arg(size.height()).arg(mostPixels / 1'000'000));
     if (isSmall(size) && bytes <= smallFile) {
         entry->picture.path = file;
         return entry;
     }
     entry->copy = copyOf(reader);
     if (!entry->copy)
-        return refused(QStringLiteral("a damaged image"));
+        return refused(u"a damaged image"_s);
     entry->picture.path = entry->copy->path();
     return entry;
 }

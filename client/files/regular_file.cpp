@@ -10,6 +10,8 @@
 #include <unistd.h>
 #include <utility>
 
+using namespace Qt::StringLiterals;
+
 namespace zepa {
 
 namespace {
@@ -110,11 +112,11 @@ QString RegularFile::reason() const
     case State::Open:
         return {};
     case State::Link:
-        return QStringLiteral("a symbolic link");
+        return u"a symbolic link"_s;
     case State::NotRegular:
-        return QStringLiteral("not a regular file");
+        return u"not a regular file"_s;
     case State::TooLarge:
-        return QStringLiteral("larger than %1 bytes").arg(m_mostBytes);
+        return u"larger than %1 bytes"_s.arg(m_mostBytes);
     case State::Missing:
         return QString::fromStdString(std::generic_category().message(ENOENT));
     case State::Failed:

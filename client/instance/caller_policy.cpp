@@ -14,6 +14,8 @@
 // The header of glibc 2.36 forgets to say so.
 extern "C" {
 #include <sys/pidfd.h>
+
+using namespace Qt::StringLiterals;
 }
 
 namespace zepa::instance {
@@ -22,7 +24,7 @@ namespace {
 
 QString foreign()
 {
-    return QStringLiteral("the running Zepa accepts no commands from sandboxed programs");
+    return u"the running Zepa accepts no commands from sandboxed programs"_s;
 }
 
 /// Where a link leads; null when that cannot be said.
@@ -68,8 +70,8 @@ bool isSnapGroup(const QByteArray& groups)
 
 QString unknownCaller(const char* what)
 {
-    return QStringLiteral("the running Zepa accepts no commands from programs that it cannot identify: %1")
-        .arg(QString::fromLatin1(what));
+    return u"the running Zepa accepts no commands from programs that it cannot identify: %1"_s.arg(
+        QString::fromLatin1(what));
 }
 
 SharedDescriptor shareDescriptor(int descriptor)
@@ -94,7 +96,7 @@ std::optional<QString> CallerLook::quickProblem() const
     if (!m_caller.user)
         return unknownCaller("the bus does not know its user");
     if (*m_caller.user != ::geteuid())
-        return QStringLiteral("the running Zepa accepts no commands from programs of other users");
+        return u"the running Zepa accepts no commands from programs of other users"_s;
     if (m_caller.process <= 0 || !m_caller.processDescriptor)
         return unknownCaller("the bus does not know its process, or the process has ended");
     if (const QString problem = problemWithProcess(); !problem.isEmpty())

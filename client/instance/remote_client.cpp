@@ -9,6 +9,8 @@
 
 #include <utility>
 
+using namespace Qt::StringLiterals;
+
 namespace zepa::instance {
 
 namespace {
@@ -36,9 +38,9 @@ int tellFailure(const bus::Message& answer)
         return kind == QLatin1StringView("AccessDenied") ? cli::Failure : cli::WrongUsage;
     }
     const QString text = answer.errorText();
-    cli::complain(QStringLiteral("another Zepa with these settings is not responding (%1); nothing was done. Quit it, "
-                                 "or choose another folder with --settings")
-                      .arg(cli::onOneLine(text.isEmpty() ? QString(answer.errorName()) : text)));
+    cli::complain(u"another Zepa with these settings is not responding (%1); nothing was done. Quit it, "
+                  u"or choose another folder with --settings"_s.arg(
+                      cli::onOneLine(text.isEmpty() ? QString(answer.errorName()) : text)));
     return cli::Failure;
 }
 
@@ -98,7 +100,7 @@ int RemoteClient::waitForResult(const QByteArray& client, unsigned int job)
         m_loop.exec();
     if (m_code)
         return *m_code;
-    cli::complain(QStringLiteral("the running client ended before the command was done"));
+    cli::complain(u"the running client ended before the command was done"_s);
     return cli::Failure;
 }
 

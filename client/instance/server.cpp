@@ -14,6 +14,8 @@
 #include <memory>
 #include <utility>
 
+using namespace Qt::StringLiterals;
+
 namespace zepa::instance {
 
 namespace {
@@ -26,9 +28,9 @@ constexpr std::chrono::milliseconds lookUpLimit{2000};
 QString tooMuch(const Quota& quota, Quota::Answer answer)
 {
     return answer == Quota::Answer::TooManyOfCaller
-               ? QStringLiteral("%1 commands of this caller are in progress; that is the limit for one caller")
-                     .arg(quota.mostPerCaller())
-               : QStringLiteral("%1 commands are in progress; that is the limit").arg(quota.most());
+               ? u"%1 commands of this caller are in progress; that is the limit for one caller"_s.arg(
+                     quota.mostPerCaller())
+               : u"%1 commands are in progress; that is the limit"_s.arg(quota.most());
 }
 
 /// Nothing is known where the bus does not say, and that is refused.
@@ -69,7 +71,7 @@ public:
         QStringList lines;
         for (const auto& [stream, text] : texts) {
             if (stream == cli::Stream::Errors)
-                lines.append(QString::fromUtf8(text).trimmed().remove(QRegularExpression(QStringLiteral("^zepa: "))));
+                lines.append(QString::fromUtf8(text).trimmed().remove(QRegularExpression(u"^zepa: "_s)));
         }
         return lines.join(u'\n');
     }
@@ -110,14 +112,13 @@ void Server::keepName(const QByteArray& busName)
 void Server::handleCall(const bus::Message& call)
 {
     if (call.interface() != QLatin1StringView(interfaceName)) {
-        m_bus.send(m_bus.newError(
-            call, "org.freedesktop.DBus.Error.UnknownInterface",
-            QStringLiteral("No such interface '%1' at object path '%2'").arg(call.interface(), call.path())));
+        m_bus.send(m_bus.newError(call, "org.freedesktop.DBus.Error.UnknownInterface",
+                                  u"No such interface '%1' at object path '%2'"_s.arg(call.interface(), call.path())));
         return;
     }
     const QString sender = call.sender();
     if (const auto taken = m_calls.take(sender); taken != Quota::Answer::Taken)
-        return refuse(call, {QStringLiteral("TooMuch"), tooMuch(m_calls, taken)});
+        return refuse(call, {u"TooMuch"_s, tooMuch(m_calls, taken)});
     lookUp(senderOf(call), [this, call, sender, busesLost = m_busesLost](const Caller& caller, const QString& problem) {
         m_calls.giveBack(sender);
         // On another bus, the sender is somebody else.
@@ -144,7 +145,7 @@ void Server::answer(const bus::Message& call, const Caller& caller, const QStrin
     const QLatin1StringView method = call.member();
     std::optional<Refusal> refusal;
     if (!problem.isEmpty())
-        refusal = Refusal{QStringLiteral("AccessDenied"), problem};
+        refusal = Refusal{u"AccessDenied"_s, problem};
     else if (method == QLatin1StringView("Run"))
         refusal = run(call, caller);
     else if (method == QLatin1StringView("Cancel"))
@@ -152,8 +153,8 @@ void Server::answer(const bus::Message& call, const Caller& caller, const QStrin
     else if (method == QLatin1StringView("Activate"))
         refusal = activate(call);
     else
-        refusal = Refusal{QStringLiteral("UnknownMethod"),
-                          QStringLiteral("there is no method \"%1\"; there are: Run, Cancel, Activate").arg(method)};
+        refusal =
+            Refusal{u"UnknownMethod"_s, u"there is no method \"%1\"; there are: Run, Cancel, Activate"_s.arg(method)};
     if (refusal)
         refuse(call, *refusal);
 }
@@ -176,20 +177,18 @@ std::optional<Refusal> Server::run(const bus::Message& call, const Caller& calle
         line = std::make_unique<cli::CommandLine>(request.arguments);
     }
     if (line->opensWindow())
-        return Refusal{QStringLiteral("WrongArgument"),
-                       QStringLiteral("the arguments hold no verb; Activate brings the window to the front")};
+        return Refusal{u"WrongArgument"_s, u"the arguments hold no verb; Activate brings the window to the front"_s};
     if (!line->command() && line->code() != cli::Success)
-        return Refusal{line->isVerbUnknown() ? QStringLiteral("UnknownVerb") : QStringLiteral("WrongUsage"),
-                       captured.errors()};
-    if (line->command() && line->parser().isSet(QStringLiteral("settings")) &&
+        return Refusal{line->isVerbUnknown() ? u"UnknownVerb"_s : u"WrongUsage"_s, captured.errors()};
+    if (line->command() && line->parser().isSet(u"settings"_s) &&
         busName(QDir(request.folder).absoluteFilePath(line->settingsFolder())) !=
             busName(m_client.settings().getSettingsDir()))
-        return Refusal{QStringLiteral("WrongFolder"),
-                       QStringLiteral("this client has the settings in %1").arg(m_client.settings().getSettingsDir())};
+        return Refusal{u"WrongFolder"_s,
+                       u"this client has the settings in %1"_s.arg(m_client.settings().getSettingsDir())};
 
     const QString process = QString::number(caller.process);
     if (const auto taken = m_commands.take(process); taken != Quota::Answer::Taken)
-        return Refusal{QStringLiteral("TooMuch"), tooMuch(m_commands, taken)};
+        return Refusal{u"TooMuch"_s, tooMuch(m_commands, taken)};
     const unsigned int number = ++m_lastNumber;
     auto* command =
         new RemoteCommand(m_bus, number, senderOf(call), std::move(line), {request.folder, request.input, true});
@@ -237,7 +236,7 @@ std::optional<Refusal> Server::cancel(const bus::Message& call)
         return refusal;
     const RemoteCommand* command = m_jobs.value(number).command;
     if (!command || command->caller() != senderOf(call))
-        return Refusal{QStringLiteral("UnknownJob"), QStringLiteral("there is no job %1 of this caller").arg(number)};
+        return Refusal{u"UnknownJob"_s, u"there is no job %1 of this caller"_s.arg(number)};
     drop(number);
     m_bus.send(m_bus.newReply(call));
     return std::nullopt;

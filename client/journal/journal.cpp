@@ -9,6 +9,8 @@
 #include <QCoreApplication>
 #include <QCryptographicHash>
 
+using namespace Qt::StringLiterals;
+
 namespace zepa {
 
 namespace {
@@ -120,7 +122,7 @@ QVariant Journal::data(const QModelIndex& index, int role) const
         return {};
     switch (index.column()) {
     case Time:
-        return entry.time.time().toString(QStringLiteral("HH:mm:ss"));
+        return entry.time.time().toString(u"HH:mm:ss"_s);
     case Type:
         return nameText(entry.typeName);
     case Title:

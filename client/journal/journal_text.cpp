@@ -9,6 +9,8 @@
 
 #include <algorithm>
 
+using namespace Qt::StringLiterals;
+
 namespace zepa {
 
 namespace {
@@ -21,7 +23,7 @@ struct JournalText
 
 QString clock(const QDateTime& time)
 {
-    return time.time().toString(QStringLiteral("HH:mm:ss"));
+    return time.time().toString(u"HH:mm:ss"_s);
 }
 
 /// As the module counts: times of day, whole seconds, no date.
@@ -94,11 +96,10 @@ QString callText(const Delivery& call)
 {
     QStringList settings;
     for (const ZepaField& field : call.config)
-        settings.append(QStringLiteral("%1 = %2").arg(nameText(field.getId()), nameText(field.getText())));
+        settings.append(u"%1 = %2"_s.arg(nameText(field.getId()), nameText(field.getText())));
     // The rule keeps its settings in no particular order.
     settings.sort();
-    return settings.isEmpty() ? call.methodName
-                              : QStringLiteral("%1 (%2)").arg(call.methodName, settings.join(QStringLiteral(", ")));
+    return settings.isEmpty() ? call.methodName : u"%1 (%2)"_s.arg(call.methodName, settings.join(u", "_s));
 }
 
 } // namespace
@@ -183,7 +184,7 @@ QString methodsText(const JournalEntry& entry)
     QStringList names;
     for (const Delivery& call : entry.report.calls)
         names.append(call.methodName);
-    return names.join(QStringLiteral(", "));
+    return names.join(u", "_s);
 }
 
 QString detailsText(const JournalEntry& entry)
@@ -202,7 +203,7 @@ QString detailsText(const JournalEntry& entry)
         lines.append(
             {QString(), JournalText::tr("Methods in the order of their calls (the newest rule comes first):")});
         for (qsizetype i = 0; i < entry.report.calls.size(); ++i)
-            lines.append(QStringLiteral("%1. %2").arg(i + 1).arg(callText(entry.report.calls[i])));
+            lines.append(u"%1. %2"_s.arg(i + 1).arg(callText(entry.report.calls[i])));
         lines.append({soundText(entry.report), chatText(entry)});
     }
     return lines.join(u'\n');
@@ -213,7 +214,7 @@ QString lineText(const JournalEntry& entry)
     QStringList parts{
         entry.time.toString(Qt::ISODateWithMs), nameText(entry.type), nameText(entry.title), nameText(entry.who),
         verdictText(entry.verdict()),           methodsText(entry),   whyNoPopup(entry)};
-    parts.replaceInStrings(QStringLiteral("\t"), QStringLiteral(" "));
+    parts.replaceInStrings(u"\t"_s, u" "_s);
     return parts.join(u'\t');
 }
 

@@ -5,6 +5,8 @@
 #include "client/rules/method_titles.h"
 #include "core/notification.h"
 
+using namespace Qt::StringLiterals;
+
 namespace zepa {
 
 namespace {
@@ -16,7 +18,7 @@ constexpr char16_t attentionMethod[] = u"zepa_dock_bounce_notification_method";
 WatchedMethod::WatchedMethod(ZepaNotificationMethod& watched, DeliveryLog& log) : m_watched(watched), m_log(log)
 {
     fields = watched.fields;
-    if (watched.getId() == QStringLiteral("zepa_hint_notification"))
+    if (watched.getId() == u"zepa_hint_notification"_s)
         m_pictures.emplace();
 }
 

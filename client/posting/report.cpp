@@ -13,6 +13,8 @@
 
 #include <algorithm>
 
+using namespace Qt::StringLiterals;
+
 namespace zepa {
 
 namespace {
@@ -42,15 +44,13 @@ PopupState popupOf(const Delivery& call)
 QString allowedAlerts(const Settings& settings)
 {
     const ZepaField alerts =
-        ZepaField::comboBox({}, QStringLiteral("alerts"),
-                            {QStringLiteral("never"), QStringLiteral("always"), QStringLiteral("buddies_only")}, {},
-                            QStringLiteral("buddies_only"), {});
+        ZepaField::comboBox({}, u"alerts"_s, {u"never"_s, u"always"_s, u"buddies_only"_s}, {}, u"buddies_only"_s, {});
     return settings.readGlobalSetting(alerts).getSelectedId();
 }
 
 bool isAlert(const Posting& posting)
 {
-    return posting.type == QStringLiteral("alert_received_notify");
+    return posting.type == u"alert_received_notify"_s;
 }
 
 SoundState soundOf(const Settings& settings, const Posting& posting, const Delivery& call)
@@ -58,9 +58,9 @@ SoundState soundOf(const Settings& settings, const Posting& posting, const Deliv
     if (isAlert(posting)) {
         const QString allowed = allowedAlerts(settings);
         const bool isStranger = !posting.buddy || posting.buddy->getType() == ZepaBuddy::NotOnContactList;
-        if (allowed != QStringLiteral("always") && allowed != QStringLiteral("buddies_only"))
+        if (allowed != u"always"_s && allowed != u"buddies_only"_s)
             return SoundState::MutedForAll;
-        if (allowed == QStringLiteral("buddies_only") && isStranger)
+        if (allowed == u"buddies_only"_s && isStranger)
             return SoundState::MutedForStrangers;
     }
     const QString file = call.config.isEmpty() ? QString() : call.config.constFirst().getText();
@@ -90,10 +90,10 @@ Report reportOn(Client& client, const Posting& posting, const QList<Delivery>& c
     Report report;
     report.calls = calls;
     report.fate = fateOf(client, posting, !calls.isEmpty());
-    report.repeatLimit = client.settings()
-                             .readGlobalSetting(ZepaField::spinBox({}, QStringLiteral("duplicated_notifications_time"),
-                                                                   300, 0, 5, {}, {}))
-                             .getIntValue();
+    report.repeatLimit =
+        client.settings()
+            .readGlobalSetting(ZepaField::spinBox({}, u"duplicated_notifications_time"_s, 300, 0, 5, {}, {}))
+            .getIntValue();
     for (const Delivery& call : calls) {
         if (call.methodId == popupMethod) {
             report.popup = popupOf(call);

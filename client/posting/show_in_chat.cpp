@@ -5,6 +5,8 @@
 #include "client/ui/chat_window.h"
 #include "host/chat_manager.h"
 
+using namespace Qt::StringLiterals;
+
 namespace zepa {
 
 void showInChat(const Posting& posting)
@@ -14,15 +16,15 @@ void showInChat(const Posting& posting)
     auto* window = dynamic_cast<ChatWindow*>(ZepaChatManager::getInstance()->getChatWindow(*posting.buddy));
     if (!window)
         return;
-    if (posting.type.startsWith(QStringLiteral("message_received")))
+    if (posting.type.startsWith(u"message_received"_s))
         window->receiveMessage(posting.text);
-    else if (posting.type == QStringLiteral("message_sent"))
+    else if (posting.type == u"message_sent"_s)
         window->showSentMessage(posting.text);
-    else if (posting.type == QStringLiteral("buddy_connected"))
+    else if (posting.type == u"buddy_connected"_s)
         window->setPresence(Presence::Available);
-    else if (posting.type == QStringLiteral("buddy_went_away"))
+    else if (posting.type == u"buddy_went_away"_s)
         window->setPresence(Presence::Away);
-    else if (posting.type == QStringLiteral("buddy_went_offline"))
+    else if (posting.type == u"buddy_went_offline"_s)
         window->setPresence(Presence::Unavailable);
 }
 

@@ -11,6 +11,8 @@
 
 #include <algorithm>
 
+using namespace Qt::StringLiterals;
+
 namespace zepa {
 
 namespace {
@@ -27,8 +29,8 @@ QStringList filesIn(const QString& folder)
 /// Whether the identifier names an entry of the folder with rule files.
 bool isFileName(const QString& typeId)
 {
-    return !typeId.isEmpty() && typeId != QStringLiteral(".") && typeId != QStringLiteral("..") &&
-           !typeId.contains(u'/') && !typeId.contains(QChar::Null);
+    return !typeId.isEmpty() && typeId != u"."_s && typeId != u".."_s && !typeId.contains(u'/') &&
+           !typeId.contains(QChar::Null);
 }
 
 /// A copy that can be relied on; what is a link is none of ours.
@@ -41,8 +43,8 @@ bool isGoodCopy(const StoredFile& copy)
 
 RuleBackup::RuleBackup(const QString& settingsFolder, const QStringList& types)
     : m_settings(settingsFolder)
-    , m_rules(settingsFolder + QStringLiteral("notifications/"))
-    , m_backup(settingsFolder + QStringLiteral("rules-backup/"))
+    , m_rules(settingsFolder + u"notifications/"_s)
+    , m_backup(settingsFolder + u"rules-backup/"_s)
 {
     protect(types);
 }
@@ -76,7 +78,7 @@ void RuleBackup::protect(const QStringList& types)
 /// Those that we were told, and those that we once made a copy for.
 QStringList RuleBackup::types() const
 {
-    QStringList all = m_types + filesIn(m_backup + QStringLiteral("copies"));
+    QStringList all = m_types + filesIn(m_backup + u"copies"_s);
     all.removeDuplicates();
     return all;
 }
@@ -90,7 +92,7 @@ void RuleBackup::restore(const QStringList& typesWithDefaults)
         // Whatever is there has its copy now. So if we do not get as far as started(), a file without one is a default
         // that the module was still writing.
         m_isWritingDefaults = std::any_of(typesWithDefaults.cbegin(), typesWithDefaults.cend(), isMissing) &&
-                              keepAll() && replaceStored(startMark(), {}, workshop(QStringLiteral("starting")), 0600);
+                              keepAll() && replaceStored(startMark(), {}, workshop(u"starting"_s), 0600);
     }
     lookForUnusable();
 }
@@ -113,7 +115,7 @@ void RuleBackup::started()
 /// Looks, and writes nothing: most starts find nothing to do.
 bool RuleBackup::needsRepair(const QStringList& typesWithDefaults) const
 {
-    if (existsStored(startMark()) || !filesIn(m_backup + QStringLiteral("changing")).isEmpty())
+    if (existsStored(startMark()) || !filesIn(m_backup + u"changing"_s).isEmpty())
         return true;
     const QStringList all = types();
     return std::any_of(all.cbegin(), all.cend(), [&](const QString& typeId) {
@@ -131,7 +133,7 @@ void RuleBackup::repair(const Fallback& fallback)
     for (QStringList* found : {&m_restored, &m_reset, &m_stillBroken, &m_withoutRoomAside})
         found->clear();
     makeFolders();
-    const QStringList unfinished = filesIn(m_backup + QStringLiteral("new"));
+    const QStringList unfinished = filesIn(m_backup + u"new"_s);
     for (const QString& name : unfinished)
         QFile::remove(workshop(name));
     if (existsStored(startMark()))
@@ -140,7 +142,7 @@ void RuleBackup::repair(const Fallback& fallback)
     const QStringList all = types();
     for (const QString& typeId : all)
         mend(typeId, fallback);
-    const QStringList changes = filesIn(m_backup + QStringLiteral("changing"));
+    const QStringList changes = filesIn(m_backup + u"changing"_s);
     for (const QString& typeId : changes) {
         if (!m_stillBroken.contains(typeId))
             endChange(typeId);
@@ -186,7 +188,7 @@ void RuleBackup::makePrivate()
         for (const QString& file : files)
             makePrivateStored(folder + u'/' + file);
     }
-    replaceStored(privateMark(), {}, workshop(QStringLiteral("private")), 0600);
+    replaceStored(privateMark(), {}, workshop(u"private"_s), 0600);
 }
 
 /// A start was cut off while the library wrote the defaults of a type, a rule at a time. The file is good already with
@@ -342,7 +344,7 @@ QStringList RuleBackup::news(const std::function<QString(const QString& typeId)>
         QStringList names;
         for (const QString& type : types)
             names.append(nameOf ? nameOf(type) : type);
-        return QCoreApplication::translate("zepa", sentence).arg(names.join(QStringLiteral(", ")));
+        return QCoreApplication::translate("zepa", sentence).arg(names.join(u", "_s));
     };
     QStringList sentences;
     if (!m_restored.isEmpty())
@@ -380,6 +382,36 @@ QStringList RuleBackup::news(const std::function<QString(const QString& typeId)>
                  m_tooLarge)
                 .arg(m_rules));
     return sentences;
+}
+
+QString RuleBackup::asideFolder() const
+{
+    return m_backup + u"set-aside/"_s;
+}
+
+QString RuleBackup::copyOf(const QString& typeId) const
+{
+    return m_backup + u"copies/"_s + typeId;
+}
+
+QString RuleBackup::workshop(const QString& typeId) const
+{
+    return m_backup + u"new/"_s + typeId;
+}
+
+QString RuleBackup::changeMark(const QString& typeId) const
+{
+    return m_backup + u"changing/"_s + typeId;
+}
+
+QString RuleBackup::startMark() const
+{
+    return m_backup + u"starting"_s;
+}
+
+QString RuleBackup::privateMark() const
+{
+    return m_backup + u"private"_s;
 }
 
 } // namespace zepa

@@ -107,7 +107,7 @@ public:
     QString ruleFolder() const { return m_rules; }
     QString ruleFile(const QString& typeId) const { return m_rules + typeId; }
     /// Where files are that were replaced or taken away.
-    QString asideFolder() const { return m_backup + QStringLiteral("set-aside/"); }
+    QString asideFolder() const;
 
 private:
     QStringList types() const;
@@ -121,11 +121,11 @@ private:
     bool saveBytes(const QByteArray& content, const QString& typeId) const;
     bool hasRoomAside() const;
     QString nextAsideName(const QString& typeId) const;
-    QString copyOf(const QString& typeId) const { return m_backup + QStringLiteral("copies/") + typeId; }
-    QString workshop(const QString& typeId) const { return m_backup + QStringLiteral("new/") + typeId; }
-    QString changeMark(const QString& typeId) const { return m_backup + QStringLiteral("changing/") + typeId; }
-    QString startMark() const { return m_backup + QStringLiteral("starting"); }
-    QString privateMark() const { return m_backup + QStringLiteral("private"); }
+    QString copyOf(const QString& typeId) const;
+    QString workshop(const QString& typeId) const;
+    QString changeMark(const QString& typeId) const;
+    QString startMark() const;
+    QString privateMark() const;
 
     const QString m_settings;
     const QString m_rules;

@@ -17,6 +17,8 @@
 #include <chrono>
 #include <utility>
 
+using namespace Qt::StringLiterals;
+
 namespace zepa {
 
 namespace {
@@ -131,7 +133,7 @@ void RuleEditor::change(const QString& type, const QString& method, qsizetype in
             candidate.setText(value);
             const bool ticks = candidate.getType() == ZepaField::SpinBox;
             edit(tr("Change: %1, %2").arg(pairName(type, method), candidate.getLabel()), type, after,
-                 ticks ? QStringLiteral("%1/%2/%3/%4").arg(type, method, QString::number(index), field) : QString());
+                 ticks ? u"%1/%2/%3/%4"_s.arg(type, method, QString::number(index), field) : QString());
             return;
         }
     });

@@ -10,6 +10,8 @@
 #include <QFile>
 #include <QFileInfo>
 
+using namespace Qt::StringLiterals;
+
 namespace zepa {
 
 namespace {
@@ -30,7 +32,7 @@ QByteArray contentOf(const QString& path)
 bool rulesAreStored(const ZepaNotificationModule& module, const QString& settingsFolder, const QString& typeId)
 {
     ZepaXmlNode root{QString(), QString(), nullptr};
-    root.setContent(contentOf(settingsFolder + QStringLiteral("notifications/") + typeId));
+    root.setContent(contentOf(settingsFolder + u"notifications/"_s + typeId));
     if (root.isNull())
         return false;
 

@@ -14,6 +14,8 @@
 #include <unistd.h>
 #include <utility>
 
+using namespace Qt::StringLiterals;
+
 namespace zepa {
 
 namespace {
@@ -37,9 +39,7 @@ bool lockWaiting(int descriptor)
 /// Shared with the thread that waits, which may be left behind.
 struct RuleLock::State
 {
-    explicit State(const QString& folder)
-        : descriptor(openFolder(folder)), queue(openFolder(folder + QStringLiteral("/..")))
-    {}
+    explicit State(const QString& folder) : descriptor(openFolder(folder)), queue(openFolder(folder + u"/.."_s)) {}
     ~State()
     {
         for (const int open : {descriptor, queue}) {

@@ -14,6 +14,8 @@
 
 #include <algorithm>
 
+using namespace Qt::StringLiterals;
+
 namespace zepa {
 
 namespace {
@@ -100,7 +102,7 @@ void takeOver(ZepaNotificationModule& module, ZepaNotification* type, const QByt
 
 QByteArray ruleFileOf(const ZepaNotificationModule& module, const QString& typeId)
 {
-    ZepaXmlNode root(QStringLiteral("rules"), QString(), nullptr);
+    ZepaXmlNode root(u"rules"_s, QString(), nullptr);
     const auto rules = module.getRules(module.getNotifications().value(typeId));
     for (const ZepaNotificationRule* rule : rules) {
         ZepaXmlNode element = root.addChild(rule->getMethod()->getId(), QString());

@@ -8,6 +8,8 @@
 
 #include <QDir>
 
+using namespace Qt::StringLiterals;
+
 namespace zepa {
 
 namespace {
@@ -16,7 +18,7 @@ namespace {
 QString shownPath(const QString& path)
 {
     const QString home = QDir::homePath() + u'/';
-    return QDir::toNativeSeparators(path.startsWith(home) ? QStringLiteral("~/") + path.mid(home.size()) : path);
+    return QDir::toNativeSeparators(path.startsWith(home) ? u"~/"_s + path.mid(home.size()) : path);
 }
 
 } // namespace
@@ -71,10 +73,10 @@ void StoringProblem::tell(const QString& sentence)
         QStringList names;
         for (const QString& id : std::as_const(m_notStored))
             names.append(nameOf(id));
-        sentences.append(tr("These events have rules that could not be written to %2, perhaps because the disk is "
-                            "full. They are in use until the client ends: %1.")
-                             .arg(names.join(tr(", ")),
-                                  shownPath(m_client.settings().getSettingsDir() + QStringLiteral("notifications"))));
+        sentences.append(
+            tr("These events have rules that could not be written to %2, perhaps because the disk is "
+               "full. They are in use until the client ends: %1.")
+                .arg(names.join(tr(", ")), shownPath(m_client.settings().getSettingsDir() + u"notifications"_s)));
     }
     m_text = sentences.join(u' ');
 }

@@ -3,6 +3,8 @@
 
 #include <QDir>
 
+using namespace Qt::StringLiterals;
+
 namespace zepa {
 
 namespace {
@@ -11,24 +13,24 @@ QString folder(const char* variable, const QString& fallback)
 {
     const QString base = qEnvironmentVariable(variable);
     const QString usable = QDir::isAbsolutePath(base) ? base : QDir::homePath() + fallback;
-    return QDir::cleanPath(usable + QStringLiteral("/zepa")) + u'/';
+    return QDir::cleanPath(usable + u"/zepa"_s) + u'/';
 }
 
 } // namespace
 
 QString configFolder()
 {
-    return folder("XDG_CONFIG_HOME", QStringLiteral("/.config"));
+    return folder("XDG_CONFIG_HOME", u"/.config"_s);
 }
 
 QString dataFolder()
 {
-    return folder("XDG_DATA_HOME", QStringLiteral("/.local/share"));
+    return folder("XDG_DATA_HOME", u"/.local/share"_s);
 }
 
 QString stateFolder()
 {
-    return folder("XDG_STATE_HOME", QStringLiteral("/.local/state"));
+    return folder("XDG_STATE_HOME", u"/.local/state"_s);
 }
 
 } // namespace zepa

@@ -3,6 +3,8 @@
 
 #include <algorithm>
 
+using namespace Qt::StringLiterals;
+
 // A field without type has no data at all: an object that was moved from stands for "no field", too.
 ZepaField::ZepaField() = default;
 ZepaField::ZepaField(const ZepaField& other) = default;
@@ -83,7 +85,7 @@ QString ZepaField::getText() const
 {
     switch (getType()) {
     case CheckBox:
-        return d->checked ? QStringLiteral("true") : QStringLiteral("false");
+        return d->checked ? u"true"_s : u"false"_s;
     case SpinBox:
         return QString::number(d->number);
     case ComboBox:
@@ -99,8 +101,8 @@ void ZepaField::setText(const QString& text)
 {
     switch (getType()) {
     case CheckBox:
-        if (text == QStringLiteral("true") || text == QStringLiteral("false"))
-            setChecked(text == QStringLiteral("true"));
+        if (text == u"true"_s || text == u"false"_s)
+            setChecked(text == u"true"_s);
         break;
     case SpinBox: {
         bool isNumber = false;

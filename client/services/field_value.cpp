@@ -1,13 +1,15 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "client/services/field_value.h"
 
+using namespace Qt::StringLiterals;
+
 namespace zepa {
 
 bool fieldAllows(const ZepaField& field, const QString& text)
 {
     switch (field.getType()) {
     case ZepaField::CheckBox:
-        return text == QStringLiteral("true") || text == QStringLiteral("false");
+        return text == u"true"_s || text == u"false"_s;
     case ZepaField::SpinBox: {
         bool isNumber = false;
         const int number = text.toInt(&isNumber);
@@ -27,17 +29,17 @@ QString allowedValues(const ZepaField& field)
 {
     switch (field.getType()) {
     case ZepaField::CheckBox:
-        return QStringLiteral("true or false");
+        return u"true or false"_s;
     case ZepaField::SpinBox:
-        return QStringLiteral("a whole number from %1 to %2").arg(field.getLowerBound()).arg(field.getUpperBound());
+        return u"a whole number from %1 to %2"_s.arg(field.getLowerBound()).arg(field.getUpperBound());
     case ZepaField::ComboBox:
-        return QStringLiteral("one of: %1").arg(field.getItemIds().join(QStringLiteral(", ")));
+        return u"one of: %1"_s.arg(field.getItemIds().join(u", "_s));
     case ZepaField::SoundEdit:
-        return QStringLiteral("a sound file, absolute or in the sound theme's folder");
+        return u"a sound file, absolute or in the sound theme's folder"_s;
     case ZepaField::TextEdit:
-        return QStringLiteral("any text");
+        return u"any text"_s;
     default:
-        return QStringLiteral("nothing");
+        return u"nothing"_s;
     }
 }
 

@@ -5,18 +5,20 @@
 
 #include <QHash>
 
+using namespace Qt::StringLiterals;
+
 // <fields><field id="sticky">true</field>...</fields>
 //
 // Values are texts of elements and not attributes: that keeps a file with a strange sound file name readable.
 
 ZepaXmlNode ZepaField::toXml(const QList<ZepaField>& fields)
 {
-    ZepaXmlNode node(QStringLiteral("fields"), {}, nullptr);
+    ZepaXmlNode node(u"fields"_s, {}, nullptr);
     for (const ZepaField& field : fields) {
         if (field.getType() == NoType)
             continue;
-        ZepaXmlNode child = node.addChild(QStringLiteral("field"), field.d->unfit.value_or(field.getText()));
-        child.setAttribute(QStringLiteral("id"), field.getId());
+        ZepaXmlNode child = node.addChild(u"field"_s, field.d->unfit.value_or(field.getText()));
+        child.setAttribute(u"id"_s, field.getId());
     }
     return node;
 }
@@ -26,8 +28,8 @@ QList<ZepaField> ZepaField::fromXml(const QList<ZepaField>& fieldTemplate, const
     QHash<QString, QString> stored;
     const QList<ZepaXmlNode> children = node.getChildNodes();
     for (const ZepaXmlNode& child : children) {
-        if (child.name() == QStringLiteral("field"))
-            stored.insert(child.getAttribute(QStringLiteral("id")), child.text());
+        if (child.name() == u"field"_s)
+            stored.insert(child.getAttribute(u"id"_s), child.text());
     }
 
     QList<ZepaField> fields = fieldTemplate;

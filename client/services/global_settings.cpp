@@ -5,6 +5,8 @@
 
 #include <QCoreApplication>
 
+using namespace Qt::StringLiterals;
+
 namespace zepa {
 
 namespace {
@@ -26,21 +28,19 @@ QList<ZepaField> globalSettings()
 {
     return {
         ZepaField::spinBox(translated(QT_TRANSLATE_NOOP("settings", "Drop repeats for")),
-                           QStringLiteral("duplicated_notifications_time"), 300, 0, 5,
+                           u"duplicated_notifications_time"_s, 300, 0, 5,
                            translated(QT_TRANSLATE_NOOP(
                                "settings", "The same event with the same title is announced once in this time.")),
                            translated(QT_TRANSLATE_NOOP("settings", " s"))),
-        ZepaField::comboBox(translated(QT_TRANSLATE_NOOP("settings", "Alert sounds")), QStringLiteral("alerts"),
-                            {QStringLiteral("never"), QStringLiteral("always"), QStringLiteral("buddies_only")},
+        ZepaField::comboBox(translated(QT_TRANSLATE_NOOP("settings", "Alert sounds")), u"alerts"_s,
+                            {u"never"_s, u"always"_s, u"buddies_only"_s},
                             {translated(QT_TRANSLATE_NOOP("settings", "Mute")),
                              translated(QT_TRANSLATE_NOOP("settings", "Notify always")),
                              translated(QT_TRANSLATE_NOOP("settings", "Notify from buddies only"))},
-                            QStringLiteral("buddies_only"),
-                            translated(QT_TRANSLATE_NOOP("settings", "Whose alerts make a sound."))),
-        theme(QStringLiteral("icon_theme"), translated(QT_TRANSLATE_NOOP("settings", "Pictures")), ThemeKind::Icons),
-        theme(QStringLiteral("roster_theme"), translated(QT_TRANSLATE_NOOP("settings", "Contact list pictures")),
-              ThemeKind::Roster),
-        theme(QStringLiteral("sound_theme"), translated(QT_TRANSLATE_NOOP("settings", "Sounds")), ThemeKind::Sounds),
+                            u"buddies_only"_s, translated(QT_TRANSLATE_NOOP("settings", "Whose alerts make a sound."))),
+        theme(u"icon_theme"_s, translated(QT_TRANSLATE_NOOP("settings", "Pictures")), ThemeKind::Icons),
+        theme(u"roster_theme"_s, translated(QT_TRANSLATE_NOOP("settings", "Contact list pictures")), ThemeKind::Roster),
+        theme(u"sound_theme"_s, translated(QT_TRANSLATE_NOOP("settings", "Sounds")), ThemeKind::Sounds),
     };
 }
 

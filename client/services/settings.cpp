@@ -9,6 +9,8 @@
 #include <QMetaType>
 #include <QVariant>
 
+using namespace Qt::StringLiterals;
+
 namespace zepa {
 
 namespace {
@@ -27,7 +29,7 @@ QString asFolder(const QString& path)
 
 Settings::Settings(const QString& folder) : m_folder(asFolder(folder)), m_file(m_folder)
 {
-    makePrivateFolder(m_folder + QStringLiteral("notifications"));
+    makePrivateFolder(m_folder + u"notifications"_s);
 
     const auto stored = m_file.read();
     m_isReadable = stored.has_value();
@@ -51,19 +53,19 @@ Settings::~Settings()
 
 bool Settings::isUsable() const
 {
-    const QFileInfo notifications(m_folder + QStringLiteral("notifications"));
+    const QFileInfo notifications(m_folder + u"notifications"_s);
     return notifications.isDir() && notifications.isWritable();
 }
 
 bool Settings::hasRuleFolder() const
 {
-    return QFileInfo(m_folder + QStringLiteral("notifications")).isDir();
+    return QFileInfo(m_folder + u"notifications"_s).isDir();
 }
 
 QString Settings::getSettingsDir() const
 {
     // No file has others below it.
-    return hidings == 0 ? m_folder : QStringLiteral("/dev/null/");
+    return hidings == 0 ? m_folder : u"/dev/null/"_s;
 }
 
 Settings::Hidden::Hidden()
@@ -78,17 +80,17 @@ Settings::Hidden::~Hidden()
 
 QString Settings::getCurrentThemeDir() const
 {
-    return currentTheme(ThemeKind::Icons, QStringLiteral("icon_theme"));
+    return currentTheme(ThemeKind::Icons, u"icon_theme"_s);
 }
 
 QString Settings::getCurrentRosterThemeDir() const
 {
-    return currentTheme(ThemeKind::Roster, QStringLiteral("roster_theme"));
+    return currentTheme(ThemeKind::Roster, u"roster_theme"_s);
 }
 
 QString Settings::getCurrentSoundThemeDir() const
 {
-    return currentTheme(ThemeKind::Sounds, QStringLiteral("sound_theme"));
+    return currentTheme(ThemeKind::Sounds, u"sound_theme"_s);
 }
 
 ZepaField Settings::readGlobalSetting(const ZepaField& field) const
@@ -99,7 +101,7 @@ ZepaField Settings::readGlobalSetting(const ZepaField& field) const
         return answer;
     if (fieldAllows(field, *value))
         answer.setText(*value);
-    else if (field.getId() == QStringLiteral("alerts") && field.getType() == ZepaField::ComboBox)
+    else if (field.getId() == u"alerts"_s && field.getType() == ZepaField::ComboBox)
         // What a choice that nobody offers means is the library's to say.
         answer = ZepaField::comboBox(field.getLabel(), field.getId(), field.getItemIds(), field.getItemLabels(), *value,
                                      field.getDescription());

@@ -8,6 +8,8 @@
 #include <QSettings>
 #include <QTemporaryDir>
 
+using namespace Qt::StringLiterals;
+
 namespace zepa {
 
 namespace {
@@ -27,7 +29,7 @@ public:
     }
 
     bool isWritten() const { return m_isWritten; }
-    QString path() const { return m_folder.filePath(QStringLiteral("settings.ini")); }
+    QString path() const { return m_folder.filePath(u"settings.ini"_s); }
 
 private:
     const QTemporaryDir m_folder;
@@ -69,7 +71,7 @@ bool replace(const QString& path, const QByteArray& content, bool isNew)
 } // namespace
 
 SettingsFile::SettingsFile(const QString& folder)
-    : m_path(folder + QStringLiteral("settings.ini")), m_lock(folder + QStringLiteral("settings.lock"))
+    : m_path(folder + u"settings.ini"_s), m_lock(folder + u"settings.lock"_s)
 {}
 
 std::optional<QVariantHash> SettingsFile::read() const

@@ -8,6 +8,8 @@
 #include <QFileInfo>
 #include <QSet>
 
+using namespace Qt::StringLiterals;
+
 namespace zepa {
 
 namespace {
@@ -16,18 +18,18 @@ QString subfolder(ThemeKind kind)
 {
     switch (kind) {
     case ThemeKind::Icons:
-        return QStringLiteral("icons/");
+        return u"icons/"_s;
     case ThemeKind::Roster:
-        return QStringLiteral("roster/");
+        return u"roster/"_s;
     case ThemeKind::Sounds:
-        return QStringLiteral("sounds/");
+        return u"sounds/"_s;
     }
     return {};
 }
 
 QString userThemes()
 {
-    return dataFolder() + QStringLiteral("themes/");
+    return dataFolder() + u"themes/"_s;
 }
 
 /// A name is one folder's name: it comes from a file, and must not lead elsewhere.
@@ -41,8 +43,8 @@ bool isName(const QString& name)
 QString installedThemes()
 {
     const QString installed =
-        QDir::cleanPath(QCoreApplication::applicationDirPath() + QStringLiteral("/../share/zepa/themes")) + u'/';
-    const QString inSourceTree = QStringLiteral(ZEPA_SOURCE_THEMES "/");
+        QDir::cleanPath(QCoreApplication::applicationDirPath() + u"/../share/zepa/themes"_s) + u'/';
+    const QString inSourceTree = QString::fromUtf16(ZEPA_SOURCE_THEMES "/");
     return !QFileInfo(installed).isDir() && QFileInfo(inSourceTree).isDir() ? inSourceTree : installed;
 }
 

@@ -7,6 +7,8 @@
 #include <QMenu>
 #include <QSystemTrayIcon>
 
+using namespace Qt::StringLiterals;
+
 /// What stands in the status area. The base keeps the picture and the state, so that they can be read without one.
 class ZepaTrayIconPrivate
 {
@@ -24,7 +26,7 @@ namespace {
 /// Qt's tray icon complains on platforms that draw nothing.
 bool canShowIcons()
 {
-    static const QStringList blind{QStringLiteral("offscreen"), QStringLiteral("minimal")};
+    static const QStringList blind{u"offscreen"_s, u"minimal"_s};
     return qobject_cast<QApplication*>(QCoreApplication::instance()) &&
            !blind.contains(QGuiApplication::platformName());
 }

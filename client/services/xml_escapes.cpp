@@ -5,6 +5,8 @@
 
 #include <algorithm>
 
+using namespace Qt::StringLiterals;
+
 namespace zepa::xml {
 
 namespace {
@@ -31,7 +33,7 @@ bool isPlainName(QStringView name)
 {
     if (name.isEmpty() || !(isAsciiLetter(name.front()) || name.front() == u'_'))
         return false;
-    if (name.startsWith(QStringLiteral("xml"), Qt::CaseInsensitive))
+    if (name.startsWith(u"xml"_s, Qt::CaseInsensitive))
         return false;
     return std::all_of(name.begin(), name.end(), [](QChar c) {
         return isAsciiLetter(c) || (c >= u'0' && c <= u'9') || c == u'_' || c == u'-' || c == u'.';

@@ -7,6 +7,8 @@
 
 #include <utility>
 
+using namespace Qt::StringLiterals;
+
 ZepaXmlNode::ZepaXmlNode(const QString& name, const QString& text, ZepaXmlNode* parent) : d(new ZepaXmlNodeData)
 {
     d->name = name;
@@ -83,7 +85,7 @@ QString ZepaXmlNode::getAttribute(const QString& name) const
 void ZepaXmlNode::setAttribute(const QString& name, const QString& value)
 {
     if (!name.isEmpty())
-        d->attributes.insert(name, value.isNull() ? QStringLiteral("") : value);
+        d->attributes.insert(name, value.isNull() ? u""_s : value);
 }
 
 QByteArray ZepaXmlNode::toByteArray(int indentation) const

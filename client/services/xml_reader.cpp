@@ -10,6 +10,8 @@
 
 #include <utility>
 
+using namespace Qt::StringLiterals;
+
 namespace zepa {
 
 namespace {
@@ -148,7 +150,7 @@ void Reader::obey(QStringView target, QStringView data)
         const auto name = xml::fromUnits(data.first(equals));
         const auto value = xml::fromUnits(data.sliced(equals + 1));
         if (name && value)
-            top.node->attributes.insert(*name, value->isNull() ? QStringLiteral("") : *value);
+            top.node->attributes.insert(*name, value->isNull() ? u""_s : *value);
     }
 }
 

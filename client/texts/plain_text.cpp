@@ -6,6 +6,8 @@
 #include <QLabel>
 #include <QTextDocument>
 
+using namespace Qt::StringLiterals;
+
 namespace zepa {
 
 QString plainToolTip(const QString& text)
@@ -14,7 +16,7 @@ QString plainToolTip(const QString& text)
     // The very question that the tool tip asks. Escapes would be shown in what it takes for plain text.
     if (!Qt::mightBeRichText(shown))
         return shown;
-    return QStringLiteral("<p style=\"white-space: pre-wrap\">") + shown.toHtmlEscaped() + QStringLiteral("</p>");
+    return u"<p style=\"white-space: pre-wrap\">"_s + shown.toHtmlEscaped() + u"</p>"_s;
 }
 
 void setPlainToolTip(QWidget& widget, const QString& text)
@@ -34,7 +36,7 @@ QLabel* makePlainLabel(QWidget* parent, const QString& text)
 
 QString withoutMnemonics(QString text)
 {
-    return text.replace(u'&', QStringLiteral("&&"));
+    return text.replace(u'&', u"&&"_s);
 }
 
 } // namespace zepa

@@ -19,6 +19,8 @@
 
 #include <cmath>
 
+using namespace Qt::StringLiterals;
+
 namespace zepa {
 
 namespace {
@@ -26,7 +28,7 @@ namespace {
 /// A name that is nobody's file.
 QString pictureName(int number)
 {
-    return QStringLiteral("picture:%1").arg(number);
+    return u"picture:%1"_s.arg(number);
 }
 
 constexpr int informationSignNumber = 0;
@@ -37,8 +39,7 @@ QString shownTime(QTime time)
 {
     // Without a language, the short form has seconds.
     const QLocale locale;
-    return locale.language() == QLocale::C ? time.toString(QStringLiteral("HH:mm"))
-                                           : locale.toString(time, QLocale::ShortFormat);
+    return locale.language() == QLocale::C ? time.toString(u"HH:mm"_s) : locale.toString(time, QLocale::ShortFormat);
 }
 
 constexpr QChar beginIsolate = u'\u2068';
@@ -90,10 +91,10 @@ void ChatHistory::append(const ChatLine& line)
     // The time comes first: no mark in the text can move what stands before it.
     if (line.kind == ChatLine::Kind::Information) {
         insertInformationSign(cursor);
-        cursor.insertText(u' ' + time + QStringLiteral("  "), m_style.time());
+        cursor.insertText(u' ' + time + u"  "_s, m_style.time());
     } else {
         cursor.insertText(isolated(nameText(line.author)), m_style.author(line.kind));
-        cursor.insertText(QStringLiteral("  ") + time + QChar(QChar::LineSeparator), m_style.time());
+        cursor.insertText(u"  "_s + time + QChar(QChar::LineSeparator), m_style.time());
     }
     insertText(cursor, text, line.kind);
     cursor.endEditBlock();

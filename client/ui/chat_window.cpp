@@ -15,6 +15,8 @@
 #include <QScrollBar>
 #include <QVBoxLayout>
 
+using namespace Qt::StringLiterals;
+
 namespace zepa {
 
 ChatWindow::ChatWindow(const ZepaBuddy& buddy, QWidget* parent)
@@ -61,7 +63,7 @@ void ChatWindow::setBuddy(const ZepaBuddy& buddy)
     m_history->setAccessibleName(tr("Conversation with %1").arg(name));
     m_input->setAccessibleName(tr("Message to %1").arg(name));
     // Qt takes "[*]" in a title for the sign of unsaved changes; doubled, it is itself.
-    setWindowTitle(QString(name).replace(QStringLiteral("[*]"), QStringLiteral("[*][*]")));
+    setWindowTitle(QString(name).replace(u"[*]"_s, u"[*][*]"_s));
 }
 
 void ChatWindow::setPresence(Presence presence)

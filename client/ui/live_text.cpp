@@ -5,12 +5,14 @@
 
 #include <QAccessible>
 
+using namespace Qt::StringLiterals;
+
 namespace zepa {
 
 LiveText::LiveText(QWidget* parent) : QWidget(parent)
 {
     setAccessibleRole(*this, QAccessible::Notification);
-    setObjectName(QStringLiteral("live"));
+    setObjectName(u"live"_s);
     setFocusPolicy(Qt::NoFocus);
     setFixedSize(1, 1);
 }

@@ -3,6 +3,8 @@
 
 #include <QCoreApplication>
 
+using namespace Qt::StringLiterals;
+
 namespace zepa {
 
 QString presenceText(Presence presence)
@@ -22,13 +24,13 @@ QString presencePicture(Presence presence)
 {
     switch (presence) {
     case Presence::Available:
-        return QStringLiteral("icons/avail.png");
+        return u"icons/avail.png"_s;
     case Presence::Away:
-        return QStringLiteral("icons/away.png");
+        return u"icons/away.png"_s;
     case Presence::Unavailable:
         break;
     }
-    return QStringLiteral("icons/unavail.png");
+    return u"icons/unavail.png"_s;
 }
 
 } // namespace zepa

@@ -10,6 +10,8 @@
 #include <QImageReader>
 #include <QPixmap>
 
+using namespace Qt::StringLiterals;
+
 namespace zepa {
 
 namespace {
@@ -37,10 +39,10 @@ QStringList currentThemeFolders()
 
 QString pictureFile(const QString& address, const QStringList& themeFolders)
 {
-    if (address.startsWith(QStringLiteral("qrc:/"))) {
+    if (address.startsWith(u"qrc:/"_s)) {
         const QString built = QDir::cleanPath(address.sliced(3));
         // Enough ".." lead out of what is built in and to a file of the working directory.
-        return built.startsWith(QStringLiteral(":/")) && QFileInfo(built).isFile() ? built : QString();
+        return built.startsWith(u":/"_s) && QFileInfo(built).isFile() ? built : QString();
     }
     // Qt also has ":/" for what is built in; here a path is one of the file system.
     if (!QDir::isAbsolutePath(address) || address.startsWith(u':') || address.contains(QChar::Null))

@@ -1,17 +1,19 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "attention/launcher_entry.h"
 
+using namespace Qt::StringLiterals;
+
 namespace attention {
 
 using zepa::bus::Connection;
 
 QString launcherAddress(const QString& desktopFileName, const QString& applicationName)
 {
-    const QString ending = QStringLiteral(".desktop");
+    const QString ending = u".desktop"_s;
     QString name = desktopFileName.isEmpty() ? applicationName.toLower() : desktopFileName;
     if (!name.endsWith(ending))
         name += ending;
-    return QStringLiteral("application://") + name;
+    return u"application://"_s + name;
 }
 
 void Launcher::tell(const QString& address, bool isUrgent)

@@ -6,6 +6,8 @@
 #include <set>
 #include <utility>
 
+using namespace Qt::StringLiterals;
+
 namespace zepa::bus {
 
 namespace {
@@ -72,7 +74,7 @@ void ObjectTable::dispatch(const Message& call)
         return;
     if (found == m_objects.end()) {
         m_core.send(m_core.newError(call, "org.freedesktop.DBus.Error.UnknownObject",
-                                    QStringLiteral("Unknown object '%1'.").arg(call.path())));
+                                    u"Unknown object '%1'."_s.arg(call.path())));
         return;
     }
     const std::shared_ptr<Object> object = found->second;
@@ -98,11 +100,11 @@ bool ObjectTable::answerForObject(const Message& call, bool isExported)
     if (call.member() == QLatin1StringView("GetAll") && call.signature() == QLatin1StringView("s"))
         m_core.send(m_core.newReply(call).openArray("{sv}").close());
     else if (call.member() == QLatin1StringView("Get") || call.member() == QLatin1StringView("Set"))
-        m_core.send(m_core.newError(call, "org.freedesktop.DBus.Error.UnknownProperty",
-                                    QStringLiteral("Unknown interface or property.")));
+        m_core.send(
+            m_core.newError(call, "org.freedesktop.DBus.Error.UnknownProperty", u"Unknown interface or property."_s));
     else
-        m_core.send(m_core.newError(call, "org.freedesktop.DBus.Error.UnknownMethod",
-                                    QStringLiteral("Unknown method or wrong arguments.")));
+        m_core.send(
+            m_core.newError(call, "org.freedesktop.DBus.Error.UnknownMethod", u"Unknown method or wrong arguments."_s));
     return true;
 }
 

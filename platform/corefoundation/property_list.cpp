@@ -10,22 +10,24 @@
 #include <string>
 #include <string_view>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 /// Reads the one string of the document; the reader holds the error when there is none.
 QString readString(QXmlStreamReader& xml)
 {
     xml.readNextStartElement();
-    const bool isWrapped = xml.name() == QStringLiteral("plist");
+    const bool isWrapped = xml.name() == u"plist"_s;
     if (isWrapped && !xml.readNextStartElement()) {
-        xml.raiseError(QStringLiteral("an empty property list"));
+        xml.raiseError(u"an empty property list"_s);
         return {};
     }
-    if (!xml.hasError() && xml.name() != QStringLiteral("string"))
-        xml.raiseError(QStringLiteral("only strings are read here, not \"%1\"").arg(xml.name()));
+    if (!xml.hasError() && xml.name() != u"string"_s)
+        xml.raiseError(u"only strings are read here, not \"%1\""_s.arg(xml.name()));
     QString text = xml.readElementText();
     if (isWrapped && xml.readNextStartElement())
-        xml.raiseError(QStringLiteral("a property list holds one object, and \"%1\" is a second one").arg(xml.name()));
+        xml.raiseError(u"a property list holds one object, and \"%1\" is a second one"_s.arg(xml.name()));
     // What follows the document is read too, for its errors.
     while (!xml.atEnd())
         xml.readNext();

@@ -6,6 +6,8 @@
 
 #include <algorithm>
 
+using namespace Qt::StringLiterals;
+
 namespace zepa::freedesktop {
 
 namespace {
@@ -49,11 +51,11 @@ char32_t takeCharacter(QStringView text, qsizetype& position)
 void append(QString& result, char32_t character, Markup markup)
 {
     if (markup == Markup::Escaped && character == U'&')
-        result += QStringLiteral("&amp;");
+        result += u"&amp;"_s;
     else if (markup == Markup::Escaped && character == U'<')
-        result += QStringLiteral("&lt;");
+        result += u"&lt;"_s;
     else if (markup == Markup::Escaped && character == U'>')
-        result += QStringLiteral("&gt;");
+        result += u"&gt;"_s;
     else
         result += QChar::fromUcs4(character);
 }

@@ -3,6 +3,8 @@
 
 #include "service_address.h"
 
+using namespace Qt::StringLiterals;
+
 namespace zepa::freedesktop {
 
 NotificationService::NotificationService(bus::Connection& connection)
@@ -79,7 +81,7 @@ void NotificationService::onActionInvoked(const bus::Message& signal)
     QString key;
     // The only action that is ever offered. Services that invoke it on a pop-up that offered none meet one that wants
     // no answer.
-    if (bus::MessageReader(signal).read(id, key) && key == QStringLiteral("default"))
+    if (bus::MessageReader(signal).read(id, key) && key == u"default"_s)
         Q_EMIT clicked(id, m_tokens.take(id));
 }
 

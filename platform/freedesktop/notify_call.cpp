@@ -9,6 +9,8 @@
 
 #include <cstdint>
 
+using namespace Qt::StringLiterals;
+
 namespace zepa::freedesktop {
 
 namespace {
@@ -68,7 +70,7 @@ Sender Sender::ofThisProgram()
 
 Capabilities Capabilities::fromNames(const QStringList& names)
 {
-    return {names.contains(QStringLiteral("body-markup")), names.contains(QStringLiteral("actions"))};
+    return {names.contains(u"body-markup"_s), names.contains(u"actions"_s)};
 }
 
 growl::PopupPosting cutToSize(growl::PopupPosting posting)

@@ -8,6 +8,8 @@
 #include <algorithm>
 #include <utility>
 
+using namespace Qt::StringLiterals;
+
 namespace zepa::growl {
 
 namespace {
@@ -93,7 +95,7 @@ void Session::post(const Growl_Notification& notification)
 {
     // 1. Names that are not registered are not shown. An array of names holds no null: something without a name is
     //    registered under the empty one.
-    const QString name = notification.name == nullptr ? QStringLiteral("") : toQString(notification.name);
+    const QString name = notification.name == nullptr ? u""_s : toQString(notification.name);
     if (!m_registration.isSet() || !m_registration.isEnabled(name))
         return;
     // 2. Everything of the record that is needed becomes ours.

@@ -5,6 +5,8 @@
 
 #include <utility>
 
+using namespace Qt::StringLiterals;
+
 namespace zepa::portal {
 
 namespace {
@@ -28,7 +30,7 @@ void readCategories(bus::MessageReader& reader, QStringList& categories)
         return;
     if (reader.enterArray("{sv}")) {
         for (QString key; reader.enterEntry("sv") && reader.read(key); reader.leave()) {
-            if (key == QStringLiteral("category") && reader.enterVariant("as")) {
+            if (key == u"category"_s && reader.enterVariant("as")) {
                 reader.read(categories);
                 reader.leave();
             }
@@ -47,10 +49,10 @@ PortalFeatures PortalFeatures::fromReply(const bus::Message& reply)
     if (reply.isError() || !reader.enterArray("{sv}"))
         return features;
     for (QString key; reader.enterEntry("sv") && reader.read(key); reader.leave()) {
-        if (key == QStringLiteral("version") && reader.enterVariant("u")) {
+        if (key == u"version"_s && reader.enterVariant("u")) {
             reader.read(features.version);
             reader.leave();
-        } else if (key == QStringLiteral("SupportedOptions")) {
+        } else if (key == u"SupportedOptions"_s) {
             readCategories(reader, features.categories);
         }
     }
@@ -89,7 +91,7 @@ void NotificationData::appendTo(bus::Message& message, const PortalFeatures& fea
         if (features.categories.contains(category))
             message.appendEntry("category", category);
         if (isTransient)
-            message.appendEntry("display-hint", QStringList{QStringLiteral("transient")});
+            message.appendEntry("display-hint", QStringList{u"transient"_s});
     }
     message.close();
 }

@@ -5,6 +5,8 @@
 
 #include <utility>
 
+using namespace Qt::StringLiterals;
+
 namespace zepa::portal {
 
 namespace {
@@ -31,7 +33,7 @@ QString activationTokenIn(bus::MessageReader& reader)
         }
         if (reader.enterArray("{sv}")) {
             for (QString key; reader.enterEntry("sv") && reader.read(key); reader.leave()) {
-                if (key == QStringLiteral("activation-token") && reader.enterVariant("s")) {
+                if (key == u"activation-token"_s && reader.enterVariant("s")) {
                     reader.read(token);
                     reader.leave();
                 }

@@ -5,13 +5,15 @@
 #include <QFile>
 #include <QtGlobal>
 
+using namespace Qt::StringLiterals;
+
 namespace zepa::portal {
 
 ProcessFacts ProcessFacts::ofThisProcess()
 {
     // Flatpak puts this file into the root folder of each sandbox, Snap this variable into each environment.
     return {.wantsPortal = qgetenv("ZEPA_POPUPS") == "portal",
-            .isSandboxed = !qEnvironmentVariableIsEmpty("SNAP") || QFile::exists(QStringLiteral("/.flatpak-info"))};
+            .isSandboxed = !qEnvironmentVariableIsEmpty("SNAP") || QFile::exists(u"/.flatpak-info"_s)};
 }
 
 ServiceChoice choose(const ProcessFacts& process, const NameFacts& name)

@@ -8,6 +8,8 @@
 #include <memory>
 #include <semaphore>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 using zepa::instance::CallerLookups;
@@ -43,7 +45,7 @@ std::function<QString()> stuckOn(const Stuck& stuck)
 TEST(CallerLookupsTest, GivesTheAnswer)
 {
     CallerLookups lookups(1h);
-    EXPECT_EQ(answerTo(lookups, [] { return QStringLiteral("no"); }), QStringLiteral("no"));
+    EXPECT_EQ(answerTo(lookups, [] { return u"no"_s; }), u"no"_s);
     EXPECT_EQ(answerTo(lookups, [] { return QString(); }), QString());
 }
 
@@ -51,7 +53,7 @@ TEST(CallerLookupsTest, WaitsForNobodyWhoDoesNotAnswer)
 {
     const auto stuck = std::make_shared<std::counting_semaphore<>>(0);
     CallerLookups lookups(1ms);
-    EXPECT_TRUE(answerTo(lookups, stuckOn(stuck)).contains(QStringLiteral("its file system does not respond")));
+    EXPECT_TRUE(answerTo(lookups, stuckOn(stuck)).contains(u"its file system does not respond"_s));
     stuck->release();
 }
 
@@ -62,13 +64,13 @@ TEST(CallerLookupsTest, StartsNoThreadsWithoutEnd)
     int answers = 0;
     for (int i = 0; i < CallerLookups::mostAtOnce; ++i)
         lookups.ask(stuckOn(stuck), [&answers](const QString&) { ++answers; });
-    EXPECT_TRUE(answerTo(lookups, stuckOn(stuck)).contains(QStringLiteral("too many")));
+    EXPECT_TRUE(answerTo(lookups, stuckOn(stuck)).contains(u"too many"_s));
     EXPECT_EQ(answers, 0);
     stuck->release(CallerLookups::mostAtOnce);
     // Their answers come, and there is room again.
     while (answers < CallerLookups::mostAtOnce)
         QEventLoop().processEvents(QEventLoop::WaitForMoreEvents);
-    EXPECT_EQ(answerTo(lookups, [] { return QStringLiteral("no"); }), QStringLiteral("no"));
+    EXPECT_EQ(answerTo(lookups, [] { return u"no"_s; }), u"no"_s);
 }
 
 TEST(CallerLookupsTest, TellsNobodyWhenItIsGone)

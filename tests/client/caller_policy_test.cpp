@@ -10,6 +10,8 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 using namespace zepa::instance;
@@ -20,15 +22,15 @@ class CallerPolicyTest : public testing::Test
 protected:
     CallerPolicyTest()
     {
-        link(QStringLiteral("self/ns/mnt"), "mnt:[1]");
-        link(own(QStringLiteral("ns/mnt")), "mnt:[1]");
-        link(own(QStringLiteral("root")), "/");
-        write(own(QStringLiteral("attr/current")), "unconfined\n");
-        write(own(QStringLiteral("cgroup")), "0::/user.slice/user-1000.slice/session-2.scope\n");
+        link(u"self/ns/mnt"_s, "mnt:[1]");
+        link(own(u"ns/mnt"_s), "mnt:[1]");
+        link(own(u"root"_s), "/");
+        write(own(u"attr/current"_s), "unconfined\n");
+        write(own(u"cgroup"_s), "0::/user.slice/user-1000.slice/session-2.scope\n");
     }
 
     QString path(const QString& name) const { return m_folder.filePath(name); }
-    static QString own(const QString& name) { return QStringLiteral("%1/%2").arg(::getpid()).arg(name); }
+    static QString own(const QString& name) { return u"%1/%2"_s.arg(::getpid()).arg(name); }
 
     void write(const QString& name, const QByteArray& content) const
     {
@@ -46,15 +48,15 @@ protected:
     /// Another view of the files: its root is a folder of the test's.
     void giveOwnFiles() const
     {
-        QDir().mkpath(path(QStringLiteral("files")));
-        link(own(QStringLiteral("ns/mnt")), "mnt:[2]");
-        link(own(QStringLiteral("root")), path(QStringLiteral("files")).toLocal8Bit().constData());
+        QDir().mkpath(path(u"files"_s));
+        link(own(u"ns/mnt"_s), "mnt:[2]");
+        link(own(u"root"_s), path(u"files"_s).toLocal8Bit().constData());
     }
 
     CallerLook look() const { return CallerLook(m_caller, m_folder.path().toLocal8Bit()); }
     std::string problem() const { return look().problem().toStdString(); }
     bool isForeign() const { return problem() == "the running Zepa accepts no commands from sandboxed programs"; }
-    bool isUnknown() const { return look().problem().contains(QStringLiteral("that it cannot identify")); }
+    bool isUnknown() const { return look().problem().contains(u"that it cannot identify"_s); }
 
     QTemporaryDir m_folder;
     Caller m_caller{::geteuid(), ::getpid(), nullptr, {}};
@@ -66,8 +68,8 @@ TEST_F(CallerPolicyTest, LetsTheUsersProgramsCall)
     // Their files need not be looked at.
     EXPECT_EQ(look().quickProblem(), QString());
     // Neither security module nor control groups.
-    QFile::remove(path(own(QStringLiteral("attr/current"))));
-    QFile::remove(path(own(QStringLiteral("cgroup"))));
+    QFile::remove(path(own(u"attr/current"_s)));
+    QFile::remove(path(own(u"cgroup"_s)));
     EXPECT_EQ(problem(), "");
 }
 
@@ -81,18 +83,18 @@ TEST_F(CallerPolicyTest, LetsACallerWithFilesOfItsOwnCallWithoutASandboxsMark)
 TEST_F(CallerPolicyTest, RefusesACallerWithASandboxsMark)
 {
     giveOwnFiles();
-    write(QStringLiteral("files/.flatpak-info"), "[Application]\n");
+    write(u"files/.flatpak-info"_s, "[Application]\n");
     EXPECT_TRUE(isForeign()) << problem();
-    QFile::remove(path(QStringLiteral("files/.flatpak-info")));
-    link(QStringLiteral("files/.flatpak-info"), "/nonexistent");
+    QFile::remove(path(u"files/.flatpak-info"_s));
+    link(u"files/.flatpak-info"_s, "/nonexistent");
     EXPECT_TRUE(isForeign()) << problem();
 }
 
 TEST_F(CallerPolicyTest, LooksAtARootOfItsOwnAmongTheSameFiles)
 {
     giveOwnFiles();
-    link(own(QStringLiteral("ns/mnt")), "mnt:[1]");
-    write(QStringLiteral("files/.flatpak-info"), "");
+    link(own(u"ns/mnt"_s), "mnt:[1]");
+    write(u"files/.flatpak-info"_s, "");
     EXPECT_TRUE(isForeign()) << problem();
 }
 
@@ -102,13 +104,12 @@ TEST_F(CallerPolicyTest, RefusesSnaps)
     EXPECT_TRUE(isForeign()) << problem();
     m_caller.label = "unconfined";
     EXPECT_EQ(problem(), "");
-    write(own(QStringLiteral("attr/current")), "snap.chat.chat (complain)\n");
+    write(own(u"attr/current"_s), "snap.chat.chat (complain)\n");
     EXPECT_TRUE(isForeign()) << problem();
-    write(own(QStringLiteral("attr/current")), "unconfined\n");
-    write(own(QStringLiteral("cgroup")),
-          "0::/user.slice/user-1000.slice/user@1000.service/snap.chat.chat-1f2e.scope\n");
+    write(own(u"attr/current"_s), "unconfined\n");
+    write(own(u"cgroup"_s), "0::/user.slice/user-1000.slice/user@1000.service/snap.chat.chat-1f2e.scope\n");
     EXPECT_TRUE(isForeign()) << problem();
-    write(own(QStringLiteral("cgroup")), "0::/system.slice/snapd.service\n");
+    write(own(u"cgroup"_s), "0::/system.slice/snapd.service\n");
     EXPECT_EQ(problem(), "");
 }
 
@@ -147,7 +148,7 @@ TEST_F(CallerPolicyTest, RefusesWhatCannotBeLookedUp)
         QFile::rename(name + u'x', name);
     }
     EXPECT_EQ(problem(), "");
-    link(own(QStringLiteral("root")), "/nonexistent");
+    link(own(u"root"_s), "/nonexistent");
     EXPECT_TRUE(isUnknown()) << problem();
 }
 
@@ -166,7 +167,7 @@ TEST_F(CallerPolicyTest, RefusesAProcessThatEndedWhileItWasLookedAt)
     ::kill(child, SIGKILL);
     ::waitpid(child, nullptr, 0);
     // What the system tells under that number may be another process's by now.
-    EXPECT_TRUE(before.problem().contains(QStringLiteral("it has ended")));
+    EXPECT_TRUE(before.problem().contains(u"it has ended"_s));
     EXPECT_TRUE(isUnknown()) << problem();
 }
 

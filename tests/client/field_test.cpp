@@ -6,31 +6,29 @@
 
 #include <limits>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 ZepaField limitField()
 {
-    return ZepaField::spinBox(QStringLiteral("Limit"), QStringLiteral("limit"), 300, 0, 5, QStringLiteral("why"),
-                              QStringLiteral(" s"));
+    return ZepaField::spinBox(u"Limit"_s, u"limit"_s, 300, 0, 5, u"why"_s, u" s"_s);
 }
 
 ZepaField alertsField()
 {
-    return ZepaField::comboBox(QStringLiteral("Alerts"), QStringLiteral("alerts"),
-                               {QStringLiteral("never"), QStringLiteral("always")},
-                               {QStringLiteral("Mute"), QStringLiteral("On")}, QStringLiteral("always"), {});
+    return ZepaField::comboBox(u"Alerts"_s, u"alerts"_s, {u"never"_s, u"always"_s}, {u"Mute"_s, u"On"_s}, u"always"_s,
+                               {});
 }
 
 ZepaField stickyField(bool checked = false)
 {
-    return ZepaField::checkBox(QStringLiteral("Sticky"), QStringLiteral("sticky"), checked, QStringLiteral("stays"),
-                               {});
+    return ZepaField::checkBox(u"Sticky"_s, u"sticky"_s, checked, u"stays"_s, {});
 }
 
 ZepaField soundField()
 {
-    return ZepaField::soundEdit(QStringLiteral("sound"), QStringLiteral("sound_file"), QStringLiteral("bell.wav"),
-                                QStringLiteral("heard"));
+    return ZepaField::soundEdit(u"sound"_s, u"sound_file"_s, u"bell.wav"_s, u"heard"_s);
 }
 
 TEST(Field, WithoutTypeAnswersNothing)
@@ -49,10 +47,10 @@ TEST(Field, WithoutTypeAnswersNothing)
     EXPECT_EQ(none.getIntValue(), 0);
     EXPECT_EQ(none.getUpperBound(), 0);
     EXPECT_EQ(none.getLowerBound(), 0);
-    none.setText(QStringLiteral("x"));
+    none.setText(u"x"_s);
     none.setChecked(true);
     none.setIntValue(3);
-    none.setSelectedId(QStringLiteral("x"));
+    none.setSelectedId(u"x"_s);
     EXPECT_EQ(none.getType(), 0);
     EXPECT_TRUE(none.getText().isNull());
 }
@@ -69,10 +67,10 @@ TEST(SpinBox, ReadsItsIntegersAsUpperLowerInitial)
     EXPECT_EQ(field.getUpperBound(), 300);
     EXPECT_EQ(field.getLowerBound(), 0);
     EXPECT_EQ(field.getIntValue(), 5);
-    EXPECT_EQ(field.getText(), QStringLiteral("5"));
-    EXPECT_EQ(field.getLabel(), QStringLiteral("Limit"));
-    EXPECT_EQ(field.getDescription(), QStringLiteral("why"));
-    EXPECT_EQ(field.getSuffix(), QStringLiteral(" s"));
+    EXPECT_EQ(field.getText(), u"5"_s);
+    EXPECT_EQ(field.getLabel(), u"Limit"_s);
+    EXPECT_EQ(field.getDescription(), u"why"_s);
+    EXPECT_EQ(field.getSuffix(), u" s"_s);
 }
 
 TEST(SpinBox, MovesNumbersBeyondTheBoundsToTheNearestOne)
@@ -96,10 +94,9 @@ TEST(SpinBox, HasARangeEvenWithBoundsInTheWrongOrder)
 TEST(SpinBox, TakesTextOnlyWhenItIsANumber)
 {
     ZepaField field = limitField();
-    field.setText(QStringLiteral("17"));
+    field.setText(u"17"_s);
     EXPECT_EQ(field.getIntValue(), 17);
-    for (const QString& text :
-         {QStringLiteral("many"), QString(), QStringLiteral("1.5"), QStringLiteral("99999999999")}) {
+    for (const QString& text : {u"many"_s, QString(), u"1.5"_s, u"99999999999"_s}) {
         field.setText(text);
         EXPECT_EQ(field.getIntValue(), 17) << text.toStdString();
     }
@@ -108,23 +105,23 @@ TEST(SpinBox, TakesTextOnlyWhenItIsANumber)
 TEST(ComboBox, TakesOnlyItsItems)
 {
     ZepaField field = alertsField();
-    EXPECT_EQ(field.getSelectedId(), QStringLiteral("always"));
-    field.setSelectedId(QStringLiteral("never"));
-    EXPECT_EQ(field.getSelectedId(), QStringLiteral("never"));
-    EXPECT_EQ(field.getText(), QStringLiteral("never"));
-    field.setSelectedId(QStringLiteral("Mute"));
-    field.setText(QStringLiteral("NEVER"));
-    EXPECT_EQ(field.getSelectedId(), QStringLiteral("never"));
-    EXPECT_EQ(field.getItemLabels().value(1), QStringLiteral("On"));
+    EXPECT_EQ(field.getSelectedId(), u"always"_s);
+    field.setSelectedId(u"never"_s);
+    EXPECT_EQ(field.getSelectedId(), u"never"_s);
+    EXPECT_EQ(field.getText(), u"never"_s);
+    field.setSelectedId(u"Mute"_s);
+    field.setText(u"NEVER"_s);
+    EXPECT_EQ(field.getSelectedId(), u"never"_s);
+    EXPECT_EQ(field.getItemLabels().value(1), u"On"_s);
 }
 
 TEST(CheckBox, SpellsItsValueTrueOrFalse)
 {
     ZepaField field = stickyField();
-    EXPECT_EQ(field.getText(), QStringLiteral("false"));
-    field.setText(QStringLiteral("true"));
+    EXPECT_EQ(field.getText(), u"false"_s);
+    field.setText(u"true"_s);
     EXPECT_TRUE(field.isChecked());
-    field.setText(QStringLiteral("TRUE?"));
+    field.setText(u"TRUE?"_s);
     EXPECT_TRUE(field.isChecked());
     field.setChecked(false);
     EXPECT_FALSE(field.isChecked());
@@ -134,29 +131,28 @@ TEST(CheckBox, SpellsItsValueTrueOrFalse)
 TEST(SoundEdit, HasTheFileAsItsTextAndTheExplanationApart)
 {
     ZepaField field = soundField();
-    EXPECT_EQ(field.getText(), QStringLiteral("bell.wav"));
-    EXPECT_EQ(field.getDescription(), QStringLiteral("heard"));
-    field.setText(QStringLiteral("/x/ding.aiff"));
-    EXPECT_EQ(field.getText(), QStringLiteral("/x/ding.aiff"));
+    EXPECT_EQ(field.getText(), u"bell.wav"_s);
+    EXPECT_EQ(field.getDescription(), u"heard"_s);
+    field.setText(u"/x/ding.aiff"_s);
+    EXPECT_EQ(field.getText(), u"/x/ding.aiff"_s);
     EXPECT_TRUE(field.getSelectedId().isNull());
 }
 
 TEST(TextEdit, TakesAnyText)
 {
-    ZepaField field = ZepaField::textEdit(QStringLiteral("command"), QStringLiteral("command"), QStringLiteral("beep"),
-                                          QStringLiteral("runs"));
+    ZepaField field = ZepaField::textEdit(u"command"_s, u"command"_s, u"beep"_s, u"runs"_s);
     EXPECT_EQ(field.getType(), ZepaField::TextEdit);
-    EXPECT_EQ(field.getId(), QStringLiteral("command"));
-    EXPECT_EQ(field.getLabel(), QStringLiteral("command"));
-    EXPECT_EQ(field.getDescription(), QStringLiteral("runs"));
-    EXPECT_EQ(field.getText(), QStringLiteral("beep"));
-    for (const QString& text : {QString(), QStringLiteral("a \"b\" \n%1"), QStringLiteral("true")}) {
+    EXPECT_EQ(field.getId(), u"command"_s);
+    EXPECT_EQ(field.getLabel(), u"command"_s);
+    EXPECT_EQ(field.getDescription(), u"runs"_s);
+    EXPECT_EQ(field.getText(), u"beep"_s);
+    for (const QString& text : {QString(), u"a \"b\" \n%1"_s, u"true"_s}) {
         EXPECT_TRUE(zepa::fieldAllows(field, text));
         field.setText(text);
         EXPECT_EQ(field.getText(), text);
     }
     EXPECT_TRUE(field.getSelectedId().isNull());
-    EXPECT_EQ(zepa::allowedValues(field), QStringLiteral("any text"));
+    EXPECT_EQ(zepa::allowedValues(field), u"any text"_s);
 }
 
 TEST(Field, SettersOfAnotherTypeChangeNothing)
@@ -164,8 +160,8 @@ TEST(Field, SettersOfAnotherTypeChangeNothing)
     ZepaField sound = soundField();
     sound.setChecked(true);
     sound.setIntValue(9);
-    sound.setSelectedId(QStringLiteral("always"));
-    EXPECT_EQ(sound.getText(), QStringLiteral("bell.wav"));
+    sound.setSelectedId(u"always"_s);
+    EXPECT_EQ(sound.getText(), u"bell.wav"_s);
     EXPECT_FALSE(sound.isChecked());
     EXPECT_EQ(sound.getIntValue(), 0);
 }
@@ -198,22 +194,22 @@ TEST(FieldValue, IsAllowedExactlyWithinTheBounds)
         EXPECT_TRUE(fieldAllows(limitField(), QString::fromUtf16(text)));
     for (const char16_t* text : {u"-1", u"301", u"", u"x", u"5x", u"5.0", u"4294967301"})
         EXPECT_FALSE(fieldAllows(limitField(), QString::fromUtf16(text)));
-    EXPECT_TRUE(fieldAllows(alertsField(), QStringLiteral("never")));
-    EXPECT_FALSE(fieldAllows(alertsField(), QStringLiteral("Mute")));
+    EXPECT_TRUE(fieldAllows(alertsField(), u"never"_s));
+    EXPECT_FALSE(fieldAllows(alertsField(), u"Mute"_s));
     EXPECT_FALSE(fieldAllows(alertsField(), QString()));
-    EXPECT_TRUE(fieldAllows(stickyField(), QStringLiteral("true")));
-    EXPECT_FALSE(fieldAllows(stickyField(), QStringLiteral("1")));
+    EXPECT_TRUE(fieldAllows(stickyField(), u"true"_s));
+    EXPECT_FALSE(fieldAllows(stickyField(), u"1"_s));
     EXPECT_TRUE(fieldAllows(soundField(), QString()));
-    EXPECT_FALSE(fieldAllows(ZepaField(), QStringLiteral("x")));
+    EXPECT_FALSE(fieldAllows(ZepaField(), u"x"_s));
 }
 
 TEST(FieldValue, SaysWhatIsAllowed)
 {
-    EXPECT_EQ(zepa::allowedValues(limitField()), QStringLiteral("a whole number from 0 to 300"));
-    EXPECT_EQ(zepa::allowedValues(alertsField()), QStringLiteral("one of: never, always"));
-    EXPECT_EQ(zepa::allowedValues(stickyField()), QStringLiteral("true or false"));
-    EXPECT_EQ(zepa::allowedValues(ZepaField()), QStringLiteral("nothing"));
-    EXPECT_TRUE(zepa::allowedValues(soundField()).contains(QStringLiteral("sound file")));
+    EXPECT_EQ(zepa::allowedValues(limitField()), u"a whole number from 0 to 300"_s);
+    EXPECT_EQ(zepa::allowedValues(alertsField()), u"one of: never, always"_s);
+    EXPECT_EQ(zepa::allowedValues(stickyField()), u"true or false"_s);
+    EXPECT_EQ(zepa::allowedValues(ZepaField()), u"nothing"_s);
+    EXPECT_TRUE(zepa::allowedValues(soundField()).contains(u"sound file"_s));
 }
 
 } // namespace

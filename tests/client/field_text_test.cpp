@@ -3,43 +3,43 @@
 
 #include <gtest/gtest.h>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 QList<ZepaField> fields()
 {
-    return {ZepaField::soundEdit({}, QStringLiteral("sound_file"), QStringLiteral("bell.wav"), {}),
-            ZepaField::checkBox({}, QStringLiteral("sticky"), true, {}, {}),
-            ZepaField::spinBox({}, QStringLiteral("limit"), 9, 1, 5, {}, {})};
+    return {ZepaField::soundEdit({}, u"sound_file"_s, u"bell.wav"_s, {}),
+            ZepaField::checkBox({}, u"sticky"_s, true, {}, {}), ZepaField::spinBox({}, u"limit"_s, 9, 1, 5, {}, {})};
 }
 
 TEST(FieldText, IsSortedByIdentifier)
 {
-    EXPECT_EQ(zepa::cli::assignments(fields()), QStringLiteral("limit=5 sound_file=bell.wav sticky=true"));
-    EXPECT_EQ(zepa::cli::assignments({}), QStringLiteral("-"));
+    EXPECT_EQ(zepa::cli::assignments(fields()), u"limit=5 sound_file=bell.wav sticky=true"_s);
+    EXPECT_EQ(zepa::cli::assignments({}), u"-"_s);
 }
 
 TEST(FieldText, HasJsonsOwnTypes)
 {
     const QJsonObject values = zepa::cli::jsonValues(fields());
-    EXPECT_EQ(values.value(QStringLiteral("sticky")), QJsonValue(true));
-    EXPECT_EQ(values.value(QStringLiteral("limit")), QJsonValue(5));
-    EXPECT_EQ(values.value(QStringLiteral("sound_file")), QJsonValue(QStringLiteral("bell.wav")));
+    EXPECT_EQ(values.value(u"sticky"_s), QJsonValue(true));
+    EXPECT_EQ(values.value(u"limit"_s), QJsonValue(5));
+    EXPECT_EQ(values.value(u"sound_file"_s), QJsonValue(u"bell.wav"_s));
 }
 
 TEST(FieldText, AssignsToTheOneFieldThatIsNamed)
 {
     QList<ZepaField> list = fields();
-    EXPECT_TRUE(zepa::cli::assign(list, QStringLiteral("limit=9")).isEmpty());
-    EXPECT_TRUE(zepa::cli::assign(list, QStringLiteral("sound_file=a=b")).isEmpty());
-    EXPECT_TRUE(zepa::cli::assign(list, QStringLiteral("sound_file=")).isEmpty());
-    EXPECT_EQ(zepa::cli::assignments(list), QStringLiteral("limit=9 sound_file= sticky=true"));
+    EXPECT_TRUE(zepa::cli::assign(list, u"limit=9"_s).isEmpty());
+    EXPECT_TRUE(zepa::cli::assign(list, u"sound_file=a=b"_s).isEmpty());
+    EXPECT_TRUE(zepa::cli::assign(list, u"sound_file="_s).isEmpty());
+    EXPECT_EQ(zepa::cli::assignments(list), u"limit=9 sound_file= sticky=true"_s);
 }
 
 TEST(FieldText, SaysWhatIsWrongAndChangesNothing)
 {
     QList<ZepaField> list = fields();
-    for (const QString& wrong : {QStringLiteral("limit"), QStringLiteral("=9"), QString(), QStringLiteral("limit=10"),
-                                 QStringLiteral("Limit=5"), QStringLiteral("sticky=")})
+    for (const QString& wrong : {u"limit"_s, u"=9"_s, QString(), u"limit=10"_s, u"Limit=5"_s, u"sticky="_s})
         EXPECT_FALSE(zepa::cli::assign(list, wrong).isEmpty()) << wrong.toStdString();
     EXPECT_EQ(zepa::cli::assignments(list), zepa::cli::assignments(fields()));
 }

@@ -6,16 +6,17 @@
 
 #include <algorithm>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 QList<ZepaField> fieldTemplate()
 {
     return {
-        ZepaField::checkBox({}, QStringLiteral("sticky"), false, {}, {}),
-        ZepaField::spinBox({}, QStringLiteral("limit"), 300, 0, 5, {}, {}),
-        ZepaField::comboBox({}, QStringLiteral("alerts"), {QStringLiteral("never"), QStringLiteral("always")}, {},
-                            QStringLiteral("never"), {}),
-        ZepaField::soundEdit({}, QStringLiteral("sound_file"), QStringLiteral("bell.wav"), {}),
+        ZepaField::checkBox({}, u"sticky"_s, false, {}, {}),
+        ZepaField::spinBox({}, u"limit"_s, 300, 0, 5, {}, {}),
+        ZepaField::comboBox({}, u"alerts"_s, {u"never"_s, u"always"_s}, {}, u"never"_s, {}),
+        ZepaField::soundEdit({}, u"sound_file"_s, u"bell.wav"_s, {}),
     };
 }
 
@@ -24,8 +25,8 @@ QList<ZepaField> changed()
     QList<ZepaField> fields = fieldTemplate();
     fields[0].setChecked(true);
     fields[1].setIntValue(300);
-    fields[2].setSelectedId(QStringLiteral("always"));
-    fields[3].setText(QStringLiteral("/x/ding.aiff"));
+    fields[2].setSelectedId(u"always"_s);
+    fields[3].setText(u"/x/ding.aiff"_s);
     return fields;
 }
 
@@ -61,31 +62,29 @@ TEST(FieldXml, KeepsTheTemplatesValueForAMissingField)
 {
     const ZepaXmlNode node = ZepaField::toXml({changed().at(3)});
     const QList<ZepaField> fields = ZepaField::fromXml(fieldTemplate(), node);
-    EXPECT_EQ(texts(fields), QStringList({QStringLiteral("false"), QStringLiteral("5"), QStringLiteral("never"),
-                                          QStringLiteral("/x/ding.aiff")}));
+    EXPECT_EQ(texts(fields), QStringList({u"false"_s, u"5"_s, u"never"_s, u"/x/ding.aiff"_s}));
 }
 
 TEST(FieldXml, KeepsTheTemplatesValueWhereTheStoredOneDoesNotFit)
 {
-    ZepaXmlNode node(QStringLiteral("fields"), {}, nullptr);
+    ZepaXmlNode node(u"fields"_s, {}, nullptr);
     const auto add = [&node](const QString& id, const QString& value) {
-        node.addChild(QStringLiteral("field"), value).setAttribute(QStringLiteral("id"), id);
+        node.addChild(u"field"_s, value).setAttribute(u"id"_s, id);
     };
-    add(QStringLiteral("sticky"), QStringLiteral("maybe"));
-    add(QStringLiteral("limit"), QStringLiteral("301"));
-    add(QStringLiteral("alerts"), QStringLiteral("sometimes"));
-    add(QStringLiteral("unknown"), QStringLiteral("x"));
+    add(u"sticky"_s, u"maybe"_s);
+    add(u"limit"_s, u"301"_s);
+    add(u"alerts"_s, u"sometimes"_s);
+    add(u"unknown"_s, u"x"_s);
     EXPECT_EQ(texts(ZepaField::fromXml(fieldTemplate(), node)), texts(fieldTemplate()));
 }
 
 /// The template's fields, read from values that the first three of them do not allow.
 QList<ZepaField> unfit()
 {
-    ZepaXmlNode node(QStringLiteral("fields"), {}, nullptr);
-    const QStringList values{QStringLiteral("maybe"), QStringLiteral("301"), QStringLiteral("sometimes")};
+    ZepaXmlNode node(u"fields"_s, {}, nullptr);
+    const QStringList values{u"maybe"_s, u"301"_s, u"sometimes"_s};
     for (qsizetype i = 0; i < values.size(); ++i)
-        node.addChild(QStringLiteral("field"), values[i])
-            .setAttribute(QStringLiteral("id"), fieldTemplate().at(i).getId());
+        node.addChild(u"field"_s, values[i]).setAttribute(u"id"_s, fieldTemplate().at(i).getId());
     return ZepaField::fromXml(fieldTemplate(), throughAFile(node));
 }
 
@@ -100,14 +99,13 @@ QStringList written(const QList<ZepaField>& fields)
 
 TEST(FieldXml, WritesAStoredValueThatDoesNotFitBackAsItWas)
 {
-    const QStringList values{QStringLiteral("maybe"), QStringLiteral("301"), QStringLiteral("sometimes"),
-                             QStringLiteral("bell.wav")};
+    const QStringList values{u"maybe"_s, u"301"_s, u"sometimes"_s, u"bell.wav"_s};
     EXPECT_EQ(texts(unfit()), texts(fieldTemplate()));
     EXPECT_EQ(written(unfit()), values);
     // Also after the next start, and where one of its neighbours changes.
     QList<ZepaField> again = ZepaField::fromXml(fieldTemplate(), throughAFile(ZepaField::toXml(unfit())));
-    again[3].setText(QStringLiteral("x.wav"));
-    EXPECT_EQ(written(again), values.first(3) << QStringLiteral("x.wav"));
+    again[3].setText(u"x.wav"_s);
+    EXPECT_EQ(written(again), values.first(3) << u"x.wav"_s);
 }
 
 TEST(FieldXml, ForgetsAStoredValueThatDoesNotFitWhenASetterChangesTheField)
@@ -115,7 +113,7 @@ TEST(FieldXml, ForgetsAStoredValueThatDoesNotFitWhenASetterChangesTheField)
     QList<ZepaField> fields = unfit();
     fields[0].setChecked(false);
     fields[1].setIntValue(5);
-    fields[2].setSelectedId(QStringLiteral("never"));
+    fields[2].setSelectedId(u"never"_s);
     EXPECT_EQ(written(fields), texts(fieldTemplate()));
     fields = unfit();
     for (ZepaField& field : fields)
@@ -127,11 +125,11 @@ TEST(FieldXml, KeepsAStoredValueThatDoesNotFitWhenASetterChangesNothing)
 {
     QList<ZepaField> fields = unfit();
     for (ZepaField* field : {&fields[0], &fields[1], &fields[2]})
-        field->setText(QStringLiteral("no"));
+        field->setText(u"no"_s);
     fields[0].setIntValue(7);
-    fields[0].setSelectedId(QStringLiteral("always"));
+    fields[0].setSelectedId(u"always"_s);
     fields[1].setChecked(true);
-    fields[2].setSelectedId(QStringLiteral("loudly"));
+    fields[2].setSelectedId(u"loudly"_s);
     EXPECT_EQ(written(fields), written(unfit()));
 }
 
@@ -140,22 +138,20 @@ TEST(FieldXml, KeepsAStoredValueThatDoesNotFitInEachCopyByItself)
     const QList<ZepaField> fields = unfit();
     ZepaField copy = fields[1];
     copy.setIntValue(17);
-    EXPECT_EQ(written({copy, fields[1]}), QStringList({QStringLiteral("17"), QStringLiteral("301")}));
+    EXPECT_EQ(written({copy, fields[1]}), QStringList({u"17"_s, u"301"_s}));
 }
 
 TEST(FieldXml, TakesTheLaterOfTwoValues)
 {
     ZepaXmlNode node = ZepaField::toXml(changed());
-    node.addChild(QStringLiteral("field"), QStringLiteral("7"))
-        .setAttribute(QStringLiteral("id"), QStringLiteral("limit"));
+    node.addChild(u"field"_s, u"7"_s).setAttribute(u"id"_s, u"limit"_s);
     EXPECT_EQ(ZepaField::fromXml(fieldTemplate(), node).at(1).getIntValue(), 7);
 }
 
 TEST(FieldXml, PassesOverWhatIsNoField)
 {
-    ZepaXmlNode node(QStringLiteral("fields"), {}, nullptr);
-    node.addChild(QStringLiteral("note"), QStringLiteral("true"))
-        .setAttribute(QStringLiteral("id"), QStringLiteral("sticky"));
+    ZepaXmlNode node(u"fields"_s, {}, nullptr);
+    node.addChild(u"note"_s, u"true"_s).setAttribute(u"id"_s, u"sticky"_s);
     EXPECT_EQ(texts(ZepaField::fromXml(fieldTemplate(), node)), texts(fieldTemplate()));
     EXPECT_EQ(texts(ZepaField::fromXml(fieldTemplate(), ZepaXmlNode({}, {}, nullptr))), texts(fieldTemplate()));
 }

@@ -9,17 +9,19 @@
 #include <csignal>
 #include <sys/prctl.h>
 
+using namespace Qt::StringLiterals;
+
 using namespace zepa;
 
 std::unique_ptr<QProcess> InstanceTest::startWindow(const QString& settings)
 {
     auto process = std::make_unique<QProcess>();
     environment = QProcessEnvironment::systemEnvironment();
-    environment.insert(QStringLiteral("QT_QPA_PLATFORM"), QStringLiteral("offscreen"));
+    environment.insert(u"QT_QPA_PLATFORM"_s, u"offscreen"_s);
     process->setProcessEnvironment(environment);
-    process->setWorkingDirectory(QStringLiteral("/"));
+    process->setWorkingDirectory(u"/"_s);
     process->setChildProcessModifier([] { prctl(PR_SET_PDEATHSIG, SIGKILL); });
-    process->start(QStringLiteral(ZEPA_PROGRAM), {QStringLiteral("--settings"), inFolder(settings)});
+    process->start(QString::fromUtf8(ZEPA_PROGRAM), {u"--settings"_s, inFolder(settings)});
     return process;
 }
 

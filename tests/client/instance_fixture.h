@@ -7,6 +7,8 @@
 #include <QDBusMessage>
 #include <QVariantList>
 
+using namespace Qt::StringLiterals;
+
 /// A running client with its window, started in the root folder, and other programs that find it on a private bus.
 class InstanceTest : public ServiceTest, protected ProgramRunner
 {
@@ -16,11 +18,11 @@ protected:
     QProcess& first() { return *m_first; }
     void endFirst();
     /// A start without a verb and without waiting; `settings` is relative to the test's folder.
-    std::unique_ptr<QProcess> startWindow(const QString& settings = QStringLiteral("settings"));
+    std::unique_ptr<QProcess> startWindow(const QString& settings = u"settings"_s);
 
     /// Whether somebody has the name of the client with these settings.
-    bool isClientThere(const QString& settings = QStringLiteral("settings"));
-    QString clientName(const QString& settings = QStringLiteral("settings")) const;
+    bool isClientThere(const QString& settings = u"settings"_s);
+    QString clientName(const QString& settings = u"settings"_s) const;
     /// A call of the first client.
     QDBusMessage message(const QString& method, const QVariantList& arguments) const;
     /// Calls the first client from this process.

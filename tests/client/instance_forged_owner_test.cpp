@@ -6,14 +6,16 @@
 #include <QDBusConnection>
 #include <QDBusVirtualObject>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 using namespace zepa;
 
 const QString clientInterface = QLatin1StringView(instance::interfaceName);
 const QString clientPath = QLatin1StringView(instance::objectPath);
-const QString hostile = QStringLiteral("\x1b]0;owned\x07\u009b2J\u202e\r");
-const QString escaped = QStringLiteral("\\u001b]0;owned\\u0007\\u009b2J\\u202e\\u000d");
+const QString hostile = u"\x1b]0;owned\x07\u009b2J\u202e\r"_s;
+const QString escaped = u"\\u001b]0;owned\\u0007\\u009b2J\\u202e\\u000d"_s;
 
 /// Takes every command for its own and answers with what the test wants to be said.
 class ForgedOwner : public QDBusVirtualObject
@@ -29,8 +31,8 @@ public:
             return bus.send(message.createErrorReply(QLatin1StringView(instance::errorPrefix) + u'X', error));
         bus.send(message.createReply(QVariantList{1U}));
         for (const bool isError : {false, true})
-            send(message, bus, QStringLiteral("Output"), {1U, isError, QStringLiteral("a\tb\n") + hostile + u'\n'});
-        send(message, bus, QStringLiteral("Finished"), {1U, 0});
+            send(message, bus, u"Output"_s, {1U, isError, u"a\tb\n"_s + hostile + u'\n'});
+        send(message, bus, u"Finished"_s, {1U, 0});
         return true;
     }
 
@@ -62,7 +64,7 @@ protected:
 
     Outcome runTypes()
     {
-        const auto process = start({QStringLiteral("types")});
+        const auto process = start({u"types"_s});
         EXPECT_TRUE(waitFor([&process] { return process->state() == QProcess::NotRunning; }));
         return finish(*process);
     }
@@ -74,14 +76,14 @@ TEST_F(InstanceForgedOwner, HasItsEscapesMadeVisible)
 {
     const Outcome outcome = runTypes();
     EXPECT_EQ(outcome.code, 0);
-    EXPECT_EQ(outcome.out, QStringLiteral("a\tb\n") + escaped + u'\n');
-    EXPECT_EQ(outcome.err, QStringLiteral("a\tb\n") + escaped + u'\n');
+    EXPECT_EQ(outcome.out, u"a\tb\n"_s + escaped + u'\n');
+    EXPECT_EQ(outcome.err, u"a\tb\n"_s + escaped + u'\n');
 }
 
 TEST_F(InstanceForgedOwner, HasTheEscapesOfAnErrorMadeVisible)
 {
-    m_owner.error = QStringLiteral("one") + hostile + QStringLiteral("\ntwo");
-    EXPECT_EQ(runTypes().err, QStringLiteral("zepa: one") + escaped + QStringLiteral("\nzepa: two\n"));
+    m_owner.error = u"one"_s + hostile + u"\ntwo"_s;
+    EXPECT_EQ(runTypes().err, u"zepa: one"_s + escaped + u"\nzepa: two\n"_s);
 }
 
 } // namespace

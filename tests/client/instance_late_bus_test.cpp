@@ -8,6 +8,8 @@
 
 #include <memory>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 /// A client whose bus comes late, or comes again.
@@ -18,7 +20,7 @@ protected:
     /// its bus.
     qint64 owner()
     {
-        const QString name = QStringLiteral("looking for the client");
+        const QString name = u"looking for the client"_s;
         const uint process = QDBusConnection::connectToBus(QString::fromUtf8(startedBusAddress()), name)
                                  .interface()
                                  ->servicePid(clientName());
@@ -43,7 +45,7 @@ TEST_F(LateBusTest, IsFoundWhenTheBusComesAfterTheStart)
     QFile::remove(QFile::decodeName(socketPath()));
     startBus();
     EXPECT_TRUE(waitFor([this] { return isFound(); }));
-    EXPECT_EQ(run({QStringLiteral("types")}).code, 0);
+    EXPECT_EQ(run({u"types"_s}).code, 0);
 }
 
 TEST_F(LateBusTest, IsFoundAgainWhenTheBusWasStartedAgain)
@@ -80,26 +82,24 @@ TEST_F(LateBusTest, LeavesTheNameToTheNextWhenTheFirstEnds)
 
 TEST_F(LateBusTest, StartsProgramsInTheUsersOwnEnvironment)
 {
-    const QString socket = inFolder(QStringLiteral("silent"));
+    const QString socket = inFolder(u"silent"_s);
     const FakeBus silent(QFile::encodeName(socket));
     ASSERT_TRUE(silent.listens());
-    environment.insert(QStringLiteral("DBUS_SESSION_BUS_ADDRESS"), QStringLiteral("unix:path=") + socket);
-    environment.remove(QStringLiteral("TZ"));
-    environment.remove(QStringLiteral("QT_QPA_PLATFORM"));
-    environment.remove(QStringLiteral("DISPLAY"));
-    environment.remove(QStringLiteral("WAYLAND_DISPLAY"));
-    write(QStringLiteral("look"), "#!/bin/sh\nenv >\"$0.part\"\nmv \"$0.part\" \"$0.seen\"\n");
-    QFile::setPermissions(inFolder(QStringLiteral("look")), QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
-    const auto rule = start({QStringLiteral("rule"), QStringLiteral("set"), QStringLiteral("message_received"),
-                             QStringLiteral("zepa_command_notification_method"),
-                             QStringLiteral("command=") + inFolder(QStringLiteral("look"))});
+    environment.insert(u"DBUS_SESSION_BUS_ADDRESS"_s, u"unix:path="_s + socket);
+    environment.remove(u"TZ"_s);
+    environment.remove(u"QT_QPA_PLATFORM"_s);
+    environment.remove(u"DISPLAY"_s);
+    environment.remove(u"WAYLAND_DISPLAY"_s);
+    write(u"look"_s, "#!/bin/sh\nenv >\"$0.part\"\nmv \"$0.part\" \"$0.seen\"\n");
+    QFile::setPermissions(inFolder(u"look"_s), QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+    const auto rule = start({u"rule"_s, u"set"_s, u"message_received"_s, u"zepa_command_notification_method"_s,
+                             u"command="_s + inFolder(u"look"_s)});
     ASSERT_TRUE(waitFor([&rule] { return rule->state() == QProcess::NotRunning; }));
     ASSERT_EQ(finish(*rule).code, 0);
-    const auto posting = start({QStringLiteral("post"), QStringLiteral("message_received"), QStringLiteral("--title"),
-                                QStringLiteral("Anna")});
-    ASSERT_TRUE(waitFor([this] { return QFile::exists(inFolder(QStringLiteral("look.seen"))); }));
+    const auto posting = start({u"post"_s, u"message_received"_s, u"--title"_s, u"Anna"_s});
+    ASSERT_TRUE(waitFor([this] { return QFile::exists(inFolder(u"look.seen"_s)); }));
     ASSERT_TRUE(waitFor([&posting] { return posting->state() == QProcess::NotRunning; }));
-    const QList<QByteArray> seen = read(QStringLiteral("look.seen")).split('\n');
+    const QList<QByteArray> seen = read(u"look.seen"_s).split('\n');
     EXPECT_TRUE(seen.contains("DBUS_SESSION_BUS_ADDRESS=unix:path=" + QFile::encodeName(socket)));
     for (const QByteArray& variable : seen) {
         EXPECT_FALSE(variable.startsWith("TZ=")) << variable.constData();

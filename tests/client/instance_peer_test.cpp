@@ -11,6 +11,8 @@
 #include <csignal>
 #include <memory>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 using namespace zepa;
@@ -69,8 +71,7 @@ protected:
     {
         EXPECT_TRUE(instance::openBus(connection));
         const cli::OutputTo here(&m_heard);
-        return instance::RemoteClient(connection, clientName)
-            .handOver({QStringLiteral("types")}, QStringLiteral("/"), {});
+        return instance::RemoteClient(connection, clientName).handOver({u"types"_s}, u"/"_s, {});
     }
 
     ScriptedBus m_bus;
@@ -166,12 +167,12 @@ TEST_F(RemoteOutputTest, LosesNoLineThatHasNoRoomOnItsWayAndEndsAfterTheLast)
             code = result;
     });
 
-    Client client(m_folder.filePath(QStringLiteral("settings")), Client::Start::Later);
+    Client client(m_folder.filePath(u"settings"_s), Client::Start::Later);
     Heard help;
     std::unique_ptr<cli::CommandLine> line;
     {
         const cli::OutputTo here(&help);
-        line = std::make_unique<cli::CommandLine>(QStringList{QStringLiteral("--version")});
+        line = std::make_unique<cli::CommandLine>(QStringList{u"--version"_s});
     }
     ASSERT_FALSE(line->command());
     auto* command = new instance::RemoteCommand(connection, jobNumber, m_caller.uniqueName(), std::move(line), {});
@@ -193,7 +194,7 @@ TEST_F(RemoteOutputTest, LosesNoLineThatHasNoRoomOnItsWayAndEndsAfterTheLast)
     ASSERT_EQ(lines.size(), count + 1);
     for (int i = 0; i < count; ++i)
         ASSERT_EQ(lines[i].trimmed().toInt(), i);
-    EXPECT_EQ(lines.constLast(), QStringLiteral("a\ufffdb"));
+    EXPECT_EQ(lines.constLast(), u"a\ufffdb"_s);
     EXPECT_EQ(ended, 1);
 }
 

@@ -8,6 +8,8 @@
 #include <memory>
 #include <vector>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 /// Starts without a verb, and who counts as the first.
@@ -35,7 +37,7 @@ TEST_F(InstanceStartTest, TakesOverWhenTheFirstIsGone)
     startFirst();
     endFirst();
     startFirst();
-    EXPECT_EQ(run({QStringLiteral("types")}).code, 0);
+    EXPECT_EQ(run({u"types"_s}).code, 0);
 }
 
 TEST_F(InstanceStartTest, SaysThatTheFirstDoesNotAnswer)
@@ -45,14 +47,14 @@ TEST_F(InstanceStartTest, SaysThatTheFirstDoesNotAnswer)
     const auto second = startWindow();
     const Outcome outcome = finish(*second);
     EXPECT_EQ(outcome.code, 1);
-    EXPECT_TRUE(outcome.err.contains(QStringLiteral("is not responding"))) << outcome.err.toStdString();
+    EXPECT_TRUE(outcome.err.contains(u"is not responding"_s)) << outcome.err.toStdString();
 }
 
 TEST_F(InstanceStartTest, IsAnotherClientWithOtherSettings)
 {
     startFirst();
-    const auto other = startWindow(QStringLiteral("other"));
-    EXPECT_TRUE(waitFor([this] { return isClientThere(QStringLiteral("other")); }));
+    const auto other = startWindow(u"other"_s);
+    EXPECT_TRUE(waitFor([this] { return isClientThere(u"other"_s); }));
     EXPECT_EQ(first().state(), QProcess::Running);
     EXPECT_EQ(other->state(), QProcess::Running);
 }
@@ -60,20 +62,19 @@ TEST_F(InstanceStartTest, IsAnotherClientWithOtherSettings)
 TEST_F(InstanceStartTest, IsTheSameClientUnderAnotherNameOfTheFolder)
 {
     startFirst();
-    ASSERT_TRUE(QFile::link(inFolder(QStringLiteral("settings")), inFolder(QStringLiteral("link"))));
-    const auto second = startWindow(QStringLiteral("link/../link/"));
+    ASSERT_TRUE(QFile::link(inFolder(u"settings"_s), inFolder(u"link"_s)));
+    const auto second = startWindow(u"link/../link/"_s);
     EXPECT_EQ(finish(*second).code, 0);
 }
 
 TEST_F(InstanceStartTest, CountsNoCommandThatRunsAloneAsTheFirst)
 {
     const auto service = startService();
-    const auto waiting = start({QStringLiteral("post"), QStringLiteral("message_received"), QStringLiteral("--title"),
-                                QStringLiteral("Anna"), QStringLiteral("--wait")});
+    const auto waiting = start({u"post"_s, u"message_received"_s, u"--title"_s, u"Anna"_s, u"--wait"_s});
     ASSERT_TRUE(waitForPopups(*service, 1));
     EXPECT_FALSE(isClientThere());
     startFirst();
-    service->tell(QStringLiteral("click 1"));
+    service->tell(u"click 1"_s);
     EXPECT_EQ(finish(*waiting).code, 0);
 }
 

@@ -11,6 +11,8 @@
 
 #include <set>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 using namespace zepa;
@@ -37,8 +39,8 @@ TEST(PlayerTest, LeavesTheEventLoopItsTurnsWhenManyEventsAreDueAtOnce)
     turns.start(0);
     std::set<int> turnsWithEvents;
     cli::Event event;
-    event.type = QStringLiteral("info_notify");
-    event.title = QStringLiteral("T");
+    event.type = u"info_notify"_s;
+    event.title = u"T"_s;
     auto* player = new cli::Player(client, job, QList<cli::Event>(200, event), cli::PlayLog::Form::Json,
                                    [&](const cli::Event&) { turnsWithEvents.insert(turn); });
     QEventLoop loop;

@@ -8,6 +8,8 @@
 #include <csignal>
 #include <sys/prctl.h>
 
+using namespace Qt::StringLiterals;
+
 QJsonArray Outcome::json() const
 {
     return QJsonDocument::fromJson(out.toUtf8()).array();
@@ -26,8 +28,8 @@ Outcome ProgramRunner::runBare(const QStringList& arguments, const QByteArray& i
 std::unique_ptr<QProcess> ProgramRunner::start(const QStringList& arguments, const QByteArray& input)
 {
     // Commands that only read do not make it.
-    QDir(m_folder.path()).mkdir(QStringLiteral("settings"));
-    const QStringList settings{QStringLiteral("--settings"), inFolder(QStringLiteral("settings"))};
+    QDir(m_folder.path()).mkdir(u"settings"_s);
+    const QStringList settings{u"--settings"_s, inFolder(u"settings"_s)};
     return startBare(arguments + settings, input);
 }
 
@@ -37,7 +39,7 @@ std::unique_ptr<QProcess> ProgramRunner::startBare(const QStringList& arguments,
     process->setProcessEnvironment(environment);
     process->setWorkingDirectory(m_folder.path());
     process->setChildProcessModifier([] { prctl(PR_SET_PDEATHSIG, SIGKILL); });
-    process->start(QStringLiteral(ZEPA_PROGRAM), arguments);
+    process->start(QString::fromUtf8(ZEPA_PROGRAM), arguments);
     process->write(input);
     process->closeWriteChannel();
     return process;

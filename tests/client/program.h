@@ -13,6 +13,8 @@
 
 #include <memory>
 
+using namespace Qt::StringLiterals;
+
 /// What a run of the program left behind.
 struct Outcome
 {
@@ -38,7 +40,7 @@ public:
     static Outcome finish(QProcess& process);
 
     QString inFolder(const QString& name) const { return m_folder.filePath(name); }
-    QString ruleFile(const QString& type) const { return inFolder(QStringLiteral("settings/notifications/") + type); }
+    QString ruleFile(const QString& type) const { return inFolder(u"settings/notifications/"_s + type); }
     void write(const QString& name, const QByteArray& content) const;
     QByteArray read(const QString& name) const;
 

@@ -5,12 +5,14 @@
 #include <QFile>
 #include <QThread>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
-const QString type = QStringLiteral("message_sent"); // it has no rule of its own
-const QString speech = QStringLiteral("zepa_speech_notification_method");
-const QString logFile = QStringLiteral("zepa_log_file_notification_method");
-const QString command = QStringLiteral("zepa_command_notification_method");
+const QString type = u"message_sent"_s; // it has no rule of its own
+const QString speech = u"zepa_speech_notification_method"_s;
+const QString logFile = u"zepa_log_file_notification_method"_s;
+const QString command = u"zepa_command_notification_method"_s;
 
 /// The delivery methods that the client brings beside the library's own, in the real program.
 class ProgramMethods : public Program
@@ -18,29 +20,28 @@ class ProgramMethods : public Program
 protected:
     void set(const QString& method, const QStringList& fields)
     {
-        const Outcome outcome = run(QStringList{QStringLiteral("rule"), QStringLiteral("set"), type, method} + fields);
+        const Outcome outcome = run(QStringList{u"rule"_s, u"set"_s, type, method} + fields);
         ASSERT_EQ(outcome.code, 0) << outcome.err.toStdString();
     }
     Outcome post()
     {
-        return run({QStringLiteral("post"), type, QStringLiteral("--title"), QStringLiteral("Ann"),
-                    QStringLiteral("--text"), QStringLiteral("Lunch?\nAt eight?"), QStringLiteral("--buddy"),
-                    QStringLiteral("ann")});
+        return run(
+            {u"post"_s, type, u"--title"_s, u"Ann"_s, u"--text"_s, u"Lunch?\nAt eight?"_s, u"--buddy"_s, u"ann"_s});
     }
 };
 
 TEST_F(ProgramMethods, DoNothingUntilARuleNamesThem)
 {
     for (const QString& method : {speech, logFile, command})
-        EXPECT_FALSE(run({QStringLiteral("rules"), QStringLiteral("--json")}).out.contains(method));
+        EXPECT_FALSE(run({u"rules"_s, u"--json"_s}).out.contains(method));
 }
 
 TEST_F(ProgramMethods, KeepTheirSettings)
 {
-    set(command, {QStringLiteral("command=notify 'it is' \"%t\"")});
-    set(speech, {QStringLiteral("voice=de"), QStringLiteral("speed=200"), QStringLiteral("content=title")});
-    set(logFile, {QStringLiteral("file=/logs/my log"), QStringLiteral("size=5"), QStringLiteral("older_files=0")});
-    const QString rules = run({QStringLiteral("rules"), type}).out;
+    set(command, {u"command=notify 'it is' \"%t\""_s});
+    set(speech, {u"voice=de"_s, u"speed=200"_s, u"content=title"_s});
+    set(logFile, {u"file=/logs/my log"_s, u"size=5"_s, u"older_files=0"_s});
+    const QString rules = run({u"rules"_s, type}).out;
     for (const char* value : {"command=notify 'it is' \"%t\"", "voice=de", "speed=200", "content=title",
                               "file=/logs/my log", "size=5", "older_files=0"})
         EXPECT_TRUE(rules.contains(QString::fromLatin1(value))) << rules.toStdString();
@@ -49,39 +50,38 @@ TEST_F(ProgramMethods, KeepTheirSettings)
 TEST_F(ProgramMethods, AreRefusedValuesThatDoNotFit)
 {
     for (const char* value : {"speed=10", "content=all", "nope=1"}) {
-        const Outcome outcome =
-            run({QStringLiteral("rule"), QStringLiteral("set"), type, speech, QString::fromLatin1(value)});
+        const Outcome outcome = run({u"rule"_s, u"set"_s, type, speech, QString::fromLatin1(value)});
         EXPECT_EQ(outcome.code, 2) << value;
     }
 }
 
 TEST_F(ProgramMethods, ReachTheLogTheCommandAndTheSpeakerFromOnePosting)
 {
-    write(QStringLiteral("espeak-ng"), "#!/bin/sh\n{ cat; echo; } >> \"$OUT/spoken\"\n");
-    write(QStringLiteral("record"), "#!/bin/sh\nprintf '%s|' \"$@\" > \"$OUT/arguments.new\"\n"
-                                    "mv \"$OUT/arguments.new\" \"$OUT/arguments\"\n");
-    for (const QString& name : {QStringLiteral("espeak-ng"), QStringLiteral("record")})
+    write(u"espeak-ng"_s, "#!/bin/sh\n{ cat; echo; } >> \"$OUT/spoken\"\n");
+    write(u"record"_s, "#!/bin/sh\nprintf '%s|' \"$@\" > \"$OUT/arguments.new\"\n"
+                       "mv \"$OUT/arguments.new\" \"$OUT/arguments\"\n");
+    for (const QString& name : {u"espeak-ng"_s, u"record"_s})
         QFile::setPermissions(inFolder(name), QFile::ReadOwner | QFile::ExeOwner);
-    environment.insert(QStringLiteral("OUT"), inFolder({}));
-    environment.insert(QStringLiteral("PATH"), inFolder({}) + u':' + environment.value(QStringLiteral("PATH")));
+    environment.insert(u"OUT"_s, inFolder({}));
+    environment.insert(u"PATH"_s, inFolder({}) + u':' + environment.value(u"PATH"_s));
 
     set(speech, {});
-    set(logFile, {QStringLiteral("file=") + inFolder(QStringLiteral("log"))});
-    set(command, {QStringLiteral("command=record %t '%m' %B")});
+    set(logFile, {u"file="_s + inFolder(u"log"_s)});
+    set(command, {u"command=record %t '%m' %B"_s});
     const Outcome outcome = post();
     EXPECT_EQ(outcome.code, 0) << outcome.err.toStdString();
     for (const QString& method : {speech, logFile, command})
         EXPECT_TRUE(outcome.out.contains(method)) << outcome.out.toStdString();
 
-    EXPECT_EQ(read(QStringLiteral("spoken")), QByteArrayLiteral("Ann\n\nLunch? At eight?\n"))
+    EXPECT_EQ(read(u"spoken"_s), QByteArrayLiteral("Ann\n\nLunch? At eight?\n"))
         << "the program waits until it is said";
-    EXPECT_TRUE(read(QStringLiteral("log")).endsWith("\tmessage_sent\tAnn\tLunch?\\nAt eight?\n"));
+    EXPECT_TRUE(read(u"log"_s).endsWith("\tmessage_sent\tAnn\tLunch?\\nAt eight?\n"));
     // The command does not belong to the program that started it, and may end later.
     QElapsedTimer clock;
     clock.start();
-    while (!QFile::exists(inFolder(QStringLiteral("arguments"))) && !clock.hasExpired(60'000))
+    while (!QFile::exists(inFolder(u"arguments"_s)) && !clock.hasExpired(60'000))
         QThread::msleep(10);
-    EXPECT_EQ(read(QStringLiteral("arguments")), QByteArrayLiteral("Ann|Lunch?\nAt eight?|ann|"));
+    EXPECT_EQ(read(u"arguments"_s), QByteArrayLiteral("Ann|Lunch?\nAt eight?|ann|"));
 }
 
 } // namespace

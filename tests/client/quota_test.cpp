@@ -3,13 +3,15 @@
 
 #include <gtest/gtest.h>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 using zepa::instance::Quota;
 
-const QString one = QStringLiteral("one");
-const QString two = QStringLiteral("two");
-const QString three = QStringLiteral("three");
+const QString one = u"one"_s;
+const QString two = u"two"_s;
+const QString three = u"three"_s;
 
 TEST(QuotaTest, LeavesRoomForOthersWhenOneHasAllThatOneMayHave)
 {

@@ -7,9 +7,11 @@
 
 #include <optional>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
-const ZepaBuddy anna(QStringLiteral("anna@example.org"), QStringLiteral("Anna"), ZepaBuddy::Contact);
+const ZepaBuddy anna(u"anna@example.org"_s, u"Anna"_s, ZepaBuddy::Contact);
 
 TEST(Buddy, IsNobodyAtFirst)
 {
@@ -22,8 +24,8 @@ TEST(Buddy, IsNobodyAtFirst)
 TEST(Buddy, KeepsWhatItWasMadeWith)
 {
     const ZepaBuddy copy = anna;
-    EXPECT_EQ(copy.getId(), QStringLiteral("anna@example.org"));
-    EXPECT_EQ(copy.getName(), QStringLiteral("Anna"));
+    EXPECT_EQ(copy.getId(), u"anna@example.org"_s);
+    EXPECT_EQ(copy.getName(), u"Anna"_s);
     EXPECT_EQ(copy.getType(), 1);
     EXPECT_EQ(ZepaBuddy({}, {}, ZepaBuddy::NotOnContactList).getType(), 4);
 }
@@ -32,7 +34,7 @@ TEST(Buddy, IsNobodyAfterItWasMovedFrom)
 {
     ZepaBuddy from = anna;
     const ZepaBuddy to = std::move(from);
-    EXPECT_EQ(to.getName(), QStringLiteral("Anna"));
+    EXPECT_EQ(to.getName(), u"Anna"_s);
     EXPECT_TRUE(from.getName().isNull()); // NOLINT(bugprone-use-after-move): that is what is tested
 }
 
@@ -54,9 +56,9 @@ TEST(Arg, CarriesABuddyUnderType19)
 
 TEST(Arg, CarriesATextAndThenNobody)
 {
-    const ZepaArg arg = ZepaArg::fromText(QStringLiteral("hello"));
+    const ZepaArg arg = ZepaArg::fromText(u"hello"_s);
     EXPECT_EQ(arg.getType(), ZepaArg::Text);
-    EXPECT_EQ(arg.toText(), QStringLiteral("hello"));
+    EXPECT_EQ(arg.toText(), u"hello"_s);
     EXPECT_EQ(arg.toBuddy().getType(), ZepaBuddy::Unknown);
 }
 

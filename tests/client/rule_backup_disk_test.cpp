@@ -4,6 +4,8 @@
 
 #include <QFileInfo>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 /// The settings folder is a disk of its own that is soon full.
@@ -15,7 +17,7 @@ protected:
         const QString problem = m_disk.mountAt(m_folder.path());
         if (!problem.isEmpty())
             GTEST_SKIP() << problem.toStdString();
-        QDir(m_folder.path()).mkdir(QStringLiteral("notifications"));
+        QDir(m_folder.path()).mkdir(u"notifications"_s);
     }
 
     SmallDisk m_disk;
@@ -41,7 +43,7 @@ TEST_F(RuleBackupDiskTest, PutsRulesBackWhenThereIsRoomForOneOfFileAndCopy)
     EXPECT_EQ(start()->restored(), QStringList{message});
     EXPECT_EQ(read(rule(message)), oneRule);
     // And has a copy again as soon as there is room.
-    QFile::remove(path(QStringLiteral("filler")));
+    QFile::remove(path(u"filler"_s));
     start();
     EXPECT_EQ(read(copy(message)), oneRule);
 }

@@ -6,6 +6,8 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 using zepa::RuleBackup;
@@ -28,7 +30,7 @@ TEST_F(RuleBackupTest, ReadsEveryCutOffFileAsBrokenAndAnEmptyRulesElementAsGood)
 
 TEST_F(RuleBackupTest, PutsBackWhatACrashLeftEmptyOrCutOff)
 {
-    const QString cutOff = QStringLiteral("cut_off");
+    const QString cutOff = u"cut_off"_s;
     types.append(cutOff);
     write(rule(message), oneRule);
     write(rule(cutOff), otherRule);
@@ -53,10 +55,10 @@ TEST_F(RuleBackupTest, CallsTypesWhatTheUserCallsThem)
     const auto backup = start();
     const QStringList news = backup->news([this](const QString& type) {
         EXPECT_EQ(type, message);
-        return QStringLiteral("Message received");
+        return u"Message received"_s;
     });
     ASSERT_EQ(news.size(), 1);
-    EXPECT_TRUE(news.constFirst().endsWith(QStringLiteral(": Message received")));
+    EXPECT_TRUE(news.constFirst().endsWith(u": Message received"_s));
 }
 
 TEST_F(RuleBackupTest, LeavesAnEmptyRulesElementAsItIs)
@@ -105,7 +107,7 @@ TEST_F(RuleBackupTest, GivesATypeItsDefaultsWhenItsFileIsBrokenWithoutACopyAndLo
     const auto backup = start();
     EXPECT_FALSE(QFileInfo::exists(rule(message)));
     EXPECT_EQ(backup->reset(), QStringList{message});
-    ASSERT_EQ(aside(), QStringList{QStringLiteral("1-message_received")});
+    ASSERT_EQ(aside(), QStringList{u"1-message_received"_s});
     EXPECT_EQ(read(backup->asideFolder() + aside().constFirst()), "<rules><m>");
     EXPECT_TRUE(backup->news().constFirst().contains(message));
 }
@@ -149,7 +151,7 @@ TEST_F(RuleBackupTest, LeavesADamagedFileWhereItIsAndSaysSoWhenAsMuchIsSetAsideA
         EXPECT_EQ(backup->withoutRoomAside(), QStringList{message});
         ASSERT_EQ(backup->news().size(), 1);
         EXPECT_TRUE(backup->news().constFirst().contains(backup->asideFolder()));
-        EXPECT_TRUE(backup->news().constFirst().contains(QStringLiteral("64")));
+        EXPECT_TRUE(backup->news().constFirst().contains(u"64"_s));
     }
     // What the library left half written says nothing that the copy does not.
     write(rule(message), oneRule.first(10));
@@ -161,21 +163,21 @@ TEST_F(RuleBackupTest, TouchesOnlyFilesOfItsTypesAndThoseThatHaveACopy)
 {
     QStringList letters;
     for (int i = 0; i < 300; ++i) {
-        letters.append(QStringLiteral("letter%1").arg(i));
+        letters.append(u"letter%1"_s.arg(i));
         write(rule(letters.constLast()), "Dear Ann");
     }
     write(rule(message), "<rules>");
     start();
     for (const QString& letter : std::as_const(letters))
         ASSERT_EQ(read(rule(letter)), "Dear Ann") << letter.toStdString();
-    EXPECT_EQ(aside(), QStringList{QStringLiteral("1-message_received")});
-    EXPECT_TRUE(QDir(path(QStringLiteral("rules-backup/copies"))).isEmpty());
+    EXPECT_EQ(aside(), QStringList{u"1-message_received"_s});
+    EXPECT_TRUE(QDir(path(u"rules-backup/copies"_s)).isEmpty());
 
     // A type that an embedding client had once.
-    write(rule(QStringLiteral("lunch")), {});
-    write(copy(QStringLiteral("lunch")), oneRule);
+    write(rule(u"lunch"_s), {});
+    write(copy(u"lunch"_s), oneRule);
     start();
-    EXPECT_EQ(read(rule(QStringLiteral("lunch"))), oneRule);
+    EXPECT_EQ(read(rule(u"lunch"_s)), oneRule);
 }
 
 TEST_F(RuleBackupTest, LeavesADocumentThatIsNoneOfRulesAsItIs)
@@ -189,15 +191,15 @@ TEST_F(RuleBackupTest, LeavesADocumentThatIsNoneOfRulesAsItIs)
 TEST_F(RuleBackupTest, NumbersWhatItSetsAsideAlsoWhenTheNumbersThereAreHuge)
 {
     start();
-    const QString folder = path(QStringLiteral("rules-backup/set-aside/"));
+    const QString folder = path(u"rules-backup/set-aside/"_s);
     for (const char* name : {"2147483647-x", "999999999-x", "18446744073709551615-x", "-5-x", "letter"})
         write(folder + QString::fromLatin1(name), "x");
     for (int i = 0; i < 2; ++i) {
         write(rule(message), "<rules>" + QByteArray::number(i));
         start();
     }
-    EXPECT_EQ(read(folder + QStringLiteral("1-message_received")), "<rules>0");
-    EXPECT_EQ(read(folder + QStringLiteral("2-message_received")), "<rules>1");
+    EXPECT_EQ(read(folder + u"1-message_received"_s), "<rules>0");
+    EXPECT_EQ(read(folder + u"2-message_received"_s), "<rules>1");
     EXPECT_EQ(aside().size(), 7);
 }
 
@@ -210,12 +212,12 @@ TEST_F(RuleBackupTest, LetsAMissingFileMeanTheDefaults)
     EXPECT_FALSE(QFileInfo::exists(rule(message)));
     EXPECT_FALSE(QFileInfo::exists(copy(message)));
     ASSERT_EQ(aside().size(), 1);
-    EXPECT_EQ(read(path(QStringLiteral("rules-backup/set-aside/")) + aside().constFirst()), oneRule);
+    EXPECT_EQ(read(path(u"rules-backup/set-aside/"_s) + aside().constFirst()), oneRule);
 }
 
 TEST_F(RuleBackupTest, TakesAwayDefaultsThatWereCutOffHalfWay)
 {
-    const QString half = QStringLiteral("half");
+    const QString half = u"half"_s;
     types.append(half);
     write(rule(message), oneRule);
     startAndDie({half});
@@ -257,8 +259,8 @@ TEST_F(RuleBackupTest, LeavesAChangeThatWasKeptAndCutOffRightAfter)
 
 TEST_F(RuleBackupTest, ProtectsTypesWithOddNames)
 {
-    const QStringList odd{QStringLiteral(".hidden"),      QStringLiteral("with blank"), QStringLiteral("line\nbreak"),
-                          QStringLiteral("größe-\u2603"), QStringLiteral("5-copies"),   QString(255, u'x')};
+    const QStringList odd{u".hidden"_s,      u"with blank"_s, u"line\nbreak"_s,
+                          u"größe-\u2603"_s, u"5-copies"_s,   QString(255, u'x')};
     types = odd;
     for (const QString& type : odd)
         write(rule(type), oneRule);
@@ -272,35 +274,35 @@ TEST_F(RuleBackupTest, ProtectsTypesWithOddNames)
 
 TEST_F(RuleBackupTest, TouchesNothingOutsideOfItsFolders)
 {
-    write(path(QStringLiteral("settings.ini")), {});
+    write(path(u"settings.ini"_s), {});
     const auto backup = start();
-    for (const QString& type : {QStringLiteral("../settings.ini"), QStringLiteral(".."), QString()}) {
+    for (const QString& type : {u"../settings.ini"_s, u".."_s, QString()}) {
         EXPECT_TRUE(backup->keep(type));
         EXPECT_FALSE(backup->putBack(type, oneRule));
     }
-    EXPECT_EQ(read(path(QStringLiteral("settings.ini"))), QByteArray(""));
+    EXPECT_EQ(read(path(u"settings.ini"_s)), QByteArray(""));
 }
 
 TEST_F(RuleBackupTest, LeavesAloneWhatIsNoOrdinaryFileAndSaysThatItCannotBeUsed)
 {
-    types = QStringList{QStringLiteral("pipe"), QStringLiteral("folder"), QStringLiteral("huge")};
-    ASSERT_EQ(mkfifo(QFile::encodeName(rule(QStringLiteral("pipe"))).constData(), 0600), 0);
-    QDir().mkdir(rule(QStringLiteral("folder")));
-    write(rule(QStringLiteral("huge")), QByteArray(5 * 1024 * 1024, 'x'));
+    types = QStringList{u"pipe"_s, u"folder"_s, u"huge"_s};
+    ASSERT_EQ(mkfifo(QFile::encodeName(rule(u"pipe"_s)).constData(), 0600), 0);
+    QDir().mkdir(rule(u"folder"_s));
+    write(rule(u"huge"_s), QByteArray(5 * 1024 * 1024, 'x'));
     const auto backup = start();
     EXPECT_EQ(backup->unreadable(), types.first(2));
     EXPECT_EQ(backup->tooLarge(), types.last(1));
     ASSERT_EQ(backup->news().size(), 2);
-    EXPECT_TRUE(backup->news()[0].endsWith(QStringLiteral(": pipe, folder")));
-    EXPECT_TRUE(backup->news()[1].endsWith(QStringLiteral("4 MiB: huge")));
+    EXPECT_TRUE(backup->news()[0].endsWith(u": pipe, folder"_s));
+    EXPECT_TRUE(backup->news()[1].endsWith(u"4 MiB: huge"_s));
     EXPECT_TRUE(backup->keepAll());
-    EXPECT_EQ(QFileInfo(rule(QStringLiteral("huge"))).size(), 5 * 1024 * 1024);
-    EXPECT_TRUE(QDir(path(QStringLiteral("rules-backup/copies"))).isEmpty());
+    EXPECT_EQ(QFileInfo(rule(u"huge"_s)).size(), 5 * 1024 * 1024);
+    EXPECT_TRUE(QDir(path(u"rules-backup/copies"_s)).isEmpty());
 }
 
 TEST_F(RuleBackupTest, MendsTheFileBehindALinkAndLeavesTheLink)
 {
-    const QString elsewhere = path(QStringLiteral("elsewhere"));
+    const QString elsewhere = path(u"elsewhere"_s);
     write(elsewhere, oneRule);
     ASSERT_TRUE(QFile::link(elsewhere, rule(message)));
     start();
@@ -316,7 +318,7 @@ TEST_F(RuleBackupTest, MendsTheFileBehindALinkAndLeavesTheLink)
 
 TEST_F(RuleBackupTest, NeitherFollowsNorWritesThroughACopyThatIsALink)
 {
-    const QString elsewhere = path(QStringLiteral("elsewhere"));
+    const QString elsewhere = path(u"elsewhere"_s);
     write(rule(message), oneRule);
     start();
     write(elsewhere, otherRule);
@@ -343,9 +345,9 @@ TEST_F(RuleBackupTest, KeepsWhoMayReadARuleFile)
 TEST_F(RuleBackupTest, MarksAStartAndDoesNotWriteThroughALink)
 {
     start();
-    const QString letter = path(QStringLiteral("letter"));
+    const QString letter = path(u"letter"_s);
     write(letter, "Dear Ann");
-    const QString mark = path(QStringLiteral("rules-backup/starting"));
+    const QString mark = path(u"rules-backup/starting"_s);
     ASSERT_TRUE(QFile::link(letter, mark));
     startAndDie({message});
     EXPECT_EQ(read(letter), "Dear Ann");
@@ -363,17 +365,17 @@ TEST_F(RuleBackupTest, WritesNothingWhenNothingIsWrong)
     backup->restore({message});
     backup->started();
     EXPECT_EQ(backup->loaded(message), oneRule);
-    EXPECT_FALSE(QFileInfo::exists(path(QStringLiteral("rules-backup"))));
+    EXPECT_FALSE(QFileInfo::exists(path(u"rules-backup"_s)));
 }
 
 TEST_F(RuleBackupTest, TakesRightsOfOthersAwayOnce)
 {
-    types.append(QStringLiteral("link"));
-    const QString elsewhere = path(QStringLiteral("elsewhere"));
+    types.append(u"link"_s);
+    const QString elsewhere = path(u"elsewhere"_s);
     write(elsewhere, oneRule);
-    ASSERT_TRUE(QFile::link(elsewhere, rule(QStringLiteral("link"))));
+    ASSERT_TRUE(QFile::link(elsewhere, rule(u"link"_s)));
     write(rule(message), oneRule);
-    write(rule(QStringLiteral("letter")), "Dear Ann");
+    write(rule(u"letter"_s), "Dear Ann");
     const auto backup = start();
     const auto open = [this](const QString& name) { ::chmod(QFile::encodeName(path(name)).constData(), 0755); };
     const auto mode = [this](const QString& name) {
@@ -381,10 +383,9 @@ TEST_F(RuleBackupTest, TakesRightsOfOthersAwayOnce)
         ::stat(QFile::encodeName(path(name)).constData(), &status);
         return status.st_mode & 0777U;
     };
-    const QStringList ours{QStringLiteral("notifications"), QStringLiteral("notifications/message_received"),
-                           QStringLiteral("rules-backup"), QStringLiteral("rules-backup/copies"),
-                           QStringLiteral("rules-backup/copies/message_received")};
-    const QStringList others{QStringLiteral("."), QStringLiteral("elsewhere"), QStringLiteral("notifications/letter")};
+    const QStringList ours{u"notifications"_s, u"notifications/message_received"_s, u"rules-backup"_s,
+                           u"rules-backup/copies"_s, u"rules-backup/copies/message_received"_s};
+    const QStringList others{u"."_s, u"elsewhere"_s, u"notifications/letter"_s};
     for (const QString& name : ours + others)
         open(name);
     backup->makePrivate();
@@ -400,18 +401,18 @@ TEST_F(RuleBackupTest, TakesRightsOfOthersAwayOnce)
     for (const QString& name : ours)
         EXPECT_EQ(mode(name), 0755U) << name.toStdString();
 
-    QFile::remove(path(QStringLiteral("rules-backup/private")));
+    QFile::remove(path(u"rules-backup/private"_s));
     const auto owner = make();
     owner->ownSettingsFolder();
     owner->makePrivate();
-    EXPECT_EQ(mode(QStringLiteral(".")), 0700U);
+    EXPECT_EQ(mode(u"."_s), 0700U);
 }
 
 TEST_F(RuleBackupTest, LeavesNoScrapsOfACopyThatWasCutOff)
 {
     write(rule(message), oneRule);
     start();
-    const QString scrap = path(QStringLiteral("rules-backup/new/scrap"));
+    const QString scrap = path(u"rules-backup/new/scrap"_s);
     write(scrap, "<rul");
     write(rule(message), {});
     start();

@@ -10,15 +10,17 @@
 
 #include <memory>
 
+using namespace Qt::StringLiterals;
+
 /// A settings folder with rule files, and one start of the client after the other on it.
 class RuleFolderTest : public testing::Test
 {
 protected:
-    RuleFolderTest() { QDir(m_folder.path()).mkdir(QStringLiteral("notifications")); }
+    RuleFolderTest() { QDir(m_folder.path()).mkdir(u"notifications"_s); }
 
     QString path(const QString& name) const { return m_folder.filePath(name); }
-    QString rule(const QString& type) const { return path(QStringLiteral("notifications/") + type); }
-    QString copy(const QString& type) const { return path(QStringLiteral("rules-backup/copies/") + type); }
+    QString rule(const QString& type) const { return path(u"notifications/"_s + type); }
+    QString copy(const QString& type) const { return path(u"rules-backup/copies/"_s + type); }
 
     static void write(const QString& path, const QByteArray& content)
     {
@@ -35,7 +37,7 @@ protected:
     /// What was set aside, oldest first.
     QStringList aside() const
     {
-        return QDir(path(QStringLiteral("rules-backup/set-aside"))).entryList(QDir::Files | QDir::Hidden, QDir::Name);
+        return QDir(path(u"rules-backup/set-aside"_s)).entryList(QDir::Files | QDir::Hidden, QDir::Name);
     }
 
     /// A start as a client with a window does it, with nothing in between where the module would be made.
@@ -51,14 +53,14 @@ protected:
     void startAndDie(const QStringList& withDefaults) { make()->restore(withDefaults); }
 
     /// The types whose files are ours.
-    QStringList types{QStringLiteral("message_received")};
+    QStringList types{u"message_received"_s};
 
     std::unique_ptr<zepa::RuleBackup> make() const
     {
         return std::make_unique<zepa::RuleBackup>(m_folder.path() + u'/', types);
     }
 
-    const QString message = QStringLiteral("message_received");
+    const QString message = u"message_received"_s;
     const QByteArray oneRule = "<rules><m><fields><field id=\"a\">1</field></fields></m></rules>";
     const QByteArray otherRule = "<rules><m><fields><field id=\"a\">2</field></fields></m></rules>";
     const QByteArray noRule = "<rules/>";

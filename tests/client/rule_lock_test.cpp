@@ -12,6 +12,8 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 using zepa::RuleLock;
@@ -22,7 +24,7 @@ protected:
     RuleLockTest() { QDir().mkpath(folder()); }
 
     /// Not right in the system's folder for temporary files: the folder above is locked, too.
-    QString folder() const { return m_folder.filePath(QStringLiteral("rules")); }
+    QString folder() const { return m_folder.filePath(u"rules"_s); }
 
 private:
     QTemporaryDir m_folder;
@@ -67,7 +69,7 @@ TEST_F(RuleLockTest, GoesWithTheProcessThatHasIt)
 
 TEST_F(RuleLockTest, IsNotPossibleWithoutAFolder)
 {
-    RuleLock lock(folder() + QStringLiteral("/nowhere"));
+    RuleLock lock(folder() + u"/nowhere"_s);
     EXPECT_FALSE(lock.isPossible());
     EXPECT_FALSE(lock.tryNow());
     EXPECT_FALSE(lock.wait());

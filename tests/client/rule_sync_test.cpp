@@ -8,6 +8,8 @@
 
 #include <sys/stat.h>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 class RuleSyncTest : public SafeChangeTest
@@ -25,7 +27,7 @@ protected:
             ZepaNotificationModule::getInstance()->getMethods().value(SafeChangeTest::sound);
         QList<ZepaField> fields = method->fields;
         fields.first().setText(QString::fromUtf8(sound));
-        ZepaXmlNode root(QStringLiteral("rules"), QString(), nullptr);
+        ZepaXmlNode root(u"rules"_s, QString(), nullptr);
         root.addChild(method->getId(), QString()).appendChild(ZepaField::toXml(fields));
         QByteArray bytes = root.toByteArray(-1);
         const qsizetype from = bytes.indexOf("<zepa_sound");
@@ -57,7 +59,7 @@ TEST_F(RuleSyncTest, TakesOverRulesThatWereChangedAddedAndRemovedAndStoresNothin
     start();
     write(document(rule("a.wav") + rule("b.wav") + rule("c.wav")));
     zepa::bringUpToDate(*m_module, *m_backup);
-    EXPECT_EQ(sounds(), (QStringList{QStringLiteral("a.wav"), QStringLiteral("b.wav"), QStringLiteral("c.wav")}));
+    EXPECT_EQ(sounds(), (QStringList{u"a.wav"_s, u"b.wav"_s, u"c.wav"_s}));
     for (const QByteArray& rules : {rule("a.wav") + rule("d.wav") + rule("c.wav"), rule("c.wav"),
                                     rule("c.wav") + rule("c.wav") + rule("e.wav"), QByteArray(), rule("f.wav")}) {
         write(document(rules));
@@ -101,13 +103,13 @@ TEST_F(RuleSyncTest, PrefersTheCopyToItsMemory)
     // Another client stored this with its copy, and was killed in its next change.
     const QByteArray theirs = document(rule("theirs.wav"));
     write({});
-    QFile copy(m_folder.filePath(QStringLiteral("rules-backup/copies/") + type));
+    QFile copy(m_folder.filePath(u"rules-backup/copies/"_s + type));
     ASSERT_TRUE(copy.open(QIODevice::WriteOnly));
     copy.write(theirs);
     copy.close();
     zepa::bringUpToDate(*m_module, *m_backup);
     EXPECT_EQ(content(), theirs);
-    EXPECT_EQ(sounds(), QStringList{QStringLiteral("theirs.wav")});
+    EXPECT_EQ(sounds(), QStringList{u"theirs.wav"_s});
 }
 
 TEST_F(RuleSyncTest, PutsBackItsMemoryWhenThereIsNoCopy)
@@ -115,7 +117,7 @@ TEST_F(RuleSyncTest, PutsBackItsMemoryWhenThereIsNoCopy)
     start();
     ASSERT_EQ(add(), zepa::SafeChange::Stored);
     const QByteArray before = content();
-    QFile::remove(m_folder.filePath(QStringLiteral("rules-backup/copies/") + type));
+    QFile::remove(m_folder.filePath(u"rules-backup/copies/"_s + type));
     write("<rules>typed by hand");
     zepa::bringUpToDate(*m_module, *m_backup);
     EXPECT_EQ(content(), before);

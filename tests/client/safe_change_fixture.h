@@ -20,6 +20,8 @@
 #include <memory>
 #include <optional>
 
+using namespace Qt::StringLiterals;
+
 /// The module with a single type, so that its files fit on a small disk; started as the client starts it.
 class SafeChangeTest : public testing::Test
 {
@@ -50,15 +52,15 @@ protected:
         });
     }
     qsizetype count() const { return m_module->getRules(m_module->getNotifications().value(type)).size(); }
-    QString file() const { return m_folder.filePath(QStringLiteral("notifications/") + type); }
+    QString file() const { return m_folder.filePath(u"notifications/"_s + type); }
     QByteArray content() const
     {
         QFile open(file());
         return open.open(QIODevice::ReadOnly) ? open.readAll() : QByteArray();
     }
 
-    static inline const QString type = QStringLiteral("test_type");
-    static inline const QString sound = QStringLiteral("zepa_sound_notification_method");
+    static inline const QString type = u"test_type"_s;
+    static inline const QString sound = u"zepa_sound_notification_method"_s;
 
     QTemporaryDir m_folder;
     SmallDisk m_disk;

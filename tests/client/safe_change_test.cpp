@@ -4,6 +4,8 @@
 
 #include <sys/stat.h>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 using zepa::RuleBackup;
@@ -12,7 +14,7 @@ using zepa::SafeChange;
 /// What this process has written so far, in bytes.
 qint64 writtenBytes()
 {
-    QFile io(QStringLiteral("/proc/self/io"));
+    QFile io(u"/proc/self/io"_s);
     if (!io.open(QIODevice::ReadOnly))
         return -1;
     const QByteArrayList lines = io.readAll().split('\n');
@@ -84,7 +86,7 @@ TEST_F(SafeChangeTest, LosesNoStoredRuleOnADiskThatGetsFull)
         start();
         EXPECT_EQ(count(), stored);
     }
-    QFile::remove(m_folder.filePath(QStringLiteral("filler")));
+    QFile::remove(m_folder.filePath(u"filler"_s));
     EXPECT_GT(stored, 10);
 }
 
@@ -130,7 +132,7 @@ TEST_F(SafeChangeTest, WritesAFileOfManyRulesAFewTimesAndNotOnceForEachOfThem)
     const qint64 before = writtenBytes();
     EXPECT_EQ(change([&] {
                   QList<ZepaField> fields = m_module->getMethods().value(sound)->fields;
-                  fields.first().setText(QStringLiteral("other.wav"));
+                  fields.first().setText(u"other.wav"_s);
                   zepa::updateRule(*m_module, type, sound, fields);
               }),
               SafeChange::Stored);
@@ -152,9 +154,9 @@ TEST_F(SafeChangeTest, CreatesFilesForItsUserAloneAndLeavesTheUmaskAsItWas)
     };
     EXPECT_EQ(mode(file()), 0600U);
     EXPECT_EQ(mode(QFileInfo(file()).path()), 0700U);
-    EXPECT_EQ(mode(m_folder.filePath(QStringLiteral("rules-backup"))), 0700U);
-    EXPECT_EQ(mode(m_folder.filePath(QStringLiteral("rules-backup/copies"))), 0700U);
-    EXPECT_EQ(mode(m_folder.filePath(QStringLiteral("rules-backup/copies/") + type)), 0600U);
+    EXPECT_EQ(mode(m_folder.filePath(u"rules-backup"_s)), 0700U);
+    EXPECT_EQ(mode(m_folder.filePath(u"rules-backup/copies"_s)), 0700U);
+    EXPECT_EQ(mode(m_folder.filePath(u"rules-backup/copies/"_s + type)), 0600U);
 }
 
 TEST_F(SafeChangeTest, ChangesNothingWhileAnotherClientHasTheFiles)

@@ -6,14 +6,15 @@
 
 #include <gtest/gtest.h>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 using zepa::cli::Script;
 
-Script read(const QByteArray& content, const QString& folder = QStringLiteral("/nonexistent"))
+Script read(const QByteArray& content, const QString& folder = u"/nonexistent"_s)
 {
-    return zepa::cli::readScript(content, QStringLiteral("demo.jsonl"), {folder, folder},
-                                 {QStringLiteral("email_notify"), QStringLiteral("logged_in")});
+    return zepa::cli::readScript(content, u"demo.jsonl"_s, {folder, folder}, {u"email_notify"_s, u"logged_in"_s});
 }
 
 std::string onlyProblem(const QByteArray& content)
@@ -27,7 +28,7 @@ std::string onlyProblem(const QByteArray& content)
 TEST(ScriptTest, ReadsEveryField)
 {
     QTemporaryDir folder;
-    QFile picture(folder.filePath(QStringLiteral("p.png")));
+    QFile picture(folder.filePath(u"p.png"_s));
     ASSERT_TRUE(picture.open(QIODevice::WriteOnly));
     const Script script = read(R"({"at":1.5,"type":"logged_in","title":"T","text":"X","icon":"p.png","buddy":"B",)"
                                R"("action":"https://example.org/a?b=c"})",
@@ -36,12 +37,12 @@ TEST(ScriptTest, ReadsEveryField)
     ASSERT_EQ(script.events.size(), 1);
     const zepa::cli::Event& event = script.events.constFirst();
     EXPECT_EQ(event.at, 1.5);
-    EXPECT_EQ(event.type, QStringLiteral("logged_in"));
-    EXPECT_EQ(event.title, QStringLiteral("T"));
-    EXPECT_EQ(event.text, QStringLiteral("X"));
+    EXPECT_EQ(event.type, u"logged_in"_s);
+    EXPECT_EQ(event.title, u"T"_s);
+    EXPECT_EQ(event.text, u"X"_s);
     EXPECT_EQ(event.icon, picture.fileName());
-    EXPECT_EQ(event.buddy, QStringLiteral("B"));
-    EXPECT_EQ(event.action, QStringLiteral("https://example.org/a?b=c"));
+    EXPECT_EQ(event.buddy, u"B"_s);
+    EXPECT_EQ(event.action, u"https://example.org/a?b=c"_s);
 }
 
 TEST(ScriptTest, LeavesFieldsThatAreNotGivenNull)
@@ -92,7 +93,7 @@ TEST(ScriptTest, RefusesTimesThatGoBackOrAreNone)
     for (const char* at : {"-1", "86401", "1e300", "\"1\"", "null", "true", "[]", "{}"}) {
         const Script script = read("{\"at\":" + QByteArray(at) + ",\"type\":\"logged_in\",\"title\":\"a\"}");
         ASSERT_EQ(script.problems.size(), 1) << at;
-        EXPECT_TRUE(script.problems[0].contains(QStringLiteral("field \"at\""))) << at;
+        EXPECT_TRUE(script.problems[0].contains(u"field \"at\""_s)) << at;
     }
 }
 
@@ -104,8 +105,8 @@ TEST(ScriptTest, RefusesLinesThatAreNoObject)
           QByteArray("{\"a\":").repeated(100000)}) {
         const Script script = read(line);
         ASSERT_EQ(script.problems.size(), 1) << line.left(20).constData();
-        EXPECT_TRUE(script.problems[0].startsWith(QStringLiteral("demo.jsonl:1: not a JSON object: ")) ||
-                    script.problems[0] == QStringLiteral("demo.jsonl:1: expected one JSON object per line, got a list"))
+        EXPECT_TRUE(script.problems[0].startsWith(u"demo.jsonl:1: not a JSON object: "_s) ||
+                    script.problems[0] == u"demo.jsonl:1: expected one JSON object per line, got a list"_s)
             << script.problems[0].toStdString();
         EXPECT_LT(script.problems[0].size(), 400);
     }
@@ -122,8 +123,8 @@ TEST(ScriptTest, NamesTwentyProblemsAndCountsTheRest)
     EXPECT_EQ(exact.problems.size(), 20);
     const Script flood = read(QByteArray("{}\n").repeated(10000));
     ASSERT_EQ(flood.problems.size(), 21);
-    EXPECT_EQ(flood.problems[19], QStringLiteral("demo.jsonl:10: field \"title\": required field is missing"));
-    EXPECT_EQ(flood.problems[20], QStringLiteral("demo.jsonl: and 19980 more"));
+    EXPECT_EQ(flood.problems[19], u"demo.jsonl:10: field \"title\": required field is missing"_s);
+    EXPECT_EQ(flood.problems[20], u"demo.jsonl: and 19980 more"_s);
 }
 
 TEST(ScriptTest, KeepsNoEventsBesideProblems)
@@ -151,12 +152,12 @@ TEST(ScriptTest, RefusesLongLines)
 
 TEST(ScriptTest, IsReadInPieces)
 {
-    zepa::cli::ScriptReader reader(QByteArray("{}\n").repeated(10000), QStringLiteral("demo.jsonl"), {}, {});
+    zepa::cli::ScriptReader reader(QByteArray("{}\n").repeated(10000), u"demo.jsonl"_s, {}, {});
     int pieces = 1;
     while (reader.readOn())
         ++pieces;
     EXPECT_GE(pieces, 10);
-    EXPECT_EQ(reader.take().problems.constLast(), QStringLiteral("demo.jsonl: and 19980 more"));
+    EXPECT_EQ(reader.take().problems.constLast(), u"demo.jsonl: and 19980 more"_s);
 }
 
 TEST(ScriptTest, KeepsMessagesOnOneLine)

@@ -10,31 +10,32 @@
 
 #include <gtest/gtest.h>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 using zepa::Settings;
 
 ZepaField limitField()
 {
-    return ZepaField::spinBox({}, QStringLiteral("duplicated_notifications_time"), 300, 0, 5, {}, {});
+    return ZepaField::spinBox({}, u"duplicated_notifications_time"_s, 300, 0, 5, {}, {});
 }
 
 ZepaField alertsField()
 {
-    return ZepaField::comboBox({}, QStringLiteral("alerts"),
-                               {QStringLiteral("never"), QStringLiteral("always"), QStringLiteral("buddies_only")}, {},
-                               QStringLiteral("buddies_only"), {});
+    return ZepaField::comboBox({}, u"alerts"_s, {u"never"_s, u"always"_s, u"buddies_only"_s}, {}, u"buddies_only"_s,
+                               {});
 }
 
 class SettingsTest : public testing::Test
 {
 protected:
-    QString folder() const { return m_home.path() + QStringLiteral("/settings"); }
+    QString folder() const { return m_home.path() + u"/settings"_s; }
 
     void write(const QByteArray& content)
     {
         QDir().mkpath(folder());
-        QFile file(folder() + QStringLiteral("/settings.ini"));
+        QFile file(folder() + u"/settings.ini"_s);
         ASSERT_TRUE(file.open(QIODevice::WriteOnly));
         file.write(content);
     }
@@ -46,7 +47,7 @@ TEST_F(SettingsTest, MakesTheNotificationsFolder)
 {
     const Settings settings(folder());
     EXPECT_TRUE(settings.isUsable());
-    EXPECT_TRUE(QFileInfo(folder() + QStringLiteral("/notifications")).isDir());
+    EXPECT_TRUE(QFileInfo(folder() + u"/notifications"_s).isDir());
 }
 
 TEST_F(SettingsTest, AreWhatTheLibraryGetsWhileTheyLive)
@@ -61,13 +62,12 @@ TEST_F(SettingsTest, AreWhatTheLibraryGetsWhileTheyLive)
 
 TEST_F(SettingsTest, GiveEveryFolderWithASeparatorAtItsEnd)
 {
-    for (const QString& name :
-         {folder(), folder() + u'/', folder() + QStringLiteral("//"), folder() + QStringLiteral("/../settings")}) {
+    for (const QString& name : {folder(), folder() + u'/', folder() + u"//"_s, folder() + u"/../settings"_s}) {
         const Settings settings(name);
         EXPECT_EQ(settings.getSettingsDir(), folder() + u'/');
         for (const QString& theme :
              {settings.getCurrentThemeDir(), settings.getCurrentRosterThemeDir(), settings.getCurrentSoundThemeDir()})
-            EXPECT_TRUE(theme.endsWith(u'/') && !theme.endsWith(QStringLiteral("//"))) << theme.toStdString();
+            EXPECT_TRUE(theme.endsWith(u'/') && !theme.endsWith(u"//"_s)) << theme.toStdString();
     }
 }
 
@@ -76,8 +76,8 @@ TEST_F(SettingsTest, MakeARelativeFolderAbsolute)
     const QString before = QDir::currentPath();
     ASSERT_TRUE(QDir::setCurrent(m_home.path()));
     {
-        const Settings settings(QStringLiteral("here"));
-        EXPECT_EQ(settings.getSettingsDir(), QDir::currentPath() + QStringLiteral("/here/"));
+        const Settings settings(u"here"_s);
+        EXPECT_EQ(settings.getSettingsDir(), QDir::currentPath() + u"/here/"_s);
         EXPECT_TRUE(settings.isUsable());
     }
     QDir::setCurrent(before);
@@ -89,7 +89,7 @@ TEST_F(SettingsTest, AreNotUsableWhereAFileStandsInTheWay)
     ASSERT_TRUE(file.open(QIODevice::WriteOnly));
     Settings settings(folder());
     EXPECT_FALSE(settings.isUsable());
-    EXPECT_FALSE(settings.store(limitField(), QStringLiteral("9")));
+    EXPECT_FALSE(settings.store(limitField(), u"9"_s));
     EXPECT_EQ(settings.readGlobalSetting(limitField()).getIntValue(), 5);
 }
 
@@ -97,7 +97,7 @@ TEST_F(SettingsTest, GiveTheFieldsOwnValueUntilOneIsStored)
 {
     const Settings settings(folder());
     EXPECT_EQ(settings.readGlobalSetting(limitField()).getIntValue(), 5);
-    EXPECT_EQ(settings.readGlobalSetting(alertsField()).getSelectedId(), QStringLiteral("buddies_only"));
+    EXPECT_EQ(settings.readGlobalSetting(alertsField()).getSelectedId(), u"buddies_only"_s);
     EXPECT_EQ(settings.readGlobalSetting(ZepaField()).getType(), 0);
 }
 
@@ -105,21 +105,21 @@ TEST_F(SettingsTest, KeepAStoredValueForTheNextStart)
 {
     {
         Settings settings(folder());
-        EXPECT_TRUE(settings.store(limitField(), QStringLiteral("300")));
-        EXPECT_TRUE(settings.store(alertsField(), QStringLiteral("never")));
+        EXPECT_TRUE(settings.store(limitField(), u"300"_s));
+        EXPECT_TRUE(settings.store(alertsField(), u"never"_s));
         EXPECT_EQ(settings.readGlobalSetting(limitField()).getIntValue(), 300);
     }
     const Settings settings(folder());
     EXPECT_EQ(settings.readGlobalSetting(limitField()).getIntValue(), 300);
-    EXPECT_EQ(settings.readGlobalSetting(alertsField()).getSelectedId(), QStringLiteral("never"));
+    EXPECT_EQ(settings.readGlobalSetting(alertsField()).getSelectedId(), u"never"_s);
 }
 
 TEST_F(SettingsTest, RefuseToStoreWhatTheFieldDoesNotAllow)
 {
     Settings settings(folder());
-    EXPECT_FALSE(settings.store(limitField(), QStringLiteral("301")));
-    EXPECT_FALSE(settings.store(alertsField(), QStringLiteral("loud")));
-    EXPECT_FALSE(settings.store(ZepaField(), QStringLiteral("x")));
+    EXPECT_FALSE(settings.store(limitField(), u"301"_s));
+    EXPECT_FALSE(settings.store(alertsField(), u"loud"_s));
+    EXPECT_FALSE(settings.store(ZepaField(), u"x"_s));
     EXPECT_EQ(settings.readGlobalSetting(limitField()).getIntValue(), 5);
     EXPECT_FALSE(QFileInfo::exists(settings.settingsFile()));
 }
@@ -131,15 +131,14 @@ TEST_F(SettingsTest, TakeAStoredValueThatTheFieldDoesNotAllowAsNeverStored)
         write("[General]\nduplicated_notifications_time=" + value + "\nsound_theme=" + value + '\n');
         const Settings settings(folder());
         EXPECT_EQ(settings.readGlobalSetting(limitField()).getIntValue(), 5) << value.constData();
-        const ZepaField theme = ZepaField::comboBox({}, QStringLiteral("sound_theme"), {QStringLiteral("default")}, {},
-                                                    QStringLiteral("default"), {});
-        EXPECT_EQ(settings.readGlobalSetting(theme).getSelectedId(), QStringLiteral("default")) << value.constData();
+        const ZepaField theme = ZepaField::comboBox({}, u"sound_theme"_s, {u"default"_s}, {}, u"default"_s, {});
+        EXPECT_EQ(settings.readGlobalSetting(theme).getSelectedId(), u"default"_s) << value.constData();
     }
 }
 
 TEST_F(SettingsTest, HandOnAChoiceForAlertsThatNobodyOffersAsItIsStored)
 {
-    for (const QString& value : {QStringLiteral("sometimes"), QStringLiteral("Always"), QStringLiteral("")}) {
+    for (const QString& value : {u"sometimes"_s, u"Always"_s, u""_s}) {
         write("[General]\nalerts=" + value.toUtf8() + '\n');
         const Settings settings(folder());
         const ZepaField field = settings.readGlobalSetting(alertsField());
@@ -149,8 +148,8 @@ TEST_F(SettingsTest, HandOnAChoiceForAlertsThatNobodyOffersAsItIsStored)
     // A field of another type has no choice to hand on.
     write("[General]\nalerts=sometimes\n");
     const Settings settings(folder());
-    const ZepaField box = ZepaField::checkBox({}, QStringLiteral("alerts"), true, {}, {});
-    EXPECT_EQ(settings.readGlobalSetting(box).getText(), QStringLiteral("true"));
+    const ZepaField box = ZepaField::checkBox({}, u"alerts"_s, true, {}, {});
+    EXPECT_EQ(settings.readGlobalSetting(box).getText(), u"true"_s);
 }
 
 TEST_F(SettingsTest, ReadWhatAPersonWrote)
@@ -158,7 +157,7 @@ TEST_F(SettingsTest, ReadWhatAPersonWrote)
     write("; mine\nduplicated_notifications_time = 17\r\nalerts=\"always\"\n\n[other]\nalerts=never\n");
     const Settings settings(folder());
     EXPECT_EQ(settings.readGlobalSetting(limitField()).getIntValue(), 17);
-    EXPECT_EQ(settings.readGlobalSetting(alertsField()).getSelectedId(), QStringLiteral("always"));
+    EXPECT_EQ(settings.readGlobalSetting(alertsField()).getSelectedId(), u"always"_s);
 }
 
 TEST_F(SettingsTest, SurviveAFileThatIsNone)
@@ -176,9 +175,9 @@ TEST_F(SettingsTest, KeepWhatElseIsInTheFile)
     write("[windows]\nchat=12\n");
     {
         Settings settings(folder());
-        ASSERT_TRUE(settings.store(limitField(), QStringLiteral("8")));
+        ASSERT_TRUE(settings.store(limitField(), u"8"_s));
     }
-    QFile file(folder() + QStringLiteral("/settings.ini"));
+    QFile file(folder() + u"/settings.ini"_s);
     ASSERT_TRUE(file.open(QIODevice::ReadOnly));
     const QByteArray content = file.readAll();
     EXPECT_TRUE(content.contains("chat=12")) << content.constData();
@@ -189,7 +188,7 @@ TEST_F(SettingsTest, AnswerFromMemory)
 {
     write("[General]\nduplicated_notifications_time=17\n");
     const Settings settings(folder());
-    ASSERT_TRUE(QFile::remove(folder() + QStringLiteral("/settings.ini")));
+    ASSERT_TRUE(QFile::remove(folder() + u"/settings.ini"_s));
     EXPECT_EQ(settings.readGlobalSetting(limitField()).getIntValue(), 17);
 }
 
@@ -201,20 +200,19 @@ TEST(GlobalSettings, HoldTheTwoThatTheLibraryReadsAndOneForEachTheme)
         EXPECT_NE(setting.getType(), 0);
         EXPECT_FALSE(setting.getLabel().isEmpty());
     }
-    EXPECT_EQ(ids, QStringList({QStringLiteral("duplicated_notifications_time"), QStringLiteral("alerts"),
-                                QStringLiteral("icon_theme"), QStringLiteral("roster_theme"),
-                                QStringLiteral("sound_theme")}));
+    EXPECT_EQ(ids, QStringList({u"duplicated_notifications_time"_s, u"alerts"_s, u"icon_theme"_s, u"roster_theme"_s,
+                                u"sound_theme"_s}));
     EXPECT_EQ(zepa::globalSettings().at(0).getIntValue(), 5);
     EXPECT_EQ(zepa::globalSettings().at(0).getUpperBound(), 300);
-    EXPECT_EQ(zepa::globalSettings().at(1).getSelectedId(), QStringLiteral("buddies_only"));
+    EXPECT_EQ(zepa::globalSettings().at(1).getSelectedId(), u"buddies_only"_s);
 }
 
 TEST(BaseFolders, FollowTheirVariables)
 {
     qputenv("XDG_CONFIG_HOME", "/somewhere/config");
     qputenv("XDG_DATA_HOME", "/somewhere/data/");
-    EXPECT_EQ(zepa::configFolder(), QStringLiteral("/somewhere/config/zepa/"));
-    EXPECT_EQ(zepa::dataFolder(), QStringLiteral("/somewhere/data/zepa/"));
+    EXPECT_EQ(zepa::configFolder(), u"/somewhere/config/zepa/"_s);
+    EXPECT_EQ(zepa::dataFolder(), u"/somewhere/data/zepa/"_s);
 }
 
 TEST(BaseFolders, HaveTheirDefaultsWhereAVariableIsUnsetEmptyOrRelative)
@@ -223,11 +221,11 @@ TEST(BaseFolders, HaveTheirDefaultsWhereAVariableIsUnsetEmptyOrRelative)
     for (const char* value : {"", "config", "./config"}) {
         qputenv("XDG_CONFIG_HOME", value);
         qputenv("XDG_DATA_HOME", value);
-        EXPECT_EQ(zepa::configFolder(), home + QStringLiteral("/.config/zepa/"));
-        EXPECT_EQ(zepa::dataFolder(), home + QStringLiteral("/.local/share/zepa/"));
+        EXPECT_EQ(zepa::configFolder(), home + u"/.config/zepa/"_s);
+        EXPECT_EQ(zepa::dataFolder(), home + u"/.local/share/zepa/"_s);
     }
     qunsetenv("XDG_CONFIG_HOME");
-    EXPECT_EQ(zepa::configFolder(), home + QStringLiteral("/.config/zepa/"));
+    EXPECT_EQ(zepa::configFolder(), home + u"/.config/zepa/"_s);
 }
 
 } // namespace

@@ -10,6 +10,8 @@
 #include <sys/mount.h>
 #include <unistd.h>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 void writeTo(const char* path, const QByteArray& text)
@@ -45,15 +47,14 @@ QString SmallDisk::mountAt(const QString& folder)
 {
     if (!enterNamespace() || mount(nullptr, "/", nullptr, MS_REC | MS_PRIVATE, nullptr) != 0 ||
         mount("none", QFile::encodeName(folder).constData(), "tmpfs", 0, "size=64k") != 0)
-        return QStringLiteral("a disk of 64 KiB cannot be mounted here: %1")
-            .arg(QString::fromLocal8Bit(strerror(errno)));
+        return u"a disk of 64 KiB cannot be mounted here: %1"_s.arg(QString::fromLocal8Bit(strerror(errno)));
     m_folder = folder;
     return {};
 }
 
 void SmallDisk::fill() const
 {
-    QFile filler(m_folder + QStringLiteral("/filler"));
+    QFile filler(m_folder + u"/filler"_s);
     if (!filler.open(QIODevice::Append | QIODevice::Unbuffered))
         return;
     for (const qsizetype size : {4096, 1}) {

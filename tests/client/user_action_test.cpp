@@ -10,6 +10,8 @@
 
 #include <gtest/gtest.h>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 using zepa::cli::problemWithAction;
@@ -31,7 +33,7 @@ protected:
         return program;
     }
 
-    QString result() const { return m_folder.filePath(QStringLiteral("result")); }
+    QString result() const { return m_folder.filePath(u"result"_s); }
 
     /// What the program wrote; it runs on its own, so there is something to wait for.
     QByteArray written() const
@@ -58,39 +60,39 @@ TEST_F(UserAction, IsAnAddressOrACommandThatIsThere)
 
 TEST_F(UserAction, StartsACommandWithoutAShell)
 {
-    const QString program = makeProgram(QStringLiteral("program"));
+    const QString program = makeProgram(u"program"_s);
     qputenv("XDG_ACTIVATION_TOKEN", "the-token");
-    startAction(program + QStringLiteral(" one \"two words\" $(id) ;rm * 'a b' c\\ d"));
+    startAction(program + u" one \"two words\" $(id) ;rm * 'a b' c\\ d"_s);
     EXPECT_EQ(written(), "one\ntwo words\n$(id)\n;rm\n*\na b\nc d\ntoken=the-token\n");
 }
 
 TEST_F(UserAction, IsRefusedWhenItCannotBeTakenApart)
 {
     for (const char16_t* open : {u"true \"x", u"true 'x", u"true x\\"})
-        EXPECT_TRUE(problemWithAction(QString::fromUtf16(open)).contains(QStringLiteral("quote")))
+        EXPECT_TRUE(problemWithAction(QString::fromUtf16(open)).contains(u"quote"_s))
             << QString::fromUtf16(open).toStdString();
-    EXPECT_EQ(problemWithAction(QStringLiteral("'true' 'x y'")), QString());
+    EXPECT_EQ(problemWithAction(u"'true' 'x y'"_s), QString());
 }
 
 TEST_F(UserAction, MayBeAProgramInTheFolderInWhichItRuns)
 {
-    makeProgram(QStringLiteral("program"));
-    const QString action = QStringLiteral("./program x");
+    makeProgram(u"program"_s);
+    const QString action = u"./program x"_s;
     EXPECT_EQ(problemWithAction(action, m_folder.path()), QString());
-    EXPECT_FALSE(problemWithAction(action, QStringLiteral("/nonexistent")).isEmpty());
-    EXPECT_FALSE(problemWithAction(QStringLiteral("program x"), m_folder.path()).isEmpty());
+    EXPECT_FALSE(problemWithAction(action, u"/nonexistent"_s).isEmpty());
+    EXPECT_FALSE(problemWithAction(u"program x"_s, m_folder.path()).isEmpty());
     // A folder of that name is no program.
-    ASSERT_TRUE(QDir(m_folder.path()).mkdir(QStringLiteral("folder")));
-    EXPECT_FALSE(problemWithAction(QStringLiteral("./folder"), m_folder.path()).isEmpty());
+    ASSERT_TRUE(QDir(m_folder.path()).mkdir(u"folder"_s));
+    EXPECT_FALSE(problemWithAction(u"./folder"_s, m_folder.path()).isEmpty());
     startAction(action, m_folder.path());
     EXPECT_EQ(written(), "x\ntoken=\n");
 }
 
 TEST_F(UserAction, OpensAnAddressWithTheDesktopsProgram)
 {
-    makeProgram(QStringLiteral("xdg-open"));
+    makeProgram(u"xdg-open"_s);
     qputenv("PATH", m_folder.path().toLocal8Bit() + ":" + qgetenv("PATH"));
-    startAction(QStringLiteral("https://example.org/a?b=c&d=e"));
+    startAction(u"https://example.org/a?b=c&d=e"_s);
     EXPECT_EQ(written(), "https://example.org/a?b=c&d=e\ntoken=\n");
 }
 

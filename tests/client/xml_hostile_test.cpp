@@ -3,6 +3,8 @@
 
 #include <gtest/gtest.h>
 
+using namespace Qt::StringLiterals;
+
 // What takes more than linear time or memory here does not end within the time that a test has.
 
 namespace {
@@ -45,15 +47,15 @@ TEST(HostileXml, AMillionLevelsThatAreNotClosedAreNull)
 
 TEST(HostileXml, AMillionLevelsAreBuiltAndTakenDownFromBothEnds)
 {
-    ZepaXmlNode top(QStringLiteral("a"), {}, nullptr);
+    ZepaXmlNode top(u"a"_s, {}, nullptr);
     ZepaXmlNode bottom = top;
     for (qsizetype i = 1; i < million; ++i)
-        bottom = bottom.addChild(QStringLiteral("a"), {});
+        bottom = bottom.addChild(u"a"_s, {});
     EXPECT_EQ(depthOf(top), million);
 
-    ZepaXmlNode tree(QStringLiteral("b"), {}, nullptr);
+    ZepaXmlNode tree(u"b"_s, {}, nullptr);
     for (qsizetype i = 1; i < million; ++i) {
-        ZepaXmlNode above(QStringLiteral("b"), {}, nullptr);
+        ZepaXmlNode above(u"b"_s, {}, nullptr);
         above.appendChild(tree);
         tree = above;
     }
@@ -69,18 +71,18 @@ TEST(HostileXml, AMillionChildrenKeepTheirOrder)
     const ZepaXmlNode node = read("<r>" + QByteArray("<a/>x<b/>").repeated(million / 2) + "</r>");
     const QList<ZepaXmlNode> children = node.getChildNodes();
     ASSERT_EQ(children.size(), million);
-    EXPECT_EQ(children.constLast().name(), QStringLiteral("b"));
+    EXPECT_EQ(children.constLast().name(), u"b"_s);
     EXPECT_EQ(node.text().size(), million / 2);
 }
 
 TEST(HostileXml, TwentyMegabytesOfTextComeBack)
 {
     const QString text = QString(20 * million, u'x') + QString(100000, QChar(0xD800));
-    ZepaXmlNode node(QStringLiteral("r"), text, nullptr);
-    node.setAttribute(QStringLiteral("a"), text);
+    ZepaXmlNode node(u"r"_s, text, nullptr);
+    node.setAttribute(u"a"_s, text);
     const ZepaXmlNode back = read(node.toByteArray(-1));
     EXPECT_TRUE(back.text() == text);
-    EXPECT_TRUE(back.getAttribute(QStringLiteral("a")) == text);
+    EXPECT_TRUE(back.getAttribute(u"a"_s) == text);
 }
 
 TEST(HostileXml, EntitiesOfTheDocumentAreNotExpanded)
@@ -118,7 +120,7 @@ TEST(HostileXml, AnElementHasAtMost256Attributes)
             xml += " a" + QByteArray::number(i) + "='>'";
         return xml + "/>";
     };
-    EXPECT_EQ(read(element(256)).getAttribute(QStringLiteral("a255")), QStringLiteral(">"));
+    EXPECT_EQ(read(element(256)).getAttribute(u"a255"_s), u">"_s);
     EXPECT_TRUE(read(element(257)).isNull());
     EXPECT_TRUE(read(element(million)).isNull());
     const QString wide = QString::fromLatin1(element(300000));

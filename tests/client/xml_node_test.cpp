@@ -3,6 +3,8 @@
 
 #include <gtest/gtest.h>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 ZepaXmlNode read(const QByteArray& xml)
@@ -19,51 +21,51 @@ TEST(XmlNode, IsNullUntilItHasAName)
     EXPECT_TRUE(node.toByteArray(-1).isEmpty());
     node.setContent("<a/>");
     EXPECT_FALSE(node.isNull());
-    EXPECT_EQ(node.name(), QStringLiteral("a"));
+    EXPECT_EQ(node.name(), u"a"_s);
 }
 
 TEST(XmlNode, ReadsNamesTextsAttributesAndChildrenInOrder)
 {
     const ZepaXmlNode node =
         read("<?xml version='1.0'?><!-- c --><r x='1' y='&lt;2'>be<b>one</b>fore<c/><b>two</b></r>");
-    EXPECT_EQ(node.text(), QStringLiteral("before"));
-    EXPECT_EQ(node.getAttribute(QStringLiteral("x")), QStringLiteral("1"));
-    EXPECT_EQ(node.getAttribute(QStringLiteral("y")), QStringLiteral("<2"));
-    EXPECT_TRUE(node.getAttribute(QStringLiteral("z")).isNull());
+    EXPECT_EQ(node.text(), u"before"_s);
+    EXPECT_EQ(node.getAttribute(u"x"_s), u"1"_s);
+    EXPECT_EQ(node.getAttribute(u"y"_s), u"<2"_s);
+    EXPECT_TRUE(node.getAttribute(u"z"_s).isNull());
     const QList<ZepaXmlNode> children = node.getChildNodes();
     ASSERT_EQ(children.size(), 3);
-    EXPECT_EQ(children[0].text(), QStringLiteral("one"));
-    EXPECT_EQ(children[1].name(), QStringLiteral("c"));
+    EXPECT_EQ(children[0].text(), u"one"_s);
+    EXPECT_EQ(children[1].name(), u"c"_s);
     EXPECT_TRUE(children[1].text().isEmpty());
-    EXPECT_EQ(children[2].text(), QStringLiteral("two"));
+    EXPECT_EQ(children[2].text(), u"two"_s);
 }
 
 TEST(XmlNode, TakesBlanksBetweenElementsForLayout)
 {
     const ZepaXmlNode node = read("<r>\n  <a> </a>\n  <b/>\n</r>");
     EXPECT_TRUE(node.text().isEmpty());
-    EXPECT_EQ(node.getChildNodes().at(0).text(), QStringLiteral(" "));
+    EXPECT_EQ(node.getChildNodes().at(0).text(), u" "_s);
 }
 
 TEST(XmlNode, ReadsCommentsAndCharacterDataSections)
 {
     const ZepaXmlNode node = read("<r><!-- \"' > < --><![CDATA[<x a=\"]]>b</r>");
-    EXPECT_EQ(node.text(), QStringLiteral("<x a=\"b"));
+    EXPECT_EQ(node.text(), u"<x a=\"b"_s);
     EXPECT_FALSE(node.hasChildNodes());
 }
 
 TEST(XmlNode, ReadsPrefixesThatNobodyDeclared)
 {
     const ZepaXmlNode node = read("<p:r q:x='1' xmlns='u:v'/>");
-    EXPECT_EQ(node.name(), QStringLiteral("p:r"));
-    EXPECT_EQ(node.getAttribute(QStringLiteral("q:x")), QStringLiteral("1"));
-    EXPECT_EQ(read(node.toByteArray(-1)).name(), QStringLiteral("p:r"));
+    EXPECT_EQ(node.name(), u"p:r"_s);
+    EXPECT_EQ(node.getAttribute(u"q:x"_s), u"1"_s);
+    EXPECT_EQ(read(node.toByteArray(-1)).name(), u"p:r"_s);
 }
 
 TEST(XmlNode, ReadsOtherEncodings)
 {
-    const QString text = QStringLiteral("<r>gr\u00FC\u00DFe \U0001F600</r>");
-    const QString expected = QStringLiteral("gr\u00FC\u00DFe \U0001F600");
+    const QString text = u"<r>gr\u00FC\u00DFe \U0001F600</r>"_s;
+    const QString expected = u"gr\u00FC\u00DFe \U0001F600"_s;
     const QByteArray utf16(reinterpret_cast<const char*>(text.utf16()), text.size() * 2);
     EXPECT_EQ(read(text.toUtf8()).text(), expected);
     EXPECT_EQ(read("\xEF\xBB\xBF" + text.toUtf8()).text(), expected);
@@ -72,7 +74,7 @@ TEST(XmlNode, ReadsOtherEncodings)
     EXPECT_EQ(read("<?xml version='1.0' encoding='ISO-8859-1'?><r>gr\xFC\xDF"
                    "e</r>")
                   .text(),
-              QStringLiteral("gr\u00FC\u00DFe"));
+              u"gr\u00FC\u00DFe"_s);
 }
 
 TEST(XmlNode, IsNullAfterContentThatIsNotWellFormed)
@@ -95,70 +97,70 @@ TEST(XmlNode, IsNullAfterContentThatIsNotWellFormed)
 
 TEST(XmlNode, ForgetsItsOldContentWithTheNew)
 {
-    ZepaXmlNode node(QStringLiteral("old"), QStringLiteral("text"), nullptr);
-    node.addChild(QStringLiteral("child"), {});
-    node.setAttribute(QStringLiteral("a"), QStringLiteral("1"));
+    ZepaXmlNode node(u"old"_s, u"text"_s, nullptr);
+    node.addChild(u"child"_s, {});
+    node.setAttribute(u"a"_s, u"1"_s);
     const ZepaXmlNode sameElement = node; // NOLINT(performance-unnecessary-copy-initialization): a second handle
     node.setContent("<new/>");
-    EXPECT_EQ(sameElement.name(), QStringLiteral("new"));
+    EXPECT_EQ(sameElement.name(), u"new"_s);
     EXPECT_FALSE(sameElement.hasChildNodes());
-    EXPECT_TRUE(sameElement.getAttribute(QStringLiteral("a")).isNull());
+    EXPECT_TRUE(sameElement.getAttribute(u"a"_s).isNull());
     node.setContent("<broken>");
     EXPECT_TRUE(sameElement.isNull());
 }
 
 TEST(XmlNode, HandlesMeanTheSameElement)
 {
-    ZepaXmlNode node(QStringLiteral("r"), {}, nullptr);
+    ZepaXmlNode node(u"r"_s, {}, nullptr);
     ZepaXmlNode handle = node;
-    handle.addChild(QStringLiteral("a"), QStringLiteral("x"));
+    handle.addChild(u"a"_s, u"x"_s);
     ZepaXmlNode child = node.getChildNodes().constFirst();
-    child.setAttribute(QStringLiteral("k"), QStringLiteral("v"));
+    child.setAttribute(u"k"_s, u"v"_s);
     EXPECT_EQ(node.toByteArray(-1), "<?xml version=\"1.0\" encoding=\"UTF-8\"?><r><a k=\"v\">x</a></r>\n");
 }
 
 TEST(XmlNode, AttachesItselfBehindTheLastChildOfItsParent)
 {
-    ZepaXmlNode parent(QStringLiteral("r"), {}, nullptr);
-    parent.addChild(QStringLiteral("a"), {});
-    const ZepaXmlNode child(QStringLiteral("b"), QStringLiteral("x"), &parent);
+    ZepaXmlNode parent(u"r"_s, {}, nullptr);
+    parent.addChild(u"a"_s, {});
+    const ZepaXmlNode child(u"b"_s, u"x"_s, &parent);
     ASSERT_EQ(parent.getChildNodes().size(), 2);
-    EXPECT_EQ(parent.getChildNodes().at(1).text(), QStringLiteral("x"));
+    EXPECT_EQ(parent.getChildNodes().at(1).text(), u"x"_s);
 }
 
 TEST(XmlNode, OutlivesItsParent)
 {
     ZepaXmlNode child({}, {}, nullptr);
     {
-        ZepaXmlNode parent(QStringLiteral("r"), {}, nullptr);
-        child = parent.addChild(QStringLiteral("a"), QStringLiteral("x"));
-        child.addChild(QStringLiteral("b"), QStringLiteral("y"));
+        ZepaXmlNode parent(u"r"_s, {}, nullptr);
+        child = parent.addChild(u"a"_s, u"x"_s);
+        child.addChild(u"b"_s, u"y"_s);
     }
-    EXPECT_EQ(child.text(), QStringLiteral("x"));
-    EXPECT_EQ(child.getChildNodes().constFirst().text(), QStringLiteral("y"));
+    EXPECT_EQ(child.text(), u"x"_s);
+    EXPECT_EQ(child.getChildNodes().constFirst().text(), u"y"_s);
 }
 
 TEST(XmlNode, SharesAnElementThatIsAppendedTwice)
 {
-    ZepaXmlNode a(QStringLiteral("a"), {}, nullptr);
-    ZepaXmlNode b(QStringLiteral("b"), {}, nullptr);
-    ZepaXmlNode shared(QStringLiteral("s"), {}, nullptr);
+    ZepaXmlNode a(u"a"_s, {}, nullptr);
+    ZepaXmlNode b(u"b"_s, {}, nullptr);
+    ZepaXmlNode shared(u"s"_s, {}, nullptr);
     a.appendChild(shared);
     b.appendChild(shared);
-    shared.addChild(QStringLiteral("x"), {});
+    shared.addChild(u"x"_s, {});
     EXPECT_TRUE(a.getChildNodes().constFirst().hasChildNodes());
     EXPECT_TRUE(b.getChildNodes().constFirst().hasChildNodes());
 }
 
 TEST(XmlNode, RefusesNullNodesAndCircles)
 {
-    ZepaXmlNode root(QStringLiteral("r"), {}, nullptr);
+    ZepaXmlNode root(u"r"_s, {}, nullptr);
     root.appendChild(ZepaXmlNode({}, {}, nullptr));
     EXPECT_FALSE(root.hasChildNodes());
     root.appendChild(root);
     EXPECT_FALSE(root.hasChildNodes());
-    ZepaXmlNode child = root.addChild(QStringLiteral("a"), {});
-    ZepaXmlNode grandchild = child.addChild(QStringLiteral("b"), {});
+    ZepaXmlNode child = root.addChild(u"a"_s, {});
+    ZepaXmlNode grandchild = child.addChild(u"b"_s, {});
     grandchild.appendChild(root);
     grandchild.appendChild(child);
     EXPECT_FALSE(grandchild.hasChildNodes());
@@ -169,16 +171,16 @@ TEST(XmlNode, RefusesNullNodesAndCircles)
 TEST(XmlNode, FindsACircleThroughManySharedElements)
 {
     // Each element holds the next one twice: without a memory of what was seen, the search would take 2^60 steps.
-    ZepaXmlNode top(QStringLiteral("top"), {}, nullptr);
+    ZepaXmlNode top(u"top"_s, {}, nullptr);
     ZepaXmlNode bottom = top;
     for (int level = 0; level < 60; ++level) {
-        const ZepaXmlNode next = bottom.addChild(QStringLiteral("n"), {});
+        const ZepaXmlNode next = bottom.addChild(u"n"_s, {});
         bottom.appendChild(next);
         bottom = next;
     }
-    const ZepaXmlNode leaf = bottom.addChild(QStringLiteral("leaf"), {});
-    ZepaXmlNode other(QStringLiteral("o"), {}, nullptr);
-    ZepaXmlNode inner = other.addChild(QStringLiteral("i"), {});
+    const ZepaXmlNode leaf = bottom.addChild(u"leaf"_s, {});
+    ZepaXmlNode other(u"o"_s, {}, nullptr);
+    ZepaXmlNode inner = other.addChild(u"i"_s, {});
     inner.appendChild(top);
     EXPECT_TRUE(inner.hasChildNodes());
     bottom.appendChild(inner);
@@ -188,16 +190,16 @@ TEST(XmlNode, FindsACircleThroughManySharedElements)
 
 TEST(XmlNode, LeavesNamelessChildrenOutOfTheDocument)
 {
-    ZepaXmlNode root(QStringLiteral("r"), {}, nullptr);
-    root.addChild({}, QStringLiteral("x")).addChild(QStringLiteral("y"), {});
+    ZepaXmlNode root(u"r"_s, {}, nullptr);
+    root.addChild({}, u"x"_s).addChild(u"y"_s, {});
     EXPECT_EQ(root.toByteArray(2), "<?xml version=\"1.0\" encoding=\"UTF-8\"?><r/>\n");
 }
 
 TEST(XmlNode, IndentsByTheWidthThatIsAskedFor)
 {
-    ZepaXmlNode root(QStringLiteral("r"), {}, nullptr);
-    root.addChild(QStringLiteral("a"), QStringLiteral("x")).addChild(QStringLiteral("in"), {});
-    root.addChild(QStringLiteral("b"), {}).addChild(QStringLiteral("c"), {});
+    ZepaXmlNode root(u"r"_s, {}, nullptr);
+    root.addChild(u"a"_s, u"x"_s).addChild(u"in"_s, {});
+    root.addChild(u"b"_s, {}).addChild(u"c"_s, {});
     const QByteArray declaration = "<?xml version=\"1.0\" encoding=\"UTF-8\"?>";
     EXPECT_EQ(root.toByteArray(-1), declaration + "<r><a>x<in/></a><b><c/></b></r>\n");
     EXPECT_EQ(root.toByteArray(2), declaration + "<r>\n  <a>x<in/></a>\n  <b>\n    <c/>\n  </b>\n</r>\n");
@@ -206,13 +208,13 @@ TEST(XmlNode, IndentsByTheWidthThatIsAskedFor)
 
 TEST(XmlNode, GivesAnAttributeWithoutValueAnEmptyOne)
 {
-    ZepaXmlNode node(QStringLiteral("r"), {}, nullptr);
-    node.setAttribute(QStringLiteral("a"), QString());
-    EXPECT_FALSE(node.getAttribute(QStringLiteral("a")).isNull());
-    node.setAttribute(QString(), QStringLiteral("x"));
+    ZepaXmlNode node(u"r"_s, {}, nullptr);
+    node.setAttribute(u"a"_s, QString());
+    EXPECT_FALSE(node.getAttribute(u"a"_s).isNull());
+    node.setAttribute(QString(), u"x"_s);
     EXPECT_TRUE(node.getAttribute(QString()).isNull());
-    node.setAttribute(QStringLiteral("a"), QStringLiteral("2"));
-    EXPECT_EQ(node.getAttribute(QStringLiteral("a")), QStringLiteral("2"));
+    node.setAttribute(u"a"_s, u"2"_s);
+    EXPECT_EQ(node.getAttribute(u"a"_s), u"2"_s);
 }
 
 } // namespace

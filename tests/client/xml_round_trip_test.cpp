@@ -5,6 +5,8 @@
 
 #include <gtest/gtest.h>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 /// Where XML and its writers go wrong: what cannot be said, what is changed on the way, what is markup.
@@ -36,7 +38,7 @@ void grow(ZepaXmlNode& node, QRandomGenerator& random, int depth)
 /// Everything that can be asked of a tree, in one text.
 QString inWords(const ZepaXmlNode& node)
 {
-    QString words = QStringLiteral("(%1|%2|").arg(node.name(), node.text());
+    QString words = u"(%1|%2|"_s.arg(node.name(), node.text());
     const QList<ZepaXmlNode> children = node.getChildNodes();
     for (const ZepaXmlNode& child : children)
         words += inWords(child);
@@ -62,23 +64,22 @@ TEST(XmlRoundTrip, BringsBackEveryTree)
 
 TEST(XmlRoundTrip, BringsBackEverySingleUnitInTextsAndAttributes)
 {
-    ZepaXmlNode tree(QStringLiteral("r"), {}, nullptr);
+    ZepaXmlNode tree(u"r"_s, {}, nullptr);
     for (int unit = 0; unit <= 0xFFFF; ++unit)
-        tree.addChild(QStringLiteral("n"), QString(QChar(unit)))
-            .setAttribute(QStringLiteral("a"), u'x' + QString(QChar(unit)) + u'y');
+        tree.addChild(u"n"_s, QString(QChar(unit))).setAttribute(u"a"_s, u'x' + QString(QChar(unit)) + u'y');
     ZepaXmlNode read({}, {}, nullptr);
     read.setContent(tree.toByteArray(-1));
     const QList<ZepaXmlNode> nodes = read.getChildNodes();
     ASSERT_EQ(nodes.size(), 0x10000);
     for (int unit = 0; unit <= 0xFFFF; ++unit) {
         ASSERT_EQ(nodes[unit].text(), QString(QChar(unit))) << unit;
-        ASSERT_EQ(nodes[unit].getAttribute(QStringLiteral("a")), u'x' + QString(QChar(unit)) + u'y') << unit;
+        ASSERT_EQ(nodes[unit].getAttribute(u"a"_s), u'x' + QString(QChar(unit)) + u'y') << unit;
     }
 }
 
 TEST(XmlRoundTrip, KeepsPairsOfSurrogatesReadable)
 {
-    const ZepaXmlNode node(QStringLiteral("r"), QStringLiteral("\U0001F600\U0010FFFF\U0001FFFE"), nullptr);
+    const ZepaXmlNode node(u"r"_s, u"\U0001F600\U0010FFFF\U0001FFFE"_s, nullptr);
     const QByteArray xml = node.toByteArray(-1);
     EXPECT_TRUE(xml.contains("\xF0\x9F\x98\x80")) << xml.constData();
     ZepaXmlNode read({}, {}, nullptr);
@@ -88,8 +89,8 @@ TEST(XmlRoundTrip, KeepsPairsOfSurrogatesReadable)
 
 TEST(XmlRoundTrip, KeepsOrdinaryTextsAsOtherProgramsWouldWriteThem)
 {
-    ZepaXmlNode node(QStringLiteral("r"), QStringLiteral("C:\\x & <y>\n"), nullptr);
-    node.setAttribute(QStringLiteral("a"), QStringLiteral("1\n\"2\""));
+    ZepaXmlNode node(u"r"_s, u"C:\\x & <y>\n"_s, nullptr);
+    node.setAttribute(u"a"_s, u"1\n\"2\""_s);
     const QByteArray xml = node.toByteArray(-1);
     EXPECT_FALSE(xml.contains("zepa-")) << xml.constData();
     EXPECT_TRUE(xml.contains("C:\\x &amp; &lt;y&gt;\n<")) << xml.constData();
@@ -97,7 +98,7 @@ TEST(XmlRoundTrip, KeepsOrdinaryTextsAsOtherProgramsWouldWriteThem)
 
 TEST(XmlRoundTrip, WritesWhatXmlCannotSayAsInstructions)
 {
-    const ZepaXmlNode node(QStringLiteral("r"), QStringLiteral("a") + QChar(0xD800) + QChar(1) + u'b', nullptr);
+    const ZepaXmlNode node(u"r"_s, u"a"_s + QChar(0xD800) + QChar(1) + u'b', nullptr);
     EXPECT_TRUE(node.toByteArray(-1).contains("<r>a<?zepa-text d800 1?>b</r>")) << node.toByteArray(-1).constData();
 }
 
@@ -107,9 +108,9 @@ TEST(XmlRoundTrip, PassesOverInstructionsThatItDidNotWrite)
     node.setContent(
         "<?zepa-text 61?><r><?zepa-text 61 x?><?zepa-text 61  62?><?zepa-text 10000?><?zepa-name ?>"
         "<?zepa-attribute 61?><?zepa-attribute =61?><?zepa-attribute x=61?><?other 61?></r><?zepa-name 61?>");
-    EXPECT_EQ(node.name(), QStringLiteral("r"));
+    EXPECT_EQ(node.name(), u"r"_s);
     EXPECT_TRUE(node.text().isEmpty());
-    EXPECT_TRUE(node.getAttribute(QStringLiteral("a")).isNull());
+    EXPECT_TRUE(node.getAttribute(u"a"_s).isNull());
 }
 
 } // namespace

@@ -5,6 +5,8 @@
 
 #include <array>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 struct Expected
@@ -53,7 +55,7 @@ TEST_F(Catalogue, HoldsExactlyTheEighteenTypesOfTheTable)
         EXPECT_EQ(notification->getName(), QString::fromLatin1(expected.name));
         EXPECT_EQ(notification->getDescription(), QString::fromLatin1(expected.description));
     }
-    EXPECT_EQ(type(QStringLiteral("typing_stoped_notify"))->getName(), QStringLiteral("Typing stoped"));
+    EXPECT_EQ(type(u"typing_stoped_notify"_s)->getName(), u"Typing stoped"_s);
 }
 
 TEST_F(Catalogue, RegistersInTheOrderOfTheTable)
@@ -73,7 +75,7 @@ TEST_F(Catalogue, LeavesEveryThirdTextEmptyAndDescribesMailByItsName)
     ZepaNotificationModule::init();
     for (const ZepaNotification* notification : module().getNotifications())
         EXPECT_TRUE(notification->getExtra().isEmpty());
-    EXPECT_EQ(type(QStringLiteral("email_notify"))->getDescription(), type(QStringLiteral("email_notify"))->getName());
+    EXPECT_EQ(type(u"email_notify"_s)->getDescription(), type(u"email_notify"_s)->getName());
 }
 
 TEST_F(Catalogue, TranslatesNameAndDescriptionUnderCommentsOfTheirOwn)
@@ -81,9 +83,9 @@ TEST_F(Catalogue, TranslatesNameAndDescriptionUnderCommentsOfTheirOwn)
     module();
     const MarkingTranslator::Installed translator;
     ZepaNotificationModule::init();
-    const ZepaNotification* alert = type(QStringLiteral("alert_sent_notify"));
-    EXPECT_EQ(alert->getName(), QStringLiteral("Alert sent|translation|notification event"));
-    EXPECT_EQ(alert->getDescription(), QStringLiteral("Alert sent|translation|notification event description"));
+    const ZepaNotification* alert = type(u"alert_sent_notify"_s);
+    EXPECT_EQ(alert->getName(), u"Alert sent|translation|notification event"_s);
+    EXPECT_EQ(alert->getDescription(), u"Alert sent|translation|notification event description"_s);
 }
 
 TEST_F(Catalogue, TranslatesEachDescriptionBeforeItsName)
@@ -95,7 +97,7 @@ TEST_F(Catalogue, TranslatesEachDescriptionBeforeItsName)
     QCoreApplication::removeTranslator(&translator);
     QStringList expected;
     for (std::size_t i = 0; i < expectedTypes.size(); ++i)
-        expected << QStringLiteral("notification event description") << QStringLiteral("notification event");
+        expected << u"notification event description"_s << u"notification event"_s;
     EXPECT_EQ(translator.heard, expected);
 }
 
@@ -103,12 +105,12 @@ TEST_F(Catalogue, ChangesNothingWhenItIsFilledTwice)
 {
     module();
     ZepaNotificationModule::init();
-    const ZepaNotification* mail = type(QStringLiteral("email_notify"));
-    const qsizetype rules = module().getRules(type(QStringLiteral("email_notify"))).size();
+    const ZepaNotification* mail = type(u"email_notify"_s);
+    const qsizetype rules = module().getRules(type(u"email_notify"_s)).size();
     ZepaNotificationModule::init();
     EXPECT_EQ(module().getNotifications().size(), 18);
-    EXPECT_EQ(type(QStringLiteral("email_notify")), mail);
-    EXPECT_EQ(module().getRules(type(QStringLiteral("email_notify"))).size(), rules);
+    EXPECT_EQ(type(u"email_notify"_s), mail);
+    EXPECT_EQ(module().getRules(type(u"email_notify"_s)).size(), rules);
 }
 
 TEST_F(Catalogue, GivesAMethodThatIsInstalledAfterItStoredRulesOrElseDefaults)
@@ -116,15 +118,15 @@ TEST_F(Catalogue, GivesAMethodThatIsInstalledAfterItStoredRulesOrElseDefaults)
     ProbeMethod probe;
     for (const Expected& expected : expectedTypes)
         probe.setDefaultNotificationConfig(QString::fromLatin1(expected.id), {});
-    host.writeRuleFile(QStringLiteral("message_sent"), "<rules/>");
-    host.writeRuleFile(QStringLiteral("typing_started_notify"), "<rules><probe><config/></probe></rules>");
+    host.writeRuleFile(u"message_sent"_s, "<rules/>");
+    host.writeRuleFile(u"typing_started_notify"_s, "<rules><probe><config/></probe></rules>");
     module();
     ZepaNotificationModule::init();
     module().installNotificationMethod(&probe);
-    EXPECT_EQ(module().getNotificationRule(QStringLiteral("message_sent"), probe.getId()), nullptr);
-    EXPECT_NE(module().getNotificationRule(QStringLiteral("typing_started_notify"), probe.getId()), nullptr);
+    EXPECT_EQ(module().getNotificationRule(u"message_sent"_s, probe.getId()), nullptr);
+    EXPECT_NE(module().getNotificationRule(u"typing_started_notify"_s, probe.getId()), nullptr);
     // No file, because no built-in method has a default for it.
-    EXPECT_NE(module().getNotificationRule(QStringLiteral("typing_stoped_notify"), probe.getId()), nullptr);
+    EXPECT_NE(module().getNotificationRule(u"typing_stoped_notify"_s, probe.getId()), nullptr);
 }
 
 TEST_F(Catalogue, GivesAMethodThatIsInstalledBeforeItStoredRulesOrElseDefaults)
@@ -132,24 +134,21 @@ TEST_F(Catalogue, GivesAMethodThatIsInstalledBeforeItStoredRulesOrElseDefaults)
     ProbeMethod probe;
     for (const Expected& expected : expectedTypes)
         probe.setDefaultNotificationConfig(QString::fromLatin1(expected.id), {});
-    host.writeRuleFile(QStringLiteral("message_sent"), "<rules/>");
-    host.writeRuleFile(QStringLiteral("typing_started_notify"), "<rules><probe><config/></probe></rules>");
+    host.writeRuleFile(u"message_sent"_s, "<rules/>");
+    host.writeRuleFile(u"typing_started_notify"_s, "<rules><probe><config/></probe></rules>");
     module().installNotificationMethod(&probe);
     ZepaNotificationModule::init();
-    EXPECT_EQ(module().getNotificationRule(QStringLiteral("message_sent"), probe.getId()), nullptr);
-    EXPECT_EQ(module().getRules(type(QStringLiteral("typing_started_notify"))).size(), 1);
-    EXPECT_NE(module().getNotificationRule(QStringLiteral("email_notify"), probe.getId()), nullptr);
+    EXPECT_EQ(module().getNotificationRule(u"message_sent"_s, probe.getId()), nullptr);
+    EXPECT_EQ(module().getRules(type(u"typing_started_notify"_s)).size(), 1);
+    EXPECT_NE(module().getNotificationRule(u"email_notify"_s, probe.getId()), nullptr);
 }
 
 TEST_F(Catalogue, WritesNoRuleFileForATypeThatNoMethodHasADefaultFor)
 {
     module();
     ZepaNotificationModule::init();
-    EXPECT_EQ(
-        host.ruleFiles(),
-        QStringList({QStringLiteral("alert_received_notify"), QStringLiteral("alert_sent_notify"),
-                     QStringLiteral("buddy_changed_status"), QStringLiteral("buddy_connected"),
-                     QStringLiteral("email_notify"), QStringLiteral("error_notify"), QStringLiteral("info_notify"),
-                     QStringLiteral("logged_in"), QStringLiteral("message_received"),
-                     QStringLiteral("message_received_background"), QStringLiteral("message_received_initial")}));
+    EXPECT_EQ(host.ruleFiles(),
+              QStringList({u"alert_received_notify"_s, u"alert_sent_notify"_s, u"buddy_changed_status"_s,
+                           u"buddy_connected"_s, u"email_notify"_s, u"error_notify"_s, u"info_notify"_s, u"logged_in"_s,
+                           u"message_received"_s, u"message_received_background"_s, u"message_received_initial"_s}));
 }

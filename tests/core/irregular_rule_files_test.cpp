@@ -13,6 +13,8 @@
 #include <functional>
 #include <utility>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 /// Called once after the library has looked at a file by its name, when set.
@@ -32,8 +34,8 @@ extern "C" Q_DECL_EXPORT int stat(const char* path, struct stat* found) noexcept
 
 namespace {
 
-const QString event = QStringLiteral("event");
-const QString other = QStringLiteral("other");
+const QString event = u"event"_s;
+const QString other = u"other"_s;
 const QByteArray oneRule = "<rules><probe><fields/></probe></rules>";
 
 class IrregularRuleFiles : public ModuleTest
@@ -135,8 +137,7 @@ TEST_F(IrregularRuleFiles, AreNotWrittenToWhenTheyTakeTheFilesPlaceInBetween)
 TEST_F(IrregularRuleFiles, WithoutAnEndOfTheirOwnAreNotReadWithoutEnd)
 {
     // A regular file without a size, of which some 256 gigabytes can be read.
-    if (!QFile::link(QStringLiteral("/proc/self/pagemap"), host.ruleFile(event)) ||
-        !QFileInfo(host.ruleFile(event)).isFile())
+    if (!QFile::link(u"/proc/self/pagemap"_s, host.ruleFile(event)) || !QFileInfo(host.ruleFile(event)).isFile())
         GTEST_SKIP() << "the system has no /proc/self/pagemap";
     registerType(event);
     EXPECT_TRUE(module().getRules(type(event)).isEmpty());
@@ -157,7 +158,7 @@ TEST_F(IrregularRuleFiles, OfTwoGigabytesGiveNoRulesAndAreReplacedByTheNextStore
 
 TEST_F(IrregularRuleFiles, AreNotTheLinksThatLeadToARegularFile)
 {
-    const QString target = host.settings.filePath(QStringLiteral("elsewhere"));
+    const QString target = host.settings.filePath(u"elsewhere"_s);
     QFile file(target);
     ASSERT_TRUE(file.open(QIODevice::WriteOnly) && file.write(oneRule) > 0);
     file.close();
@@ -173,10 +174,10 @@ TEST_F(IrregularRuleFiles, AreNotTheLinksThatLeadToARegularFile)
 
 TEST_F(IrregularRuleFiles, AreNotThoseThatAreNotThereYet)
 {
-    ASSERT_TRUE(QFile::link(host.settings.filePath(QStringLiteral("later")), host.ruleFile(event)));
+    ASSERT_TRUE(QFile::link(host.settings.filePath(u"later"_s), host.ruleFile(event)));
     registerType(event);
     EXPECT_EQ(module().getRules(type(event)).size(), 1);
-    EXPECT_TRUE(QFileInfo(host.settings.filePath(QStringLiteral("later"))).isFile());
+    EXPECT_TRUE(QFileInfo(host.settings.filePath(u"later"_s)).isFile());
 }
 
 class IrregularMainIcon : public ModuleTest, public testing::WithParamInterface<Irregular>
@@ -185,8 +186,8 @@ class IrregularMainIcon : public ModuleTest, public testing::WithParamInterface<
 TEST_P(IrregularMainIcon, IsShownWithoutAPicture)
 {
     QTemporaryDir theme;
-    ASSERT_TRUE(QDir(theme.path()).mkdir(QStringLiteral("icons")));
-    if (!makeIrregular(GetParam(), theme.filePath(QStringLiteral("icons/unavail.png"))))
+    ASSERT_TRUE(QDir(theme.path()).mkdir(u"icons"_s));
+    if (!makeIrregular(GetParam(), theme.filePath(u"icons/unavail.png"_s)))
         GTEST_SKIP() << "the path of the temporary folder is too long for a socket";
     host.rosterThemeDir = theme.path() + QLatin1Char('/');
     const TrayIconRecord& record = host.icons[module().getTrayIcon()];

@@ -8,9 +8,11 @@
 
 #include <limits>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
-const QString event = QStringLiteral("event");
+const QString event = u"event"_s;
 
 /// Opens one private member to this test, which cannot post four thousand million times.
 template <auto member>
@@ -28,11 +30,11 @@ using ModuleRecords = ModuleTest;
 
 TEST_F(ModuleRecords, KeepAllFourTexts)
 {
-    module().registerNotification(event, QStringLiteral("name"), QStringLiteral("extra"), QStringLiteral("why"));
+    module().registerNotification(event, u"name"_s, u"extra"_s, u"why"_s);
     EXPECT_EQ(type(event)->getId(), event);
-    EXPECT_EQ(type(event)->getName(), QStringLiteral("name"));
-    EXPECT_EQ(type(event)->getExtra(), QStringLiteral("extra"));
-    EXPECT_EQ(type(event)->getDescription(), QStringLiteral("why"));
+    EXPECT_EQ(type(event)->getName(), u"name"_s);
+    EXPECT_EQ(type(event)->getExtra(), u"extra"_s);
+    EXPECT_EQ(type(event)->getDescription(), u"why"_s);
 }
 
 TEST_F(ModuleRecords, ArePairedWithAMethodByItsObjectAndNotByItsIdentifier)
@@ -56,7 +58,7 @@ TEST_F(ModuleRecords, LoseAMethodWhenAnotherObjectWithItsIdentifierIsUninstalled
     module().installNotificationMethod(&installed);
     module().uninstallNotificationMethod(&twin);
     EXPECT_FALSE(module().getMethods().contains(installed.getId()));
-    ProbeMethod stranger(QStringLiteral("stranger"));
+    ProbeMethod stranger(u"stranger"_s);
     const qsizetype before = module().getMethods().size();
     module().uninstallNotificationMethod(&stranger);
     EXPECT_EQ(module().getMethods().size(), before);
@@ -65,18 +67,18 @@ TEST_F(ModuleRecords, LoseAMethodWhenAnotherObjectWithItsIdentifierIsUninstalled
 TEST_F(ModuleRecords, OfTheCallersOwnGetRulesAndAFileToo)
 {
     ProbeMethod probe;
-    ZepaNotification foreign(QStringLiteral("foreign"), QString(), QString(), QString());
+    ZepaNotification foreign(u"foreign"_s, QString(), QString(), QString());
     QList<ZepaField> config;
     ZepaNotificationRule* rule = module().addNotificationRule(&foreign, &probe, config);
     ASSERT_NE(rule, nullptr);
     EXPECT_EQ(module().getRules(&foreign), QList<ZepaNotificationRule*>({rule}));
-    EXPECT_TRUE(host.readRuleFile(QStringLiteral("foreign")).contains("<probe>"));
+    EXPECT_TRUE(host.readRuleFile(u"foreign"_s).contains("<probe>"));
     EXPECT_TRUE(module().getNotifications().isEmpty());
-    post(QStringLiteral("foreign"), QStringLiteral("title"));
+    post(u"foreign"_s, u"title"_s);
     EXPECT_TRUE(probe.calls.isEmpty());
     module().removeNotificationRule(rule);
     EXPECT_TRUE(module().getRules(&foreign).isEmpty());
-    EXPECT_FALSE(host.readRuleFile(QStringLiteral("foreign")).contains("<probe>"));
+    EXPECT_FALSE(host.readRuleFile(u"foreign"_s).contains("<probe>"));
 }
 
 TEST_F(ModuleRecords, CountPostingsUpToTheLargestNumberAndBeginAgain)
@@ -85,8 +87,8 @@ TEST_F(ModuleRecords, CountPostingsUpToTheLargestNumberAndBeginAgain)
     registerType(event);
     addRule(event, probe);
     sequenceOf(module()) = std::numeric_limits<unsigned int>::max();
-    post(event, QStringLiteral("last"));
-    post(event, QStringLiteral("first"));
+    post(event, u"last"_s);
+    post(event, u"first"_s);
     ASSERT_EQ(probe.calls.size(), 2);
     EXPECT_EQ(probe.calls[0].sequence, 4294967295U);
     EXPECT_EQ(probe.calls[1].sequence, 0U);
@@ -95,11 +97,11 @@ TEST_F(ModuleRecords, CountPostingsUpToTheLargestNumberAndBeginAgain)
 TEST_F(ModuleRecords, ShowThePictureWhosePathFollowsTheRosterFolderWithoutASeparatorOfItsOwn)
 {
     const QTemporaryDir folder;
-    ASSERT_TRUE(QDir(folder.path()).mkdir(QStringLiteral("rostericons")));
+    ASSERT_TRUE(QDir(folder.path()).mkdir(u"rostericons"_s));
     QPixmap picture(5, 7);
     picture.fill(Qt::red);
-    ASSERT_TRUE(picture.save(folder.filePath(QStringLiteral("rostericons/unavail.png"))));
-    host.rosterThemeDir = folder.filePath(QStringLiteral("roster"));
+    ASSERT_TRUE(picture.save(folder.filePath(u"rostericons/unavail.png"_s)));
+    host.rosterThemeDir = folder.filePath(u"roster"_s);
     EXPECT_EQ(host.icons[module().getTrayIcon()].icon.availableSizes(), QList<QSize>({QSize(5, 7)}));
 }
 
@@ -109,7 +111,7 @@ TEST_F(ModuleRecords, OfTheCatalogueAreFilledInWithoutASettingAnIconOrAFile)
     const QList<ZepaNotificationMethod*> builtIn = module().getMethods().values();
     for (ZepaNotificationMethod* method : builtIn)
         module().uninstallNotificationMethod(method);
-    module().setTrayIcon(QStringLiteral("mail"), QIcon());
+    module().setTrayIcon(u"mail"_s, QIcon());
     const auto iconCalls = [this] {
         QStringList calls;
         for (const ZepaTrayIcon* icon : std::as_const(host.iconsMade))

@@ -4,10 +4,12 @@
 #include "host/tray_icon.h"
 #include "listening_translator.h"
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
-const QString event = QStringLiteral("event");
-const QString other = QStringLiteral("other");
+const QString event = u"event"_s;
+const QString other = u"other"_s;
 
 using Module = ModuleTest;
 
@@ -25,15 +27,15 @@ TEST_F(Module, IsMadeOnceAndAfreshAfterItsEnd)
 TEST_F(Module, ShowsTheMainIconWithTheRosterThemesPicture)
 {
     QTemporaryDir theme;
-    QDir(theme.path()).mkdir(QStringLiteral("icons"));
+    QDir(theme.path()).mkdir(u"icons"_s);
     QPixmap picture(5, 7);
     picture.fill(Qt::red);
-    ASSERT_TRUE(picture.save(theme.filePath(QStringLiteral("icons/unavail.png"))));
+    ASSERT_TRUE(picture.save(theme.filePath(u"icons/unavail.png"_s)));
     host.rosterThemeDir = theme.path() + QLatin1Char('/');
 
     const ZepaTrayIcon* icon = module().getTrayIcon();
     const TrayIconRecord& record = host.icons[icon];
-    EXPECT_EQ(record.calls, QStringList({QStringLiteral("made"), QStringLiteral("icon"), QStringLiteral("visible")}));
+    EXPECT_EQ(record.calls, QStringList({u"made"_s, u"icon"_s, u"visible"_s}));
     EXPECT_EQ(record.icon.availableSizes().value(0), QSize(5, 7));
     EXPECT_EQ(icon->parent(), nullptr);
 }
@@ -42,10 +44,8 @@ TEST_F(Module, InstallsTheFourBuiltInMethods)
 {
     QStringList ids = module().getMethods().keys();
     ids.sort();
-    EXPECT_EQ(
-        ids, QStringList({QStringLiteral("zepa_chat_window_notification_method"),
-                          QStringLiteral("zepa_dock_bounce_notification_method"),
-                          QStringLiteral("zepa_hint_notification"), QStringLiteral("zepa_sound_notification_method")}));
+    EXPECT_EQ(ids, QStringList({u"zepa_chat_window_notification_method"_s, u"zepa_dock_bounce_notification_method"_s,
+                                u"zepa_hint_notification"_s, u"zepa_sound_notification_method"_s}));
 }
 
 TEST_F(Module, KeepsTheFirstOfTwoTypesWithOneIdentifier)
@@ -53,10 +53,10 @@ TEST_F(Module, KeepsTheFirstOfTwoTypesWithOneIdentifier)
     ProbeMethod probe;
     probe.setDefaultNotificationConfig(event, {});
     module().installNotificationMethod(&probe);
-    module().registerNotification(event, QStringLiteral("first"), QString(), QString());
+    module().registerNotification(event, u"first"_s, QString(), QString());
     probe.registered.clear();
-    module().registerNotification(event, QStringLiteral("second"), QString(), QString());
-    EXPECT_EQ(type(event)->getName(), QStringLiteral("first"));
+    module().registerNotification(event, u"second"_s, QString(), QString());
+    EXPECT_EQ(type(event)->getName(), u"first"_s);
     EXPECT_TRUE(probe.registered.isEmpty());
     EXPECT_EQ(module().getRules(type(event)).size(), 1);
 }
@@ -96,26 +96,25 @@ TEST_F(Module, GivesNoRuleToAMethodWhoseDefaultWasNeverSet)
 TEST_F(Module, GivesARuleWithTheMethodsOwnFieldsWhenItsDefaultIsAnEmptyList)
 {
     ProbeMethod probe;
-    probe.fields = {ProbeMethod::box(QStringLiteral("box"), true)};
+    probe.fields = {ProbeMethod::box(u"box"_s, true)};
     probe.setDefaultNotificationConfig(event, {});
     module().installNotificationMethod(&probe);
     registerType(event);
     ASSERT_NE(module().getNotificationRule(event, probe.getId()), nullptr);
-    EXPECT_EQ(textOf(module().getNotificationRule(event, probe.getId())->getConfig(), QStringLiteral("box")),
-              QStringLiteral("true"));
+    EXPECT_EQ(textOf(module().getNotificationRule(event, probe.getId())->getConfig(), u"box"_s), u"true"_s);
 }
 
 TEST_F(Module, GivesADefaultRuleToEveryMethodOfAFirstRegistration)
 {
-    ProbeMethod first(QStringLiteral("first"));
-    ProbeMethod second(QStringLiteral("second"));
+    ProbeMethod first(u"first"_s);
+    ProbeMethod second(u"second"_s);
     for (ProbeMethod* probe : {&first, &second}) {
         probe->setDefaultNotificationConfig(event, {});
         module().installNotificationMethod(probe);
     }
     registerType(event);
-    EXPECT_NE(module().getNotificationRule(event, QStringLiteral("first")), nullptr);
-    EXPECT_NE(module().getNotificationRule(event, QStringLiteral("second")), nullptr);
+    EXPECT_NE(module().getNotificationRule(event, u"first"_s), nullptr);
+    EXPECT_NE(module().getNotificationRule(event, u"second"_s), nullptr);
 }
 
 TEST_F(Module, GivesDefaultRulesForKnownTypesToAMethodThatIsInstalledLater)
@@ -132,13 +131,12 @@ TEST_F(Module, GivesDefaultRulesForKnownTypesToAMethodThatIsInstalledLater)
 TEST_F(Module, CreatesARuleForAOneFieldDefaultOfAnotherType)
 {
     ProbeMethod probe;
-    probe.fields = {ProbeMethod::box(QStringLiteral("box"))};
-    probe.setDefaultNotificationConfig(event, {ProbeMethod::box(QStringLiteral("box"), true)});
+    probe.fields = {ProbeMethod::box(u"box"_s)};
+    probe.setDefaultNotificationConfig(event, {ProbeMethod::box(u"box"_s, true)});
     module().installNotificationMethod(&probe);
     registerType(event);
     ASSERT_NE(module().getNotificationRule(event, probe.getId()), nullptr);
-    EXPECT_EQ(textOf(module().getNotificationRule(event, probe.getId())->getConfig(), QStringLiteral("box")),
-              QStringLiteral("true"));
+    EXPECT_EQ(textOf(module().getNotificationRule(event, probe.getId())->getConfig(), u"box"_s), u"true"_s);
 }
 
 TEST_F(Module, CreatesARuleForALongerDefaultThatBeginsWithAFieldWithoutAType)
@@ -168,7 +166,7 @@ TEST_F(Module, StillPostsThroughAMethodThatWasUninstalledButFindsItNoMore)
     EXPECT_EQ(module().updateNotificationRule(event, probe.getId(), config), nullptr);
     module().removeNotificationRule(event, probe.getId());
     EXPECT_EQ(host.readRuleFile(event), stored);
-    post(event, QStringLiteral("title"));
+    post(event, u"title"_s);
     EXPECT_EQ(probe.calls.size(), 1);
 }
 
@@ -177,15 +175,15 @@ TEST_F(Module, FindsNoRuleForUnknownIdentifiers)
     ProbeMethod probe;
     module().installNotificationMethod(&probe);
     registerType(event);
-    EXPECT_EQ(module().getNotificationRule(QStringLiteral("unknown"), probe.getId()), nullptr);
-    EXPECT_EQ(module().getNotificationRule(event, QStringLiteral("unknown")), nullptr);
+    EXPECT_EQ(module().getNotificationRule(u"unknown"_s, probe.getId()), nullptr);
+    EXPECT_EQ(module().getNotificationRule(event, u"unknown"_s), nullptr);
     EXPECT_EQ(module().getNotificationRule(event, probe.getId()), nullptr);
 }
 
 TEST_F(Module, FindsNoRuleOfAnotherMethod)
 {
     ProbeMethod probe;
-    ProbeMethod without(QStringLiteral("without"));
+    ProbeMethod without(u"without"_s);
     module().installNotificationMethod(&probe);
     module().installNotificationMethod(&without);
     registerType(event);
@@ -199,9 +197,9 @@ TEST_F(Module, AddsNoRuleForUnknownIdentifiersAndWritesNothing)
     module().installNotificationMethod(&probe);
     registerType(event);
     QList<ZepaField> config;
-    EXPECT_EQ(module().addNotificationRule(QStringLiteral("unknown"), probe.getId(), config), nullptr);
-    EXPECT_EQ(module().addNotificationRule(event, QStringLiteral("unknown"), config), nullptr);
-    EXPECT_EQ(module().updateNotificationRule(QStringLiteral("unknown"), probe.getId(), config), nullptr);
+    EXPECT_EQ(module().addNotificationRule(u"unknown"_s, probe.getId(), config), nullptr);
+    EXPECT_EQ(module().addNotificationRule(event, u"unknown"_s, config), nullptr);
+    EXPECT_EQ(module().updateNotificationRule(u"unknown"_s, probe.getId(), config), nullptr);
     EXPECT_TRUE(host.ruleFiles().isEmpty());
 }
 
@@ -216,7 +214,7 @@ TEST_F(Module, KeepsBothOfTwoRulesForOnePairFindsTheNewerAndFiresBoth)
     EXPECT_NE(older, newer);
     EXPECT_EQ(module().getNotificationRule(event, probe.getId()), newer);
     EXPECT_EQ(module().getRules(type(event)), QList<ZepaNotificationRule*>({newer, older}));
-    post(event, QStringLiteral("title"));
+    post(event, u"title"_s);
     EXPECT_EQ(probe.calls.size(), 2);
 }
 
@@ -225,7 +223,7 @@ TEST_F(Module, AddsARuleForAMethodThatIsNotInstalledWhenGivenTheObjects)
     ProbeMethod probe;
     registerType(event);
     EXPECT_NE(addRule(event, probe), nullptr);
-    post(event, QStringLiteral("title"));
+    post(event, u"title"_s);
     EXPECT_EQ(probe.calls.size(), 1);
 }
 
@@ -246,8 +244,7 @@ TEST_F(Module, UpdateAddsARuleWhenThePairHasNoneAndWritesOnlyThatTypesFile)
 TEST_F(Module, UpdateOfAnExistingRuleRewritesEveryTypesFile)
 {
     ProbeMethod probe;
-    probe.fields = {ProbeMethod::text(QStringLiteral("one"), QStringLiteral("a")),
-                    ProbeMethod::text(QStringLiteral("two"), QStringLiteral("b"))};
+    probe.fields = {ProbeMethod::text(u"one"_s, u"a"_s), ProbeMethod::text(u"two"_s, u"b"_s)};
     module().installNotificationMethod(&probe);
     registerType(event);
     registerType(other);
@@ -255,10 +252,10 @@ TEST_F(Module, UpdateOfAnExistingRuleRewritesEveryTypesFile)
     addRule(other, probe);
     const QByteArray before = host.readRuleFile(other);
     host.writeRuleFile(other, "to be rewritten");
-    QList<ZepaField> config{ProbeMethod::text(QStringLiteral("two"), QStringLiteral("changed"))};
+    QList<ZepaField> config{ProbeMethod::text(u"two"_s, u"changed"_s)};
     EXPECT_EQ(module().updateNotificationRule(event, probe.getId(), config), rule);
-    EXPECT_EQ(textOf(rule->getConfig(), QStringLiteral("one")), QStringLiteral("a"));
-    EXPECT_EQ(textOf(rule->getConfig(), QStringLiteral("two")), QStringLiteral("changed"));
+    EXPECT_EQ(textOf(rule->getConfig(), u"one"_s), u"a"_s);
+    EXPECT_EQ(textOf(rule->getConfig(), u"two"_s), u"changed"_s);
     EXPECT_EQ(module().getRules(type(event)).size(), 1);
     EXPECT_EQ(host.readRuleFile(other).size(), before.size());
     EXPECT_TRUE(host.readRuleFile(event).contains("changed"));
@@ -293,8 +290,8 @@ TEST_F(Module, RemovesNothingForNullOrUnknownIdentifiers)
     registerType(event);
     addRule(event, probe);
     module().removeNotificationRule(nullptr);
-    module().removeNotificationRule(QStringLiteral("unknown"), probe.getId());
-    module().removeNotificationRule(event, QStringLiteral("unknown"));
+    module().removeNotificationRule(u"unknown"_s, probe.getId());
+    module().removeNotificationRule(event, u"unknown"_s);
     EXPECT_EQ(module().getRules(type(event)).size(), 1);
 }
 
@@ -320,12 +317,12 @@ TEST_F(Module, SurvivesAMethodThatInstallsAnotherWhileTypesAreRegistered)
         {
             ZepaNotificationModule::getInstance()->installNotificationMethod(&inner);
         }
-        ProbeMethod inner{QStringLiteral("inner")};
+        ProbeMethod inner{u"inner"_s};
     };
     Installer installer;
     module().installNotificationMethod(&installer);
     registerType(event);
-    EXPECT_EQ(module().getMethods().value(QStringLiteral("inner")), &installer.inner);
+    EXPECT_EQ(module().getMethods().value(u"inner"_s), &installer.inner);
     EXPECT_EQ(installer.inner.lists, QList<QStringList>({{event}}));
     EXPECT_TRUE(installer.inner.registered.isEmpty());
 }
@@ -336,8 +333,7 @@ TEST_F(Module, MakesTheMainIconFirstAndShowsItBeforeTheMethodsAreInstalled)
     QList<QStringList> seen;
     RecordingGrowl::whileRegistering = [&] { seen.append(host.icons[host.iconsMade.value(0)].calls); };
     module();
-    EXPECT_EQ(seen, QList<QStringList>({{QStringLiteral("made")},
-                                        {QStringLiteral("made"), QStringLiteral("icon"), QStringLiteral("visible")}}));
+    EXPECT_EQ(seen, QList<QStringList>({{u"made"_s}, {u"made"_s, u"icon"_s, u"visible"_s}}));
 }
 
 TEST_F(Module, MakesTheMethodForPopupsBeforeTheOneForSounds)
@@ -348,15 +344,15 @@ TEST_F(Module, MakesTheMethodForPopupsBeforeTheOneForSounds)
     module();
     QCoreApplication::removeTranslator(&translator);
     ASSERT_FALSE(translator.heard.isEmpty());
-    EXPECT_TRUE(translator.heard.constFirst().startsWith(QStringLiteral("sticky")));
-    EXPECT_EQ(translator.heard.constLast(), QStringLiteral("nc"));
+    EXPECT_TRUE(translator.heard.constFirst().startsWith(u"sticky"_s));
+    EXPECT_EQ(translator.heard.constLast(), u"nc"_s);
 }
 
 TEST_F(Module, IsNoLongerTheInstanceWhenItsIconsGoAndDeletesTheMainOneFirst)
 {
     const ZepaNotificationModule* old = &module();
     const ZepaTrayIcon* main = module().getTrayIcon();
-    const ZepaTrayIcon* mail = module().setTrayIcon(QStringLiteral("mail"), QIcon());
+    const ZepaTrayIcon* mail = module().setTrayIcon(u"mail"_s, QIcon());
     QList<const ZepaTrayIcon*> deleted;
     ZepaNotificationModule* fresh = nullptr;
     host.whenIconIsDeleted = [&](const ZepaTrayIcon* icon) {
@@ -446,19 +442,19 @@ TEST_F(Module, WritesOnlyTheTypesFileWhenARuleIsAddedOrRemoved)
 TEST_F(Module, DeletesItsIconsBeforeTheMethodsAndTheirWaitingActions)
 {
     // One of the types for which pop-ups are on by default.
-    const QString mail = QStringLiteral("email_notify");
+    const QString mail = u"email_notify"_s;
     registerType(mail);
-    module().setTrayIcon(QStringLiteral("mail"), QIcon());
+    module().setTrayIcon(u"mail"_s, QIcon());
     QStringList order;
     {
         const std::shared_ptr<int> token(new int, [&order](const int* value) {
             delete value;
-            order.append(QStringLiteral("action"));
+            order.append(u"action"_s);
         });
-        post(mail, QStringLiteral("title"), ZepaPluginAction([token] {}));
+        post(mail, u"title"_s, ZepaPluginAction([token] {}));
     }
     ASSERT_EQ(RecordingGrowl::popups.size(), 1);
-    host.whenIconIsDeleted = [&](const ZepaTrayIcon* /*icon*/) { order.append(QStringLiteral("icon")); };
+    host.whenIconIsDeleted = [&](const ZepaTrayIcon* /*icon*/) { order.append(u"icon"_s); };
     closeModule();
-    EXPECT_EQ(order, QStringList({QStringLiteral("icon"), QStringLiteral("icon"), QStringLiteral("action")}));
+    EXPECT_EQ(order, QStringList({u"icon"_s, u"icon"_s, u"action"_s}));
 }

@@ -3,11 +3,13 @@
 
 #include <stdexcept>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
-const QString event = QStringLiteral("event");
-const QString other = QStringLiteral("other");
-const QString title = QStringLiteral("title");
+const QString event = u"event"_s;
+const QString other = u"other"_s;
+const QString title = u"title"_s;
 
 class Posting : public ModuleTest
 {
@@ -19,7 +21,7 @@ protected:
     }
 
     ProbeMethod probe;
-    ProbeMethod second{QStringLiteral("second")};
+    ProbeMethod second{u"second"_s};
 };
 
 } // namespace
@@ -29,7 +31,7 @@ TEST_F(Posting, ReadsItsLimitFromASpinBoxOf300And0And5)
     post(event, title);
     ASSERT_EQ(host.settingsRead.size(), 1);
     const ZepaField field = host.settingsRead.first();
-    EXPECT_EQ(field.getId(), QStringLiteral("duplicated_notifications_time"));
+    EXPECT_EQ(field.getId(), u"duplicated_notifications_time"_s);
     EXPECT_EQ(field.getType(), ZepaField::SpinBox);
     EXPECT_EQ(field.getUpperBound(), 300);
     EXPECT_EQ(field.getLowerBound(), 0);
@@ -50,12 +52,10 @@ TEST_F(Posting, ReadsTheLimitAtEveryPosting)
 TEST_F(Posting, HandsAllTextsActionAndArgumentsToEveryRule)
 {
     addRule(event, probe);
-    module().postNotification(event, QStringLiteral("a"), QStringLiteral("b"), QStringLiteral("c"), QStringLiteral("d"),
-                              ZepaPluginAction([] {}), {ZepaArg()});
+    module().postNotification(event, u"a"_s, u"b"_s, u"c"_s, u"d"_s, ZepaPluginAction([] {}), {ZepaArg()});
     ASSERT_EQ(probe.calls.size(), 1);
     const ProbeCall& call = probe.calls.first();
-    EXPECT_EQ(QStringList({call.title, call.text, call.icon, call.extra}).join(QLatin1Char(' ')),
-              QStringLiteral("a b c d"));
+    EXPECT_EQ(QStringList({call.title, call.text, call.icon, call.extra}).join(QLatin1Char(' ')), u"a b c d"_s);
     EXPECT_EQ(call.notification, type(event));
     EXPECT_TRUE(call.actionIsValid);
     EXPECT_EQ(call.argCount, 1);
@@ -65,45 +65,44 @@ TEST_F(Posting, IsDroppedWhenItRepeatsTypeAndTitle)
 {
     addRule(event, probe);
     post(event, title);
-    module().postNotification(event, title, QStringLiteral("another text"), QString(), QString(), ZepaPluginAction(),
-                              {});
+    module().postNotification(event, title, u"another text"_s, QString(), QString(), ZepaPluginAction(), {});
     EXPECT_EQ(probe.calls.size(), 1);
 }
 
 TEST_F(Posting, IsDeliveredTwiceForOneTypeWithTwoTitles)
 {
     addRule(event, probe);
-    post(event, QStringLiteral("one"));
-    post(event, QStringLiteral("two"));
+    post(event, u"one"_s);
+    post(event, u"two"_s);
     EXPECT_EQ(probe.calls.size(), 2);
 }
 
 TEST_F(Posting, SharesAKeyWhenIdentifierAndTitleRunTogetherToTheSameText)
 {
-    registerType(QStringLiteral("a"));
-    registerType(QStringLiteral("ab"));
-    addRule(QStringLiteral("ab"), probe);
-    post(QStringLiteral("a"), QStringLiteral("bc"));
-    post(QStringLiteral("ab"), QStringLiteral("c"));
+    registerType(u"a"_s);
+    registerType(u"ab"_s);
+    addRule(u"ab"_s, probe);
+    post(u"a"_s, u"bc"_s);
+    post(u"ab"_s, u"c"_s);
     EXPECT_TRUE(probe.calls.isEmpty());
 }
 
 TEST_F(Posting, OfAnUnknownTypeDeliversNothingDoesNotCountAndBlocksItsOwnRepeat)
 {
-    post(QStringLiteral("unknown"), title);
-    registerType(QStringLiteral("unknown"));
-    addRule(QStringLiteral("unknown"), probe);
-    post(QStringLiteral("unknown"), title);
+    post(u"unknown"_s, title);
+    registerType(u"unknown"_s);
+    addRule(u"unknown"_s, probe);
+    post(u"unknown"_s, title);
     EXPECT_TRUE(probe.calls.isEmpty());
-    post(QStringLiteral("unknown"), QStringLiteral("another title"));
+    post(u"unknown"_s, u"another title"_s);
     ASSERT_EQ(probe.calls.size(), 1);
     EXPECT_EQ(probe.calls.first().sequence, 0U);
 }
 
 TEST_F(Posting, OfATypeWithoutRulesCounts)
 {
-    post(other, QStringLiteral("one"));
-    post(other, QStringLiteral("two"));
+    post(other, u"one"_s);
+    post(other, u"two"_s);
     addRule(event, probe);
     post(event, title);
     EXPECT_EQ(probe.calls.first().sequence, 2U);
@@ -112,9 +111,9 @@ TEST_F(Posting, OfATypeWithoutRulesCounts)
 TEST_F(Posting, DoesNotCountWhenItIsDropped)
 {
     addRule(event, probe);
-    post(event, QStringLiteral("one"));
-    post(event, QStringLiteral("one"));
-    post(event, QStringLiteral("two"));
+    post(event, u"one"_s);
+    post(event, u"one"_s);
+    post(event, u"two"_s);
     EXPECT_EQ(probe.calls.last().sequence, 1U);
 }
 
@@ -123,10 +122,10 @@ TEST_F(Posting, CallsTwoRulesWithOneNumberNewestFirst)
     addRule(event, probe);
     addRule(event, second);
     QStringList order;
-    probe.whenCalled = [&] { order.append(QStringLiteral("older")); };
-    second.whenCalled = [&] { order.append(QStringLiteral("newer")); };
+    probe.whenCalled = [&] { order.append(u"older"_s); };
+    second.whenCalled = [&] { order.append(u"newer"_s); };
     post(event, title);
-    EXPECT_EQ(order, QStringList({QStringLiteral("newer"), QStringLiteral("older")}));
+    EXPECT_EQ(order, QStringList({u"newer"_s, u"older"_s}));
     EXPECT_EQ(probe.calls.first().sequence, second.calls.first().sequence);
 }
 
@@ -134,15 +133,15 @@ TEST_F(Posting, InsideAMethodLeavesTheOuterOnesNumberAndBothCount)
 {
     addRule(event, probe);
     addRule(event, second);
-    ProbeMethod inner(QStringLiteral("inner"));
+    ProbeMethod inner(u"inner"_s);
     addRule(other, inner);
-    second.whenCalled = [&] { post(other, QStringLiteral("inside")); };
+    second.whenCalled = [&] { post(other, u"inside"_s); };
     post(event, title);
     EXPECT_EQ(second.calls.first().sequence, 0U);
     EXPECT_EQ(inner.calls.first().sequence, 0U);
     EXPECT_EQ(probe.calls.first().sequence, 0U);
     second.whenCalled = nullptr;
-    post(event, QStringLiteral("afterwards"));
+    post(event, u"afterwards"_s);
     EXPECT_EQ(probe.calls.last().sequence, 2U);
 }
 
@@ -171,7 +170,7 @@ TEST_F(Posting, StillReachesARuleThatAMethodRemovesMeanwhile)
     post(event, title);
     EXPECT_EQ(probe.calls.size(), 1);
     EXPECT_EQ(module().getRules(type(event)).size(), 1);
-    post(event, QStringLiteral("afterwards"));
+    post(event, u"afterwards"_s);
     EXPECT_EQ(probe.calls.size(), 1);
     EXPECT_EQ(second.calls.size(), 2);
 }
@@ -192,9 +191,9 @@ TEST_F(Posting, KeepsARuleThatIsRemovedInsideANestedPostingUntilTheOutermostEnds
 {
     ZepaNotificationRule* later = addRule(event, probe);
     addRule(event, second);
-    ProbeMethod inner(QStringLiteral("inner"));
+    ProbeMethod inner(u"inner"_s);
     addRule(other, inner);
-    second.whenCalled = [&] { post(other, QStringLiteral("inside")); };
+    second.whenCalled = [&] { post(other, u"inside"_s); };
     inner.whenCalled = [&] { module().removeNotificationRule(later); };
     post(event, title);
     EXPECT_EQ(probe.calls.size(), 1);
@@ -221,7 +220,7 @@ TEST_F(Posting, LetsAMethodsExceptionThroughWithoutCounting)
         throw std::runtime_error("from a method");
     };
     EXPECT_THROW(post(event, title), std::runtime_error);
-    post(other, QStringLiteral("afterwards"));
+    post(other, u"afterwards"_s);
     EXPECT_EQ(second.calls.first().sequence, 0U);
     addRule(event, second);
     post(event, title);
@@ -232,12 +231,12 @@ TEST_F(Posting, EndsWithTheMethodThatTakesTheModuleDown)
 {
     ZepaNotificationRule* removed = addRule(event, probe);
     addRule(event, second);
-    ProbeMethod inner(QStringLiteral("inner"));
+    ProbeMethod inner(u"inner"_s);
     addRule(other, probe);
     addRule(other, inner);
     second.whenCalled = [&] {
         module().removeNotificationRule(removed);
-        post(other, QStringLiteral("inside"));
+        post(other, u"inside"_s);
     };
     inner.whenCalled = [&] { closeModule(); };
     post(event, title);

@@ -3,12 +3,14 @@
 
 #include <QTime>
 
+using namespace Qt::StringLiterals;
+
 // The clock of this program is libfaketime's: the build preloads it, and setClock() sets it for the running process.
 
 namespace {
 
-const QString event = QStringLiteral("event");
-const QString title = QStringLiteral("title");
+const QString event = u"event"_s;
+const QString title = u"title"_s;
 
 class PostingTime : public ModuleTest
 {
@@ -17,7 +19,7 @@ protected:
     void setClock(const QByteArray& time, bool nextDay = false)
     {
         qputenv("FAKETIME", QByteArray(nextDay ? "2024-03-03 " : "2024-03-02 ") + time);
-        const QTime expected = QTime::fromString(QString::fromLatin1(time.left(8)), QStringLiteral("HH:mm:ss"));
+        const QTime expected = QTime::fromString(QString::fromLatin1(time.left(8)), u"HH:mm:ss"_s);
         ASSERT_EQ(QTime::currentTime().hour(), expected.hour()) << "libfaketime is not at work (package faketime)";
         ASSERT_EQ(QTime::currentTime().second(), expected.second());
     }
@@ -112,12 +114,12 @@ TEST_F(PostingTime, BlocksUntilTheClockHasPassedTheTimeOfDayAndTheLimitAgain)
 
 TEST_F(PostingTime, ForgetsOldPostingsOfOtherTitlesToo)
 {
-    EXPECT_TRUE(isDelivered(QStringLiteral("old")));
+    EXPECT_TRUE(isDelivered(u"old"_s));
     setClock("12:00:06");
-    EXPECT_TRUE(isDelivered(QStringLiteral("new")));
+    EXPECT_TRUE(isDelivered(u"new"_s));
     // Were the first one still remembered, a clock that is set back would block it.
     setClock("12:00:00");
-    EXPECT_TRUE(isDelivered(QStringLiteral("old")));
+    EXPECT_TRUE(isDelivered(u"old"_s));
 }
 
 TEST_F(PostingTime, AsksTheClockAnewForEachRememberedPosting)

@@ -9,6 +9,8 @@
 #include <array>
 #include <cstring>
 
+using namespace Qt::StringLiterals;
+
 // Methods from outside are compiled against these headers and see the members of what they derive from and are given.
 
 namespace {
@@ -23,8 +25,7 @@ std::ptrdiff_t offsetOf(const Object& object, const Member& member)
 
 TEST(Notification, HasItsFourTextsAsMembersInTheirOrder)
 {
-    const ZepaNotification notification(QStringLiteral("a"), QStringLiteral("b"), QStringLiteral("c"),
-                                        QStringLiteral("d"));
+    const ZepaNotification notification(u"a"_s, u"b"_s, u"c"_s, u"d"_s);
     constexpr std::ptrdiff_t size = sizeof(QString);
     EXPECT_EQ(offsetOf(notification, notification.getId()), 0);
     EXPECT_EQ(offsetOf(notification, notification.getName()), size);
@@ -44,7 +45,7 @@ TEST(NotificationMethod, HasItsFieldsBeforeItsDefaults)
 
 TEST(NotificationRule, HasItsNotificationItsMethodAndItsSettingsAsMembersInTheirOrder)
 {
-    ZepaNotification notification(QStringLiteral("a"), QString(), QString(), QString());
+    ZepaNotification notification(u"a"_s, QString(), QString(), QString());
     ProbeMethod method;
     const ZepaNotificationRule rule(&notification, &method, {});
     std::array<const void*, 2> pointers = {};
@@ -56,14 +57,14 @@ TEST(NotificationRule, HasItsNotificationItsMethodAndItsSettingsAsMembersInTheir
 
 TEST(NotificationRule, HandsItsSettingsOverInTheOrderOfItsTable)
 {
-    ZepaNotification notification(QStringLiteral("a"), QString(), QString(), QString());
+    ZepaNotification notification(u"a"_s, QString(), QString(), QString());
     ProbeMethod method;
     // A hash that is filled with the same keys in the same order is walked in the same order as the rule's.
     QHash<QString, ZepaField> table;
     QStringList declared;
     constexpr int count = 20;
     for (int i = 0; i < count; ++i) {
-        const ZepaField field = ProbeMethod::box(QStringLiteral("field%1").arg(i));
+        const ZepaField field = ProbeMethod::box(u"field%1"_s.arg(i));
         method.fields.append(field);
         table.insert(field.getId(), field);
         declared.append(field.getId());

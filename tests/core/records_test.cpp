@@ -6,20 +6,19 @@
 
 #include <gtest/gtest.h>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
-const QString id1 = QStringLiteral("one");
-const QString id2 = QStringLiteral("two");
+const QString id1 = u"one"_s;
+const QString id2 = u"two"_s;
 
 class RuleTest : public testing::Test
 {
 protected:
-    RuleTest()
-    {
-        method.fields = {ProbeMethod::text(id1, QStringLiteral("a")), ProbeMethod::text(id2, QStringLiteral("b"))};
-    }
+    RuleTest() { method.fields = {ProbeMethod::text(id1, u"a"_s), ProbeMethod::text(id2, u"b"_s)}; }
 
-    ZepaNotification notification{QStringLiteral("event"), QStringLiteral("Event"), QString(), QString()};
+    ZepaNotification notification{u"event"_s, u"Event"_s, QString(), QString()};
     ProbeMethod method;
 };
 
@@ -27,12 +26,11 @@ protected:
 
 TEST(Notification, KeepsItsFourTextsInTheOrderOfTheConstructor)
 {
-    const ZepaNotification notification(QStringLiteral("id"), QStringLiteral("name"), QStringLiteral("extra"),
-                                        QStringLiteral("description"));
-    EXPECT_EQ(notification.getId(), QStringLiteral("id"));
-    EXPECT_EQ(notification.getName(), QStringLiteral("name"));
-    EXPECT_EQ(notification.getExtra(), QStringLiteral("extra"));
-    EXPECT_EQ(notification.getDescription(), QStringLiteral("description"));
+    const ZepaNotification notification(u"id"_s, u"name"_s, u"extra"_s, u"description"_s);
+    EXPECT_EQ(notification.getId(), u"id"_s);
+    EXPECT_EQ(notification.getName(), u"name"_s);
+    EXPECT_EQ(notification.getExtra(), u"extra"_s);
+    EXPECT_EQ(notification.getDescription(), u"description"_s);
 }
 
 TEST(NotificationMethod, StartsWithoutFields)
@@ -42,7 +40,7 @@ TEST(NotificationMethod, StartsWithoutFields)
 
 TEST(NotificationMethod, GivesOneFieldOfTypeZeroForAnIdentifierThatWasNeverSet)
 {
-    const QList<ZepaField> config = ProbeMethod().getDefaultNotificationConfig(QStringLiteral("never set"));
+    const QList<ZepaField> config = ProbeMethod().getDefaultNotificationConfig(u"never set"_s);
     ASSERT_EQ(config.size(), 1);
     EXPECT_EQ(config.first().getType(), 0);
 }
@@ -50,16 +48,16 @@ TEST(NotificationMethod, GivesOneFieldOfTypeZeroForAnIdentifierThatWasNeverSet)
 TEST(NotificationMethod, GivesAnEmptyListForAnIdentifierThatWasSetToOne)
 {
     ProbeMethod method;
-    method.setDefaultNotificationConfig(QStringLiteral("event"), {});
-    EXPECT_TRUE(method.getDefaultNotificationConfig(QStringLiteral("event")).isEmpty());
+    method.setDefaultNotificationConfig(u"event"_s, {});
+    EXPECT_TRUE(method.getDefaultNotificationConfig(u"event"_s).isEmpty());
 }
 
 TEST(NotificationMethod, ReplacesADefaultThatIsSetAgain)
 {
     ProbeMethod method;
-    method.setDefaultNotificationConfig(QStringLiteral("event"), {ProbeMethod::box(id1), ProbeMethod::box(id2)});
-    method.setDefaultNotificationConfig(QStringLiteral("event"), {ProbeMethod::box(id2)});
-    const QList<ZepaField> config = method.getDefaultNotificationConfig(QStringLiteral("event"));
+    method.setDefaultNotificationConfig(u"event"_s, {ProbeMethod::box(id1), ProbeMethod::box(id2)});
+    method.setDefaultNotificationConfig(u"event"_s, {ProbeMethod::box(id2)});
+    const QList<ZepaField> config = method.getDefaultNotificationConfig(u"event"_s);
     ASSERT_EQ(config.size(), 1);
     EXPECT_EQ(config.first().getId(), id2);
 }
@@ -78,42 +76,42 @@ TEST_F(RuleTest, HoldsTheMethodsFieldsWithTheirInitialValuesWhenBuiltWithAnEmpty
 {
     const ZepaNotificationRule rule(&notification, &method, {});
     EXPECT_EQ(rule.getConfig().size(), 2);
-    EXPECT_EQ(textOf(rule.getConfig(), id1), QStringLiteral("a"));
-    EXPECT_EQ(textOf(rule.getConfig(), id2), QStringLiteral("b"));
+    EXPECT_EQ(textOf(rule.getConfig(), id1), u"a"_s);
+    EXPECT_EQ(textOf(rule.getConfig(), id2), u"b"_s);
 }
 
 TEST_F(RuleTest, DropsAFieldThatTheMethodDoesNotDeclare)
 {
-    const ZepaNotificationRule rule(&notification, &method, {ProbeMethod::text(QStringLiteral("unknown"), id1)});
+    const ZepaNotificationRule rule(&notification, &method, {ProbeMethod::text(u"unknown"_s, id1)});
     EXPECT_EQ(rule.getConfig().size(), 2);
-    EXPECT_TRUE(textOf(rule.getConfig(), QStringLiteral("unknown")).isNull());
+    EXPECT_TRUE(textOf(rule.getConfig(), u"unknown"_s).isNull());
 }
 
 TEST_F(RuleTest, TakesTheLaterOfTwoFieldsWithOneIdentifier)
 {
     ZepaNotificationRule rule(&notification, &method, {});
-    rule.setConfig({ProbeMethod::text(id1, QStringLiteral("first")), ProbeMethod::text(id1, QStringLiteral("later"))});
-    EXPECT_EQ(textOf(rule.getConfig(), id1), QStringLiteral("later"));
-    EXPECT_EQ(textOf(rule.getConfig(), id2), QStringLiteral("b"));
+    rule.setConfig({ProbeMethod::text(id1, u"first"_s), ProbeMethod::text(id1, u"later"_s)});
+    EXPECT_EQ(textOf(rule.getConfig(), id1), u"later"_s);
+    EXPECT_EQ(textOf(rule.getConfig(), id2), u"b"_s);
 }
 
 TEST_F(RuleTest, TakesTheFirstFieldOfAMethodThatDeclaresAnIdentifierTwice)
 {
-    method.fields.append(ProbeMethod::text(id1, QStringLiteral("second declaration")));
+    method.fields.append(ProbeMethod::text(id1, u"second declaration"_s));
     const ZepaNotificationRule rule(&notification, &method, {});
     EXPECT_EQ(rule.getConfig().size(), 2);
-    EXPECT_EQ(textOf(rule.getConfig(), id1), QStringLiteral("a"));
+    EXPECT_EQ(textOf(rule.getConfig(), id1), u"a"_s);
 }
 
 TEST_F(RuleTest, ResetsEverySettingWhenTheMethodChanges)
 {
-    ZepaNotificationRule rule(&notification, &method, {ProbeMethod::text(id1, QStringLiteral("changed"))});
-    ProbeMethod other(QStringLiteral("other"));
-    other.fields = {ProbeMethod::text(id1, QStringLiteral("fresh"))};
+    ZepaNotificationRule rule(&notification, &method, {ProbeMethod::text(id1, u"changed"_s)});
+    ProbeMethod other(u"other"_s);
+    other.fields = {ProbeMethod::text(id1, u"fresh"_s)};
     rule.setMethod(&other);
     EXPECT_EQ(rule.getMethod(), &other);
     EXPECT_EQ(rule.getConfig().size(), 1);
-    EXPECT_EQ(textOf(rule.getConfig(), id1), QStringLiteral("fresh"));
+    EXPECT_EQ(textOf(rule.getConfig(), id1), u"fresh"_s);
 }
 
 TEST_F(RuleTest, KeepsItsFieldsWhenTheMethodsListChangesLater)
@@ -125,19 +123,19 @@ TEST_F(RuleTest, KeepsItsFieldsWhenTheMethodsListChangesLater)
 
 TEST_F(RuleTest, PassesItsOwnNotificationWhateverTheTextsSay)
 {
-    ZepaNotificationRule rule(&notification, &method, {ProbeMethod::text(id2, QStringLiteral("set"))});
-    rule(7, QStringLiteral("title of something else"), QStringLiteral("text"), QStringLiteral("icon"),
-         QStringLiteral("extra"), ZepaPluginAction([] {}), {ZepaArg(), ZepaArg()});
+    ZepaNotificationRule rule(&notification, &method, {ProbeMethod::text(id2, u"set"_s)});
+    rule(7, u"title of something else"_s, u"text"_s, u"icon"_s, u"extra"_s, ZepaPluginAction([] {}),
+         {ZepaArg(), ZepaArg()});
     ASSERT_EQ(method.calls.size(), 1);
     const ProbeCall& call = method.calls.first();
     EXPECT_EQ(call.sequence, 7U);
     EXPECT_EQ(call.notification, &notification);
-    EXPECT_EQ(call.title, QStringLiteral("title of something else"));
-    EXPECT_EQ(call.text, QStringLiteral("text"));
-    EXPECT_EQ(call.icon, QStringLiteral("icon"));
-    EXPECT_EQ(call.extra, QStringLiteral("extra"));
+    EXPECT_EQ(call.title, u"title of something else"_s);
+    EXPECT_EQ(call.text, u"text"_s);
+    EXPECT_EQ(call.icon, u"icon"_s);
+    EXPECT_EQ(call.extra, u"extra"_s);
     EXPECT_EQ(call.config.size(), 2);
-    EXPECT_EQ(textOf(call.config, id2), QStringLiteral("set"));
+    EXPECT_EQ(textOf(call.config, id2), u"set"_s);
     EXPECT_TRUE(call.actionIsValid);
     EXPECT_EQ(call.argCount, 2);
 }

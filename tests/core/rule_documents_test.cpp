@@ -3,18 +3,17 @@
 
 #include "host/xml_node.h"
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
-const QString event = QStringLiteral("message_received");
+const QString event = u"message_received"_s;
 
 /// What rule files say, and what is made of what they say.
 class RuleDocuments : public ModuleTest
 {
 protected:
-    RuleDocuments()
-    {
-        probe.fields = {ProbeMethod::box(QStringLiteral("box")), ProbeMethod::text(QStringLiteral("file"), event)};
-    }
+    RuleDocuments() { probe.fields = {ProbeMethod::box(u"box"_s), ProbeMethod::text(u"file"_s, event)}; }
 
     ZepaXmlNode storedDocument() const
     {
@@ -35,7 +34,7 @@ protected:
     }
 
     ProbeMethod probe;
-    ProbeMethod second{QStringLiteral("second")};
+    ProbeMethod second{u"second"_s};
 };
 
 } // namespace
@@ -46,12 +45,12 @@ TEST_F(RuleDocuments, HoldOneElementWithoutTextForEachRuleWithItsSettingsAsTheOn
     addRule(event, probe);
     addRule(event, second);
     const ZepaXmlNode root = storedDocument();
-    EXPECT_EQ(root.name(), QStringLiteral("rules"));
+    EXPECT_EQ(root.name(), u"rules"_s);
     EXPECT_TRUE(root.text().isEmpty());
     const QList<ZepaXmlNode> elements = root.getChildNodes();
     ASSERT_EQ(elements.size(), 2);
-    EXPECT_EQ(elements[0].name(), QStringLiteral("second"));
-    EXPECT_EQ(elements[1].name(), QStringLiteral("probe"));
+    EXPECT_EQ(elements[0].name(), u"second"_s);
+    EXPECT_EQ(elements[1].name(), u"probe"_s);
     for (const ZepaXmlNode& element : elements) {
         EXPECT_TRUE(element.text().isEmpty()) << element.text().toStdString();
         ASSERT_EQ(element.getChildNodes().size(), 1);
@@ -79,16 +78,16 @@ TEST_F(RuleDocuments, KeepAValueThatNoLongerFitsItsFieldUntilTheUserChangesIt)
 {
     readRules("<rules><probe><fields><field id=\"box\">maybe</field></fields></probe></rules>");
     ASSERT_NE(rule(probe), nullptr);
-    EXPECT_EQ(textOf(rule(probe)->getConfig(), QStringLiteral("box")), QStringLiteral("false"));
-    QList<ZepaField> config{ProbeMethod::text(QStringLiteral("file"), QStringLiteral("changed"))};
-    module().updateNotificationRule(event, QStringLiteral("probe"), config);
+    EXPECT_EQ(textOf(rule(probe)->getConfig(), u"box"_s), u"false"_s);
+    QList<ZepaField> config{ProbeMethod::text(u"file"_s, u"changed"_s)};
+    module().updateNotificationRule(event, u"probe"_s, config);
     EXPECT_TRUE(host.readRuleFile(event).contains(">maybe<"));
     EXPECT_TRUE(host.readRuleFile(event).contains(">changed<"));
 
     config = rule(probe)->getConfig();
     for (ZepaField& field : config)
         field.setChecked(false);
-    module().updateNotificationRule(event, QStringLiteral("probe"), config);
+    module().updateNotificationRule(event, u"probe"_s, config);
     EXPECT_FALSE(host.readRuleFile(event).contains(">maybe<"));
     EXPECT_TRUE(host.readRuleFile(event).contains(">false<"));
 }

@@ -11,20 +11,18 @@
 #include <array>
 #include <cstring>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
-const QString event = QStringLiteral("message_received");
-const QString other = QStringLiteral("other");
-const QString setting = QStringLiteral("setting");
+const QString event = u"message_received"_s;
+const QString other = u"other"_s;
+const QString setting = u"setting"_s;
 
 class RuleFiles : public ModuleTest
 {
 protected:
-    RuleFiles()
-    {
-        probe.fields = {ProbeMethod::text(setting, QStringLiteral("initial")),
-                        ProbeMethod::text(QStringLiteral("second"), QStringLiteral("s"))};
-    }
+    RuleFiles() { probe.fields = {ProbeMethod::text(setting, u"initial"_s), ProbeMethod::text(u"second"_s, u"s"_s)}; }
 
     /// A rule element as the module writes it.
     static QByteArray element(const QString& method, const QList<ZepaField>& config)
@@ -35,9 +33,9 @@ protected:
         return document.mid(document.indexOf("?>") + 2).trimmed();
     }
     static QByteArray document(const QByteArray& elements) { return "<rules>" + elements + "</rules>"; }
-    QByteArray probeElement(const QString& value = QStringLiteral("stored"))
+    QByteArray probeElement(const QString& value = u"stored"_s)
     {
-        return element(QStringLiteral("probe"), {ProbeMethod::text(setting, value)});
+        return element(u"probe"_s, {ProbeMethod::text(setting, value)});
     }
     qsizetype ruleCount(const QString& id = event) { return module().getRules(type(id)).size(); }
 
@@ -57,7 +55,7 @@ protected:
     }
 
     ProbeMethod probe;
-    ProbeMethod second{QStringLiteral("second")};
+    ProbeMethod second{u"second"_s};
 };
 
 } // namespace
@@ -65,7 +63,7 @@ protected:
 TEST_F(RuleFiles, StandInTheSettingsFolderUnderTheTypesIdentifierWithoutExtension)
 {
     registerType(event);
-    EXPECT_TRUE(QFile::exists(host.settings.path() + QStringLiteral("/notifications/message_received")));
+    EXPECT_TRUE(QFile::exists(host.settings.path() + u"/notifications/message_received"_s));
 }
 
 TEST_F(RuleFiles, GiveOneRuleForOneElementOfAnInstalledMethod)
@@ -74,15 +72,15 @@ TEST_F(RuleFiles, GiveOneRuleForOneElementOfAnInstalledMethod)
     host.writeRuleFile(event, document(probeElement()));
     registerType(event);
     ASSERT_EQ(ruleCount(), 1);
-    const ZepaNotificationRule* rule = module().getNotificationRule(event, QStringLiteral("probe"));
+    const ZepaNotificationRule* rule = module().getNotificationRule(event, u"probe"_s);
     ASSERT_NE(rule, nullptr);
-    EXPECT_EQ(textOf(rule->getConfig(), setting), QStringLiteral("stored"));
-    EXPECT_EQ(textOf(rule->getConfig(), QStringLiteral("second")), QStringLiteral("s"));
+    EXPECT_EQ(textOf(rule->getConfig(), setting), u"stored"_s);
+    EXPECT_EQ(textOf(rule->getConfig(), u"second"_s), u"s"_s);
 }
 
 TEST_F(RuleFiles, GiveNoRuleForAMethodThatIsNotInstalledAndLoseItsElementAtTheNextStore)
 {
-    host.writeRuleFile(event, document(element(QStringLiteral("stranger"), {}) + probeElement()));
+    host.writeRuleFile(event, document(element(u"stranger"_s, {}) + probeElement()));
     module().installNotificationMethod(&probe);
     registerType(event);
     EXPECT_EQ(ruleCount(), 1);
@@ -103,14 +101,14 @@ TEST_F(RuleFiles, GiveNoRuleForAnElementWithoutAChild)
 TEST_F(RuleFiles, AreReadByTheFirstChildOfAnElementAlone)
 {
     module().installNotificationMethod(&probe);
-    const QByteArray first = probeElement(QStringLiteral("first"));
-    const QByteArray later = probeElement(QStringLiteral("later"));
+    const QByteArray first = probeElement(u"first"_s);
+    const QByteArray later = probeElement(u"later"_s);
     const QByteArray open = "<probe>";
     const QByteArray close = "</probe>";
     host.writeRuleFile(event, document(first.chopped(close.size()) + later.mid(open.size())));
     registerType(event);
     ASSERT_EQ(ruleCount(), 1);
-    EXPECT_EQ(textOf(module().getRules(type(event)).first()->getConfig(), setting), QStringLiteral("first"));
+    EXPECT_EQ(textOf(module().getRules(type(event)).first()->getConfig(), setting), u"first"_s);
 }
 
 class BrokenRuleFiles : public RuleFiles, public testing::WithParamInterface<const char*>
@@ -166,11 +164,11 @@ TEST_F(RuleFiles, ThatCannotBeWrittenArePassedOverAndTheOthersWritten)
 
 TEST_F(RuleFiles, AreNotMadeWithoutTheFolderThatTheClientShouldHaveMade)
 {
-    ASSERT_TRUE(QDir(host.settings.path()).rmdir(QStringLiteral("notifications")));
+    ASSERT_TRUE(QDir(host.settings.path()).rmdir(u"notifications"_s));
     module().installNotificationMethod(&probe);
     registerType(event);
     addRule(event, probe);
-    EXPECT_FALSE(QFile::exists(host.settings.path() + QStringLiteral("/notifications")));
+    EXPECT_FALSE(QFile::exists(host.settings.path() + u"/notifications"_s));
 }
 
 TEST_F(RuleFiles, OfAllInstalledMethodsAreReadWhicheverMethodIsGiven)
@@ -178,15 +176,15 @@ TEST_F(RuleFiles, OfAllInstalledMethodsAreReadWhicheverMethodIsGiven)
     module().installNotificationMethod(&probe);
     module().installNotificationMethod(&second);
     registerType(other);
-    host.writeRuleFile(other, document(probeElement() + element(QStringLiteral("second"), {})));
+    host.writeRuleFile(other, document(probeElement() + element(u"second"_s, {})));
     module().setupNotificationRules(type(other), &probe);
-    EXPECT_NE(module().getNotificationRule(other, QStringLiteral("probe")), nullptr);
-    EXPECT_NE(module().getNotificationRule(other, QStringLiteral("second")), nullptr);
+    EXPECT_NE(module().getNotificationRule(other, u"probe"_s), nullptr);
+    EXPECT_NE(module().getNotificationRule(other, u"second"_s), nullptr);
 }
 
 TEST_F(RuleFiles, AddASecondRuleForEachMethodAlreadyReadWhenAMethodIsInstalledLater)
 {
-    host.writeRuleFile(event, document(probeElement() + element(QStringLiteral("second"), {})));
+    host.writeRuleFile(event, document(probeElement() + element(u"second"_s, {})));
     module().installNotificationMethod(&probe);
     registerType(event);
     EXPECT_EQ(ruleCount(), 1);
@@ -197,11 +195,11 @@ TEST_F(RuleFiles, AddASecondRuleForEachMethodAlreadyReadWhenAMethodIsInstalledLa
 TEST_F(RuleFiles, AreReadFromTheirBeginningSoThatTheLastElementIsTheNewestRule)
 {
     module().installNotificationMethod(&probe);
-    host.writeRuleFile(event, document(probeElement(QStringLiteral("upper")) + probeElement(QStringLiteral("lower"))));
+    host.writeRuleFile(event, document(probeElement(u"upper"_s) + probeElement(u"lower"_s)));
     registerType(event);
     ASSERT_EQ(ruleCount(), 2);
-    const ZepaNotificationRule* newest = module().getNotificationRule(event, QStringLiteral("probe"));
-    EXPECT_EQ(textOf(newest->getConfig(), setting), QStringLiteral("lower"));
+    const ZepaNotificationRule* newest = module().getNotificationRule(event, u"probe"_s);
+    EXPECT_EQ(textOf(newest->getConfig(), setting), u"lower"_s);
 }
 
 TEST_F(RuleFiles, AreNotReadForAMethodThatIsGivenButNotInstalled)
@@ -225,14 +223,14 @@ TEST_F(RuleFiles, AreNeitherReadNorMadeForNullOrAMissingFile)
 TEST_F(RuleFiles, OfTypesWithRulesAloneAreWrittenForNull)
 {
     module().installNotificationMethod(&probe);
-    registerType(QStringLiteral("with"));
-    registerType(QStringLiteral("without"));
-    addRule(QStringLiteral("with"), probe);
-    host.writeRuleFile(QStringLiteral("with"), "old");
-    host.writeRuleFile(QStringLiteral("without"), "untouched");
+    registerType(u"with"_s);
+    registerType(u"without"_s);
+    addRule(u"with"_s, probe);
+    host.writeRuleFile(u"with"_s, "old");
+    host.writeRuleFile(u"without"_s, "untouched");
     module().storeNotificationRules(nullptr);
-    EXPECT_TRUE(host.readRuleFile(QStringLiteral("with")).contains("probe"));
-    EXPECT_EQ(host.readRuleFile(QStringLiteral("without")), QByteArray("untouched"));
+    EXPECT_TRUE(host.readRuleFile(u"with"_s).contains("probe"));
+    EXPECT_EQ(host.readRuleFile(u"without"_s), QByteArray("untouched"));
 }
 
 TEST_F(RuleFiles, AreWrittenOnceForEachRuleOfATypeForNull)
@@ -241,7 +239,7 @@ TEST_F(RuleFiles, AreWrittenOnceForEachRuleOfATypeForNull)
     for (int i = 0; i < 3; ++i)
         addRule(other, probe);
     const int watch = inotify_init1(IN_CLOEXEC | IN_NONBLOCK);
-    const QByteArray file = QFile::encodeName(host.settings.path() + QStringLiteral("/notifications/") + other);
+    const QByteArray file = QFile::encodeName(host.settings.path() + u"/notifications/"_s + other);
     ASSERT_GE(inotify_add_watch(watch, file.constData(), IN_OPEN | IN_CLOSE_WRITE), 0);
     module().storeNotificationRules(type(other));
     EXPECT_EQ(endedWrites(watch), 1);
@@ -283,7 +281,7 @@ TEST_F(RuleFiles, BringEverySettingBackAfterARestart)
 {
     module().installNotificationMethod(&probe);
     registerType(other);
-    const QString value = QStringLiteral("a <b> & \"c\" \u00e4\u20ac") + QChar(1) + QChar(0xd800);
+    const QString value = u"a <b> & \"c\" \u00e4\u20ac"_s + QChar(1) + QChar(0xd800);
     addRule(other, probe, {ProbeMethod::text(setting, value)});
     closeModule();
     module().installNotificationMethod(&probe);
@@ -296,19 +294,19 @@ TEST_F(RuleFiles, AMillionLevelsDeepOrFullOfEntitiesGiveNoRulesAndNoCrash)
 {
     module().installNotificationMethod(&probe);
     constexpr int levels = 1'000'000;
-    host.writeRuleFile(QStringLiteral("deep"), "<rules><probe>" + QByteArray("<a>").repeated(levels) +
-                                                   QByteArray("</a>").repeated(levels) + "</probe></rules>");
-    registerType(QStringLiteral("deep"));
-    EXPECT_EQ(ruleCount(QStringLiteral("deep")), 1);
+    host.writeRuleFile(u"deep"_s, "<rules><probe>" + QByteArray("<a>").repeated(levels) +
+                                      QByteArray("</a>").repeated(levels) + "</probe></rules>");
+    registerType(u"deep"_s);
+    EXPECT_EQ(ruleCount(u"deep"_s), 1);
 
     QByteArray bomb = "<!DOCTYPE r [<!ENTITY e0 \"0123456789\">";
     for (int i = 1; i < 20; ++i) {
         const QByteArray inner = "&e" + QByteArray::number(i - 1) + ";";
         bomb += "<!ENTITY e" + QByteArray::number(i) + " \"" + inner.repeated(10) + "\">";
     }
-    host.writeRuleFile(QStringLiteral("bomb"), bomb + "]><rules><probe><a>&e19;</a></probe></rules>");
-    registerType(QStringLiteral("bomb"));
-    EXPECT_EQ(ruleCount(QStringLiteral("bomb")), 0);
+    host.writeRuleFile(u"bomb"_s, bomb + "]><rules><probe><a>&e19;</a></probe></rules>");
+    registerType(u"bomb"_s);
+    EXPECT_EQ(ruleCount(u"bomb"_s), 0);
 }
 
 TEST_F(RuleFiles, OfTenMegabytesAreRead)

@@ -5,9 +5,11 @@
 
 #include <QPixmap>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
-const QString name = QStringLiteral("mail");
+const QString name = u"mail"_s;
 
 class TrayIcons : public ModuleTest
 {
@@ -52,7 +54,7 @@ TEST_F(TrayIcons, AreNeverMadeByALookUp)
 TEST_F(TrayIcons, AreListedWithoutTheMainOne)
 {
     ZepaTrayIcon* mail = module().setTrayIcon(name, picture(3));
-    ZepaTrayIcon* calendar = module().setTrayIcon(QStringLiteral("calendar"), picture(3));
+    ZepaTrayIcon* calendar = module().setTrayIcon(u"calendar"_s, picture(3));
     EXPECT_EQ(module().getTrayIcons().size(), 2);
     EXPECT_TRUE(module().getTrayIcons().contains(mail));
     EXPECT_TRUE(module().getTrayIcons().contains(calendar));
@@ -84,20 +86,20 @@ TEST_F(TrayIcons, AreHandedBackStillVisibleWhenRemoved)
 
 TEST_F(TrayIcons, AreAllDeletedByAnEmptyNameThoughAnEmptyNameIsAKeyLikeAnyOther)
 {
-    ZepaTrayIcon* unnamed = module().setTrayIcon(QStringLiteral(""), picture(3));
+    ZepaTrayIcon* unnamed = module().setTrayIcon(u""_s, picture(3));
     ZepaTrayIcon* mail = module().setTrayIcon(name, picture(3));
-    EXPECT_EQ(module().getTrayIcon(QStringLiteral("")), unnamed);
-    EXPECT_EQ(module().removeTrayIcon(QStringLiteral("")), nullptr);
-    EXPECT_EQ(host.icons[unnamed].calls.last(), QStringLiteral("deleted"));
-    EXPECT_EQ(host.icons[mail].calls.last(), QStringLiteral("deleted"));
+    EXPECT_EQ(module().getTrayIcon(u""_s), unnamed);
+    EXPECT_EQ(module().removeTrayIcon(u""_s), nullptr);
+    EXPECT_EQ(host.icons[unnamed].calls.last(), u"deleted"_s);
+    EXPECT_EQ(host.icons[mail].calls.last(), u"deleted"_s);
     EXPECT_TRUE(module().getTrayIcons().isEmpty());
-    EXPECT_NE(host.icons[module().getTrayIcon()].calls.last(), QStringLiteral("deleted"));
+    EXPECT_NE(host.icons[module().getTrayIcon()].calls.last(), u"deleted"_s);
 }
 
 TEST_F(TrayIcons, AreNotRemovedByAnUnknownName)
 {
     module().setTrayIcon(name, picture(3));
-    EXPECT_EQ(module().removeTrayIcon(QStringLiteral("unknown")), nullptr);
+    EXPECT_EQ(module().removeTrayIcon(u"unknown"_s), nullptr);
     EXPECT_EQ(module().getTrayIcons().size(), 1);
 }
 
@@ -106,6 +108,6 @@ TEST_F(TrayIcons, AreDeletedWithTheModule)
     const ZepaTrayIcon* main = module().getTrayIcon();
     const ZepaTrayIcon* mail = module().setTrayIcon(name, picture(3));
     closeModule();
-    EXPECT_EQ(host.icons[main].calls.last(), QStringLiteral("deleted"));
-    EXPECT_EQ(host.icons[mail].calls.last(), QStringLiteral("deleted"));
+    EXPECT_EQ(host.icons[main].calls.last(), u"deleted"_s);
+    EXPECT_EQ(host.icons[mail].calls.last(), u"deleted"_s);
 }

@@ -69,7 +69,7 @@ def desktop_file_is_valid(_program):
     for line in ("Exec=zepa", "Icon=zepa", "Terminal=false", "StartupWMClass=zepa"):
         yield None if f"\n{line}\n" in text else f"{line} is missing"
     # Docks find the file by the name that the program gives itself.
-    if 'setDesktopFileName(QStringLiteral("zepa"))' not in (ROOT / "client" / "main.cpp").read_text(encoding="utf-8"):
+    if 'setDesktopFileName(u"zepa"_s)' not in (ROOT / "client" / "main.cpp").read_text(encoding="utf-8"):
         yield "the program names another desktop file"
     for language in ("de", "es", "fr", "pl", "pt"):
         for key in ("GenericName", "Comment", "Keywords"):

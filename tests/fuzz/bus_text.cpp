@@ -5,6 +5,8 @@
 
 #include <algorithm>
 
+using namespace Qt::StringLiterals;
+
 namespace zepa::fuzz {
 
 namespace {
@@ -19,17 +21,13 @@ bool isFitForABus(const QString& text)
 
 QString unescaped(QString text)
 {
-    return text.replace(QStringLiteral("&lt;"), QStringLiteral("<"))
-        .replace(QStringLiteral("&gt;"), QStringLiteral(">"))
-        .replace(QStringLiteral("&amp;"), QStringLiteral("&"));
+    return text.replace(u"&lt;"_s, u"<"_s).replace(u"&gt;"_s, u">"_s).replace(u"&amp;"_s, u"&"_s);
 }
 
 bool hasOnlyWholeEntities(const QString& text)
 {
-    const QString rest = QString(text)
-                             .replace(QStringLiteral("&lt;"), QStringLiteral("."))
-                             .replace(QStringLiteral("&gt;"), QStringLiteral("."))
-                             .replace(QStringLiteral("&amp;"), QStringLiteral("."));
+    const QString rest =
+        QString(text).replace(u"&lt;"_s, u"."_s).replace(u"&gt;"_s, u"."_s).replace(u"&amp;"_s, u"."_s);
     return !rest.contains(u'<') && !rest.contains(u'>') && !rest.contains(u'&');
 }
 

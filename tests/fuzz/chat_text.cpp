@@ -6,6 +6,8 @@
 
 #include <algorithm>
 
+using namespace Qt::StringLiterals;
+
 namespace zepa::fuzz {
 
 namespace {
@@ -36,8 +38,8 @@ void showChatText(const QByteArray& input)
         require(!part.text.isEmpty(), "no part is empty");
         together += part.text;
         // There is no such theme, so nothing may be shown but what is built into the program.
-        const QString file = pictureFile(part.address, {QStringLiteral("/nonexistent/theme/"), QString()});
-        require(file.isEmpty() || file.startsWith(QStringLiteral(":/")), "no file is shown");
+        const QString file = pictureFile(part.address, {u"/nonexistent/theme/"_s, QString()});
+        require(file.isEmpty() || file.startsWith(u":/"_s), "no file is shown");
     }
     require(together == shown, "the parts together are the message");
 }

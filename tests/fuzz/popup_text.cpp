@@ -4,14 +4,16 @@
 #include "methods/hint_notification_method.h"
 #include "recording_growl.h"
 
+using namespace Qt::StringLiterals;
+
 namespace zepa::fuzz {
 
 namespace {
 
 void checkWithoutMarkers(const QString& sent, const QString& shown)
 {
-    const qsizetype first = sent.indexOf(QStringLiteral("image:"));
-    const qsizetype last = sent.lastIndexOf(QStringLiteral(":image"));
+    const qsizetype first = sent.indexOf(u"image:"_s);
+    const qsizetype last = sent.lastIndexOf(u":image"_s);
     if (first < 0 || last < first + 6)
         require(shown == sent, "a text without a marker stays");
     else
@@ -24,7 +26,7 @@ void postPopup(const QByteArray& input)
 {
     // One for all inputs: each leaves an array behind, which would make the fuzzer look for leaks at every input.
     static ZepaHintNotificationMethod method;
-    static ZepaNotification notification(QStringLiteral("id"), QStringLiteral("name"), QString(), QString());
+    static ZepaNotification notification(u"id"_s, u"name"_s, QString(), QString());
     const QString title = asUtf16(input);
     const QString text = title.sliced(title.size() / 2);
     RecordingGrowl::reset();

@@ -3,15 +3,17 @@
 #include "host/field.h"
 #include "host/xml_node.h"
 
+using namespace Qt::StringLiterals;
+
 namespace zepa::fuzz {
 
 namespace {
 
 QList<ZepaField> everyKindOfField()
 {
-    const QString id = QStringLiteral("id");
+    const QString id = u"id"_s;
     return {ZepaField::checkBox({}, id + u'1', true, {}, {}),
-            ZepaField::comboBox({}, id + u'2', {id, QStringLiteral("other")}, {id, id}, id, {}),
+            ZepaField::comboBox({}, id + u'2', {id, u"other"_s}, {id, id}, id, {}),
             ZepaField::spinBox({}, id + u'3', 300, -5, 7, {}, {}), ZepaField::soundEdit({}, id + u'4', id, {}),
             ZepaField::textEdit({}, id + u'5', id, {})};
 }

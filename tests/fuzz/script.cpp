@@ -5,15 +5,17 @@
 
 #include <algorithm>
 
+using namespace Qt::StringLiterals;
+
 namespace zepa::fuzz {
 
 void readScriptFile(const QByteArray& input)
 {
-    const QStringList types{QStringLiteral("message_received"), QStringLiteral("logged_in")};
-    const QString nowhere = QStringLiteral("/nonexistent");
-    const cli::Script script = cli::readScript(input, QStringLiteral("script"), {nowhere, nowhere}, types);
+    const QStringList types{u"message_received"_s, u"logged_in"_s};
+    const QString nowhere = u"/nonexistent"_s;
+    const cli::Script script = cli::readScript(input, u"script"_s, {nowhere, nowhere}, types);
     for (const QString& problem : script.problems) {
-        require(problem.startsWith(QStringLiteral("script:")), "a problem names its place");
+        require(problem.startsWith(u"script:"_s), "a problem names its place");
         require(std::none_of(problem.begin(), problem.end(), [](QChar c) { return c < u' '; }),
                 "a problem is one line without control characters");
     }

@@ -18,7 +18,7 @@ class Seeds : public testing::TestWithParam<Entry>
 
 TEST_P(Seeds, EverySeedIsTaken)
 {
-    const QDir folder(QStringLiteral(ZEPA_FUZZ_CORPUS "/") + QString::fromLatin1(GetParam().name));
+    const QDir folder(QString::fromUtf8(ZEPA_FUZZ_CORPUS "/") + QString::fromLatin1(GetParam().name));
     const QStringList names = folder.entryList(QDir::Files, QDir::Name);
     ASSERT_FALSE(names.isEmpty()) << folder.path().toStdString();
     for (const QString& name : names) {
@@ -32,7 +32,7 @@ TEST_P(Seeds, EverySeedIsTaken)
 // Each byte that is missing or wrong once: what a fuzzer tries first, in the same order everywhere.
 TEST_P(Seeds, EverySeedIsTakenCutAndDamaged)
 {
-    const QDir folder(QStringLiteral(ZEPA_FUZZ_CORPUS "/") + QString::fromLatin1(GetParam().name));
+    const QDir folder(QString::fromUtf8(ZEPA_FUZZ_CORPUS "/") + QString::fromLatin1(GetParam().name));
     for (const QString& name : folder.entryList(QDir::Files, QDir::Name)) {
         SCOPED_TRACE(name.toStdString());
         QFile file(folder.filePath(name));

@@ -7,6 +7,8 @@
 #include <sys/mman.h>
 #include <unistd.h>
 
+using namespace Qt::StringLiterals;
+
 namespace zepa::fuzz {
 
 void readSoundFile(const QByteArray& input)
@@ -15,7 +17,7 @@ void readSoundFile(const QByteArray& input)
     const int memory = memfd_create("sound", MFD_CLOEXEC);
     require(memory >= 0, "there is a file in memory");
     require(write(memory, input.constData(), size_t(input.size())) == input.size(), "it holds the input");
-    const audio::DecodedSound sound = audio::decodeSound(QStringLiteral("/proc/self/fd/%1").arg(memory));
+    const audio::DecodedSound sound = audio::decodeSound(u"/proc/self/fd/%1"_s.arg(memory));
     close(memory);
 
     require((sound.clip == nullptr) != sound.reason.isEmpty(), "there is a clip or a reason");

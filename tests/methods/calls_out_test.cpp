@@ -8,6 +8,8 @@
 
 #include <dlfcn.h>
 
+using namespace Qt::StringLiterals;
+
 // What the methods call of others, seen at the calls: the program's definitions come before those of its libraries.
 
 namespace {
@@ -29,7 +31,7 @@ Function next(const char* name)
 CFDataRef CFStringCreateExternalRepresentation(CFAllocatorRef allocator, CFStringRef string, CFStringEncoding encoding,
                                                UInt8 lossByte)
 {
-    calls.append(QStringLiteral("context"));
+    calls.append(u"context"_s);
     static const auto make =
         next<decltype(&CFStringCreateExternalRepresentation)>("CFStringCreateExternalRepresentation");
     return make(allocator, string, encoding, lossByte);
@@ -37,7 +39,7 @@ CFDataRef CFStringCreateExternalRepresentation(CFAllocatorRef allocator, CFStrin
 
 bool QPixmap::save(QIODevice* device, const char* format, int quality) const
 {
-    calls.append(QStringLiteral("picture"));
+    calls.append(u"picture"_s);
     return !doesSavingFail && toImage().save(device, format, quality);
 }
 
@@ -53,9 +55,9 @@ ZepaField ZepaField::checkBox(const QString& label, const QString& id, bool chec
 
 ZepaBuddy ZepaArg::toBuddy() const
 {
-    calls.append(QStringLiteral("argument"));
+    calls.append(u"argument"_s);
     for (qsizetype i = 0; RecordingHost::current != nullptr && i < RecordingHost::current->settingsRead.size(); ++i)
-        calls.append(QStringLiteral("after a setting"));
+        calls.append(u"after a setting"_s);
     static const auto convert = next<ZepaBuddy (*)(const ZepaArg*)>("_ZNK7ZepaArg7toBuddyEv");
     return convert(this);
 }
@@ -79,7 +81,7 @@ protected:
         ZepaNotification notification(id, id, QString(), QString());
         QImage picture(3, 2, QImage::Format_RGB32);
         picture.fill(Qt::red);
-        const QString file = host.settings.filePath(QStringLiteral("picture.bmp"));
+        const QString file = host.settings.filePath(u"picture.bmp"_s);
         ASSERT_TRUE(picture.save(file));
         method.postNotification(0, &notification, id, id, file, QString(), {}, action, args);
     }
@@ -90,18 +92,18 @@ protected:
 TEST_F(CallsOut, OfAPopupMakeTheClickContextBeforeThePicture)
 {
     ZepaHintNotificationMethod method;
-    post(method, QStringLiteral("event"), ZepaPluginAction([] {}));
-    EXPECT_EQ(calls, QStringList({QStringLiteral("context"), QStringLiteral("picture")}));
+    post(method, u"event"_s, ZepaPluginAction([] {}));
+    EXPECT_EQ(calls, QStringList({u"context"_s, u"picture"_s}));
     calls.clear();
-    post(method, QStringLiteral("event"), ZepaPluginAction());
-    EXPECT_EQ(calls, QStringList({QStringLiteral("picture")}));
+    post(method, u"event"_s, ZepaPluginAction());
+    EXPECT_EQ(calls, QStringList({u"picture"_s}));
 }
 
 TEST_F(CallsOut, OfAPopupHandEmptyDataOnWhenThePictureCannotBeSaved)
 {
     ZepaHintNotificationMethod method;
     doesSavingFail = true;
-    post(method, QStringLiteral("event"), ZepaPluginAction());
+    post(method, u"event"_s, ZepaPluginAction());
     const RecordedPopup& popup = RecordingGrowl::popups.last();
     // Name, title, description and the picture.
     ASSERT_EQ(popup.kept.size(), 4);
@@ -120,13 +122,13 @@ TEST_F(CallsOut, ForTheStickyBoxGiveAnEmptyTextAndNoOptions)
 TEST_F(CallsOut, OfAnAlertTakeTheSenderBeforeTheSettingWhateverThatSays)
 {
     ZepaSoundNotificationMethod method;
-    const ZepaArg sender = ZepaArg::fromBuddy(ZepaBuddy(QStringLiteral("ann"), QString(), ZepaBuddy::Contact));
+    const ZepaArg sender = ZepaArg::fromBuddy(ZepaBuddy(u"ann"_s, QString(), ZepaBuddy::Contact));
     for (const char* choice : {"never", "always", "buddies_only"}) {
         calls.clear();
         host.settingsRead.clear();
         host.alerts = QString::fromLatin1(choice);
-        post(method, QStringLiteral("alert_received_notify"), ZepaPluginAction(), {sender});
-        EXPECT_EQ(calls, QStringList({QStringLiteral("argument")})) << choice;
+        post(method, u"alert_received_notify"_s, ZepaPluginAction(), {sender});
+        EXPECT_EQ(calls, QStringList({u"argument"_s})) << choice;
         EXPECT_EQ(host.settingsRead.size(), 1);
     }
 }

@@ -8,6 +8,8 @@
 #include <stdexcept>
 #include <utility>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 /// What is handed out for every property list, when set: a system may keep one object for each text.
@@ -28,7 +30,7 @@ CFPropertyListRef CFPropertyListCreateFromXMLData(CFAllocatorRef allocator, CFDa
 
 namespace {
 
-const QString event = QStringLiteral("info_notify");
+const QString event = u"info_notify"_s;
 
 class HintCallbacks : public ModuleTest
 {
@@ -120,10 +122,10 @@ TEST_F(HintCallbacks, AClickPrintsTheContextTwiceAndEveryPendingOne)
     post();
     const QStringList lines = printed([] { notificationClicked(CFSTR("other")); });
     ASSERT_EQ(lines.size(), 4);
-    EXPECT_EQ(lines.first(), QStringLiteral("other"));
-    EXPECT_EQ(lines.at(1), QStringLiteral("other"));
-    EXPECT_TRUE(lines.contains(QStringLiteral("0")));
-    EXPECT_TRUE(lines.contains(QStringLiteral("1")));
+    EXPECT_EQ(lines.first(), u"other"_s);
+    EXPECT_EQ(lines.at(1), u"other"_s);
+    EXPECT_TRUE(lines.contains(u"0"_s));
+    EXPECT_TRUE(lines.contains(u"1"_s));
 }
 
 TEST(HintCallbacksAlone, AClickBeforeAnyMethodExistsDoesNothingButOnePrint)
@@ -282,7 +284,7 @@ TEST_F(HintCallbacks, AClickRunsTheActionsInTheOrderOfTheTable)
     // A hash that is filled with the same keys in the same order is walked in the same order as the table.
     QHash<const void*, QString> names;
     QStringList order;
-    for (const QString& name : {QStringLiteral("a"), QStringLiteral("b"), QStringLiteral("c"), QStringLiteral("d")})
+    for (const QString& name : {u"a"_s, u"b"_s, u"c"_s, u"d"_s})
         names.insert(postNumber(7, [&order, name] { order.append(name); }), name);
     notificationClicked(CFSTR("7"));
     EXPECT_EQ(order, QStringList(names.values()));

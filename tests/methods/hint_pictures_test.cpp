@@ -9,6 +9,8 @@
 #include <QImage>
 #include <QPixmap>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 class HintPictures : public ModuleTest
@@ -18,8 +20,7 @@ protected:
     /// The picture that the pop-up gets for a path; null when it gets none.
     QImage shown(const QString& icon)
     {
-        method.postNotification(0, &notification, QStringLiteral("title"), QString(), icon, QString(), {},
-                                ZepaPluginAction(), {});
+        method.postNotification(0, &notification, u"title"_s, QString(), icon, QString(), {}, ZepaPluginAction(), {});
         return QImage::fromData(RecordingGrowl::popups.last().icon).convertToFormat(QImage::Format_RGB32);
     }
     static QImage picture(Qt::GlobalColor colour)
@@ -30,8 +31,8 @@ protected:
     }
 
     ZepaHintNotificationMethod method;
-    ZepaNotification notification{QStringLiteral("id"), QStringLiteral("name"), QString(), QString()};
-    const QString png = QStringLiteral("picture.png");
+    ZepaNotification notification{u"id"_s, u"name"_s, QString(), QString()};
+    const QString png = u"picture.png"_s;
 };
 
 class IrregularHintPictures : public HintPictures, public testing::WithParamInterface<Irregular>
@@ -45,7 +46,7 @@ TEST_P(IrregularHintPictures, AreNotShown)
         GTEST_SKIP() << "the path of the temporary folder is too long for a socket";
     EXPECT_TRUE(shown(path(png)).isNull());
     // The path without its ending leads to it, too.
-    EXPECT_TRUE(shown(path(QStringLiteral("picture"))).isNull());
+    EXPECT_TRUE(shown(path(u"picture"_s)).isNull());
 }
 
 INSTANTIATE_TEST_SUITE_P(Kind, IrregularHintPictures,
@@ -65,15 +66,15 @@ TEST_F(HintPictures, AreNotTakenOutOfAPipe)
 
 TEST_F(HintPictures, AreFoundBehindAPathAtWhichThereIsAFolder)
 {
-    ASSERT_TRUE(QDir().mkdir(path(QStringLiteral("picture"))) && picture(Qt::green).save(path(png)));
-    ASSERT_FALSE(QPixmap(path(QStringLiteral("picture"))).isNull());
-    EXPECT_EQ(shown(path(QStringLiteral("picture"))), picture(Qt::green));
+    ASSERT_TRUE(QDir().mkdir(path(u"picture"_s)) && picture(Qt::green).save(path(png)));
+    ASSERT_FALSE(QPixmap(path(u"picture"_s)).isNull());
+    EXPECT_EQ(shown(path(u"picture"_s)), picture(Qt::green));
 }
 
 TEST_F(HintPictures, MayBeBuiltIntoTheProgram)
 {
     // One that Qt's own library brings.
-    const QString builtIn = QStringLiteral(":/qt-project.org/styles/commonstyle/images/standardbutton-ok-16.png");
+    const QString builtIn = u":/qt-project.org/styles/commonstyle/images/standardbutton-ok-16.png"_s;
     ASSERT_FALSE(QPixmap(builtIn).isNull());
     EXPECT_EQ(shown(builtIn).size(), QPixmap(builtIn).size());
     const QString withoutEnding = builtIn.chopped(4);
@@ -84,10 +85,10 @@ TEST_F(HintPictures, MayBeBuiltIntoTheProgram)
 TEST_F(HintPictures, MayBeInAFolderOfASearchPath)
 {
     ASSERT_TRUE(picture(Qt::green).save(path(png)));
-    QDir::setSearchPaths(QStringLiteral("pictures"), {QStringLiteral("/nowhere"), host.settings.path()});
-    EXPECT_EQ(shown(QStringLiteral("pictures:picture.png")), picture(Qt::green));
-    EXPECT_EQ(shown(QStringLiteral("pictures:picture")), picture(Qt::green));
-    QDir::setSearchPaths(QStringLiteral("pictures"), {});
+    QDir::setSearchPaths(u"pictures"_s, {u"/nowhere"_s, host.settings.path()});
+    EXPECT_EQ(shown(u"pictures:picture.png"_s), picture(Qt::green));
+    EXPECT_EQ(shown(u"pictures:picture"_s), picture(Qt::green));
+    QDir::setSearchPaths(u"pictures"_s, {});
 }
 
 TEST_F(HintPictures, AreReadWhateverTheirEndingSays)

@@ -12,6 +12,8 @@
 
 #include <limits>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 class HintPosting : public ModuleTest
@@ -19,22 +21,21 @@ class HintPosting : public ModuleTest
 protected:
     HintPosting() { RecordingGrowl::reset(); }
 
-    static ZepaField sticky(bool on) { return ProbeMethod::box(QStringLiteral("sticky"), on); }
+    static ZepaField sticky(bool on) { return ProbeMethod::box(u"sticky"_s, on); }
     const RecordedPopup& post(const QString& title, const QString& text, const QList<ZepaField>& config = {},
                               const ZepaPluginAction& reaction = ZepaPluginAction(), const QString& icon = QString(),
                               unsigned int sequence = 0)
     {
-        method.postNotification(sequence, &notification, title, text, icon, QStringLiteral("extra"), config, reaction,
-                                {});
+        method.postNotification(sequence, &notification, title, text, icon, u"extra"_s, config, reaction, {});
         return RecordingGrowl::popups.last();
     }
     /// What the pop-up shows for a title or text.
     QString shown(const QString& text) { return post(text, QString()).title; }
 
     ZepaHintNotificationMethod method;
-    ZepaNotification notification{QStringLiteral("id"), QStringLiteral("Message received"), QString(), QString()};
+    ZepaNotification notification{u"id"_s, u"Message received"_s, QString(), QString()};
     const ZepaPluginAction action{[] {}};
-    const QString a = QStringLiteral("a");
+    const QString a = u"a"_s;
 };
 
 /// Long enough for a written file to count as settled, in milliseconds.
@@ -60,11 +61,11 @@ QColor colourOf(const QByteArray& encoded)
 
 TEST_F(HintPosting, FillsTheRecordWithTheDisplayNameAndNothingThatIsNotAsked)
 {
-    const RecordedPopup& popup = post(QStringLiteral("title"), QStringLiteral("text"));
+    const RecordedPopup& popup = post(u"title"_s, u"text"_s);
     EXPECT_EQ(popup.size, sizeof(Growl_Notification));
-    EXPECT_EQ(popup.name, QStringLiteral("Message received"));
-    EXPECT_EQ(popup.title, QStringLiteral("title"));
-    EXPECT_EQ(popup.description, QStringLiteral("text"));
+    EXPECT_EQ(popup.name, u"Message received"_s);
+    EXPECT_EQ(popup.title, u"title"_s);
+    EXPECT_EQ(popup.description, u"text"_s);
     EXPECT_TRUE(popup.icon.isNull());
     EXPECT_EQ(popup.priority, 0);
     EXPECT_EQ(popup.reserved, 0U);
@@ -78,7 +79,7 @@ TEST_F(HintPosting, RegistersAgainAtEveryPostingThatFindsGrowlRunning)
 {
     post(a, a);
     post(a, a, {}, action);
-    EXPECT_EQ(RecordingGrowl::calls.join(QLatin1Char(' ')), QStringLiteral("running set post running set post"));
+    EXPECT_EQ(RecordingGrowl::calls.join(QLatin1Char(' ')), u"running set post running set post"_s);
 }
 
 TEST_F(HintPosting, DoesNothingWhenGrowlIsNotRunningEvenWithAnAction)
@@ -88,7 +89,7 @@ TEST_F(HintPosting, DoesNothingWhenGrowlIsNotRunningEvenWithAnAction)
     const std::weak_ptr<int> watch = alive;
     method.postNotification(0, &notification, a, a, QString(), QString(), {},
                             ZepaPluginAction([alive = std::move(alive)] {}), {});
-    EXPECT_EQ(RecordingGrowl::calls.join(QLatin1Char(' ')), QStringLiteral("running"));
+    EXPECT_EQ(RecordingGrowl::calls.join(QLatin1Char(' ')), u"running"_s);
     EXPECT_TRUE(watch.expired()) << "the action is kept";
 }
 
@@ -103,42 +104,41 @@ TEST_F(HintPosting, TakesTheLastStickyFieldAndNoOther)
 {
     EXPECT_FALSE(post(a, a, {sticky(true), sticky(false)}).sticky);
     EXPECT_TRUE(post(a, a, {sticky(false), sticky(true)}).sticky);
-    EXPECT_FALSE(post(a, a, {ProbeMethod::box(QStringLiteral("Sticky"), true)}).sticky);
+    EXPECT_FALSE(post(a, a, {ProbeMethod::box(u"Sticky"_s, true)}).sticky);
     EXPECT_FALSE(post(a, a).sticky);
 }
 
 TEST_F(HintPosting, TakesTheImageMarkerOutAndKeepsBothBlanks)
 {
-    EXPECT_EQ(shown(QStringLiteral("New image:/tmp/a.png:image message")), QStringLiteral("New  message"));
+    EXPECT_EQ(shown(u"New image:/tmp/a.png:image message"_s), u"New  message"_s);
 }
 
 TEST_F(HintPosting, TakesEverythingFromTheFirstMarkerToTheLast)
 {
-    const QString text = post(a, QStringLiteral("image:a:image x image:b:image")).description;
+    const QString text = post(a, u"image:a:image x image:b:image"_s).description;
     EXPECT_TRUE(text.isEmpty());
     EXPECT_FALSE(text.isNull());
 }
 
 TEST_F(HintPosting, TakesMarkersOutAsTheGreedyExpressionSays)
 {
-    EXPECT_EQ(shown(QStringLiteral("a image:x\ny:image b")), QStringLiteral("a  b"));
-    EXPECT_EQ(shown(QStringLiteral("aimage::imageb")), QStringLiteral("ab"));
-    EXPECT_EQ(shown(QStringLiteral("image:image")), QStringLiteral("image:image"));
-    EXPECT_EQ(shown(QStringLiteral("image:x")), QStringLiteral("image:x"));
-    EXPECT_EQ(shown(QStringLiteral(":image x image:")), QStringLiteral(":image x image:"));
-    EXPECT_EQ(shown(QStringLiteral("IMAGE:x:IMAGE")), QStringLiteral("IMAGE:x:IMAGE"));
-    EXPECT_EQ(shown(QStringLiteral("image:a image:b:image c")), QStringLiteral(" c"));
-    EXPECT_EQ(shown(QStringLiteral("image:a:image:image")), QStringLiteral(""));
+    EXPECT_EQ(shown(u"a image:x\ny:image b"_s), u"a  b"_s);
+    EXPECT_EQ(shown(u"aimage::imageb"_s), u"ab"_s);
+    EXPECT_EQ(shown(u"image:image"_s), u"image:image"_s);
+    EXPECT_EQ(shown(u"image:x"_s), u"image:x"_s);
+    EXPECT_EQ(shown(u":image x image:"_s), u":image x image:"_s);
+    EXPECT_EQ(shown(u"IMAGE:x:IMAGE"_s), u"IMAGE:x:IMAGE"_s);
+    EXPECT_EQ(shown(u"image:a image:b:image c"_s), u" c"_s);
+    EXPECT_EQ(shown(u"image:a:image:image"_s), u""_s);
     const QString surrogate = QString(QChar(0xd800));
-    EXPECT_EQ(shown(surrogate + QStringLiteral("image:x") + surrogate + QStringLiteral(":image!")),
-              surrogate + QLatin1Char('!'));
+    EXPECT_EQ(shown(surrogate + u"image:x"_s + surrogate + u":image!"_s), surrogate + QLatin1Char('!'));
 }
 
 TEST_F(HintPosting, LeavesTheCallersTextsAlone)
 {
-    const QString title = QStringLiteral("a image:b:image");
+    const QString title = u"a image:b:image"_s;
     post(title, title);
-    EXPECT_EQ(title, QStringLiteral("a image:b:image"));
+    EXPECT_EQ(title, u"a image:b:image"_s);
 }
 
 TEST_F(HintPosting, GivesNoStringForANullTextAndAnEmptyOneForAnEmptyText)
@@ -146,7 +146,7 @@ TEST_F(HintPosting, GivesNoStringForANullTextAndAnEmptyOneForAnEmptyText)
     const RecordedPopup& without = post(QString(), QString());
     EXPECT_TRUE(without.title.isNull());
     EXPECT_TRUE(without.description.isNull());
-    const RecordedPopup& empty = post(QStringLiteral(""), QStringLiteral(""));
+    const RecordedPopup& empty = post(u""_s, u""_s);
     EXPECT_FALSE(empty.title.isNull());
     EXPECT_FALSE(empty.description.isNull());
     EXPECT_TRUE(empty.title.isEmpty());
@@ -156,7 +156,7 @@ TEST_F(HintPosting, GivesNoStringForANullTextAndAnEmptyOneForAnEmptyText)
 
 TEST_F(HintPosting, SurvivesATypeWithoutAName)
 {
-    ZepaNotification nameless(QStringLiteral("id"), QString(), QString(), QString());
+    ZepaNotification nameless(u"id"_s, QString(), QString(), QString());
     method.postNotification(0, &nameless, a, a, QString(), QString(), {}, action, {});
     EXPECT_TRUE(RecordingGrowl::popups.last().name.isNull());
 }
@@ -170,7 +170,7 @@ TEST_F(HintPosting, KeepsSurrogatePairsAsTheyAre)
 
 TEST_F(HintPosting, HandsThePictureOnAsAPngFile)
 {
-    const QString file = host.settings.filePath(QStringLiteral("picture.bmp"));
+    const QString file = host.settings.filePath(u"picture.bmp"_s);
     QImage picture(3, 2, QImage::Format_RGB32);
     picture.fill(Qt::green);
     ASSERT_TRUE(picture.save(file));
@@ -183,7 +183,7 @@ TEST_F(HintPosting, HandsThePictureOnAsAPngFile)
 
 TEST_F(HintPosting, HandsTheSamePictureOnForTheSameFile)
 {
-    const QString file = host.settings.filePath(QStringLiteral("picture.png"));
+    const QString file = host.settings.filePath(u"picture.png"_s);
     ASSERT_TRUE(savePicture(file, Qt::green, settledAge));
     const QByteArray first = post(a, a, {}, {}, file).icon;
     const QByteArray second = post(a, a, {}, {}, file).icon;
@@ -193,7 +193,7 @@ TEST_F(HintPosting, HandsTheSamePictureOnForTheSameFile)
 
 TEST_F(HintPosting, NoticesThatAPictureFileHasChanged)
 {
-    const QString file = host.settings.filePath(QStringLiteral("picture.bmp"));
+    const QString file = host.settings.filePath(u"picture.bmp"_s);
     ASSERT_TRUE(savePicture(file, Qt::green, settledAge));
     EXPECT_EQ(colourOf(post(a, a, {}, {}, file).icon), QColor(Qt::green));
     EXPECT_EQ(colourOf(post(a, a, {}, {}, file).icon), QColor(Qt::green));
@@ -210,7 +210,7 @@ TEST_F(HintPosting, NoticesThatAPictureFileHasChanged)
 
 TEST_F(HintPosting, NoticesEveryChangeOfAFileThatIsBeingWritten)
 {
-    const QString file = host.settings.filePath(QStringLiteral("picture.bmp"));
+    const QString file = host.settings.filePath(u"picture.bmp"_s);
     for (const Qt::GlobalColor colour : {Qt::green, Qt::red, Qt::blue, Qt::green, Qt::red}) {
         ASSERT_TRUE(savePicture(file, colour));
         EXPECT_EQ(colourOf(post(a, a, {}, {}, file).icon), QColor(colour));
@@ -234,9 +234,9 @@ bool saveTwins(const QString& first, const QColor& firstColour, const QString& s
 
 TEST_F(HintPosting, NoticesThatAPathLeadsToAnotherFileOfTheSameSizeAndTime)
 {
-    const QString green = host.settings.filePath(QStringLiteral("green.bmp"));
-    const QString red = host.settings.filePath(QStringLiteral("red.bmp"));
-    const QString link = host.settings.filePath(QStringLiteral("picture.bmp"));
+    const QString green = host.settings.filePath(u"green.bmp"_s);
+    const QString red = host.settings.filePath(u"red.bmp"_s);
+    const QString link = host.settings.filePath(u"picture.bmp"_s);
     if (!saveTwins(green, Qt::green, red, Qt::red))
         GTEST_SKIP() << "no two files were written within a millisecond";
     QThread::msleep(settledAge);
@@ -248,10 +248,10 @@ TEST_F(HintPosting, NoticesThatAPathLeadsToAnotherFileOfTheSameSizeAndTime)
 
 TEST_F(HintPosting, FindsThePictureOfAPathWithoutItsEndingWhereAPixmapWould)
 {
-    ASSERT_TRUE(savePicture(host.settings.filePath(QStringLiteral("picture.png")), Qt::green));
-    ASSERT_TRUE(savePicture(host.settings.filePath(QStringLiteral("picture.of.anna.png")), Qt::red));
-    const QString plain = host.settings.filePath(QStringLiteral("picture"));
-    const QString dotted = host.settings.filePath(QStringLiteral("picture.of.anna"));
+    ASSERT_TRUE(savePicture(host.settings.filePath(u"picture.png"_s), Qt::green));
+    ASSERT_TRUE(savePicture(host.settings.filePath(u"picture.of.anna.png"_s), Qt::red));
+    const QString plain = host.settings.filePath(u"picture"_s);
+    const QString dotted = host.settings.filePath(u"picture.of.anna"_s);
     ASSERT_FALSE(QPixmap(plain).isNull());
     ASSERT_TRUE(QPixmap(dotted).isNull());
     EXPECT_EQ(colourOf(post(a, a, {}, {}, plain).icon), QColor(Qt::green));
@@ -260,7 +260,7 @@ TEST_F(HintPosting, FindsThePictureOfAPathWithoutItsEndingWhereAPixmapWould)
 
 TEST_F(HintPosting, HandsNoPictureOnWhenItsFileIsGone)
 {
-    const QString file = host.settings.filePath(QStringLiteral("picture.png"));
+    const QString file = host.settings.filePath(u"picture.png"_s);
     ASSERT_TRUE(savePicture(file, Qt::green, settledAge));
     EXPECT_FALSE(post(a, a, {}, {}, file).icon.isNull());
     ASSERT_TRUE(QFile::remove(file));
@@ -269,20 +269,19 @@ TEST_F(HintPosting, HandsNoPictureOnWhenItsFileIsGone)
 
 TEST_F(HintPosting, HandsNoPictureOnForAMissingOrUnreadableFileOrAnEmptyPath)
 {
-    const QString file = host.settings.filePath(QStringLiteral("text.png"));
+    const QString file = host.settings.filePath(u"text.png"_s);
     QFile text(file);
     ASSERT_TRUE(text.open(QIODevice::WriteOnly) && text.write("no picture") > 0);
     text.close();
     EXPECT_TRUE(post(a, a, {}, {}, file).icon.isNull());
-    EXPECT_TRUE(post(a, a, {}, {}, QStringLiteral("/nowhere/x.png")).icon.isNull());
-    EXPECT_TRUE(post(a, a, {}, {}, QStringLiteral("")).icon.isNull());
+    EXPECT_TRUE(post(a, a, {}, {}, u"/nowhere/x.png"_s).icon.isNull());
+    EXPECT_TRUE(post(a, a, {}, {}, u""_s).icon.isNull());
 }
 
 TEST_F(HintPosting, WritesItsNumberInFullIntoTheClickContext)
 {
-    EXPECT_EQ(post(a, a, {}, action, {}, 0).contextText, QStringLiteral("0"));
-    EXPECT_EQ(post(a, a, {}, action, {}, std::numeric_limits<unsigned int>::max()).contextText,
-              QStringLiteral("4294967295"));
+    EXPECT_EQ(post(a, a, {}, action, {}, 0).contextText, u"0"_s);
+    EXPECT_EQ(post(a, a, {}, action, {}, std::numeric_limits<unsigned int>::max()).contextText, u"4294967295"_s);
     const CFPropertyListRef context = post(a, a, {}, action, {}, 42).context;
     EXPECT_TRUE(CFEqual(context, CFSTR("42")));
 }
@@ -296,7 +295,7 @@ TEST_F(HintPosting, LeavesTheTableOneReferenceOnTheContext)
 
 TEST_F(HintPosting, GivesUpEveryStringThatItMadeForGrowl)
 {
-    const QString file = host.settings.filePath(QStringLiteral("picture.png"));
+    const QString file = host.settings.filePath(u"picture.png"_s);
     ASSERT_TRUE(savePicture(file, Qt::green));
     for (const ZepaPluginAction& each : {ZepaPluginAction(), action}) {
         const RecordedPopup& popup = post(a, a, {}, each, file);

@@ -5,6 +5,8 @@
 
 #include <dlfcn.h>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 QList<CFMutableArrayRef> mutableArrays;
@@ -30,8 +32,8 @@ protected:
         names.sort();
         return names;
     }
-    const QStringList firstNames{QStringLiteral("message_received_initial"),
-                                 QStringLiteral("message_received_background"), QStringLiteral("message_received")};
+    const QStringList firstNames{u"message_received_initial"_s, u"message_received_background"_s,
+                                 u"message_received"_s};
 };
 
 } // namespace
@@ -49,7 +51,7 @@ TEST_F(HintRegistration, IsMadeUnderTheNameZepaWithTheCallBacksAndNothingElse)
     const Growl_Delegate* delegate = RecordingGrowl::delegate;
     ASSERT_NE(delegate, nullptr);
     EXPECT_EQ(delegate->size, sizeof(Growl_Delegate));
-    EXPECT_EQ(RecordingGrowl::toQString(delegate->applicationName), QStringLiteral("Zepa"));
+    EXPECT_EQ(RecordingGrowl::toQString(delegate->applicationName), u"Zepa"_s);
     EXPECT_EQ(delegate->applicationIconData, nullptr);
     EXPECT_EQ(delegate->growlInstallationWindowTitle, nullptr);
     EXPECT_EQ(delegate->growlInstallationInformation, nullptr);
@@ -89,33 +91,31 @@ TEST_F(HintRegistration, IsEmptyAfterInstallationIntoAModuleWithoutTypes)
 TEST_F(HintRegistration, HoldsTheDisplayNamesOfAllTypesAfterEachNewOne)
 {
     module();
-    module().registerNotification(QStringLiteral("one"), QStringLiteral("First"), QStringLiteral("extra"),
-                                  QStringLiteral("description"));
-    EXPECT_EQ(RecordingGrowl::registrations.last(), QStringList({QStringLiteral("First")}));
-    module().registerNotification(QStringLiteral("two"), QStringLiteral("Second"), QString(), QString());
-    EXPECT_EQ(sorted(RecordingGrowl::registrations.last()),
-              QStringList({QStringLiteral("First"), QStringLiteral("Second")}));
+    module().registerNotification(u"one"_s, u"First"_s, u"extra"_s, u"description"_s);
+    EXPECT_EQ(RecordingGrowl::registrations.last(), QStringList({u"First"_s}));
+    module().registerNotification(u"two"_s, u"Second"_s, QString(), QString());
+    EXPECT_EQ(sorted(RecordingGrowl::registrations.last()), QStringList({u"First"_s, u"Second"_s}));
 }
 
 TEST_F(HintRegistration, HoldsTheModulesFullListWhicheverTypeIsGiven)
 {
-    registerType(QStringLiteral("one"));
-    ZepaNotification stranger(QStringLiteral("id"), QStringLiteral("Stranger"), QString(), QString());
+    registerType(u"one"_s);
+    ZepaNotification stranger(u"id"_s, u"Stranger"_s, QString(), QString());
     const qsizetype before = RecordingGrowl::registrations.size();
     hnminstance->registerNotification(&stranger);
     hnminstance->registerNotification(nullptr);
     ASSERT_EQ(RecordingGrowl::registrations.size(), before + 2);
-    EXPECT_EQ(RecordingGrowl::registrations.at(before), QStringList({QStringLiteral("Name of one")}));
-    EXPECT_EQ(RecordingGrowl::registrations.last(), QStringList({QStringLiteral("Name of one")}));
+    EXPECT_EQ(RecordingGrowl::registrations.at(before), QStringList({u"Name of one"_s}));
+    EXPECT_EQ(RecordingGrowl::registrations.last(), QStringList({u"Name of one"_s}));
 }
 
 TEST_F(HintRegistration, HoldsExactlyTheGivenTypesInTheirOrder)
 {
     ZepaHintNotificationMethod method;
-    ZepaNotification b(QStringLiteral("1"), QStringLiteral("B"), QString(), QString());
-    ZepaNotification a(QStringLiteral("2"), QStringLiteral("A"), QString(), QString());
+    ZepaNotification b(u"1"_s, u"B"_s, QString(), QString());
+    ZepaNotification a(u"2"_s, u"A"_s, QString(), QString());
     method.registerNotifications({&b, &a});
-    EXPECT_EQ(RecordingGrowl::registrations.last(), QStringList({QStringLiteral("B"), QStringLiteral("A")}));
+    EXPECT_EQ(RecordingGrowl::registrations.last(), QStringList({u"B"_s, u"A"_s}));
     method.registerNotifications({});
     EXPECT_EQ(RecordingGrowl::registrations.last(), QStringList());
 }
@@ -123,15 +123,15 @@ TEST_F(HintRegistration, HoldsExactlyTheGivenTypesInTheirOrder)
 TEST_F(HintRegistration, TakesATypeWithoutANameForOneWithAnEmptyName)
 {
     ZepaHintNotificationMethod method;
-    ZepaNotification nameless(QStringLiteral("1"), QString(), QString(), QString());
+    ZepaNotification nameless(u"1"_s, QString(), QString(), QString());
     method.registerNotifications({&nameless});
-    EXPECT_EQ(RecordingGrowl::registrations.last(), QStringList({QStringLiteral("")}));
+    EXPECT_EQ(RecordingGrowl::registrations.last(), QStringList({u""_s}));
 }
 
 TEST_F(HintRegistration, GivesUpWhatTheLastOneOwned)
 {
     ZepaHintNotificationMethod method;
-    ZepaNotification one(QStringLiteral("1"), QStringLiteral("One"), QString(), QString());
+    ZepaNotification one(u"1"_s, u"One"_s, QString(), QString());
     method.registerNotifications({&one});
     const CFDictionaryRef dictionary = RecordingGrowl::delegate->registrationDictionary;
     const auto names = static_cast<CFArrayRef>(CFDictionaryGetValue(dictionary, CFSTR("AllNotifications")));
@@ -158,7 +158,7 @@ TEST_F(HintRegistration, GivesUpWhatItOwnsWithTheMethod)
     CFStringRef name = nullptr;
     {
         ZepaHintNotificationMethod method;
-        ZepaNotification one(QStringLiteral("1"), QStringLiteral("One"), QString(), QString());
+        ZepaNotification one(u"1"_s, u"One"_s, QString(), QString());
         method.registerNotifications({&one});
         dictionary = RecordingGrowl::delegate->registrationDictionary;
         names = static_cast<CFArrayRef>(CFDictionaryGetValue(dictionary, CFSTR("AllNotifications")));
@@ -179,15 +179,15 @@ TEST_F(HintRegistration, OffersAStickyBoxThatIsOffForSevenTypes)
 {
     const ZepaHintNotificationMethod method;
     ASSERT_EQ(method.fields.size(), 1);
-    EXPECT_EQ(method.fields.first().getId(), QStringLiteral("sticky"));
+    EXPECT_EQ(method.fields.first().getId(), u"sticky"_s);
     EXPECT_EQ(method.fields.first().getType(), ZepaField::CheckBox);
-    EXPECT_EQ(method.fields.first().getLabel(), QStringLiteral("Sticky"));
+    EXPECT_EQ(method.fields.first().getLabel(), u"Sticky"_s);
     EXPECT_FALSE(method.fields.first().isChecked());
     for (const char* id : {"message_received_initial", "message_received_background", "message_received", "logged_in",
                            "info_notify", "error_notify", "email_notify"}) {
         const QList<ZepaField> config = method.getDefaultNotificationConfig(QString::fromLatin1(id));
         ASSERT_EQ(config.size(), 1) << id;
-        EXPECT_EQ(config.first().getId(), QStringLiteral("sticky")) << id;
+        EXPECT_EQ(config.first().getId(), u"sticky"_s) << id;
         EXPECT_FALSE(config.first().isChecked()) << id;
     }
     for (const char* id : {"message_sent", "alert_received_notify", "buddy_connected", "typing_started_notify"})
@@ -205,7 +205,7 @@ TEST_F(HintRegistration, OfOneTypeGoesThroughTheRegistrationOfAllThatADerivedMet
         }
         QList<qsizetype> sizes;
     };
-    module().registerNotification(QStringLiteral("one"), QStringLiteral("One"), QString(), QString());
+    module().registerNotification(u"one"_s, u"One"_s, QString(), QString());
     Derived derived;
     derived.registerNotification(nullptr);
     EXPECT_EQ(derived.sizes, QList<qsizetype>({1}));
@@ -214,8 +214,8 @@ TEST_F(HintRegistration, OfOneTypeGoesThroughTheRegistrationOfAllThatADerivedMet
 TEST_F(HintRegistration, NamesTheMethod)
 {
     const ZepaHintNotificationMethod method;
-    EXPECT_EQ(method.getId(), QStringLiteral("zepa_hint_notification"));
-    EXPECT_EQ(method.getActionName(), QStringLiteral("Display a Growl notification"));
+    EXPECT_EQ(method.getId(), u"zepa_hint_notification"_s);
+    EXPECT_EQ(method.getActionName(), u"Display a Growl notification"_s);
     EXPECT_TRUE(method.getActionIcon().isNull());
 }
 
@@ -223,10 +223,10 @@ TEST_F(HintRegistration, TranslatesItsTextsUnderTheirContextsAndComments)
 {
     const MarkingTranslator::Installed translator;
     const ZepaHintNotificationMethod method;
-    EXPECT_EQ(method.getActionName(), QStringLiteral("Display a Growl notification|translation|growl - Mac OS X system "
-                                                     "wide notification method"));
+    EXPECT_EQ(method.getActionName(), u"Display a Growl notification|translation|growl - Mac OS X system "
+                                      u"wide notification method"_s);
     EXPECT_EQ(method.fields.first().getLabel(),
-              QStringLiteral("Sticky|translation|sticky notification, stays visible until user accepts it"));
+              u"Sticky|translation|sticky notification, stays visible until user accepts it"_s);
 }
 
 // An array that nothing reads, fills or releases: this is odd and meant.

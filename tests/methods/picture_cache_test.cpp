@@ -9,6 +9,8 @@
 
 #include <vector>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 int encodedCount = 0;
@@ -54,8 +56,8 @@ protected:
     static constexpr qsizetype large = PictureCache::byteLimit + 1;
 
     const QTemporaryDir m_folder;
-    const QString a = m_folder.filePath(QStringLiteral("a.bmp"));
-    const QString b = m_folder.filePath(QStringLiteral("b.bmp"));
+    const QString a = m_folder.filePath(u"a.bmp"_s);
+    const QString b = m_folder.filePath(u"b.bmp"_s);
     PictureCache m_cache{encode};
 };
 

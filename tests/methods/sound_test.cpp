@@ -3,49 +3,45 @@
 #include "methods/sound_notification_method.h"
 #include "module_test.h"
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
-const QString alert = QStringLiteral("alert_received_notify");
+const QString alert = u"alert_received_notify"_s;
 
 class Sound : public ModuleTest
 {
 protected:
-    static ZepaArg sender(int type)
-    {
-        return ZepaArg::fromBuddy(ZepaBuddy(QStringLiteral("ann@example.org"), QStringLiteral("Ann"), type));
-    }
-    static ZepaField file(const QString& path) { return ProbeMethod::text(QStringLiteral("sound_file"), path); }
+    static ZepaArg sender(int type) { return ZepaArg::fromBuddy(ZepaBuddy(u"ann@example.org"_s, u"Ann"_s, type)); }
+    static ZepaField file(const QString& path) { return ProbeMethod::text(u"sound_file"_s, path); }
     /// What is played for one posting; an empty list for silence.
     QStringList played(const QString& id, const QList<ZepaField>& config, const QList<ZepaArg>& args = {})
     {
         ZepaNotification notification(id, id, QString(), QString());
         host.played.clear();
-        method.postNotification(0, &notification, QStringLiteral("title"), QStringLiteral("text"), QString(), QString(),
-                                config, ZepaPluginAction(), args);
+        method.postNotification(0, &notification, u"title"_s, u"text"_s, QString(), QString(), config,
+                                ZepaPluginAction(), args);
         return host.played;
     }
-    QStringList playedForAlert(const QList<ZepaArg>& args)
-    {
-        return played(alert, {file(QStringLiteral("/x.wav"))}, args);
-    }
+    QStringList playedForAlert(const QList<ZepaArg>& args) { return played(alert, {file(u"/x.wav"_s)}, args); }
 
     ZepaSoundNotificationMethod method;
     const QStringList silence;
-    const QStringList sound{QStringLiteral("/x.wav")};
+    const QStringList sound{u"/x.wav"_s};
 };
 
 } // namespace
 
 TEST_F(Sound, NeverPlaysAnAlertWhenTheUserChoseNever)
 {
-    host.alerts = QStringLiteral("never");
+    host.alerts = u"never"_s;
     EXPECT_EQ(playedForAlert({sender(ZepaBuddy::Contact)}), silence);
     EXPECT_EQ(playedForAlert({sender(4)}), silence);
 }
 
 TEST_F(Sound, AlwaysPlaysAnAlertWhenTheUserChoseAlways)
 {
-    host.alerts = QStringLiteral("always");
+    host.alerts = u"always"_s;
     EXPECT_EQ(playedForAlert({sender(ZepaBuddy::Contact)}), sound);
     EXPECT_EQ(playedForAlert({sender(4)}), sound);
     EXPECT_EQ(playedForAlert({}), sound);
@@ -53,7 +49,7 @@ TEST_F(Sound, AlwaysPlaysAnAlertWhenTheUserChoseAlways)
 
 TEST_F(Sound, PlaysAnAlertFromTheContactListAloneWhenTheUserChoseSoOrNothing)
 {
-    for (const QString& choice : {QString(), QStringLiteral("buddies_only")}) {
+    for (const QString& choice : {QString(), u"buddies_only"_s}) {
         host.alerts = choice;
         EXPECT_EQ(playedForAlert({sender(ZepaBuddy::Contact)}), sound);
         EXPECT_EQ(playedForAlert({sender(0)}), sound);
@@ -64,11 +60,11 @@ TEST_F(Sound, PlaysAnAlertFromTheContactListAloneWhenTheUserChoseSoOrNothing)
 
 TEST_F(Sound, NeverPlaysAnAlertWhenTheStoredChoiceIsNoneOfTheThree)
 {
-    for (const QString& choice : {QStringLiteral("sometimes"), QStringLiteral(""), QStringLiteral("Always")}) {
+    for (const QString& choice : {u"sometimes"_s, u""_s, u"Always"_s}) {
         host.alerts = choice;
         EXPECT_EQ(playedForAlert({sender(ZepaBuddy::Contact)}), silence) << choice.toStdString();
     }
-    host.alerts = QStringLiteral("always");
+    host.alerts = u"always"_s;
     EXPECT_EQ(playedForAlert({sender(ZepaBuddy::Contact)}), sound);
 }
 
@@ -103,9 +99,9 @@ TEST_F(Sound, DescribesItsSettingsWithEmptyTextsAndNotWithNullOnes)
 
 TEST_F(Sound, HandsAPathOnWhateverItLeadsTo)
 {
-    const QString missing = host.settings.filePath(QStringLiteral("missing.wav"));
+    const QString missing = host.settings.filePath(u"missing.wav"_s);
     for (const QString& path : {missing, host.settings.path()})
-        EXPECT_EQ(played(QStringLiteral("event"), {file(path)}), QStringList({path}));
+        EXPECT_EQ(played(u"event"_s, {file(path)}), QStringList({path}));
 }
 
 TEST_F(Sound, DescribesTheAlertsSettingByItsThreeChoices)
@@ -114,55 +110,49 @@ TEST_F(Sound, DescribesTheAlertsSettingByItsThreeChoices)
     ASSERT_EQ(host.settingsRead.size(), 1);
     const ZepaField field = host.settingsRead.first();
     EXPECT_EQ(field.getType(), ZepaField::ComboBox);
-    EXPECT_EQ(field.getId(), QStringLiteral("alerts"));
+    EXPECT_EQ(field.getId(), u"alerts"_s);
     EXPECT_TRUE(field.getLabel().isEmpty());
-    EXPECT_EQ(field.getItemIds(),
-              QStringList({QStringLiteral("never"), QStringLiteral("always"), QStringLiteral("buddies_only")}));
-    EXPECT_EQ(field.getItemLabels(), QStringList({QStringLiteral("Mute"), QStringLiteral("Notify always"),
-                                                  QStringLiteral("Notify from buddies only")}));
-    EXPECT_EQ(field.getSelectedId(), QStringLiteral("buddies_only"));
+    EXPECT_EQ(field.getItemIds(), QStringList({u"never"_s, u"always"_s, u"buddies_only"_s}));
+    EXPECT_EQ(field.getItemLabels(), QStringList({u"Mute"_s, u"Notify always"_s, u"Notify from buddies only"_s}));
+    EXPECT_EQ(field.getSelectedId(), u"buddies_only"_s);
 }
 
 TEST_F(Sound, PlaysEveryOtherEventWhateverTheUserChoseForAlerts)
 {
-    host.alerts = QStringLiteral("never");
+    host.alerts = u"never"_s;
     for (const char* id : {"message_received", "alert_sent_notify", "Alert_received_notify", "alert_received_notify "})
-        EXPECT_EQ(played(QString::fromLatin1(id), {file(QStringLiteral("/x.wav"))}), sound) << id;
+        EXPECT_EQ(played(QString::fromLatin1(id), {file(u"/x.wav"_s)}), sound) << id;
     EXPECT_TRUE(host.settingsRead.isEmpty());
 }
 
 TEST_F(Sound, PlaysTheTextOfTheFirstFieldWhateverItsIdentifier)
 {
-    EXPECT_EQ(played(QStringLiteral("event"), {ProbeMethod::text(QStringLiteral("other"), QStringLiteral("/o.wav")),
-                                               file(QStringLiteral("/x.wav"))}),
-              QStringList({QStringLiteral("/o.wav")}));
+    EXPECT_EQ(played(u"event"_s, {ProbeMethod::text(u"other"_s, u"/o.wav"_s), file(u"/x.wav"_s)}),
+              QStringList({u"/o.wav"_s}));
 }
 
 TEST_F(Sound, PutsTheThemesFolderBeforeARelativeFileWithoutASeparatorOfItsOwn)
 {
-    host.soundThemeDir = QStringLiteral("/themes/a/");
-    EXPECT_EQ(played(QStringLiteral("event"), {file(QStringLiteral("message.wav"))}),
-              QStringList({QStringLiteral("/themes/a/message.wav")}));
-    host.soundThemeDir = QStringLiteral("/themes/a");
-    EXPECT_EQ(played(QStringLiteral("event"), {file(QStringLiteral("message.wav"))}),
-              QStringList({QStringLiteral("/themes/amessage.wav")}));
+    host.soundThemeDir = u"/themes/a/"_s;
+    EXPECT_EQ(played(u"event"_s, {file(u"message.wav"_s)}), QStringList({u"/themes/a/message.wav"_s}));
+    host.soundThemeDir = u"/themes/a"_s;
+    EXPECT_EQ(played(u"event"_s, {file(u"message.wav"_s)}), QStringList({u"/themes/amessage.wav"_s}));
 }
 
 TEST_F(Sound, PlaysAnAbsoluteFileAsItStands)
 {
-    EXPECT_EQ(played(QStringLiteral("event"), {file(QStringLiteral("/Users/x/ding.aiff"))}),
-              QStringList({QStringLiteral("/Users/x/ding.aiff")}));
+    EXPECT_EQ(played(u"event"_s, {file(u"/Users/x/ding.aiff"_s)}), QStringList({u"/Users/x/ding.aiff"_s}));
 }
 
 TEST_F(Sound, HandsTheThemesFolderOnForAnEmptyFile)
 {
-    EXPECT_EQ(played(QStringLiteral("event"), {file(QStringLiteral(""))}), QStringList({QStringLiteral("/themes/a/")}));
+    EXPECT_EQ(played(u"event"_s, {file(u""_s)}), QStringList({u"/themes/a/"_s}));
 }
 
 TEST_F(Sound, IsSilentForARuleWithoutFields)
 {
-    EXPECT_EQ(played(QStringLiteral("event"), {}), silence);
-    host.alerts = QStringLiteral("always");
+    EXPECT_EQ(played(u"event"_s, {}), silence);
+    host.alerts = u"always"_s;
     EXPECT_EQ(played(alert, {}, {sender(ZepaBuddy::Contact)}), silence);
     // The user's choice comes first.
     EXPECT_EQ(host.settingsRead.size(), 1);
@@ -173,9 +163,9 @@ TEST_F(Sound, OffersOneFieldWithTheBell)
     ASSERT_EQ(method.fields.size(), 1);
     const ZepaField field = method.fields.first();
     EXPECT_EQ(field.getType(), ZepaField::SoundEdit);
-    EXPECT_EQ(field.getId(), QStringLiteral("sound_file"));
-    EXPECT_EQ(field.getLabel(), QStringLiteral("sound file"));
-    EXPECT_EQ(field.getText(), QStringLiteral("bell.wav"));
+    EXPECT_EQ(field.getId(), u"sound_file"_s);
+    EXPECT_EQ(field.getLabel(), u"sound file"_s);
+    EXPECT_EQ(field.getText(), u"bell.wav"_s);
 }
 
 TEST_F(Sound, HasADefaultFileForNineTypesAndNoDefaultForOthers)
@@ -192,7 +182,7 @@ TEST_F(Sound, HasADefaultFileForNineTypesAndNoDefaultForOthers)
     for (const auto& [id, name] : table) {
         const QList<ZepaField> config = method.getDefaultNotificationConfig(QString::fromLatin1(id));
         ASSERT_EQ(config.size(), 1) << id;
-        EXPECT_EQ(config.first().getId(), QStringLiteral("sound_file")) << id;
+        EXPECT_EQ(config.first().getId(), u"sound_file"_s) << id;
         EXPECT_EQ(config.first().getText(), QString::fromLatin1(name)) << id;
     }
     for (const char* id : {"message_sent", "buddy_went_away", "typing_started_notify", "alert_sent_notify"})
@@ -201,29 +191,27 @@ TEST_F(Sound, HasADefaultFileForNineTypesAndNoDefaultForOthers)
 
 TEST_F(Sound, NamesTheMethodAndBringsASeparatorForItsPicture)
 {
-    EXPECT_EQ(method.getId(), QStringLiteral("zepa_sound_notification_method"));
-    EXPECT_EQ(method.getActionName(), QStringLiteral("play sound"));
-    EXPECT_EQ(method.getActionIcon(), QStringLiteral("/themes/general//icons/speaker.png"));
+    EXPECT_EQ(method.getId(), u"zepa_sound_notification_method"_s);
+    EXPECT_EQ(method.getActionName(), u"play sound"_s);
+    EXPECT_EQ(method.getActionIcon(), u"/themes/general//icons/speaker.png"_s);
 }
 
 TEST_F(Sound, IsHeardForAPostingThroughTheModule)
 {
     module();
     ZepaNotificationModule::init();
-    post(QStringLiteral("message_received"), QStringLiteral("title"));
-    EXPECT_EQ(host.played, QStringList({QStringLiteral("/themes/a/message.wav")}));
+    post(u"message_received"_s, u"title"_s);
+    EXPECT_EQ(host.played, QStringList({u"/themes/a/message.wav"_s}));
 }
 
 TEST_F(Sound, TranslatesItsTextsUnderTheirContextsAndComments)
 {
     const MarkingTranslator::Installed translator;
     const ZepaSoundNotificationMethod translated;
-    EXPECT_EQ(translated.getActionName(), QStringLiteral("play sound|translation|nc"));
-    EXPECT_EQ(translated.fields.first().getLabel(), QStringLiteral("sound file|translation|nc"));
+    EXPECT_EQ(translated.getActionName(), u"play sound|translation|nc"_s);
+    EXPECT_EQ(translated.fields.first().getLabel(), u"sound file|translation|nc"_s);
     playedForAlert({});
-    EXPECT_EQ(
-        host.settingsRead.first().getItemLabels(),
-        QStringList({QStringLiteral("Mute|translation|turn off all"),
-                     QStringLiteral("Notify always|translation|turn on all"),
-                     QStringLiteral("Notify from buddies only|translation|turn on only from contacts at my list")}));
+    EXPECT_EQ(host.settingsRead.first().getItemLabels(),
+              QStringList({u"Mute|translation|turn off all"_s, u"Notify always|translation|turn on all"_s,
+                           u"Notify from buddies only|translation|turn on only from contacts at my list"_s}));
 }

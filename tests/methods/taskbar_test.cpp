@@ -3,6 +3,8 @@
 #include "methods/taskbar_notification_method.h"
 #include "module_test.h"
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 using Taskbar = ModuleTest;
@@ -12,10 +14,10 @@ using Taskbar = ModuleTest;
 TEST_F(Taskbar, AsksForAttentionOnceForEachPosting)
 {
     ZepaTaskbarNotificationMethod method;
-    ZepaNotification notification(QStringLiteral("event"), QString(), QString(), QString());
+    ZepaNotification notification(u"event"_s, QString(), QString(), QString());
     for (int expected = 1; expected <= 2; ++expected) {
-        method.postNotification(0, &notification, QStringLiteral("t"), QStringLiteral("x"), QString(), QString(), {},
-                                ZepaPluginAction(), {ZepaArg()});
+        method.postNotification(0, &notification, u"t"_s, u"x"_s, QString(), QString(), {}, ZepaPluginAction(),
+                                {ZepaArg()});
         EXPECT_EQ(RecordingAttention::requests, expected);
     }
 }
@@ -39,11 +41,11 @@ TEST_F(Taskbar, IsServedByDefaultForBackgroundAndInitialMessagesWithRulesWithout
     ZepaNotificationModule::init();
     for (const char* id : {"message_received_background", "message_received_initial"}) {
         RecordingAttention::requests = 0;
-        post(QString::fromLatin1(id), QStringLiteral("title"));
+        post(QString::fromLatin1(id), u"title"_s);
         EXPECT_EQ(RecordingAttention::requests, 1) << id;
     }
     RecordingAttention::requests = 0;
-    post(QStringLiteral("message_received"), QStringLiteral("title"));
+    post(u"message_received"_s, u"title"_s);
     EXPECT_EQ(RecordingAttention::requests, 0);
     EXPECT_TRUE(ZepaTaskbarNotificationMethod().fields.isEmpty());
 }
@@ -51,13 +53,13 @@ TEST_F(Taskbar, IsServedByDefaultForBackgroundAndInitialMessagesWithRulesWithout
 TEST_F(Taskbar, NamesTheMethod)
 {
     const ZepaTaskbarNotificationMethod method;
-    EXPECT_EQ(method.getId(), QStringLiteral("zepa_dock_bounce_notification_method"));
-    EXPECT_EQ(method.getActionName(), QStringLiteral("Bounce dock icon"));
+    EXPECT_EQ(method.getId(), u"zepa_dock_bounce_notification_method"_s);
+    EXPECT_EQ(method.getActionName(), u"Bounce dock icon"_s);
     EXPECT_TRUE(method.getActionIcon().isNull());
 }
 
 TEST_F(Taskbar, TranslatesTheNameOfTheMethodUnderItsContextAndComment)
 {
     const MarkingTranslator::Installed translator;
-    EXPECT_EQ(ZepaTaskbarNotificationMethod().getActionName(), QStringLiteral("Bounce dock icon|translation|nc"));
+    EXPECT_EQ(ZepaTaskbarNotificationMethod().getActionName(), u"Bounce dock icon|translation|nc"_s);
 }

@@ -11,11 +11,13 @@
 
 #include <gtest/gtest.h>
 
+using namespace Qt::StringLiterals;
+
 TEST(Attention, NeverWaitsForABusThatDoesNotAnswer)
 {
     ASSERT_NE(QGuiApplication::applicationState(), Qt::ApplicationActive);
     const QTemporaryDir folder;
-    const QByteArray path = folder.filePath(QStringLiteral("bus")).toLocal8Bit();
+    const QByteArray path = folder.filePath(u"bus"_s).toLocal8Bit();
     // Speaks in this thread only: whoever waits for it waits for ever.
     const FakeBus bus(path);
     ASSERT_TRUE(bus.listens());
@@ -39,7 +41,7 @@ TEST(Attention, IsHarmlessWithoutWindowsAndWithoutABus)
 TEST(Attention, TellsDocksOnlyTheLastStateOfTheTimeBeforeTheBusAnswered)
 {
     const QTemporaryDir folder;
-    const QByteArray path = folder.filePath(QStringLiteral("bus")).toLocal8Bit();
+    const QByteArray path = folder.filePath(u"bus"_s).toLocal8Bit();
     ScriptedBus bus(path);
     bus.answer("Hello", [&bus](sd_bus_message* call) { bus.keep(call); });
     qputenv("DBUS_SESSION_BUS_ADDRESS", "unix:path=" + path);
@@ -50,7 +52,7 @@ TEST(Attention, TellsDocksOnlyTheLastStateOfTheTimeBeforeTheBusAnswered)
     }));
     zepaRequestAttention();
     ScriptedBus::replyFrom("org.freedesktop.DBus", bus.kept().front().get(), ":1.7");
-    const QStringList once{QStringLiteral("application://attention_test.desktop")};
+    const QStringList once{u"application://attention_test.desktop"_s};
     ASSERT_TRUE(runUntil([&] { return !bus.callsOf("Update").isEmpty(); }));
     EXPECT_EQ(bus.callsOf("Update"), once);
     zepaRequestAttention();

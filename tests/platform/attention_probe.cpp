@@ -13,6 +13,8 @@
 #include <string>
 #include <vector>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 void say(const std::string& line)
@@ -38,7 +40,7 @@ void obey(const std::string& command, const std::vector<std::unique_ptr<QRasterW
 int main(int argc, char** argv)
 {
     QGuiApplication application(argc, argv);
-    QGuiApplication::setApplicationName(QStringLiteral("Zepa"));
+    QGuiApplication::setApplicationName(u"Zepa"_s);
     QGuiApplication::setQuitOnLastWindowClosed(false);
     QObject::connect(&application, &QGuiApplication::applicationStateChanged, &application,
                      [](Qt::ApplicationState state) { say(state == Qt::ApplicationActive ? "active" : "inactive"); });

@@ -8,6 +8,8 @@
 #include <string>
 #include <vector>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 using testing::ElementsAre;
@@ -78,14 +80,12 @@ TEST_F(AttentionRequest, StartsAgainAfterItWasWithdrawn)
 
 TEST(LauncherEntry, IsTheDesktopFilesNameWithOneEnding)
 {
-    EXPECT_EQ(attention::launcherAddress(QStringLiteral("org.example.Zepa"), QStringLiteral("Other")),
-              QStringLiteral("application://org.example.Zepa.desktop"));
-    EXPECT_EQ(attention::launcherAddress(QStringLiteral("Zepa.desktop"), QStringLiteral("Other")),
-              QStringLiteral("application://Zepa.desktop"));
+    EXPECT_EQ(attention::launcherAddress(u"org.example.Zepa"_s, u"Other"_s),
+              u"application://org.example.Zepa.desktop"_s);
+    EXPECT_EQ(attention::launcherAddress(u"Zepa.desktop"_s, u"Other"_s), u"application://Zepa.desktop"_s);
 }
 
 TEST(LauncherEntry, IsTheApplicationsNameInLowerCaseWithoutADesktopFile)
 {
-    EXPECT_EQ(attention::launcherAddress(QString(), QStringLiteral("Zepa")),
-              QStringLiteral("application://zepa.desktop"));
+    EXPECT_EQ(attention::launcherAddress(QString(), u"Zepa"_s), u"application://zepa.desktop"_s);
 }

@@ -4,10 +4,12 @@
 #include <QDir>
 #include <QFile>
 
+using namespace Qt::StringLiterals;
+
 bool BusDaemon::start(const QByteArray& listen)
 {
-    QDir(m_folder.path()).mkpath(QStringLiteral("services"));
-    QFile configuration(m_folder.filePath(QStringLiteral("bus.conf")));
+    QDir(m_folder.path()).mkpath(u"services"_s);
+    QFile configuration(m_folder.filePath(u"bus.conf"_s));
     if (!configuration.open(QIODevice::WriteOnly))
         return false;
     // Over TCP nobody's user can be told.

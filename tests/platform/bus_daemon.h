@@ -6,6 +6,8 @@
 #include <QByteArray>
 #include <QTemporaryDir>
 
+using namespace Qt::StringLiterals;
+
 /// A private bus (TestBus) with a folder of its own; ended with this object.
 class BusDaemon
 {
@@ -15,7 +17,7 @@ public:
     void kill() { m_bus.kill(); }
     /// As written in the environment: without a guid.
     QByteArray address() const { return m_bus.address(); }
-    QByteArray socketPath() const { return m_folder.filePath(QStringLiteral("bus")).toLocal8Bit(); }
+    QByteArray socketPath() const { return m_folder.filePath(u"bus"_s).toLocal8Bit(); }
     /// What dbus-daemon printed: with a guid.
     QByteArray printedAddress() const { return m_bus.said(); }
 

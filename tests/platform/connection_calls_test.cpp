@@ -6,6 +6,8 @@
 
 #include <memory>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 constexpr const char* service = "test.Service";
@@ -55,7 +57,7 @@ TEST_F(CallsTest, GetTheirReplies)
     ScriptedBus::replyFrom(":1.5", bus.kept()[1].get(), "second");
     ScriptedBus::replyFrom(ownerName, bus.kept()[0].get(), "first");
     ASSERT_TRUE(runUntil([&] { return answers.size() == 2; }));
-    EXPECT_EQ(answers, (QStringList{QStringLiteral("second"), QStringLiteral("first")}));
+    EXPECT_EQ(answers, (QStringList{u"second"_s, u"first"_s}));
     EXPECT_EQ(connection.callsUnderWay(), 0);
 }
 
@@ -79,7 +81,7 @@ TEST_F(CallsTest, BelieveOnlyWhomTheyAsked)
     ScriptedBus::replyFrom(":1.5", bus.kept()[1].get(), "unique");
     ScriptedBus::replyFrom("org.freedesktop.DBus", bus.kept()[2].get(), "bus");
     ASSERT_TRUE(runUntil([&] { return answers.size() == 3; }));
-    EXPECT_EQ(answers, (QStringList{QStringLiteral("owner"), QStringLiteral("unique"), QStringLiteral("bus")}));
+    EXPECT_EQ(answers, (QStringList{u"owner"_s, u"unique"_s, u"bus"_s}));
 }
 
 TEST_F(CallsTest, BelieveAServiceThatWasStartedForThem)
@@ -94,7 +96,7 @@ TEST_F(CallsTest, BelieveAServiceThatWasStartedForThem)
                    service, "", ":1.8");
     ScriptedBus::replyFrom(":1.8", bus.kept()[0].get(), "true");
     ASSERT_TRUE(runUntil([&] { return !answers.isEmpty(); }));
-    EXPECT_EQ(answers, QStringList{QStringLiteral("true")});
+    EXPECT_EQ(answers, QStringList{u"true"_s});
 }
 
 TEST_F(CallsTest, EndWithTheErrorOfTheBus)
@@ -104,7 +106,7 @@ TEST_F(CallsTest, EndWithTheErrorOfTheBus)
     ASSERT_TRUE(arrived(1));
     ScriptedBus::refuse(bus.kept()[0].get());
     ASSERT_TRUE(runUntil([&] { return !answers.isEmpty(); }));
-    EXPECT_EQ(answers, QStringList{QStringLiteral("LimitsExceeded")});
+    EXPECT_EQ(answers, QStringList{u"LimitsExceeded"_s});
 }
 
 TEST_F(CallsTest, EndByTheirLimitAndCountUntilTheirReplyComes)
@@ -112,7 +114,7 @@ TEST_F(CallsTest, EndByTheirLimitAndCountUntilTheirReplyComes)
     ASSERT_TRUE(opens());
     work(service, {.limit = 1});
     ASSERT_TRUE(runUntil([&] { return !answers.isEmpty(); }));
-    EXPECT_EQ(answers, QStringList{QStringLiteral("NoReply")});
+    EXPECT_EQ(answers, QStringList{u"NoReply"_s});
     EXPECT_EQ(connection.callsUnderWay(), 1);
     ASSERT_TRUE(arrived(1));
     ScriptedBus::replyFrom(ownerName, bus.kept()[0].get(), "late");
@@ -143,7 +145,7 @@ TEST_F(CallsTest, HandLateRepliesToWhoWantsThem)
     ScriptedBus::replyFrom(":1.66", bus.kept()[0].get(), "forged");
     ScriptedBus::replyFrom(ownerName, bus.kept()[0].get(), "late");
     ASSERT_TRUE(runUntil([&] { return connection.callsUnderWay() == 0; }));
-    EXPECT_EQ(late, QStringList{QStringLiteral("late")});
+    EXPECT_EQ(late, QStringList{u"late"_s});
 }
 
 TEST_F(CallsTest, AreLimitedAndThereIsRoomAgainWhenTheBusIsRidOfThem)
@@ -159,7 +161,7 @@ TEST_F(CallsTest, AreLimitedAndThereIsRoomAgainWhenTheBusIsRidOfThem)
     work(service, {.limit = 600000});
     EXPECT_TRUE(answers.isEmpty()) << "told from inside call()";
     ASSERT_TRUE(runUntil([&] { return answers.size() == Connection::hardCallLimit + 1; }));
-    EXPECT_EQ(answers.count(QStringLiteral("LimitsExceeded")), 1);
+    EXPECT_EQ(answers.count(u"LimitsExceeded"_s), 1);
     EXPECT_FALSE(connection.canCall()) << "they are still on the list of the bus";
     EXPECT_TRUE(roundTrip(connection)) << "questions to the bus are not counted";
     EXPECT_EQ(roomCount, 0);
@@ -189,7 +191,7 @@ TEST_F(CallsTest, EndWhenTheBusGoesAndAreNotMadeWithoutOne)
     work();
     EXPECT_EQ(answers.size(), 2);
     ASSERT_TRUE(runUntil([&] { return answers.size() == 3; }));
-    EXPECT_EQ(answers.count(QStringLiteral("Disconnected")), 3);
+    EXPECT_EQ(answers.count(u"Disconnected"_s), 3);
 }
 
 TEST_F(CallsTest, TellNobodyWhoIsGone)
@@ -214,7 +216,7 @@ TEST_F(CallsTest, AreNotMadeWithWhatIsNoText)
     connection.call(message, &connection, [this](const Message& reply) { note(reply); });
     EXPECT_FALSE(connection.send(message));
     ASSERT_TRUE(runUntil([&] { return !answers.isEmpty(); }));
-    EXPECT_EQ(answers, QStringList{QStringLiteral("InvalidArgs")});
+    EXPECT_EQ(answers, QStringList{u"InvalidArgs"_s});
 }
 
 TEST_F(CallsTest, MayHandleEventsInTheirReplies)
@@ -226,12 +228,12 @@ TEST_F(CallsTest, MayHandleEventsInTheirReplies)
         EXPECT_TRUE(arrived(2));
         ScriptedBus::replyFrom(ownerName, bus.kept()[1].get(), "inner");
         EXPECT_TRUE(runUntil([&] { return answers.size() == 1; }));
-        answers.append(QStringLiteral("outer"));
+        answers.append(u"outer"_s);
     });
     ASSERT_TRUE(arrived(1));
     ScriptedBus::replyFrom(ownerName, bus.kept()[0].get(), "");
     ASSERT_TRUE(runUntil([&] { return answers.size() == 2; }));
-    EXPECT_EQ(answers, (QStringList{QStringLiteral("inner"), QStringLiteral("outer")}));
+    EXPECT_EQ(answers, (QStringList{u"inner"_s, u"outer"_s}));
 }
 
 TEST_F(CallsTest, MayDestroyTheConnectionInTheirReplies)
@@ -262,7 +264,7 @@ TEST_F(CallsTest, OfAStuckBusAreBoundedInBytes)
     EXPECT_FALSE(connection.canCall());
     work();
     ASSERT_TRUE(runUntil([&] { return !answers.isEmpty(); }));
-    EXPECT_EQ(answers, QStringList{QStringLiteral("LimitsExceeded")});
+    EXPECT_EQ(answers, QStringList{u"LimitsExceeded"_s});
 }
 
 TEST_F(CallsTest, LeaveTheQueueWhenTheBusReads)

@@ -14,6 +14,8 @@
 #include <memory>
 #include <utility>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 using zepa::bus::PacedHandshake;
@@ -82,9 +84,7 @@ class SlowBusTest : public ConnectionTest, public testing::WithParamInterface<in
 
 qsizetype openDescriptors()
 {
-    return QDir(QStringLiteral("/proc/self/fd"))
-        .entryList(QDir::NoDotAndDotDot | QDir::AllEntries | QDir::System)
-        .size();
+    return QDir(u"/proc/self/fd"_s).entryList(QDir::NoDotAndDotDot | QDir::AllEntries | QDir::System).size();
 }
 
 } // namespace

@@ -8,6 +8,8 @@
 #include <limits>
 #include <string>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 using zepa::bus::MessageReader;
@@ -45,9 +47,7 @@ TEST_F(MessageTest, CarriesValuesOfEachType)
     Message message = newMessage();
     message.append(true).append(std::uint8_t{200}).append(std::int32_t{-5}).append(std::uint32_t{4000000000U});
     message.append(std::int64_t{-1}).append(std::numeric_limits<std::uint64_t>::max()).append(0.5);
-    message.append(QStringLiteral("\u00e9\U0001f600"))
-        .append("ascii")
-        .append(QStringList{QStringLiteral("x"), QString()});
+    message.append(u"\u00e9\U0001f600"_s).append("ascii").append(QStringList{u"x"_s, QString()});
     message.append(QByteArray("\0\xff", 2));
     ASSERT_TRUE(message.isSound());
     const Message back = echoed(message);
@@ -73,16 +73,16 @@ TEST_F(MessageTest, CarriesValuesOfEachType)
     EXPECT_EQ(int64, -1);
     EXPECT_EQ(uint64, std::numeric_limits<std::uint64_t>::max());
     EXPECT_EQ(real, 0.5);
-    EXPECT_EQ(text, QStringLiteral("\u00e9\U0001f600"));
-    EXPECT_EQ(ascii, QStringLiteral("ascii"));
-    EXPECT_EQ(texts, (QStringList{QStringLiteral("x"), QString()}));
+    EXPECT_EQ(text, u"\u00e9\U0001f600"_s);
+    EXPECT_EQ(ascii, u"ascii"_s);
+    EXPECT_EQ(texts, (QStringList{u"x"_s, QString()}));
     EXPECT_EQ(bytes, QByteArray("\0\xff", 2));
 }
 
 TEST_F(MessageTest, CarriesOptionsByName)
 {
     Message message = newMessage();
-    message.openArray("{sv}").appendEntry("urgency", std::uint8_t{1}).appendEntry("entry", QStringLiteral("zepa"));
+    message.openArray("{sv}").appendEntry("urgency", std::uint8_t{1}).appendEntry("entry", u"zepa"_s);
     message.openEntry("sv").append("image-data").openVariant("(iay)").openStruct("iay");
     message.append(std::int32_t{7}).append(QByteArray("pixels")).close().close().close().close();
     ASSERT_TRUE(message.isSound());
@@ -108,7 +108,7 @@ TEST_F(MessageTest, IsReadByItsTypesOnly)
     const Message back = echoed(newMessage().append("text").append(std::uint32_t{5}));
     MessageReader reader(back);
     std::uint32_t number = 1;
-    QStringList texts{QStringLiteral("untouched")};
+    QStringList texts{u"untouched"_s};
     QByteArray bytes("untouched");
     EXPECT_FALSE(reader.read(number));
     EXPECT_FALSE(reader.read(texts));

@@ -11,6 +11,8 @@
 #include <array>
 #include <memory>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 using zepa::bus::Credentials;
@@ -162,14 +164,14 @@ TEST_F(NamesTest, LeadToObjectsThatAnswerAtOnceOrLater)
             else if (call.member() == QLatin1StringView("Now"))
                 connection.send(connection.newReply(call).append("now"));
             else
-                connection.send(connection.newError(call, "a.b.Error.Unknown", QStringLiteral("no \u00e9")));
+                connection.send(connection.newError(call, "a.b.Error.Unknown", u"no \u00e9"_s));
         });
     QString text;
     EXPECT_TRUE(MessageReader(ask("/zepa/Object", "a.b", "Now")).read(text));
-    EXPECT_EQ(text, QStringLiteral("now"));
+    EXPECT_EQ(text, u"now"_s);
     const Message refused = ask("/zepa/Object", "a.b", "Never");
     EXPECT_EQ(refused.errorName(), QLatin1StringView("a.b.Error.Unknown"));
-    EXPECT_EQ(refused.errorText(), QStringLiteral("no \u00e9"));
+    EXPECT_EQ(refused.errorText(), u"no \u00e9"_s);
     bool isBack = false;
     other.call(other.newCall(connection.uniqueName().constData(), "/zepa/Object", "a.b", "Later"), &other,
                [&](const Message& reply) { isBack = !reply.isError(); });
@@ -187,9 +189,9 @@ TEST_F(NamesTest, LeadToObjectsThatSayWhatTheyAre)
     });
     QString xml;
     ASSERT_TRUE(MessageReader(ask("/zepa/Object", "org.freedesktop.DBus.Introspectable", "Introspect")).read(xml));
-    EXPECT_TRUE(xml.contains(QStringLiteral("<interface name=\"a.b\"/>")));
+    EXPECT_TRUE(xml.contains(u"<interface name=\"a.b\"/>"_s));
     ASSERT_TRUE(MessageReader(ask("/", "org.freedesktop.DBus.Introspectable", "Introspect")).read(xml));
-    EXPECT_TRUE(xml.contains(QStringLiteral("<node name=\"zepa\"/>")));
+    EXPECT_TRUE(xml.contains(u"<node name=\"zepa\"/>"_s));
     EXPECT_FALSE(ask("/zepa/Object", "org.freedesktop.DBus.Peer", "Ping").isError());
     EXPECT_TRUE(ask("/zepa/Object", "org.freedesktop.DBus.Properties", "Get").isError());
     EXPECT_EQ(ask("/nothing", "a.b", "C").errorName(), QLatin1StringView("org.freedesktop.DBus.Error.UnknownObject"));
@@ -214,7 +216,7 @@ TEST_F(NamesTest, GetSignalsOfTheirOwn)
     EXPECT_TRUE(
         connection.send(connection.newSignal("/a", "a.b", "Said", other.uniqueName().constData()).append("to you")));
     ASSERT_TRUE(runUntil([&] { return !heard.isEmpty(); }));
-    EXPECT_EQ(heard, QStringList{QStringLiteral("to you")});
+    EXPECT_EQ(heard, QStringList{u"to you"_s});
 }
 
 TEST_F(WatcherTest, TakesAnErrorForNobodyAndAsksAgain)
@@ -241,7 +243,7 @@ TEST_F(WatcherTest, KnowsNothingWhenTheBusGoes)
     bus.answer("Hello", [](sd_bus_message*) {});
     bus.dropClients();
     ASSERT_TRUE(runUntil([&] { return !watcher.isKnown(); }));
-    EXPECT_EQ(changes, (QStringList{QStringLiteral(">:1.42"), QStringLiteral(":1.42>")}));
+    EXPECT_EQ(changes, (QStringList{u">:1.42"_s, u":1.42>"_s}));
 }
 
 TEST_F(WatcherTest, LearnsWhetherTheBusCanStartOneAndAsksAgainAfterAnError)

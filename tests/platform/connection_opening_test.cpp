@@ -12,6 +12,8 @@
 #include <memory>
 #include <vector>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 class OpeningTest : public ConnectionTest
@@ -179,10 +181,9 @@ TEST_F(OpeningTest, WorksInARunTimeFolderWithAnyName)
     needDaemon();
     if (IsSkipped())
         return;
-    ASSERT_TRUE(QDir().mkpath(m_folder.filePath(QStringLiteral("~a b"))));
-    ASSERT_TRUE(
-        QFile::link(QString::fromLocal8Bit(daemon.socketPath()), m_folder.filePath(QStringLiteral("~a b/bus"))));
-    qputenv("XDG_RUNTIME_DIR", m_folder.filePath(QStringLiteral("~a b")).toLocal8Bit());
+    ASSERT_TRUE(QDir().mkpath(m_folder.filePath(u"~a b"_s)));
+    ASSERT_TRUE(QFile::link(QString::fromLocal8Bit(daemon.socketPath()), m_folder.filePath(u"~a b/bus"_s)));
+    qputenv("XDG_RUNTIME_DIR", m_folder.filePath(u"~a b"_s).toLocal8Bit());
     qunsetenv("DBUS_SESSION_BUS_ADDRESS");
     EXPECT_TRUE(opens());
 }

@@ -42,7 +42,7 @@ class ProgramTest : public ProgramTestBase, public testing::WithParamInterface<c
 
 TEST_P(ProgramTest, EndsInOrder)
 {
-    EXPECT_EQ(exitCode(QStringLiteral(BUS_PROGRAM), QString::fromLatin1(GetParam())), 0);
+    EXPECT_EQ(exitCode(QString::fromUtf8(BUS_PROGRAM), QString::fromLatin1(GetParam())), 0);
 }
 
 INSTANTIATE_TEST_SUITE_P(All, ProgramTest, testing::Values("end", "exit", "again", "fork"),
@@ -50,5 +50,5 @@ INSTANTIATE_TEST_SUITE_P(All, ProgramTest, testing::Values("end", "exit", "again
 
 TEST_F(UnloadingTest, LeavesWhatHandlesEventsWhereItIs)
 {
-    EXPECT_EQ(exitCode(QStringLiteral(BUS_UNLOADER), QStringLiteral(PLATFORM_LIBRARY)), 0);
+    EXPECT_EQ(exitCode(QString::fromUtf8(BUS_UNLOADER), QString::fromUtf8(PLATFORM_LIBRARY)), 0);
 }

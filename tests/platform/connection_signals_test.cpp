@@ -8,6 +8,8 @@
 #include <algorithm>
 #include <optional>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 using zepa::bus::MessageReader;
@@ -62,9 +64,9 @@ TEST_F(SignalsTest, ComeFromWhomTheyAreWantedOnly)
     say(":1.5", "other", "Sung");
     say(":1.5", "true");
     ASSERT_TRUE(runUntil([&] { return !heard.isEmpty(); }));
-    EXPECT_EQ(heard, QStringList{QStringLiteral("true")});
+    EXPECT_EQ(heard, QStringList{u"true"_s});
     EXPECT_EQ(bus.callsOf("AddMatch"),
-              QStringList{QStringLiteral("type='signal',sender=':1.5',path='/a',interface='a.b',member='Said'")});
+              QStringList{u"type='signal',sender=':1.5',path='/a',interface='a.b',member='Said'"_s});
 }
 
 TEST_F(SignalsTest, OfANameComeFromItsCurrentOwner)
@@ -83,7 +85,7 @@ TEST_F(SignalsTest, OfANameComeFromItsCurrentOwner)
     say(":1.43", "gone");
     say("", "nobody");
     ASSERT_TRUE(roundTrip(connection));
-    EXPECT_EQ(heard, (QStringList{QStringLiteral("first"), QStringLiteral("second")}));
+    EXPECT_EQ(heard, (QStringList{u"first"_s, u"second"_s}));
 }
 
 TEST_F(SignalsTest, CanBeToldApartByTheirFirstArgument)
@@ -94,8 +96,8 @@ TEST_F(SignalsTest, CanBeToldApartByTheirFirstArgument)
     bus.signalFrom(":1.5", "/a", "a.b", "Said", "u", 5U);
     say(":1.5", "it's");
     ASSERT_TRUE(roundTrip(connection));
-    EXPECT_EQ(heard, QStringList{QStringLiteral("it's")});
-    EXPECT_EQ(bus.callsOf("AddMatch"), QStringList{QStringLiteral("type='signal',sender=':1.5',arg0='it'\\''s'")});
+    EXPECT_EQ(heard, QStringList{u"it's"_s});
+    EXPECT_EQ(bus.callsOf("AddMatch"), QStringList{u"type='signal',sender=':1.5',arg0='it'\\''s'"_s});
 }
 
 TEST_F(SignalsTest, OfARefusedMatchAreAskedForAgainAndItIsSaid)
@@ -110,7 +112,7 @@ TEST_F(SignalsTest, OfARefusedMatchAreAskedForAgainAndItIsSaid)
     const Registration match = subscribe({":1.5", "/a", "a.b", "Said", {}});
     ASSERT_TRUE(opens());
     ASSERT_TRUE(runUntil([&] { return !errors.isEmpty(); }));
-    EXPECT_EQ(errors, QStringList{QStringLiteral("LimitsExceeded")});
+    EXPECT_EQ(errors, QStringList{u"LimitsExceeded"_s});
     EXPECT_TRUE(runUntil([&] { return bus.callsOf("AddMatch").size() == 2; }));
     ASSERT_TRUE(roundTrip(connection));
     EXPECT_EQ(errors.size(), 1);

@@ -11,17 +11,19 @@
 #include <QThread>
 #include <QTimer>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 const QString& name()
 {
-    static const QString text = QStringLiteral("org.freedesktop.portal.Desktop");
+    static const QString text = u"org.freedesktop.portal.Desktop"_s;
     return text;
 }
 
 const QString& path()
 {
-    static const QString text = QStringLiteral("/org/freedesktop/portal/desktop");
+    static const QString text = u"/org/freedesktop/portal/desktop"_s;
     return text;
 }
 
@@ -30,9 +32,8 @@ QString typeOf(const QVariant& value)
     if (value.metaType() == QMetaType::fromType<QDBusArgument>())
         return value.value<QDBusArgument>().currentSignature();
     if (value.metaType() == QMetaType::fromType<QStringList>())
-        return QStringLiteral("as");
-    return value.metaType() == QMetaType::fromType<QString>() ? QStringLiteral("s")
-                                                              : QString::fromLatin1(value.metaType().name());
+        return u"as"_s;
+    return value.metaType() == QMetaType::fromType<QString>() ? u"s"_s : QString::fromLatin1(value.metaType().name());
 }
 
 /// A serialised icon: its kind, and the size of the picture where that is bytes.
@@ -45,9 +46,7 @@ QJsonObject iconOf(const QVariant& value)
     argument >> kind >> contents;
     argument.endStructure();
     const QImage image = QImage::fromData(contents.variant().toByteArray(), "PNG");
-    return {{QStringLiteral("kind"), kind},
-            {QStringLiteral("width"), image.width()},
-            {QStringLiteral("height"), image.height()}};
+    return {{u"kind"_s, kind}, {u"width"_s, image.width()}, {u"height"_s, image.height()}};
 }
 
 } // namespace
@@ -55,23 +54,22 @@ QJsonObject iconOf(const QVariant& value)
 ScriptedPortal::ScriptedPortal(const QStringList& options, QFile& log)
     : m_bus(QDBusConnection::sessionBus()), m_options(options), m_log(log)
 {
-    m_bus.connect(QString(), QStringLiteral("/org/freedesktop/DBus/Local"),
-                  QStringLiteral("org.freedesktop.DBus.Local"), QStringLiteral("Disconnected"),
+    m_bus.connect(QString(), u"/org/freedesktop/DBus/Local"_s, u"org.freedesktop.DBus.Local"_s, u"Disconnected"_s,
                   QCoreApplication::instance(), SLOT(quit()));
     m_bus.registerVirtualObject(path(), this);
     m_bus.interface()->registerService(name(), QDBusConnectionInterface::DontQueueService,
                                        QDBusConnectionInterface::AllowReplacement);
-    write({{QStringLiteral("ready"), true}});
+    write({{u"ready"_s, true}});
 }
 
 bool ScriptedPortal::handleMessage(const QDBusMessage& call, const QDBusConnection& /*connection*/)
 {
-    if (call.member() == QStringLiteral("AddNotification")) {
+    if (call.member() == u"AddNotification"_s) {
         onAdd(call);
         return true;
     }
-    write({{QStringLiteral("call"), call.member()}, {QStringLiteral("id"), call.arguments().value(0).toString()}});
-    if (call.member() == QStringLiteral("GetAll"))
+    write({{u"call"_s, call.member()}, {u"id"_s, call.arguments().value(0).toString()}});
+    if (call.member() == u"GetAll"_s)
         onProperties(call);
     else if (call.isReplyRequired())
         m_bus.send(call.createReply());
@@ -86,10 +84,9 @@ void ScriptedPortal::onProperties(const QDBusMessage& call)
         m_bus.send(call.createErrorReply(QDBusError::UnknownInterface, QString()));
         return;
     }
-    QVariantMap properties{{QStringLiteral("version"), has("version-2") ? 2U : 1U}};
+    QVariantMap properties{{u"version"_s, has("version-2") ? 2U : 1U}};
     if (has("version-2")) {
-        properties.insert(QStringLiteral("SupportedOptions"),
-                          QVariantMap{{QStringLiteral("category"), QStringList{QStringLiteral("im.received")}}});
+        properties.insert(u"SupportedOptions"_s, QVariantMap{{u"category"_s, QStringList{u"im.received"_s}}});
     }
     m_bus.send(call.createReply(properties));
 }
@@ -104,24 +101,24 @@ void ScriptedPortal::onAdd(const QDBusMessage& call)
         types[entry.key()] = typeOf(entry.value());
         values[entry.key()] = QJsonValue::fromVariant(entry.value());
     }
-    QJsonObject line{{QStringLiteral("call"), call.member()},
-                     {QStringLiteral("sender"), call.service()},
-                     {QStringLiteral("signature"), call.signature()},
-                     {QStringLiteral("id"), call.arguments().value(0).toString()},
-                     {QStringLiteral("types"), types},
-                     {QStringLiteral("values"), values}};
-    if (data.contains(QStringLiteral("icon")))
-        line[QStringLiteral("icon")] = iconOf(data.value(QStringLiteral("icon")));
+    QJsonObject line{{u"call"_s, call.member()},
+                     {u"sender"_s, call.service()},
+                     {u"signature"_s, call.signature()},
+                     {u"id"_s, call.arguments().value(0).toString()},
+                     {u"types"_s, types},
+                     {u"values"_s, values}};
+    if (data.contains(u"icon"_s))
+        line[u"icon"_s] = iconOf(data.value(u"icon"_s));
     m_shown.append({call.arguments().value(0).toString(), call.service()});
     write(line);
     if (has("mute"))
         return;
     if (has("refuse")) {
-        m_bus.send(call.createErrorReply(QStringLiteral("org.freedesktop.portal.Error.InvalidArgument"), QString()));
+        m_bus.send(call.createErrorReply(u"org.freedesktop.portal.Error.InvalidArgument"_s, QString()));
         return;
     }
     if (has("click-first"))
-        invoke(m_shown.size(), QStringLiteral("default"), {});
+        invoke(m_shown.size(), u"default"_s, {});
     m_bus.send(call.createReply());
 }
 
@@ -129,7 +126,7 @@ void ScriptedPortal::invoke(qsizetype number, const QString& action, const QVari
 {
     const Shown shown = m_shown.value(number - 1);
     QDBusMessage message = QDBusMessage::createTargetedSignal(
-        shown.sender, path(), QStringLiteral("org.freedesktop.portal.Notification"), QStringLiteral("ActionInvoked"));
+        shown.sender, path(), u"org.freedesktop.portal.Notification"_s, u"ActionInvoked"_s);
     message.setArguments({shown.id, action, QVariant(parameters)});
     m_bus.send(message);
 }
@@ -139,23 +136,22 @@ void ScriptedPortal::command(const QString& line)
     const QStringList words = line.split(u' ');
     const QString verb = words.value(0);
     const qsizetype number = words.value(1).toInt();
-    const QString click = QStringLiteral("default");
-    if (verb == QStringLiteral("click")) {
+    const QString click = u"default"_s;
+    if (verb == u"click"_s) {
         invoke(number, click, {});
-    } else if (verb == QStringLiteral("invoke")) {
+    } else if (verb == u"invoke"_s) {
         invoke(number, words.value(2), {});
-    } else if (verb == QStringLiteral("token")) {
-        const QVariantMap platform{{QStringLiteral("activation-token"), words.value(2)},
-                                   {QStringLiteral("another"), 1}};
-        invoke(number, click, {QStringLiteral("target"), platform});
-    } else if (verb == QStringLiteral("odd-token")) {
-        invoke(number, click, {42, QVariantMap{{QStringLiteral("activation-token"), 42}}});
-    } else if (verb == QStringLiteral("sleep")) {
-        write({{QStringLiteral("asleep"), true}});
+    } else if (verb == u"token"_s) {
+        const QVariantMap platform{{u"activation-token"_s, words.value(2)}, {u"another"_s, 1}};
+        invoke(number, click, {u"target"_s, platform});
+    } else if (verb == u"odd-token"_s) {
+        invoke(number, click, {42, QVariantMap{{u"activation-token"_s, 42}}});
+    } else if (verb == u"sleep"_s) {
+        write({{u"asleep"_s, true}});
         QThread::msleep(words.value(1).toULong());
-    } else if (verb == QStringLiteral("release")) {
+    } else if (verb == u"release"_s) {
         m_bus.unregisterService(name());
-        write({{QStringLiteral("released"), true}});
+        write({{u"released"_s, true}});
     }
 }
 

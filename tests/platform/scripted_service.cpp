@@ -43,17 +43,19 @@
 #include <memory>
 #include <unistd.h>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 const QString& name()
 {
-    static const QString text = QStringLiteral("org.freedesktop.Notifications");
+    static const QString text = u"org.freedesktop.Notifications"_s;
     return text;
 }
 
 const QString& path()
 {
-    static const QString text = QStringLiteral("/org/freedesktop/Notifications");
+    static const QString text = u"/org/freedesktop/Notifications"_s;
     return text;
 }
 
@@ -62,9 +64,9 @@ QString typeOf(const QVariant& value)
     if (value.metaType() == QMetaType::fromType<QDBusArgument>())
         return value.value<QDBusArgument>().currentSignature();
     if (value.metaType() == QMetaType::fromType<uchar>())
-        return QStringLiteral("y");
+        return u"y"_s;
     if (value.metaType() == QMetaType::fromType<QString>())
-        return QStringLiteral("s");
+        return u"s"_s;
     return QString::fromLatin1(value.metaType().name());
 }
 
@@ -81,10 +83,8 @@ QJsonObject imageOf(const QVariant& value)
     argument.beginStructure();
     argument >> width >> height >> rowBytes >> alpha >> bits >> channels >> pixels;
     argument.endStructure();
-    return {{QStringLiteral("width"), width},        {QStringLiteral("height"), height},
-            {QStringLiteral("row"), rowBytes},       {QStringLiteral("alpha"), alpha},
-            {QStringLiteral("bits"), bits},          {QStringLiteral("channels"), channels},
-            {QStringLiteral("bytes"), pixels.size()}};
+    return {{u"width"_s, width}, {u"height"_s, height},     {u"row"_s, rowBytes},       {u"alpha"_s, alpha},
+            {u"bits"_s, bits},   {u"channels"_s, channels}, {u"bytes"_s, pixels.size()}};
 }
 
 class ScriptedService : public QDBusVirtualObject
@@ -95,8 +95,7 @@ public:
     ScriptedService(const QStringList& options, QFile& log)
         : m_bus(QDBusConnection::sessionBus()), m_options(options), m_log(log)
     {
-        m_bus.connect(QString(), QStringLiteral("/org/freedesktop/DBus/Local"),
-                      QStringLiteral("org.freedesktop.DBus.Local"), QStringLiteral("Disconnected"),
+        m_bus.connect(QString(), u"/org/freedesktop/DBus/Local"_s, u"org.freedesktop.DBus.Local"_s, u"Disconnected"_s,
                       QCoreApplication::instance(), SLOT(quit()));
         m_bus.registerVirtualObject(path(), this);
         QTimer::singleShot(has("late-start") ? 1000 : 0, this, &ScriptedService::takeName);
@@ -107,11 +106,11 @@ public:
     bool handleMessage(const QDBusMessage& call, const QDBusConnection& /*connection*/) override
     {
         const QString method = call.member();
-        if (method == QStringLiteral("Notify"))
+        if (method == u"Notify"_s)
             return onNotify(call);
-        QJsonObject line{{QStringLiteral("call"), method}, {QStringLiteral("sender"), call.service()}};
-        if (method == QStringLiteral("CloseNotification")) {
-            line[QStringLiteral("id")] = call.arguments().value(0).toInt();
+        QJsonObject line{{u"call"_s, method}, {u"sender"_s, call.service()}};
+        if (method == u"CloseNotification"_s) {
+            line[u"id"_s] = call.arguments().value(0).toInt();
             write(line);
             m_bus.send(call.createReply());
             emitClosed(call.arguments().value(0).toUInt(), 3);
@@ -120,13 +119,13 @@ public:
         write(line);
         const bool isMute =
             has("mute") || has("mute-capabilities") || (has("mute-first-capabilities") && m_lastId == 0);
-        if (method != QStringLiteral("GetCapabilities") || isMute)
+        if (method != u"GetCapabilities"_s || isMute)
             return true;
-        QStringList capabilities{QStringLiteral("body")};
+        QStringList capabilities{u"body"_s};
         if (!has("no-actions"))
-            capabilities.append(QStringLiteral("actions"));
+            capabilities.append(u"actions"_s);
         if (has("markup"))
-            capabilities.append(QStringLiteral("body-markup"));
+            capabilities.append(u"body-markup"_s);
         const QDBusMessage reply = has("wrong-types") ? call.createReply(42) : call.createReply(capabilities);
         QTimer::singleShot(has("late-capabilities") ? 300 : 0, this, [this, reply] { m_bus.send(reply); });
         return true;
@@ -137,27 +136,27 @@ public:
         const QStringList words = line.split(u' ');
         const QString verb = words.value(0);
         const uint id = words.value(1).toUInt();
-        if (verb == QStringLiteral("click")) {
-            emitSignal("ActionInvoked", {id, QStringLiteral("default")});
-        } else if (verb == QStringLiteral("invoke")) {
+        if (verb == u"click"_s) {
+            emitSignal("ActionInvoked", {id, u"default"_s});
+        } else if (verb == u"invoke"_s) {
             emitSignal("ActionInvoked", {id, words.value(2)});
-        } else if (verb == QStringLiteral("close")) {
+        } else if (verb == u"close"_s) {
             emitClosed(id, 2);
-        } else if (verb == QStringLiteral("token")) {
+        } else if (verb == u"token"_s) {
             emitSignal("ActivationToken", {id, words.value(2)});
-        } else if (verb == QStringLiteral("wrong-signals")) {
-            emitSignal("ActionInvoked", {QStringLiteral("default"), id});
+        } else if (verb == u"wrong-signals"_s) {
+            emitSignal("ActionInvoked", {u"default"_s, id});
             emitSignal("ActionInvoked", {id});
             emitSignal("NotificationClosed", {id});
-            emitSignal("NotificationClosed", {QStringLiteral("1"), QStringLiteral("2")});
+            emitSignal("NotificationClosed", {u"1"_s, u"2"_s});
             emitSignal("ActivationToken", {});
-        } else if (verb == QStringLiteral("sleep")) {
-            write({{QStringLiteral("asleep"), true}});
+        } else if (verb == u"sleep"_s) {
+            write({{u"asleep"_s, true}});
             QThread::msleep(words.value(1).toULong());
-            write({{QStringLiteral("awake"), true}});
-        } else if (verb == QStringLiteral("release")) {
+            write({{u"awake"_s, true}});
+        } else if (verb == u"release"_s) {
             m_bus.unregisterService(name());
-            write({{QStringLiteral("released"), true}});
+            write({{u"released"_s, true}});
         }
     }
 
@@ -169,7 +168,7 @@ private:
         const auto how = has("replace") ? QDBusConnectionInterface::ReplaceExistingService
                                         : QDBusConnectionInterface::DontQueueService;
         m_bus.interface()->registerService(name(), how, QDBusConnectionInterface::AllowReplacement);
-        write({{QStringLiteral("ready"), true}});
+        write({{u"ready"_s, true}});
     }
 
     bool onNotify(const QDBusMessage& call)
@@ -183,23 +182,23 @@ private:
             types[hint.key()] = typeOf(hint.value());
             values[hint.key()] = QJsonValue::fromVariant(hint.value());
         }
-        QJsonObject line{{QStringLiteral("call"), QStringLiteral("Notify")},
-                         {QStringLiteral("sender"), call.service()},
-                         {QStringLiteral("signature"), call.signature()},
-                         {QStringLiteral("application"), arguments.value(0).toString()},
-                         {QStringLiteral("replaces"), arguments.value(1).toInt()},
-                         {QStringLiteral("icon"), arguments.value(2).toString()},
-                         {QStringLiteral("summary"), arguments.value(3).toString()},
-                         {QStringLiteral("body"), arguments.value(4).toString()},
-                         {QStringLiteral("actions"), QJsonArray::fromStringList(arguments.value(5).toStringList())},
-                         {QStringLiteral("hints"), types},
-                         {QStringLiteral("values"), values},
-                         {QStringLiteral("urgency"), hints.value(QStringLiteral("urgency")).toInt()},
-                         {QStringLiteral("timeout"), arguments.value(7).toInt()}};
-        if (hints.contains(QStringLiteral("image-data")))
-            line[QStringLiteral("image")] = imageOf(hints.value(QStringLiteral("image-data")));
+        QJsonObject line{{u"call"_s, u"Notify"_s},
+                         {u"sender"_s, call.service()},
+                         {u"signature"_s, call.signature()},
+                         {u"application"_s, arguments.value(0).toString()},
+                         {u"replaces"_s, arguments.value(1).toInt()},
+                         {u"icon"_s, arguments.value(2).toString()},
+                         {u"summary"_s, arguments.value(3).toString()},
+                         {u"body"_s, arguments.value(4).toString()},
+                         {u"actions"_s, QJsonArray::fromStringList(arguments.value(5).toStringList())},
+                         {u"hints"_s, types},
+                         {u"values"_s, values},
+                         {u"urgency"_s, hints.value(u"urgency"_s).toInt()},
+                         {u"timeout"_s, arguments.value(7).toInt()}};
+        if (hints.contains(u"image-data"_s))
+            line[u"image"_s] = imageOf(hints.value(u"image-data"_s));
         const uint id = has("same-id") ? 1 : ++m_lastId;
-        line[QStringLiteral("id")] = static_cast<int>(id);
+        line[u"id"_s] = static_cast<int>(id);
         write(line);
         reply(call, id);
         return true;
@@ -210,22 +209,22 @@ private:
         if (has("mute") || has("mute-notify"))
             return;
         if (has("refuse")) {
-            m_bus.send(call.createErrorReply(QStringLiteral("org.freedesktop.Notifications.Error"), QString()));
+            m_bus.send(call.createErrorReply(u"org.freedesktop.Notifications.Error"_s, QString()));
             return;
         }
         if (has("wrong-types")) {
-            m_bus.send(call.createReply(QStringLiteral("1")));
+            m_bus.send(call.createReply(u"1"_s));
             return;
         }
         if (has("close-first") || has("close-click-first"))
             emitClosed(id, 2);
         if (has("click-first") || has("close-click-first"))
-            emitSignal("ActionInvoked", {id, QStringLiteral("default")});
+            emitSignal("ActionInvoked", {id, u"default"_s});
         m_bus.send(call.createReply(id));
         if (has("merge") && id > 1)
             emitClosed(id - 1, 1);
         if (has("click-last"))
-            emitSignal("ActionInvoked", {id, QStringLiteral("default")});
+            emitSignal("ActionInvoked", {id, u"default"_s});
     }
 
     void emitSignal(const char* signal, const QVariantList& arguments)
@@ -256,7 +255,7 @@ int main(int argc, char** argv)
     QCoreApplication application(argc, argv);
     QFile log;
     for (const QString& option : QCoreApplication::arguments()) {
-        if (option.startsWith(QStringLiteral("log=")))
+        if (option.startsWith(u"log="_s))
             log.setFileName(option.mid(4));
     }
     if (log.fileName().isEmpty())
@@ -268,7 +267,7 @@ int main(int argc, char** argv)
     const QStringList options = QCoreApplication::arguments();
     std::unique_ptr<ScriptedService> service;
     std::unique_ptr<ScriptedPortal> portal;
-    if (options.contains(QStringLiteral("portal")))
+    if (options.contains(u"portal"_s))
         portal = std::make_unique<ScriptedPortal>(options, log);
     else
         service = std::make_unique<ScriptedService>(options, log);

@@ -6,6 +6,8 @@
 #include <QJsonArray>
 #include <gmock/gmock.h>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 using AnswersTest = ServiceTest;
@@ -42,12 +44,12 @@ TEST_F(AnswersTest, ReportsAClickOnceAndClosesThePopup)
     const auto service = startService();
     postClickable("a");
     ASSERT_TRUE(waitForPopups(*service, 1));
-    service->tell(QStringLiteral("click 1"));
-    ASSERT_TRUE(waitFor([&] { return !service->calls(QStringLiteral("CloseNotification")).isEmpty(); }));
-    service->tell(QStringLiteral("click 1"));
+    service->tell(u"click 1"_s);
+    ASSERT_TRUE(waitFor([&] { return !service->calls(u"CloseNotification"_s).isEmpty(); }));
+    service->tell(u"click 1"_s);
     letEverythingArrive(*service);
     EXPECT_EQ(answers(), Answers{"clicked a"});
-    EXPECT_EQ(service->calls(QStringLiteral("CloseNotification")).first()[QStringLiteral("id")], 1);
+    EXPECT_EQ(service->calls(u"CloseNotification"_s).first()[u"id"_s], 1);
 }
 
 TEST_F(AnswersTest, CallsThePopupsOwnCallBackInsteadOfTheDelegates)
@@ -60,8 +62,8 @@ TEST_F(AnswersTest, CallsThePopupsOwnCallBackInsteadOfTheDelegates)
     posting.context = "b";
     post(posting);
     ASSERT_TRUE(waitForPopups(*service, 2));
-    service->tell(QStringLiteral("click 1"));
-    service->tell(QStringLiteral("close 2"));
+    service->tell(u"click 1"_s);
+    service->tell(u"close 2"_s);
     ASSERT_TRUE(waitFor([] { return answers().size() == 2; }));
     EXPECT_EQ(answers(), (Answers{"own a", "timed out b"}));
 }
@@ -71,7 +73,7 @@ TEST_F(AnswersTest, ReportsAClosedPopupAsTimedOut)
     const auto service = startService();
     postClickable("a");
     ASSERT_TRUE(waitForPopups(*service, 1));
-    service->tell(QStringLiteral("close 1"));
+    service->tell(u"close 1"_s);
     ASSERT_TRUE(waitFor([] { return !answers().empty(); }));
     EXPECT_EQ(answers(), Answers{"timed out a"});
     letEverythingArrive(*service);
@@ -83,7 +85,7 @@ TEST_F(AnswersTest, TakesNoClickThatComesAfterTheClosing)
     const auto service = startService();
     postClickable("a");
     ASSERT_TRUE(waitForPopups(*service, 1));
-    service->tell(QStringLiteral("close 1\nclick 1"));
+    service->tell(u"close 1\nclick 1"_s);
     ASSERT_TRUE(waitFor([] { return !answers().empty(); }));
     letEverythingArrive(*service);
     EXPECT_EQ(answers(), Answers{"timed out a"});
@@ -91,7 +93,7 @@ TEST_F(AnswersTest, TakesNoClickThatComesAfterTheClosing)
 
 TEST_F(AnswersTest, TakesAClickThatComesBeforeTheReply)
 {
-    const auto service = startService({QStringLiteral("click-first")});
+    const auto service = startService({u"click-first"_s});
     postClickable("a");
     ASSERT_TRUE(waitFor([] { return !answers().empty(); }));
     EXPECT_EQ(answers(), Answers{"clicked a"});
@@ -99,7 +101,7 @@ TEST_F(AnswersTest, TakesAClickThatComesBeforeTheReply)
 
 TEST_F(AnswersTest, TakesAClosingThatComesBeforeTheReply)
 {
-    const auto service = startService({QStringLiteral("close-first")});
+    const auto service = startService({u"close-first"_s});
     postClickable("a");
     ASSERT_TRUE(waitFor([] { return !answers().empty(); }));
     EXPECT_EQ(answers(), Answers{"timed out a"});
@@ -107,7 +109,7 @@ TEST_F(AnswersTest, TakesAClosingThatComesBeforeTheReply)
 
 TEST_F(AnswersTest, TakesNoClickThatComesBehindTheClosingBeforeTheReply)
 {
-    const auto service = startService({QStringLiteral("close-click-first")});
+    const auto service = startService({u"close-click-first"_s});
     postClickable("a");
     ASSERT_TRUE(waitFor([] { return !answers().empty(); }));
     EXPECT_EQ(answers(), Answers{"timed out a"});
@@ -115,26 +117,26 @@ TEST_F(AnswersTest, TakesNoClickThatComesBehindTheClosingBeforeTheReply)
 
 TEST_F(AnswersTest, AnswersEachOfTheIdenticalPopupsThatAServiceMerges)
 {
-    const auto service = startService({QStringLiteral("same-id")});
+    const auto service = startService({u"same-id"_s});
     postClickable("a");
     postClickable("b");
     postClickable("c");
     ASSERT_TRUE(waitFor([] { return answers().size() == 2; }));
     EXPECT_THAT(answers(), testing::UnorderedElementsAre("timed out a", "timed out b"));
-    service->tell(QStringLiteral("click 1"));
+    service->tell(u"click 1"_s);
     ASSERT_TRUE(waitFor([] { return answers().size() == 3; }));
     EXPECT_EQ(answers().back(), "clicked c");
 }
 
 TEST_F(AnswersTest, AnswersEachOfThePopupsThatAServiceMergesUnderIdsOfTheirOwn)
 {
-    const auto service = startService({QStringLiteral("merge")});
+    const auto service = startService({u"merge"_s});
     postClickable("a");
     postClickable("b");
     postClickable("c");
     ASSERT_TRUE(waitFor([] { return answers().size() == 2; }));
     EXPECT_THAT(answers(), testing::UnorderedElementsAre("timed out a", "timed out b"));
-    service->tell(QStringLiteral("click 3\nclose 3"));
+    service->tell(u"click 3\nclose 3"_s);
     ASSERT_TRUE(waitFor([] { return answers().size() == 3; }));
     EXPECT_EQ(answers().back(), "clicked c");
     letEverythingArrive(*service);
@@ -148,7 +150,7 @@ TEST_F(AnswersTest, AnswersOnceEachOfThePopupsThatAServiceNeverReports)
         postClickable(context);
     ASSERT_TRUE(waitForPopups(*service, 3));
     // Of three that look the same, only the first is ever said to be closed.
-    service->tell(QStringLiteral("close 1"));
+    service->tell(u"close 1"_s);
     ASSERT_TRUE(waitFor([] { return !answers().empty(); }));
     EXPECT_EQ(answers(), Answers{"timed out a"});
     service->kill();
@@ -162,11 +164,11 @@ TEST_F(AnswersTest, IgnoresActionsThatWereNotOffered)
     post({});
     postClickable("b");
     ASSERT_TRUE(waitForPopups(*service, 2));
-    service->tell(QStringLiteral("click 1\ninvoke 2 other\ninvoke 2 "));
+    service->tell(u"click 1\ninvoke 2 other\ninvoke 2 "_s);
     letEverythingArrive(*service);
     EXPECT_EQ(answers(), Answers{});
-    for (const QJsonObject& call : service->calls(QStringLiteral("CloseNotification")))
-        EXPECT_EQ(call[QStringLiteral("id")], 3) << "only the last was clicked";
+    for (const QJsonObject& call : service->calls(u"CloseNotification"_s))
+        EXPECT_EQ(call[u"id"_s], 3) << "only the last was clicked";
 }
 
 TEST_F(AnswersTest, HandsTheActivationTokenOnBeforeTheCallBack)
@@ -177,7 +179,7 @@ TEST_F(AnswersTest, HandsTheActivationTokenOnBeforeTheCallBack)
     posting.clickCallBack = noteToken;
     post(posting);
     ASSERT_TRUE(waitForPopups(*service, 1));
-    service->tell(QStringLiteral("token 1 first\ntoken 1 token-of-a\nclick 1"));
+    service->tell(u"token 1 first\ntoken 1 token-of-a\nclick 1"_s);
     ASSERT_TRUE(waitFor([] { return !tokenInCallBack.isEmpty(); }));
     EXPECT_EQ(tokenInCallBack, "token-of-a");
 }
@@ -188,7 +190,7 @@ TEST_F(AnswersTest, DoesNotHandOnTheTokenOfAnotherPopup)
     const auto service = startService();
     postClickable("a");
     ASSERT_TRUE(waitForPopups(*service, 1));
-    service->tell(QStringLiteral("token 2 token-of-b\nclick 1"));
+    service->tell(u"token 2 token-of-b\nclick 1"_s);
     ASSERT_TRUE(waitFor([] { return !answers().empty(); }));
     EXPECT_FALSE(qEnvironmentVariableIsSet("XDG_ACTIVATION_TOKEN"));
 }
@@ -203,11 +205,11 @@ TEST_F(AnswersTest, DoesNotHandOnAnEarlierClicksTokenAndKeepsEachUntilItsOwnClic
         post(posting);
     }
     ASSERT_TRUE(waitForPopups(*service, 3));
-    service->tell(QStringLiteral("token 1 token-of-a\ntoken 2 token-of-b\nclick 1"));
+    service->tell(u"token 1 token-of-a\ntoken 2 token-of-b\nclick 1"_s);
     ASSERT_TRUE(waitFor([] { return tokenInCallBack == "token-of-a"; }));
-    service->tell(QStringLiteral("click 2"));
+    service->tell(u"click 2"_s);
     ASSERT_TRUE(waitFor([] { return tokenInCallBack == "token-of-b"; }));
-    service->tell(QStringLiteral("click 3"));
+    service->tell(u"click 3"_s);
     ASSERT_TRUE(waitFor([] { return tokenInCallBack.isEmpty(); }));
 }
 
@@ -220,7 +222,7 @@ TEST_F(AnswersTest, DoNotWaitForACallBackThatRunsAnEventLoopOfItsOwn)
     post(posting);
     postClickable("b");
     ASSERT_TRUE(waitForPopups(*service, 2));
-    service->tell(QStringLiteral("click 1\nclick 2"));
+    service->tell(u"click 1\nclick 2"_s);
     ASSERT_TRUE(waitFor([] { return !answers().empty(); }));
     letEverythingArrive(*service);
     EXPECT_EQ(answers(), Answers{"clicked b"});
@@ -232,12 +234,12 @@ TEST_F(AnswersTest, IgnoresWhatOthersSendInTheNameOfTheService)
     const auto service = startService();
     postClickable("a");
     ASSERT_TRUE(waitForPopups(*service, 1));
-    forge(QStringLiteral("ActionInvoked"), {1U, QStringLiteral("default")});
-    forge(QStringLiteral("NotificationClosed"), {1U, 2U});
-    forge(QStringLiteral("ActivationToken"), {1U, QStringLiteral("forged")});
+    forge(u"ActionInvoked"_s, {1U, u"default"_s});
+    forge(u"NotificationClosed"_s, {1U, 2U});
+    forge(u"ActivationToken"_s, {1U, u"forged"_s});
     letEverythingArrive(*service);
     EXPECT_EQ(answers(), Answers{});
-    service->tell(QStringLiteral("click 1"));
+    service->tell(u"click 1"_s);
     ASSERT_TRUE(waitFor([] { return !answers().empty(); }));
     EXPECT_EQ(answers(), Answers{"clicked a"});
     EXPECT_NE(qgetenv("XDG_ACTIVATION_TOKEN"), "forged");
@@ -248,13 +250,13 @@ TEST_F(AnswersTest, IgnoreWhatOthersSendToUsAloneInTheNameOfTheService)
     const auto service = startService();
     postClickable("a");
     ASSERT_TRUE(waitForPopups(*service, 1));
-    const QString us = service->calls().first()[QStringLiteral("sender")].toString();
-    forge(QStringLiteral("ActivationToken"), {1U, QStringLiteral("forged")}, us);
-    forge(QStringLiteral("ActionInvoked"), {1U, QStringLiteral("default")}, us);
-    forge(QStringLiteral("NotificationClosed"), {1U, 2U}, us);
+    const QString us = service->calls().first()[u"sender"_s].toString();
+    forge(u"ActivationToken"_s, {1U, u"forged"_s}, us);
+    forge(u"ActionInvoked"_s, {1U, u"default"_s}, us);
+    forge(u"NotificationClosed"_s, {1U, 2U}, us);
     letEverythingArrive(*service);
     EXPECT_EQ(answers(), Answers{});
-    service->tell(QStringLiteral("click 1"));
+    service->tell(u"click 1"_s);
     ASSERT_TRUE(waitFor([] { return !answers().empty(); }));
     EXPECT_EQ(answers(), Answers{"clicked a"});
     EXPECT_NE(qgetenv("XDG_ACTIVATION_TOKEN"), "forged");
@@ -265,10 +267,10 @@ TEST_F(AnswersTest, IgnoreWhatOthersSendToUsAloneInTheNameOfTheBus)
     const auto service = startService();
     postClickable("a");
     ASSERT_TRUE(waitForPopups(*service, 1));
-    const QString us = service->calls().first()[QStringLiteral("sender")].toString();
-    const QString name = QStringLiteral("org.freedesktop.Notifications");
-    forgeOfTheBus(QStringLiteral("NameOwnerChanged"), {name, QStringLiteral(":1.0"), QString()}, us);
-    forgeOfTheBus(QStringLiteral("ActivatableServicesChanged"), {}, us);
+    const QString us = service->calls().first()[u"sender"_s].toString();
+    const QString name = u"org.freedesktop.Notifications"_s;
+    forgeOfTheBus(u"NameOwnerChanged"_s, {name, u":1.0"_s, QString()}, us);
+    forgeOfTheBus(u"ActivatableServicesChanged"_s, {}, us);
     letEverythingArrive(*service);
     EXPECT_EQ(answers(), Answers{}) << "the service was taken for gone";
     EXPECT_TRUE(Growl_IsRunning());
@@ -279,10 +281,10 @@ TEST_F(AnswersTest, AreNotTakenFromAStrangerWhileNobodyOwnsTheName)
     auto service = startService();
     postClickable("a");
     ASSERT_TRUE(waitForPopups(*service, 1));
-    const QString us = service->calls().first()[QStringLiteral("sender")].toString();
+    const QString us = service->calls().first()[u"sender"_s].toString();
     service->kill();
     ASSERT_TRUE(waitFor([] { return !Growl_IsRunning(); }));
-    forge(QStringLiteral("ActionInvoked"), {1U, QStringLiteral("default")}, us);
+    forge(u"ActionInvoked"_s, {1U, u"default"_s}, us);
     service = startService();
     letEverythingArrive(*service);
     EXPECT_EQ(answers(), Answers{"timed out a"});
@@ -293,14 +295,14 @@ TEST_F(AnswersTest, IgnoresSignalsOfOtherTypes)
     const auto service = startService();
     postClickable("a");
     ASSERT_TRUE(waitForPopups(*service, 1));
-    service->tell(QStringLiteral("wrong-signals 1"));
+    service->tell(u"wrong-signals 1"_s);
     letEverythingArrive(*service);
     EXPECT_EQ(answers(), Answers{});
 }
 
 TEST_F(AnswersTest, ReportsAPopupThatTheServiceRefusesAsTimedOut)
 {
-    const auto service = startService({QStringLiteral("refuse")});
+    const auto service = startService({u"refuse"_s});
     postClickable("a");
     ASSERT_TRUE(waitFor([] { return !answers().empty(); }));
     EXPECT_EQ(answers(), Answers{"timed out a"});
@@ -317,12 +319,12 @@ TEST_F(AnswersTest, ReportsTheOldestAsTimedOutWhenMoreThanAThousandWait)
     // That one was still held. The next oldest is shown, and a click on it would do nothing any more: it is closed.
     ASSERT_TRUE(waitForPopups(*service, 1000));
     postClickable("1001");
-    const auto closed = [&] { return service->calls(QStringLiteral("CloseNotification")); };
+    const auto closed = [&] { return service->calls(u"CloseNotification"_s); };
     ASSERT_TRUE(waitFor([&] { return !closed().isEmpty(); }));
     ASSERT_TRUE(waitForPopups(*service, 1001));
     ASSERT_EQ(closed().size(), 1);
-    EXPECT_EQ(closed()[0][QStringLiteral("id")], 1);
-    EXPECT_EQ(service->calls()[0][QStringLiteral("id")], 1);
+    EXPECT_EQ(closed()[0][u"id"_s], 1);
+    EXPECT_EQ(service->calls()[0][u"id"_s], 1);
     EXPECT_EQ(answers(), (Answers{"timed out 0", "timed out 1"}));
 }
 
@@ -349,8 +351,8 @@ TEST_F(AnswersTest, ForgetsIdsOfAServiceThatWasRestarted)
     service = startService();
     postClickable("new");
     ASSERT_TRUE(waitForPopups(*service, 1));
-    ASSERT_EQ(service->calls().first()[QStringLiteral("id")], 1) << "the same id once more";
-    service->tell(QStringLiteral("click 1"));
+    ASSERT_EQ(service->calls().first()[u"id"_s], 1) << "the same id once more";
+    service->tell(u"click 1"_s);
     ASSERT_TRUE(waitFor([] { return answers().size() == 2; }));
     EXPECT_EQ(answers(), (Answers{"timed out old", "clicked new"}));
 }
@@ -360,22 +362,22 @@ TEST_F(AnswersTest, ReportsWhatAReplacedServiceShowedAsTimedOut)
     const auto service = startService();
     postClickable("old");
     letEverythingArrive(*service);
-    const auto next = startService({QStringLiteral("replace")});
+    const auto next = startService({u"replace"_s});
     ASSERT_TRUE(waitFor([] { return !answers().empty(); }));
     postClickable("new");
     ASSERT_TRUE(waitForPopups(*next, 1));
     // It lives on without the name: what it says is not the service's any more.
-    service->tell(QStringLiteral("click 1"));
-    next->tell(QStringLiteral("click 1"));
+    service->tell(u"click 1"_s);
+    next->tell(u"click 1"_s);
     ASSERT_TRUE(waitFor([] { return answers().size() == 2; }));
     EXPECT_EQ(answers(), (Answers{"timed out old", "clicked new"}));
 }
 
 TEST_F(AnswersTest, ReportsPopupsOfAStuckServiceThatIsKilledAsTimedOut)
 {
-    const auto service = startService({QStringLiteral("mute")});
+    const auto service = startService({u"mute"_s});
     postClickable("a");
-    ASSERT_TRUE(waitFor([&] { return !service->calls(QStringLiteral("GetCapabilities")).isEmpty(); }));
+    ASSERT_TRUE(waitFor([&] { return !service->calls(u"GetCapabilities"_s).isEmpty(); }));
     service->stop();
     service->kill();
     ASSERT_TRUE(waitFor([] { return !answers().empty(); }));
@@ -393,9 +395,9 @@ TEST_F(AnswersTest, CallsNobodyAfterTheApplicationWithdrew)
     ASSERT_TRUE(waitForPopups(*service, 2));
     Growl_SetDelegate(nullptr);
     postClickable("dropped");
-    service->tell(QStringLiteral("click 1\nclick 2"));
-    ASSERT_TRUE(waitFor([&] { return service->calls(QStringLiteral("CloseNotification")).size() == 2; }));
-    registerNames({QStringLiteral("Message")});
+    service->tell(u"click 1\nclick 2"_s);
+    ASSERT_TRUE(waitFor([&] { return service->calls(u"CloseNotification"_s).size() == 2; }));
+    registerNames({u"Message"_s});
     letEverythingArrive(*service);
     EXPECT_EQ(answers(), Answers{});
     EXPECT_EQ(service->calls().size(), 3);
@@ -406,8 +408,8 @@ TEST_F(AnswersTest, TellsTheDelegateThatIsRegisteredWhenTheAnswerComes)
     const auto service = startService();
     postClickable("a");
     ASSERT_TRUE(waitForPopups(*service, 1));
-    registerNames({QStringLiteral("Message")});
-    service->tell(QStringLiteral("click 1"));
+    registerNames({u"Message"_s});
+    service->tell(u"click 1"_s);
     ASSERT_TRUE(waitFor([] { return !answers().empty(); }));
     EXPECT_EQ(answers(), Answers{"clicked a"});
 }
@@ -419,11 +421,11 @@ TEST_F(AnswersTest, TellsNobodyOfPopupsThatWerePostedBeforeAWithdrawal)
     postClickable("1");
     ASSERT_TRUE(waitForPopups(*service, 2));
     Growl_SetDelegate(nullptr);
-    registerNames({QStringLiteral("Message")});
+    registerNames({u"Message"_s});
     // Equal contexts, as those of an application that counts from the start again.
     postClickable("0");
     ASSERT_TRUE(waitForPopups(*service, 3));
-    service->tell(QStringLiteral("click 1\nclose 2\nclick 3"));
+    service->tell(u"click 1\nclose 2\nclick 3"_s);
     letEverythingArrive(*service);
     service->kill();
     EXPECT_EQ(answers(), Answers{"clicked 0"});
@@ -431,12 +433,12 @@ TEST_F(AnswersTest, TellsNobodyOfPopupsThatWerePostedBeforeAWithdrawal)
 
 TEST_F(AnswersTest, LetsACallBackPostAndRegister)
 {
-    const auto service = startService({QStringLiteral("click-last")});
+    const auto service = startService({u"click-last"_s});
     TestPosting posting;
     posting.context = "a";
     posting.clickCallBack = [](CFPropertyListRef context) {
         onOwnClick(context);
-        registerNames({QStringLiteral("Message")});
+        registerNames({u"Message"_s});
         postClickable("posted by the call-back");
     };
     post(posting);
@@ -446,7 +448,7 @@ TEST_F(AnswersTest, LetsACallBackPostAndRegister)
 
 TEST_F(AnswersTest, LetsACallBackRunAnEventLoopOfItsOwn)
 {
-    const auto service = startService({QStringLiteral("click-last")});
+    const auto service = startService({u"click-last"_s});
     TestPosting posting;
     posting.context = "a";
     posting.clickCallBack = [](CFPropertyListRef context) {
@@ -464,9 +466,9 @@ TEST_F(AnswersTest, LeaveNothingBehindThatCouldBeClickedWhenTheProgramEnds)
     const auto service = startService();
     QProcess program;
     program.setProcessChannelMode(QProcess::ForwardedChannels);
-    program.start(QStringLiteral(SHORT_PROGRAM), {QStringLiteral("settled")});
-    ASSERT_TRUE(waitFor([&] { return !service->calls(QStringLiteral("CloseNotification")).isEmpty(); }));
-    EXPECT_EQ(service->calls(QStringLiteral("CloseNotification"))[0][QStringLiteral("id")], 1);
+    program.start(QString::fromUtf8(SHORT_PROGRAM), {u"settled"_s});
+    ASSERT_TRUE(waitFor([&] { return !service->calls(u"CloseNotification"_s).isEmpty(); }));
+    EXPECT_EQ(service->calls(u"CloseNotification"_s)[0][u"id"_s], 1);
     ASSERT_TRUE(waitFor([&] { return program.state() == QProcess::NotRunning; }));
     EXPECT_EQ(program.exitCode(), 0);
 }
@@ -476,13 +478,13 @@ TEST_F(AnswersTest, LeaveNothingBehindAfterEachOfTwoApplicationObjects)
     const auto service = startService();
     QProcess program;
     program.setProcessChannelMode(QProcess::ForwardedChannels);
-    program.start(QStringLiteral(SHORT_PROGRAM), {QStringLiteral("again")});
-    const auto closed = [&] { return service->calls(QStringLiteral("CloseNotification")); };
+    program.start(QString::fromUtf8(SHORT_PROGRAM), {u"again"_s});
+    const auto closed = [&] { return service->calls(u"CloseNotification"_s); };
     ASSERT_TRUE(waitFor([&] { return closed().size() == 2; }));
     ASSERT_TRUE(waitFor([&] { return program.state() == QProcess::NotRunning; }));
     EXPECT_EQ(program.exitStatus(), QProcess::NormalExit);
     EXPECT_EQ(program.exitCode(), 0);
-    EXPECT_EQ(closed()[1][QStringLiteral("id")], 2);
+    EXPECT_EQ(closed()[1][u"id"_s], 2);
 }
 
 TEST_F(AnswersTest, TimeOutWhenTheirPopupsAreWithdrawn)
@@ -491,21 +493,21 @@ TEST_F(AnswersTest, TimeOutWhenTheirPopupsAreWithdrawn)
     postClickable("a");
     postClickable("b");
     ASSERT_TRUE(waitForPopups(*service, 2));
-    zepaWithdrawPopups(QStringLiteral("Message"), QStringLiteral("Title"));
-    const auto closed = [&] { return service->calls(QStringLiteral("CloseNotification")); };
+    zepaWithdrawPopups(u"Message"_s, u"Title"_s);
+    const auto closed = [&] { return service->calls(u"CloseNotification"_s); };
     ASSERT_TRUE(waitFor([&] { return closed().size() == 2 && answers().size() == 2; }));
-    EXPECT_EQ(closed()[0][QStringLiteral("id")], 1);
-    EXPECT_EQ(closed()[1][QStringLiteral("id")], 2);
+    EXPECT_EQ(closed()[0][u"id"_s], 1);
+    EXPECT_EQ(closed()[1][u"id"_s], 2);
     EXPECT_EQ(answers(), (Answers{"timed out a", "timed out b"}));
 }
 
 TEST_F(AnswersTest, AreNotAskedOfAServiceWithoutActions)
 {
-    const auto service = startService({QStringLiteral("no-actions")});
+    const auto service = startService({u"no-actions"_s});
     postClickable("a");
     ASSERT_TRUE(waitForPopups(*service, 1));
-    EXPECT_TRUE(service->calls().first()[QStringLiteral("actions")].toArray().isEmpty());
-    service->tell(QStringLiteral("close 1"));
+    EXPECT_TRUE(service->calls().first()[u"actions"_s].toArray().isEmpty());
+    service->tell(u"close 1"_s);
     ASSERT_TRUE(waitFor([] { return !answers().empty(); }));
     EXPECT_EQ(answers(), Answers{"timed out a"});
 }

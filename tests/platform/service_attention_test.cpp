@@ -9,6 +9,8 @@
 #include <QRasterWindow>
 #include <QVariantMap>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 /// What docks hear, in order: the address of the application and whether it is urgent.
@@ -18,11 +20,11 @@ class Dock : public QObject
 
 public:
     explicit Dock(const QByteArray& address)
-        : m_bus(QDBusConnection::connectToBus(QString::fromLocal8Bit(address), QStringLiteral("dock")))
+        : m_bus(QDBusConnection::connectToBus(QString::fromLocal8Bit(address), u"dock"_s))
     {
-        m_listens = m_bus.connect(QString(), QStringLiteral("/com/canonical/Unity/LauncherEntry/1"),
-                                  QStringLiteral("com.canonical.Unity.LauncherEntry"), QStringLiteral("Update"), this,
-                                  SLOT(onUpdate(QString, QVariantMap)));
+        m_listens =
+            m_bus.connect(QString(), u"/com/canonical/Unity/LauncherEntry/1"_s, u"com.canonical.Unity.LauncherEntry"_s,
+                          u"Update"_s, this, SLOT(onUpdate(QString, QVariantMap)));
     }
     ~Dock() override { QDBusConnection::disconnectFromBus(m_bus.name()); }
     Q_DISABLE_COPY_MOVE(Dock)
@@ -36,7 +38,7 @@ private Q_SLOTS:
     void onUpdate(const QString& address, const QVariantMap& properties)
     {
         addresses.append(address);
-        urgent.push_back(properties.value(QStringLiteral("urgent")).toBool());
+        urgent.push_back(properties.value(u"urgent"_s).toBool());
     }
 
 private:
@@ -52,7 +54,7 @@ using Urgent = std::vector<bool>;
 
 TEST_F(AttentionTest, IsHeardByDocksWhileTheApplicationIsInTheBackgroundAndWithdrawnWhenItIsActivated)
 {
-    QGuiApplication::setApplicationName(QStringLiteral("Zepa"));
+    QGuiApplication::setApplicationName(u"Zepa"_s);
     Dock dock(directBusAddress());
     ASSERT_TRUE(dock.listens());
     ASSERT_TRUE(waitFor([] { return !Growl_IsRunning(); })) << "the bus is there, and no service";
@@ -73,7 +75,7 @@ TEST_F(AttentionTest, IsHeardByDocksWhileTheApplicationIsInTheBackgroundAndWithd
     ASSERT_TRUE(waitFor([] { return QGuiApplication::applicationState() == Qt::ApplicationActive; }));
     ASSERT_TRUE(waitFor([&] { return dock.urgent.size() == 2; }));
     EXPECT_EQ(dock.urgent, (Urgent{true, false}));
-    EXPECT_EQ(dock.addresses, QStringList(2, QStringLiteral("application://zepa.desktop")));
+    EXPECT_EQ(dock.addresses, QStringList(2, u"application://zepa.desktop"_s));
 
     zepaRequestAttention();
     letEverythingArrive(*startService());

@@ -12,6 +12,8 @@
 
 #include <map>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 constexpr int flood = 20000;
@@ -25,7 +27,7 @@ constexpr bool isSanitized = false;
 /// What this process has in memory, in bytes.
 qint64 residentBytes()
 {
-    QFile file(QStringLiteral("/proc/self/statm"));
+    QFile file(u"/proc/self/statm"_s);
     if (!file.open(QIODevice::ReadOnly))
         return 0;
     return file.readAll().split(' ').value(1).toLongLong() * sysconf(_SC_PAGESIZE);
@@ -52,7 +54,7 @@ protected:
         TestPosting posting;
         for (int number = 0; number < flood; ++number) {
             posting.context = number % 2 == 0 ? std::to_string(number) : std::string();
-            posting.text = number % 3 == 0 ? QString(9000, u'x') : QStringLiteral("Text");
+            posting.text = number % 3 == 0 ? QString(9000, u'x') : u"Text"_s;
             if (hasIcons && number % 20 == 0)
                 posting.icon = pictureFile(number / 20);
             post(posting);
@@ -77,7 +79,7 @@ protected:
     {
         QProcess program;
         program.setProcessChannelMode(QProcess::ForwardedChannels);
-        program.start(QStringLiteral(SHORT_PROGRAM), {QStringLiteral("flood")});
+        program.start(QString::fromUtf8(SHORT_PROGRAM), {u"flood"_s});
         const bool isOver = waitFor([&] { return program.state() == QProcess::NotRunning; });
         program.kill();
         program.waitForFinished();
@@ -136,11 +138,11 @@ TEST_F(BoundsTest, LetAProgramEndWhileTheServiceIsStopped)
 
 TEST_F(BoundsTest, LetAProgramExitWithFiftyPostingsUnderWay)
 {
-    const auto service = startService({QStringLiteral("mute-notify")});
+    const auto service = startService({u"mute-notify"_s});
     for (int i = 0; i < 5; ++i) {
         QProcess program;
         program.setProcessChannelMode(QProcess::ForwardedChannels);
-        program.start(QStringLiteral(SHORT_PROGRAM), {QStringLiteral("exit")});
+        program.start(QString::fromUtf8(SHORT_PROGRAM), {u"exit"_s});
         ASSERT_TRUE(waitForPopups(*service, 50 * (i + 1)));
         program.closeWriteChannel();
         ASSERT_TRUE(waitFor([&] { return program.state() == QProcess::NotRunning; }));
@@ -163,8 +165,8 @@ TEST_F(BoundsTest, OfASmallBusLoseNoPopup)
     ASSERT_TRUE(waitFor([] { return zepaPopupService() == ZepaPopupService::There; }));
     ASSERT_TRUE(waitUntilAcquainted(*service));
     // The calls pile up at the bus as far as they may.
-    service->tell(QStringLiteral("sleep 1000"));
-    ASSERT_TRUE(waitFor([&] { return service->wrote(QStringLiteral("asleep")); }));
+    service->tell(u"sleep 1000"_s);
+    ASSERT_TRUE(waitFor([&] { return service->wrote(u"asleep"_s); }));
     for (int number = 0; number < 401; ++number) {
         TestPosting posting;
         posting.title = QString::number(number);
@@ -176,7 +178,7 @@ TEST_F(BoundsTest, OfASmallBusLoseNoPopup)
     EXPECT_EQ(answers(), Answers{}) << "all are shown";
     ASSERT_TRUE(waitForPopups(*service, 402));
     for (int number = 0; number < 401; ++number)
-        EXPECT_EQ(service->calls()[number + 1][QStringLiteral("summary")], QString::number(number));
+        EXPECT_EQ(service->calls()[number + 1][u"summary"_s], QString::number(number));
 }
 
 TEST_F(BoundsTest, OfAStuckServiceAreNotThoseOfTheNext)
@@ -188,7 +190,7 @@ TEST_F(BoundsTest, OfAStuckServiceAreNotThoseOfTheNext)
         postClickable(std::to_string(number));
     ASSERT_TRUE(waitFor([] { return answers().size() == 200; }));
     service->kill();
-    service = startService({QStringLiteral("click-last")});
+    service = startService({u"click-last"_s});
     ASSERT_TRUE(waitFor([] { return zepaPopupService() == ZepaPopupService::There; }));
     answers().clear();
     postClickable("a");

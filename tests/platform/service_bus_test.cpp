@@ -11,6 +11,8 @@
 #include <cstdlib>
 #include <thread>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 using namespace std::chrono_literals;
@@ -27,7 +29,7 @@ protected:
             return result;
         for (const QByteArray& line : log.readAll().split('\n')) {
             const QJsonObject object = QJsonDocument::fromJson(line).object();
-            if (object.contains(key) || object[QStringLiteral("call")] == key)
+            if (object.contains(key) || object[u"call"_s] == key)
                 result.append(object);
         }
         return result;
@@ -74,13 +76,13 @@ TEST_F(BusTest, IsNotRunningWithoutAServiceAndReportsPopupsAsTimedOut)
 TEST_F(BusTest, IsRunningAsSoonAsAServiceStartsLate)
 {
     ASSERT_TRUE(waitFor([] { return !Growl_IsRunning(); }));
-    const auto service = startService({QStringLiteral("markup")});
+    const auto service = startService({u"markup"_s});
     ASSERT_TRUE(waitFor([] { return Growl_IsRunning() != 0; }));
     TestPosting posting;
-    posting.text = QStringLiteral("&");
+    posting.text = u"&"_s;
     post(posting);
     ASSERT_TRUE(waitForPopups(*service, 1));
-    EXPECT_EQ(service->calls().first()[QStringLiteral("body")], QStringLiteral("&amp;"));
+    EXPECT_EQ(service->calls().first()[u"body"_s], u"&amp;"_s);
     service->kill();
     ASSERT_TRUE(waitFor([] { return !Growl_IsRunning(); }));
 }
@@ -89,17 +91,17 @@ TEST_F(BusTest, LetsTheBusStartTheService)
 {
     killBus();
     ASSERT_TRUE(waitFor([] { return !Growl_IsRunning(); }));
-    const QString log = makeActivatable({QStringLiteral("markup"), QStringLiteral("click-last")});
+    const QString log = makeActivatable({u"markup"_s, u"click-last"_s});
     startBus();
     ASSERT_TRUE(waitFor([] { return Growl_IsRunning() != 0; }));
-    EXPECT_TRUE(logged(log, QStringLiteral("ready")).isEmpty()) << "asking starts no service";
+    EXPECT_TRUE(logged(log, u"ready"_s).isEmpty()) << "asking starts no service";
     TestPosting posting;
-    posting.text = QStringLiteral("&");
+    posting.text = u"&"_s;
     posting.context = "a";
     post(posting);
     ASSERT_TRUE(waitFor([] { return !answers().empty(); }));
     EXPECT_EQ(answers(), Answers{"clicked a"});
-    EXPECT_EQ(logged(log, QStringLiteral("Notify")).first()[QStringLiteral("body")], QStringLiteral("&amp;"));
+    EXPECT_EQ(logged(log, u"Notify"_s).first()[u"body"_s], u"&amp;"_s);
     EXPECT_TRUE(Growl_IsRunning());
 }
 
@@ -114,8 +116,7 @@ TEST_F(BusTest, HoldsPopupsForAServiceThatTheBusStartsSlowly)
 {
     killBus();
     ASSERT_TRUE(waitFor([] { return !Growl_IsRunning(); }));
-    const QString log = makeActivatable(
-        {QStringLiteral("late-start"), QStringLiteral("late-capabilities"), QStringLiteral("click-last")});
+    const QString log = makeActivatable({u"late-start"_s, u"late-capabilities"_s, u"click-last"_s});
     startBus();
     ASSERT_TRUE(waitFor([] { return Growl_IsRunning() != 0; }));
     postClickable("a");
@@ -140,9 +141,9 @@ TEST_F(BusTest, ReportsWaitingPopupsAsTimedOutWhenTheBusGoesAway)
 
 TEST_F(BusTest, ReportsPopupsThatAreHeldAsTimedOutWhenTheBusGoesAway)
 {
-    const auto service = startService({QStringLiteral("mute")});
+    const auto service = startService({u"mute"_s});
     postClickable("held");
-    ASSERT_TRUE(waitFor([&] { return !service->calls(QStringLiteral("GetCapabilities")).isEmpty(); }));
+    ASSERT_TRUE(waitFor([&] { return !service->calls(u"GetCapabilities"_s).isEmpty(); }));
     killBus();
     ASSERT_TRUE(waitFor([] { return !answers().empty(); }));
     EXPECT_EQ(answers(), Answers{"timed out held"});
@@ -156,7 +157,7 @@ TEST_F(BusTest, ConnectsAgainWhenABusIsThereAgain)
     killBus();
     ASSERT_TRUE(waitFor([] { return !answers().empty(); }));
     startBus();
-    service = startService({QStringLiteral("click-last")});
+    service = startService({u"click-last"_s});
     ASSERT_TRUE(waitFor([] { return Growl_IsRunning() != 0; }));
     postClickable("b");
     ASSERT_TRUE(waitFor([] { return answers().size() == 2; }));
@@ -171,8 +172,8 @@ TEST_F(BusTest, MissesNoBeatWhileTheServiceSleepsTenSeconds)
     // What this machine itself cannot keep up with is not ours: a thread that does nothing else counts as well.
     std::atomic<bool> over = false;
     std::atomic<int> possibleBeats = 0;
-    service->tell(QStringLiteral("sleep 10000"));
-    ASSERT_TRUE(waitFor([&] { return service->wrote(QStringLiteral("asleep")); }));
+    service->tell(u"sleep 10000"_s);
+    ASSERT_TRUE(waitFor([&] { return service->wrote(u"asleep"_s); }));
     std::thread metronome([&] {
         while (!over) {
             std::this_thread::sleep_for(beat);
@@ -185,12 +186,12 @@ TEST_F(BusTest, MissesNoBeatWhileTheServiceSleepsTenSeconds)
     timer.setTimerType(Qt::PreciseTimer);
     QObject::connect(&timer, &QTimer::timeout, &timer, [&] {
         ++beats;
-        registerNames({QStringLiteral("Message")});
+        registerNames({u"Message"_s});
         EXPECT_TRUE(Growl_IsRunning());
         postClickable(std::to_string(posted++));
     });
     timer.start(beat);
-    ASSERT_TRUE(waitFor([&] { return service->wrote(QStringLiteral("awake")); }));
+    ASSERT_TRUE(waitFor([&] { return service->wrote(u"awake"_s); }));
     timer.stop();
     over = true;
     metronome.join();
@@ -211,21 +212,21 @@ TEST_F(BusTest, ShowsNewPopupsAfterAStuckServiceCameRound)
 {
     const auto service = startService();
     ASSERT_TRUE(waitUntilAcquainted(*service));
-    service->tell(QStringLiteral("sleep 7000"));
-    ASSERT_TRUE(waitFor([&] { return service->wrote(QStringLiteral("asleep")); }));
+    service->tell(u"sleep 7000"_s);
+    ASSERT_TRUE(waitFor([&] { return service->wrote(u"asleep"_s); }));
     postClickable("given up");
     ASSERT_TRUE(waitFor([] { return !answers().empty(); }));
     EXPECT_EQ(answers(), Answers{"timed out given up"});
     ASSERT_TRUE(waitForPopups(*service, 2));
     postClickable("b");
     ASSERT_TRUE(waitForPopups(*service, 3));
-    service->tell(QStringLiteral("click 2\nclick 3"));
+    service->tell(u"click 2\nclick 3"_s);
     ASSERT_TRUE(waitFor([] { return answers().size() == 2; }));
     EXPECT_EQ(answers().back(), "clicked b");
     // The one that was given up is closed when the service says at last which it is.
     const auto isClosed = [&] {
-        for (const QJsonObject& call : service->calls(QStringLiteral("CloseNotification"))) {
-            if (call[QStringLiteral("id")] == 2)
+        for (const QJsonObject& call : service->calls(u"CloseNotification"_s)) {
+            if (call[u"id"_s] == 2)
                 return true;
         }
         return false;

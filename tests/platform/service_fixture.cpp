@@ -15,6 +15,8 @@
 #include <csignal>
 #include <sys/prctl.h>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 CFStringRef cfString(const QString& text)
@@ -82,10 +84,10 @@ ServiceProcess::ServiceProcess(const QStringList& options, const QByteArray& bus
 {
     if (!bus.isEmpty()) {
         QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-        environment.insert(QStringLiteral("DBUS_SESSION_BUS_ADDRESS"), QString::fromLocal8Bit(bus));
+        environment.insert(u"DBUS_SESSION_BUS_ADDRESS"_s, QString::fromLocal8Bit(bus));
         m_process.setProcessEnvironment(environment);
     }
-    start(m_process, QStringLiteral(SCRIPTED_SERVICE), options);
+    start(m_process, QString::fromUtf8(SCRIPTED_SERVICE), options);
 }
 
 ServiceProcess::~ServiceProcess()
@@ -138,7 +140,7 @@ QList<QJsonObject> ServiceProcess::calls(const QString& method)
 {
     QList<QJsonObject> result;
     for (const QJsonObject& line : lines()) {
-        if (line[QStringLiteral("call")] == method)
+        if (line[u"call"_s] == method)
             result.append(line);
     }
     return result;
@@ -170,7 +172,7 @@ ServiceTest::ServiceTest()
     if (!TestBus::whatIsMissing().isEmpty())
         return;
     startBus();
-    registerNames({QStringLiteral("Message"), QStringLiteral("Mail")});
+    registerNames({u"Message"_s, u"Mail"_s});
 }
 
 void ServiceTest::setBusLimits(const QByteArray& limits)
@@ -198,7 +200,7 @@ ServiceTest::~ServiceTest()
 {
     Growl_SetDelegate(nullptr);
     answers().clear();
-    QDBusConnection::disconnectFromBus(QStringLiteral("forger"));
+    QDBusConnection::disconnectFromBus(u"forger"_s);
     killBus();
 }
 
@@ -235,14 +237,12 @@ QString ServiceTest::makeActivatable(const QStringList& options)
     // A bus looks at its folder when it has heard that a file is new: not at once, and not while it starts itself.
     EXPECT_TRUE(waitFor([this] {
         const QDBusConnection bus =
-            QDBusConnection::connectToBus(QString::fromLocal8Bit(directBusAddress()), QStringLiteral("asking"));
-        bus.call(QDBusMessage::createMethodCall(
-            QStringLiteral("org.freedesktop.DBus"), QStringLiteral("/org/freedesktop/DBus"),
-            QStringLiteral("org.freedesktop.DBus"), QStringLiteral("ReloadConfig")));
-        return bus.interface()->activatableServiceNames().value().contains(
-            QStringLiteral("org.freedesktop.Notifications"));
+            QDBusConnection::connectToBus(QString::fromLocal8Bit(directBusAddress()), u"asking"_s);
+        bus.call(QDBusMessage::createMethodCall(u"org.freedesktop.DBus"_s, u"/org/freedesktop/DBus"_s,
+                                                u"org.freedesktop.DBus"_s, u"ReloadConfig"_s));
+        return bus.interface()->activatableServiceNames().value().contains(u"org.freedesktop.Notifications"_s);
     }));
-    QDBusConnection::disconnectFromBus(QStringLiteral("asking"));
+    QDBusConnection::disconnectFromBus(u"asking"_s);
     return path("activated.log");
 }
 
@@ -250,7 +250,7 @@ std::unique_ptr<ServiceProcess> ServiceTest::startService(const QStringList& opt
 {
     auto service =
         std::make_unique<ServiceProcess>(options, TestBus::isBehindAProxy() ? directBusAddress() : QByteArray());
-    EXPECT_TRUE(waitFor([&] { return service->wrote(QStringLiteral("ready")); }));
+    EXPECT_TRUE(waitFor([&] { return service->wrote(u"ready"_s); }));
     return service;
 }
 
@@ -330,32 +330,32 @@ void ServiceTest::letEverythingArrive(ServiceProcess& service)
 {
     static int count = 0;
     TestPosting posting;
-    posting.title = QStringLiteral("last %1").arg(++count);
+    posting.title = u"last %1"_s.arg(++count);
     posting.context = "last";
     post(posting);
-    const auto isIt = [&](const QJsonObject& call) { return call[QStringLiteral("summary")] == *posting.title; };
+    const auto isIt = [&](const QJsonObject& call) { return call[u"summary"_s] == *posting.title; };
     ASSERT_TRUE(waitFor([&] {
         const QList<QJsonObject> calls = service.calls();
         return std::any_of(calls.begin(), calls.end(), isIt);
     }));
     const QList<QJsonObject> calls = service.calls();
     const QJsonObject call = *std::find_if(calls.begin(), calls.end(), isIt);
-    service.tell(QStringLiteral("click %1").arg(call[QStringLiteral("id")].toInt()));
+    service.tell(u"click %1"_s.arg(call[u"id"_s].toInt()));
     ASSERT_TRUE(waitFor([] { return !answers().empty() && answers().back() == "clicked last"; }));
     answers().pop_back();
 }
 
 void ServiceTest::forge(const QString& signal, const QVariantList& arguments, const QString& receiver)
 {
-    const QString path = QStringLiteral("/org/freedesktop/Notifications");
-    const QString interface = QStringLiteral("org.freedesktop.Notifications");
+    const QString path = u"/org/freedesktop/Notifications"_s;
+    const QString interface = u"org.freedesktop.Notifications"_s;
     emitFromAStranger(QDBusMessage::createTargetedSignal(receiver, path, interface, signal), arguments);
 }
 
 void ServiceTest::forgeOfTheBus(const QString& signal, const QVariantList& arguments, const QString& receiver)
 {
-    const QString path = QStringLiteral("/org/freedesktop/DBus");
-    const QString interface = QStringLiteral("org.freedesktop.DBus");
+    const QString path = u"/org/freedesktop/DBus"_s;
+    const QString interface = u"org.freedesktop.DBus"_s;
     emitFromAStranger(QDBusMessage::createTargetedSignal(receiver, path, interface, signal), arguments);
 }
 
@@ -367,15 +367,13 @@ QByteArray& ServiceTest::directBusAddress()
 
 void ServiceTest::emitFromAStranger(QDBusMessage message, const QVariantList& arguments)
 {
-    QDBusConnection bus =
-        QDBusConnection::connectToBus(QString::fromLocal8Bit(directBusAddress()), QStringLiteral("forger"));
+    QDBusConnection bus = QDBusConnection::connectToBus(QString::fromLocal8Bit(directBusAddress()), u"forger"_s);
     ASSERT_TRUE(bus.isConnected());
     message.setArguments(arguments);
     ASSERT_TRUE(bus.send(message));
     // A reply of the bus comes after it has passed on everything before the call.
     const QDBusMessage ping =
-        QDBusMessage::createMethodCall(QStringLiteral("org.freedesktop.DBus"), QStringLiteral("/"),
-                                       QStringLiteral("org.freedesktop.DBus.Peer"), QStringLiteral("Ping"));
+        QDBusMessage::createMethodCall(u"org.freedesktop.DBus"_s, u"/"_s, u"org.freedesktop.DBus.Peer"_s, u"Ping"_s);
     ASSERT_EQ(bus.call(ping).type(), QDBusMessage::ReplyMessage);
 }
 

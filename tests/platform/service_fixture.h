@@ -21,6 +21,8 @@
 #include <string>
 #include <vector>
 
+using namespace Qt::StringLiterals;
+
 /// The scripted service as a process of its own; ended with this object.
 class ServiceProcess
 {
@@ -39,7 +41,7 @@ public:
     const QList<QJsonObject>& lines();
     bool wrote(const QString& key);
     /// The calls of one method that it got.
-    QList<QJsonObject> calls(const QString& method = QStringLiteral("Notify"));
+    QList<QJsonObject> calls(const QString& method = u"Notify"_s);
 
 private:
     QProcess m_process;
@@ -50,9 +52,9 @@ private:
 /// What one test posts. Texts are UTF-16, so that what is no text can be posted too.
 struct TestPosting
 {
-    std::optional<QString> name = QStringLiteral("Message");
-    std::optional<QString> title = QStringLiteral("Title");
-    std::optional<QString> text = QStringLiteral("Text");
+    std::optional<QString> name = u"Message"_s;
+    std::optional<QString> title = u"Title"_s;
+    std::optional<QString> text = u"Text"_s;
     /// No click context when empty.
     std::string context;
     QByteArray icon;

@@ -6,6 +6,8 @@
 #include <QImage>
 #include <QTimer>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 class FloodTest : public ServiceTest
@@ -26,7 +28,7 @@ protected:
     static QString senderOfANewPopup(ServiceProcess& service)
     {
         TestPosting posting;
-        posting.title = QStringLiteral("new");
+        posting.title = u"new"_s;
         QTimer another;
         QObject::connect(&another, &QTimer::timeout, &another, [&] { post(posting); });
         another.start(500);
@@ -35,8 +37,8 @@ protected:
         waitFor([&] {
             const QList<QJsonObject>& lines = service.lines();
             for (; seen < lines.size() && sender.isEmpty(); ++seen) {
-                if (lines[seen][QStringLiteral("summary")] == *posting.title)
-                    sender = lines[seen][QStringLiteral("sender")].toString();
+                if (lines[seen][u"summary"_s] == *posting.title)
+                    sender = lines[seen][u"sender"_s].toString();
             }
             return !sender.isEmpty();
         });
@@ -63,7 +65,7 @@ TEST_F(FloodTest, Of20000PostingsReachesAServiceThatIsAwake)
     const auto service = startService();
     ASSERT_TRUE(waitUntilAcquainted(*service));
     postMany(20000, {});
-    const QString sender = service->calls().first()[QStringLiteral("sender")].toString();
+    const QString sender = service->calls().first()[u"sender"_s].toString();
     EXPECT_EQ(senderOfANewPopup(*service), sender) << "the connection was lost";
 }
 
@@ -71,7 +73,7 @@ TEST_F(FloodTest, OfPicturesToAStuckServiceLeavesTheConnectionOpen)
 {
     const auto service = startService();
     ASSERT_TRUE(waitUntilAcquainted(*service));
-    const QString sender = service->calls().first()[QStringLiteral("sender")].toString();
+    const QString sender = service->calls().first()[u"sender"_s].toString();
     service->stop();
     postMany(2000, postingWithIcon());
     service->resume();

@@ -7,6 +7,8 @@
 #include <QJsonArray>
 #include <gmock/gmock.h>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 using PostingTest = ServiceTest;
@@ -27,7 +29,7 @@ QByteArray png(int width, int height)
 TEST_F(PostingTest, SendsWhatTheInterfaceAsksFor)
 {
     const auto service = startService();
-    QGuiApplication::setDesktopFileName(QStringLiteral("test-application"));
+    QGuiApplication::setDesktopFileName(u"test-application"_s);
     TestPosting posting;
     posting.icon = png(384, 96);
     posting.priority = 2;
@@ -36,27 +38,26 @@ TEST_F(PostingTest, SendsWhatTheInterfaceAsksFor)
     post(posting);
     ASSERT_TRUE(waitForPopups(*service, 1));
     const QJsonObject call = service->calls().first();
-    EXPECT_EQ(call[QStringLiteral("signature")], QStringLiteral("susssasa{sv}i"));
-    EXPECT_EQ(call[QStringLiteral("application")], QStringLiteral("Test application"));
-    EXPECT_EQ(call[QStringLiteral("replaces")], 0);
-    EXPECT_EQ(call[QStringLiteral("icon")], QStringLiteral("test-application"));
-    EXPECT_EQ(call[QStringLiteral("summary")], QStringLiteral("Title"));
-    EXPECT_EQ(call[QStringLiteral("body")], QStringLiteral("Text"));
-    EXPECT_EQ(call[QStringLiteral("actions")], (QJsonArray{QStringLiteral("default"), QStringLiteral("Open")}));
-    EXPECT_EQ(call[QStringLiteral("timeout")], 0);
-    EXPECT_EQ(call[QStringLiteral("urgency")], 2);
-    EXPECT_EQ(call[QStringLiteral("hints")],
-              (QJsonObject{{QStringLiteral("urgency"), QStringLiteral("y")},
-                           {QStringLiteral("desktop-entry"), QStringLiteral("s")},
-                           {QStringLiteral("suppress-sound"), QStringLiteral("bool")},
-                           {QStringLiteral("image-data"), QStringLiteral("(iiibiiay)")}}));
-    EXPECT_EQ(call[QStringLiteral("image")].toObject(), (QJsonObject{{QStringLiteral("width"), 128},
-                                                                     {QStringLiteral("height"), 32},
-                                                                     {QStringLiteral("row"), 4 * 128},
-                                                                     {QStringLiteral("alpha"), true},
-                                                                     {QStringLiteral("bits"), 8},
-                                                                     {QStringLiteral("channels"), 4},
-                                                                     {QStringLiteral("bytes"), 4 * 128 * 32}}));
+    EXPECT_EQ(call[u"signature"_s], u"susssasa{sv}i"_s);
+    EXPECT_EQ(call[u"application"_s], u"Test application"_s);
+    EXPECT_EQ(call[u"replaces"_s], 0);
+    EXPECT_EQ(call[u"icon"_s], u"test-application"_s);
+    EXPECT_EQ(call[u"summary"_s], u"Title"_s);
+    EXPECT_EQ(call[u"body"_s], u"Text"_s);
+    EXPECT_EQ(call[u"actions"_s], (QJsonArray{u"default"_s, u"Open"_s}));
+    EXPECT_EQ(call[u"timeout"_s], 0);
+    EXPECT_EQ(call[u"urgency"_s], 2);
+    EXPECT_EQ(call[u"hints"_s], (QJsonObject{{u"urgency"_s, u"y"_s},
+                                             {u"desktop-entry"_s, u"s"_s},
+                                             {u"suppress-sound"_s, u"bool"_s},
+                                             {u"image-data"_s, u"(iiibiiay)"_s}}));
+    EXPECT_EQ(call[u"image"_s].toObject(), (QJsonObject{{u"width"_s, 128},
+                                                        {u"height"_s, 32},
+                                                        {u"row"_s, 4 * 128},
+                                                        {u"alpha"_s, true},
+                                                        {u"bits"_s, 8},
+                                                        {u"channels"_s, 4},
+                                                        {u"bytes"_s, 4 * 128 * 32}}));
 }
 
 TEST_F(PostingTest, SendsAPlainPopupWithoutActionsAndIcon)
@@ -65,47 +66,45 @@ TEST_F(PostingTest, SendsAPlainPopupWithoutActionsAndIcon)
     post({});
     ASSERT_TRUE(waitForPopups(*service, 1));
     const QJsonObject call = service->calls().first();
-    EXPECT_EQ(call[QStringLiteral("actions")], QJsonArray());
-    EXPECT_EQ(call[QStringLiteral("timeout")], -1);
-    EXPECT_EQ(call[QStringLiteral("urgency")], 1);
-    EXPECT_FALSE(call.contains(QStringLiteral("image")));
+    EXPECT_EQ(call[u"actions"_s], QJsonArray());
+    EXPECT_EQ(call[u"timeout"_s], -1);
+    EXPECT_EQ(call[u"urgency"_s], 1);
+    EXPECT_FALSE(call.contains(u"image"_s));
 }
 
 TEST_F(PostingTest, EscapesMarkupOnlyWhenTheServiceUnderstandsIt)
 {
     TestPosting posting;
-    posting.title = QStringLiteral("<t>");
-    posting.text = QStringLiteral("a < b & c");
+    posting.title = u"<t>"_s;
+    posting.text = u"a < b & c"_s;
     for (const bool markup : {true, false}) {
         // Each owner is asked again: what the one before could do is forgotten.
-        const auto service = startService(markup ? QStringList{QStringLiteral("markup")} : QStringList());
+        const auto service = startService(markup ? QStringList{u"markup"_s} : QStringList());
         post(posting);
         ASSERT_TRUE(waitForPopups(*service, 1));
         const QJsonObject call = service->calls().first();
-        EXPECT_EQ(call[QStringLiteral("summary")], QStringLiteral("<t>"));
-        EXPECT_EQ(call[QStringLiteral("body")],
-                  markup ? QStringLiteral("a &lt; b &amp; c") : QStringLiteral("a < b & c"));
-        EXPECT_FALSE(service->calls(QStringLiteral("GetCapabilities")).isEmpty());
+        EXPECT_EQ(call[u"summary"_s], u"<t>"_s);
+        EXPECT_EQ(call[u"body"_s], markup ? u"a &lt; b &amp; c"_s : u"a < b & c"_s);
+        EXPECT_FALSE(service->calls(u"GetCapabilities"_s).isEmpty());
     }
 }
 
 TEST_F(PostingTest, DropsNamesThatAreNotRegistered)
 {
     const auto service = startService();
-    registerNames({QStringLiteral("Message"), QStringLiteral("Mail")},
-                  QStringList{QStringLiteral("Mail"), QStringLiteral("Unknown")});
+    registerNames({u"Message"_s, u"Mail"_s}, QStringList{u"Mail"_s, u"Unknown"_s});
     TestPosting posting;
     posting.context = "dropped";
-    for (const auto& name : {std::optional<QString>(QStringLiteral("Unknown")), std::optional<QString>(),
-                             std::optional<QString>(QStringLiteral("Message"))}) {
+    for (const auto& name :
+         {std::optional<QString>(u"Unknown"_s), std::optional<QString>(), std::optional<QString>(u"Message"_s)}) {
         posting.name = name;
         post(posting);
     }
-    posting.name = QStringLiteral("Mail");
+    posting.name = u"Mail"_s;
     posting.context = "shown";
     post(posting);
     ASSERT_TRUE(waitForPopups(*service, 1));
-    service->tell(QStringLiteral("close 1"));
+    service->tell(u"close 1"_s);
     ASSERT_TRUE(waitFor([] { return !answers().empty(); }));
     EXPECT_EQ(service->calls().size(), 1);
     EXPECT_EQ(answers(), Answers{"timed out shown"});
@@ -113,8 +112,8 @@ TEST_F(PostingTest, DropsNamesThatAreNotRegistered)
 
 TEST_F(PostingTest, ShowsWhatHasNoNameWhereTheEmptyNameIsRegistered)
 {
-    const auto service = startService({QStringLiteral("click-last")});
-    registerNames({QStringLiteral("")});
+    const auto service = startService({u"click-last"_s});
+    registerNames({u""_s});
     TestPosting posting;
     posting.name = std::nullopt;
     posting.title = std::nullopt;
@@ -122,22 +121,22 @@ TEST_F(PostingTest, ShowsWhatHasNoNameWhereTheEmptyNameIsRegistered)
     post(posting);
     ASSERT_TRUE(waitFor([] { return !answers().empty(); }));
     EXPECT_EQ(answers(), Answers{"clicked a"});
-    EXPECT_EQ(service->calls().first()[QStringLiteral("summary")], QStringLiteral(""));
+    EXPECT_EQ(service->calls().first()[u"summary"_s], u""_s);
 }
 
 TEST_F(PostingTest, ShowsNothingWhenNoNameIsEnabled)
 {
     const auto service = startService();
-    registerNames({QStringLiteral("Message")}, QStringList());
+    registerNames({u"Message"_s}, QStringList());
     post({});
-    registerNames({QStringLiteral("Mail")});
+    registerNames({u"Mail"_s});
     post({});
     TestPosting mail;
-    mail.name = QStringLiteral("Mail");
-    mail.title = QStringLiteral("shown");
+    mail.name = u"Mail"_s;
+    mail.title = u"shown"_s;
     post(mail);
     ASSERT_TRUE(waitForPopups(*service, 1));
-    EXPECT_EQ(service->calls().first()[QStringLiteral("summary")], QStringLiteral("shown"));
+    EXPECT_EQ(service->calls().first()[u"summary"_s], u"shown"_s);
 }
 
 TEST_F(PostingTest, ShowsTheNameForANullTitleAndNothingForANullText)
@@ -147,21 +146,21 @@ TEST_F(PostingTest, ShowsTheNameForANullTitleAndNothingForANullText)
     posting.title = std::nullopt;
     posting.text = std::nullopt;
     post(posting);
-    posting.title = QStringLiteral("");
+    posting.title = u""_s;
     post(posting);
     ASSERT_TRUE(waitForPopups(*service, 2));
-    EXPECT_EQ(service->calls()[0][QStringLiteral("summary")], QStringLiteral("Message"));
-    EXPECT_EQ(service->calls()[0][QStringLiteral("body")], QStringLiteral(""));
-    EXPECT_EQ(service->calls()[1][QStringLiteral("summary")], QStringLiteral(""));
+    EXPECT_EQ(service->calls()[0][u"summary"_s], u"Message"_s);
+    EXPECT_EQ(service->calls()[0][u"body"_s], u""_s);
+    EXPECT_EQ(service->calls()[1][u"summary"_s], u""_s);
 }
 
 TEST_F(PostingTest, KeepsTheOrderWhileTheServiceHasNotSaidWhatItCanDo)
 {
-    const auto service = startService({QStringLiteral("markup"), QStringLiteral("late-capabilities")});
+    const auto service = startService({u"markup"_s, u"late-capabilities"_s});
     for (int number = 0; number < 20; ++number) {
         TestPosting posting;
         posting.title = QString::number(number);
-        posting.text = QStringLiteral("<");
+        posting.text = u"<"_s;
         post(posting);
         if (number == 10) {
             ASSERT_TRUE(waitForPopups(*service, 5));
@@ -169,49 +168,48 @@ TEST_F(PostingTest, KeepsTheOrderWhileTheServiceHasNotSaidWhatItCanDo)
     }
     ASSERT_TRUE(waitForPopups(*service, 20));
     for (int number = 0; number < 20; ++number) {
-        EXPECT_EQ(service->calls()[number][QStringLiteral("summary")], QString::number(number));
-        EXPECT_EQ(service->calls()[number][QStringLiteral("body")], QStringLiteral("&lt;"));
+        EXPECT_EQ(service->calls()[number][u"summary"_s], QString::number(number));
+        EXPECT_EQ(service->calls()[number][u"body"_s], u"&lt;"_s);
     }
 }
 
 TEST_F(PostingTest, DoesNotWaitForEverForWhatTheServiceCanDo)
 {
-    const auto service = startService({QStringLiteral("mute-capabilities")});
+    const auto service = startService({u"mute-capabilities"_s});
     TestPosting posting;
-    posting.text = QStringLiteral("<");
+    posting.text = u"<"_s;
     post(posting);
     post(posting);
     ASSERT_TRUE(waitForPopups(*service, 2));
     post(posting);
     ASSERT_TRUE(waitForPopups(*service, 3));
-    EXPECT_EQ(service->calls()[2][QStringLiteral("body")], QStringLiteral("&lt;"));
+    EXPECT_EQ(service->calls()[2][u"body"_s], u"&lt;"_s);
 }
 
 TEST_F(PostingTest, LearnsLaterWhatAServiceDidNotSayAtFirst)
 {
-    const auto service = startService({QStringLiteral("mute-first-capabilities")});
+    const auto service = startService({u"mute-first-capabilities"_s});
     TestPosting posting;
-    posting.text = QStringLiteral("<");
+    posting.text = u"<"_s;
     post(posting);
     ASSERT_TRUE(waitForPopups(*service, 1));
-    EXPECT_EQ(service->calls()[0][QStringLiteral("body")].toString(), QStringLiteral("&lt;"));
+    EXPECT_EQ(service->calls()[0][u"body"_s].toString(), u"&lt;"_s);
     // Asked again beside one of the next.
-    const auto askedAtFirst = service->calls(QStringLiteral("GetCapabilities")).size();
+    const auto askedAtFirst = service->calls(u"GetCapabilities"_s).size();
     int shown = 1;
     ASSERT_TRUE(waitFor([&] {
         post(posting);
-        return waitForPopups(*service, ++shown) &&
-               service->calls().back()[QStringLiteral("body")] == QStringLiteral("<");
+        return waitForPopups(*service, ++shown) && service->calls().back()[u"body"_s] == u"<"_s;
     }));
-    EXPECT_EQ(service->calls(QStringLiteral("GetCapabilities")).size(), askedAtFirst + 1) << "it is not asked any more";
+    EXPECT_EQ(service->calls(u"GetCapabilities"_s).size(), askedAtFirst + 1) << "it is not asked any more";
 }
 
 TEST_F(PostingTest, EndsWhenTheServiceGivesUpItsNameInsteadOfSayingWhatItCanDo)
 {
-    const auto service = startService({QStringLiteral("mute-capabilities")});
+    const auto service = startService({u"mute-capabilities"_s});
     postClickable("a");
-    ASSERT_TRUE(waitFor([&] { return !service->calls(QStringLiteral("GetCapabilities")).isEmpty(); }));
-    service->tell(QStringLiteral("release"));
+    ASSERT_TRUE(waitFor([&] { return !service->calls(u"GetCapabilities"_s).isEmpty(); }));
+    service->tell(u"release"_s);
     ASSERT_TRUE(waitFor([] { return !answers().empty(); }));
     EXPECT_EQ(answers(), Answers{"timed out a"});
     EXPECT_FALSE(Growl_IsRunning());
@@ -220,22 +218,22 @@ TEST_F(PostingTest, EndsWhenTheServiceGivesUpItsNameInsteadOfSayingWhatItCanDo)
 
 TEST_F(PostingTest, GoesToTheServiceThatReplacesOneThatHasNotSaidWhatItCanDo)
 {
-    const auto service = startService({QStringLiteral("mute-capabilities")});
+    const auto service = startService({u"mute-capabilities"_s});
     TestPosting posting;
-    posting.text = QStringLiteral("<");
+    posting.text = u"<"_s;
     posting.context = "a";
     post(posting);
-    ASSERT_TRUE(waitFor([&] { return !service->calls(QStringLiteral("GetCapabilities")).isEmpty(); }));
-    const auto next = startService({QStringLiteral("replace"), QStringLiteral("click-last")});
+    ASSERT_TRUE(waitFor([&] { return !service->calls(u"GetCapabilities"_s).isEmpty(); }));
+    const auto next = startService({u"replace"_s, u"click-last"_s});
     ASSERT_TRUE(waitFor([] { return !answers().empty(); }));
     EXPECT_EQ(answers(), Answers{"clicked a"});
-    EXPECT_EQ(next->calls().first()[QStringLiteral("body")], QStringLiteral("<")) << "what the next one can do counts";
+    EXPECT_EQ(next->calls().first()[u"body"_s], u"<"_s) << "what the next one can do counts";
     EXPECT_TRUE(service->calls().isEmpty());
 }
 
 TEST_F(PostingTest, ShowsPopupsThoughTheServiceSaysWhatItCanDoInTypesOfItsOwn)
 {
-    const auto service = startService({QStringLiteral("wrong-types")});
+    const auto service = startService({u"wrong-types"_s});
     postClickable("a");
     ASSERT_TRUE(waitForPopups(*service, 1));
     ASSERT_TRUE(waitFor([] { return !answers().empty(); }));
@@ -244,11 +242,11 @@ TEST_F(PostingTest, ShowsPopupsThoughTheServiceSaysWhatItCanDoInTypesOfItsOwn)
 
 TEST_F(PostingTest, MakesEveryTextSomethingThatTheBusAccepts)
 {
-    const auto service = startService({QStringLiteral("markup")});
-    const QString nul = QStringLiteral("a") + QChar(0) + QStringLiteral("b");
-    const QString control = QStringLiteral("a\x01\x1b[31mb");
-    const QString loneSurrogate = QStringLiteral("a") + QChar(0xd83d) + QStringLiteral("b");
-    const QString noncharacter = QStringLiteral("a") + QChar(0xfffe) + QStringLiteral("b");
+    const auto service = startService({u"markup"_s});
+    const QString nul = u"a"_s + QChar(0) + u"b"_s;
+    const QString control = u"a\x01\x1b[31mb"_s;
+    const QString loneSurrogate = u"a"_s + QChar(0xd83d) + u"b"_s;
+    const QString noncharacter = u"a"_s + QChar(0xfffe) + u"b"_s;
     const QString tenMegabytes(10 * 1024 * 1024, u'<');
     const QStringList texts{nul, control, loneSurrogate, noncharacter, tenMegabytes};
     for (const QString& text : texts) {
@@ -260,22 +258,22 @@ TEST_F(PostingTest, MakesEveryTextSomethingThatTheBusAccepts)
     post({});
     ASSERT_TRUE(waitForPopups(*service, static_cast<int>(texts.size()) + 1));
     const QList<QJsonObject> calls = service->calls();
-    const QString replaced = QStringLiteral("a\uFFFDb");
-    EXPECT_EQ(calls[0][QStringLiteral("summary")], replaced);
-    EXPECT_EQ(calls[0][QStringLiteral("body")], replaced);
-    EXPECT_EQ(calls[1][QStringLiteral("body")], QStringLiteral("a\uFFFD\uFFFD[31mb"));
-    EXPECT_EQ(calls[2][QStringLiteral("body")], replaced);
-    EXPECT_EQ(calls[3][QStringLiteral("body")], replaced);
-    EXPECT_EQ(calls[4][QStringLiteral("summary")].toString().size(), 1000);
-    EXPECT_TRUE(calls[4][QStringLiteral("summary")].toString().endsWith(QStringLiteral("<\u2026")));
-    EXPECT_TRUE(calls[4][QStringLiteral("body")].toString().endsWith(QStringLiteral("&lt;\u2026")));
+    const QString replaced = u"a\uFFFDb"_s;
+    EXPECT_EQ(calls[0][u"summary"_s], replaced);
+    EXPECT_EQ(calls[0][u"body"_s], replaced);
+    EXPECT_EQ(calls[1][u"body"_s], u"a\uFFFD\uFFFD[31mb"_s);
+    EXPECT_EQ(calls[2][u"body"_s], replaced);
+    EXPECT_EQ(calls[3][u"body"_s], replaced);
+    EXPECT_EQ(calls[4][u"summary"_s].toString().size(), 1000);
+    EXPECT_TRUE(calls[4][u"summary"_s].toString().endsWith(u"<\u2026"_s));
+    EXPECT_TRUE(calls[4][u"body"_s].toString().endsWith(u"&lt;\u2026"_s));
     for (const QJsonObject& call : calls)
-        EXPECT_EQ(call[QStringLiteral("sender")], calls[0][QStringLiteral("sender")]) << "the connection was lost";
+        EXPECT_EQ(call[u"sender"_s], calls[0][u"sender"_s]) << "the connection was lost";
 }
 
 TEST_F(PostingTest, LosesNoneOf201PopupsInABurst)
 {
-    const auto service = startService({QStringLiteral("click-last")});
+    const auto service = startService({u"click-last"_s});
     for (int number = 0; number < 201; ++number) {
         TestPosting posting;
         posting.title = QString::number(number);
@@ -286,7 +284,7 @@ TEST_F(PostingTest, LosesNoneOf201PopupsInABurst)
     ASSERT_EQ(service->calls().size(), 201);
     std::vector<std::string> expected;
     for (int number = 0; number < 201; ++number) {
-        EXPECT_EQ(service->calls()[number][QStringLiteral("summary")], QString::number(number));
+        EXPECT_EQ(service->calls()[number][u"summary"_s], QString::number(number));
         expected.push_back("clicked " + std::to_string(number));
     }
     EXPECT_THAT(answers(), testing::UnorderedElementsAreArray(expected));
@@ -299,14 +297,14 @@ TEST_F(PostingTest, ShowsAPopupWithoutAnIconWhenTheIconIsBroken)
     posting.icon = QByteArrayLiteral("\x89PNG broken");
     post(posting);
     ASSERT_TRUE(waitForPopups(*service, 1));
-    EXPECT_FALSE(service->calls().first().contains(QStringLiteral("image")));
+    EXPECT_FALSE(service->calls().first().contains(u"image"_s));
 }
 
 TEST_F(PostingTest, ShowsTheApplicationsIconOnAPopupWithoutOne)
 {
     const auto service = startService();
     applicationIcon() = png(20, 10);
-    registerNames({QStringLiteral("Message")});
+    registerNames({u"Message"_s});
     TestPosting posting;
     post(posting);
     posting.icon = png(30, 40);
@@ -314,9 +312,7 @@ TEST_F(PostingTest, ShowsTheApplicationsIconOnAPopupWithoutOne)
     posting.icon = QByteArrayLiteral("broken");
     post(posting);
     ASSERT_TRUE(waitForPopups(*service, 3));
-    const auto width = [&](int number) {
-        return service->calls()[number][QStringLiteral("image")].toObject()[QStringLiteral("width")].toInt();
-    };
+    const auto width = [&](int number) { return service->calls()[number][u"image"_s].toObject()[u"width"_s].toInt(); };
     EXPECT_EQ(width(0), 20);
     EXPECT_EQ(width(1), 30);
     EXPECT_EQ(width(2), 20);

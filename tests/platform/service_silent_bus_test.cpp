@@ -10,6 +10,8 @@
 
 #include <string>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 constexpr const char* goOn = "DATA\r\n";
@@ -28,7 +30,7 @@ protected:
         qputenv("DBUS_SESSION_BUS_ADDRESS", "unix:path=" + busPath());
     }
 
-    QByteArray busPath() const { return m_other.filePath(QStringLiteral("bus")).toLocal8Bit(); }
+    QByteArray busPath() const { return m_other.filePath(u"bus"_s).toLocal8Bit(); }
 
     /// Runs the program that asks for everything; false when it is not over long before D-Bus libraries lose their
     /// patience, which is after 25 s.
@@ -36,7 +38,7 @@ protected:
     {
         QProcess program;
         program.setProcessChannelMode(QProcess::ForwardedChannels);
-        program.start(QStringLiteral(SHORT_PROGRAM), arguments);
+        program.start(QString::fromUtf8(SHORT_PROGRAM), arguments);
         QTimer limit;
         limit.setSingleShot(true);
         limit.start(15000);
@@ -60,7 +62,7 @@ TEST_F(SilentBusTest, HoldsUpNoPostingAndAnswersEachPopupOnce)
     ASSERT_TRUE(bus.listens());
     ASSERT_TRUE(waitFor([] { return Growl_IsRunning() != 0; })) << "the bus has not said yet";
     for (int number = 0; number < 20; ++number) {
-        registerNames({QStringLiteral("Message")});
+        registerNames({u"Message"_s});
         postClickable(std::to_string(number));
     }
     EXPECT_EQ(bus.connectionCount(), 0) << "the bus has not even accepted";
@@ -104,7 +106,7 @@ TEST_F(SilentBusTest, DoesNotHoldUpTheEndOfAProgram)
     const FakeBus bus(busPath());
     EXPECT_TRUE(ends({}));
     EXPECT_GT(bus.connectionCount(), 0);
-    EXPECT_TRUE(ends({QStringLiteral("at-once")}));
+    EXPECT_TRUE(ends({u"at-once"_s}));
 }
 
 TEST_F(SilentBusTest, DoesNotHoldUpTheEndOfAProgramAfterItGreeted)
@@ -119,7 +121,7 @@ TEST_F(SilentBusTest, IsPassedOverForABusThatAnswers)
     const FakeBus silent(busPath());
     startBus();
     qputenv("DBUS_SESSION_BUS_ADDRESS", startedBusAddress());
-    const auto service = startService({QStringLiteral("click-last")});
+    const auto service = startService({u"click-last"_s});
     qputenv("DBUS_SESSION_BUS_ADDRESS", "unix:path=" + busPath() + ";" + startedBusAddress());
     ASSERT_TRUE(waitFor([] { return Growl_IsRunning() != 0; }));
     postClickable("a");
@@ -132,7 +134,7 @@ TEST_F(SilentBusTest, IsNotNeededWhereTheRunTimeFolderHasOne)
 {
     startBus();
     qputenv("DBUS_SESSION_BUS_ADDRESS", startedBusAddress());
-    const auto service = startService({QStringLiteral("click-last")});
+    const auto service = startService({u"click-last"_s});
     QFile::link(QString::fromLocal8Bit(startedBusAddress().mid(10)), QString::fromLocal8Bit(busPath()));
     qputenv("XDG_RUNTIME_DIR", busPath().chopped(4));
     qunsetenv("DBUS_SESSION_BUS_ADDRESS");

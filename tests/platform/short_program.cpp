@@ -17,6 +17,8 @@
 #include <cstdlib>
 #include <cstring>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 int run(int argc, char** argv)
@@ -39,18 +41,18 @@ int run(int argc, char** argv)
     CFRelease(dictionary);
     CFRelease(names);
     const QString when = QCoreApplication::arguments().value(1);
-    if (when == QStringLiteral("at-once"))
+    if (when == u"at-once"_s)
         return 0;
-    const int more = when == QStringLiteral("flood") ? 20000 : when == QStringLiteral("exit") ? 49 : 0;
+    const int more = when == u"flood"_s ? 20000 : when == u"exit"_s ? 49 : 0;
     for (int i = 0; i < more; ++i)
         Growl_PostNotification(&notification);
-    if (when == QStringLiteral("exit")) {
+    if (when == u"exit"_s) {
         QSocketNotifier input(STDIN_FILENO, QSocketNotifier::Read);
         QObject::connect(&input, &QSocketNotifier::activated, &application, [] { std::exit(0); });
         return QGuiApplication::exec() + 1;
     }
     QTimer beat;
-    if (when == QStringLiteral("settled") || when == QStringLiteral("again")) {
+    if (when == u"settled"_s || when == u"again"_s) {
         QObject::connect(&beat, &QTimer::timeout, &application, [] {
             if (zepaPopupsOnTheirWay() == 0)
                 QCoreApplication::quit();

@@ -7,6 +7,8 @@
 #include <csignal>
 #include <sys/prctl.h>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 /// Returns when it has said something: it is ready then. It does not outlive this process, however this one ends.
@@ -21,10 +23,10 @@ bool startAndHear(QProcess& process, const QString& program, const QStringList& 
 QStringList programs()
 {
     if (TestBus::isBroker())
-        return {QStringLiteral("dbus-broker")};
+        return {u"dbus-broker"_s};
     if (TestBus::isBehindAProxy())
-        return {QStringLiteral("dbus-daemon"), QStringLiteral("xdg-dbus-proxy")};
-    return {QStringLiteral("dbus-daemon")};
+        return {u"dbus-daemon"_s, u"xdg-dbus-proxy"_s};
+    return {u"dbus-daemon"_s};
 }
 
 } // namespace
@@ -50,7 +52,7 @@ QString TestBus::whatIsMissing()
 {
     for (const QString& program : programs()) {
         if (QStandardPaths::findExecutable(program).isEmpty())
-            return program + QStringLiteral(" is not installed");
+            return program + u" is not installed"_s;
     }
     return {};
 }
@@ -59,11 +61,11 @@ bool TestBus::start(const QStringList& limits)
 {
     if (isRunning())
         return false;
-    const bool started = isBroker() ? startAndHear(m_bus, QStringLiteral(BROKER_CONTROLLER),
-                                                   QStringList{path("bus"), path("services")} + limits)
-                                    : startAndHear(m_bus, QStringLiteral("dbus-daemon"),
-                                                   {QStringLiteral("--config-file=") + path("bus.conf"),
-                                                    QStringLiteral("--nofork"), QStringLiteral("--print-address")});
+    const bool started =
+        isBroker() ? startAndHear(m_bus, QString::fromUtf8(BROKER_CONTROLLER),
+                                  QStringList{path("bus"), path("services")} + limits)
+                   : startAndHear(m_bus, u"dbus-daemon"_s,
+                                  {u"--config-file="_s + path("bus.conf"), u"--nofork"_s, u"--print-address"_s});
     m_said = m_bus.readLine().trimmed();
     return started && (!isBehindAProxy() || m_proxy.state() != QProcess::NotRunning || startProxy());
 }
@@ -73,12 +75,10 @@ bool TestBus::startProxy()
     // Flatpak's filter for an application that may show notifications. Its names end in ".*", here they are whole:
     // while the proxy finds out whom a pattern means it puts wrong numbers on replies, and a test would fail now and
     // then.
-    return startAndHear(m_proxy, QStringLiteral("xdg-dbus-proxy"),
-                        {QStringLiteral("--fd=1"), QString::fromLocal8Bit(directAddress()), path("proxy"),
-                         QStringLiteral("--filter"), QStringLiteral("--own=org.example.Application"),
-                         QStringLiteral("--own=org.mpris.MediaPlayer2.org.example.Application"),
-                         QStringLiteral("--talk=org.freedesktop.portal.Desktop"),
-                         QStringLiteral("--talk=org.freedesktop.Notifications")});
+    return startAndHear(m_proxy, u"xdg-dbus-proxy"_s,
+                        {u"--fd=1"_s, QString::fromLocal8Bit(directAddress()), path("proxy"), u"--filter"_s,
+                         u"--own=org.example.Application"_s, u"--own=org.mpris.MediaPlayer2.org.example.Application"_s,
+                         u"--talk=org.freedesktop.portal.Desktop"_s, u"--talk=org.freedesktop.Notifications"_s});
 }
 
 void TestBus::stop() const

@@ -8,6 +8,8 @@
 #include <csignal>
 #include <cstdlib>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 /// What ran before a trap is counted at the orderly end of a process only, and each library counts for itself. For a
@@ -37,7 +39,7 @@ int main(int argc, char** argv)
     if (testing::GTEST_FLAG(list_tests))
         return RUN_ALL_TESTS();
     for (const char* name : {"HOME", "XDG_RUNTIME_DIR", "XDG_CONFIG_HOME", "XDG_DATA_HOME", "XDG_CACHE_HOME"})
-        QDir().mkpath(qEnvironmentVariable(name, QStringLiteral(".")));
+        QDir().mkpath(qEnvironmentVariable(name, u"."_s));
     QFile::setPermissions(qEnvironmentVariable("XDG_RUNTIME_DIR"),
                           QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
 #ifdef ZEPA_COVERAGE

@@ -14,6 +14,8 @@
 
 #include <memory>
 
+using namespace Qt::StringLiterals;
+
 /// A test with a module of its own, a recording host and a recording Growl.
 class ModuleTest : public testing::Test
 {
@@ -40,7 +42,7 @@ protected:
 
     void registerType(const QString& id)
     {
-        module().registerNotification(id, QStringLiteral("Name of ") + id, QString(), QString());
+        module().registerNotification(id, u"Name of "_s + id, QString(), QString());
     }
     ZepaNotification* type(const QString& id) { return module().getNotifications().value(id); }
     ZepaNotificationRule* addRule(const QString& id, ZepaNotificationMethod& method, QList<ZepaField> config = {})
@@ -50,7 +52,7 @@ protected:
     void post(const QString& id, const QString& title, const ZepaPluginAction& action = ZepaPluginAction(),
               const QList<ZepaArg>& args = {})
     {
-        module().postNotification(id, title, QStringLiteral("text"), QString(), QString(), action, args);
+        module().postNotification(id, title, u"text"_s, QString(), QString(), action, args);
     }
 
     RecordingHost host;

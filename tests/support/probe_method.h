@@ -6,6 +6,8 @@
 
 #include <functional>
 
+using namespace Qt::StringLiterals;
+
 /// One call of ProbeMethod::postNotification.
 struct ProbeCall
 {
@@ -24,7 +26,7 @@ struct ProbeCall
 class ProbeMethod : public ZepaNotificationMethod
 {
 public:
-    explicit ProbeMethod(const QString& identifier = QStringLiteral("probe")) : id(identifier) {}
+    explicit ProbeMethod(const QString& identifier = u"probe"_s) : id(identifier) {}
 
     void postNotification(unsigned int sequence, ZepaNotification* notification, const QString& title,
                           const QString& text, const QString& icon, const QString& extra,

@@ -6,6 +6,8 @@
 
 #include <ostream>
 
+using namespace Qt::StringLiterals;
+
 // Found by GoogleTest when it prints what a failed test compared.
 
 inline void PrintTo(const QString& text, std::ostream* out)
@@ -18,5 +20,5 @@ inline void PrintTo(const QString& text, std::ostream* out)
 
 inline void PrintTo(const QStringList& texts, std::ostream* out)
 {
-    *out << "[\"" << texts.join(QStringLiteral("\", \"")).toStdString() << "\"]";
+    *out << "[\"" << texts.join(u"\", \""_s).toStdString() << "\"]";
 }

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "recording_growl.h"
 
+using namespace Qt::StringLiterals;
+
 bool RecordingGrowl::running = true;
 QStringList RecordingGrowl::calls;
 Growl_Delegate* RecordingGrowl::delegate = nullptr;
@@ -32,12 +34,12 @@ QString RecordingGrowl::toQString(CFStringRef string)
         return {};
     QString text(static_cast<qsizetype>(CFStringGetLength(string)), Qt::Uninitialized);
     CFStringGetCharacters(string, CFRange{0, CFStringGetLength(string)}, reinterpret_cast<UniChar*>(text.data()));
-    return text.isNull() ? QStringLiteral("") : text;
+    return text.isNull() ? u""_s : text;
 }
 
 Boolean Growl_SetDelegate(Growl_Delegate* newDelegate)
 {
-    RecordingGrowl::calls.append(QStringLiteral("set"));
+    RecordingGrowl::calls.append(u"set"_s);
     RecordingGrowl::delegate = newDelegate;
     QStringList names;
     const auto array =
@@ -52,13 +54,13 @@ Boolean Growl_SetDelegate(Growl_Delegate* newDelegate)
 
 Boolean Growl_IsRunning()
 {
-    RecordingGrowl::calls.append(QStringLiteral("running"));
+    RecordingGrowl::calls.append(u"running"_s);
     return RecordingGrowl::running;
 }
 
 void Growl_PostNotification(const Growl_Notification* notification)
 {
-    RecordingGrowl::calls.append(QStringLiteral("post"));
+    RecordingGrowl::calls.append(u"post"_s);
     RecordedPopup popup;
     popup.size = notification->size;
     popup.name = RecordingGrowl::toQString(notification->name);

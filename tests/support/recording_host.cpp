@@ -6,13 +6,15 @@
 #include <QDir>
 #include <QFile>
 
+using namespace Qt::StringLiterals;
+
 RecordingHost* RecordingHost::current = nullptr;
 
 RecordingHost::RecordingHost()
 {
     current = this;
     settingsMgrPrivInstance = this;
-    QDir(settings.path()).mkdir(QStringLiteral("notifications"));
+    QDir(settings.path()).mkdir(u"notifications"_s);
 }
 
 RecordingHost::~RecordingHost()
@@ -30,9 +32,9 @@ ZepaField RecordingHost::readGlobalSetting(const ZepaField& field) const
 {
     settingsRead.append(field);
     ZepaField answer = field;
-    if (field.getId() == QStringLiteral("duplicated_notifications_time"))
+    if (field.getId() == u"duplicated_notifications_time"_s)
         answer.setIntValue(repeatLimit);
-    else if (field.getId() == QStringLiteral("alerts") && !alerts.isNull())
+    else if (field.getId() == u"alerts"_s && !alerts.isNull())
         answer = ZepaField::comboBox(field.getLabel(), field.getId(), field.getItemIds() << alerts,
                                      field.getItemLabels() << alerts, alerts, field.getDescription());
     return answer;
@@ -46,7 +48,7 @@ ZepaChatWindow* RecordingHost::getChatWindow(const ZepaBuddy& buddy)
 
 QString RecordingHost::ruleFile(const QString& id) const
 {
-    return getSettingsDir() + QStringLiteral("notifications/") + id;
+    return getSettingsDir() + u"notifications/"_s + id;
 }
 
 void RecordingHost::writeRuleFile(const QString& id, const QByteArray& content) const
@@ -67,7 +69,7 @@ QByteArray RecordingHost::readRuleFile(const QString& id) const
 
 QStringList RecordingHost::ruleFiles() const
 {
-    return QDir(getSettingsDir() + QStringLiteral("notifications")).entryList(QDir::Files, QDir::Name);
+    return QDir(getSettingsDir() + u"notifications"_s).entryList(QDir::Files, QDir::Name);
 }
 
 // What follows stands in for the client's own bodies: the program's definitions come before those of its libraries.
@@ -93,14 +95,14 @@ class ZepaTrayIconPrivate
 ZepaTrayIcon::ZepaTrayIcon(QObject* parent) : QObject(parent)
 {
     RecordingHost::current->iconsMade.append(this);
-    RecordingHost::current->icons[this].calls.append(QStringLiteral("made"));
+    RecordingHost::current->icons[this].calls.append(u"made"_s);
 }
 
 ZepaTrayIcon::~ZepaTrayIcon()
 {
     if (RecordingHost::current == nullptr)
         return;
-    RecordingHost::current->icons[this].calls.append(QStringLiteral("deleted"));
+    RecordingHost::current->icons[this].calls.append(u"deleted"_s);
     if (RecordingHost::current->whenIconIsDeleted)
         RecordingHost::current->whenIconIsDeleted(this);
 }
@@ -108,7 +110,7 @@ ZepaTrayIcon::~ZepaTrayIcon()
 void ZepaTrayIcon::setIcon(const QIcon& icon)
 {
     TrayIconRecord& record = RecordingHost::current->icons[this];
-    record.calls.append(QStringLiteral("icon"));
+    record.calls.append(u"icon"_s);
     record.icon = icon;
 }
 
@@ -120,7 +122,7 @@ QIcon ZepaTrayIcon::icon() const
 void ZepaTrayIcon::setVisible(bool visible)
 {
     TrayIconRecord& record = RecordingHost::current->icons[this];
-    record.calls.append(visible ? QStringLiteral("visible") : QStringLiteral("hidden"));
+    record.calls.append(visible ? u"visible"_s : u"hidden"_s);
     record.visible = visible;
 }
 

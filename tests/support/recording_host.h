@@ -17,6 +17,8 @@
 
 #include <functional>
 
+using namespace Qt::StringLiterals;
+
 class ZepaTrayIcon;
 
 /// A chat window that keeps its lines.
@@ -69,9 +71,9 @@ public:
     static RecordingHost* current;
 
     QTemporaryDir settings;
-    QString themeDir = QStringLiteral("/themes/general/");
-    QString rosterThemeDir = QStringLiteral("/themes/roster/");
-    QString soundThemeDir = QStringLiteral("/themes/a/");
+    QString themeDir = u"/themes/general/"_s;
+    QString rosterThemeDir = u"/themes/roster/"_s;
+    QString soundThemeDir = u"/themes/a/"_s;
 
     int repeatLimit = 5;
     /// The stored choice for alerts, which may be one that nobody offers; null when the user never chose.

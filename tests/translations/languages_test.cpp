@@ -9,6 +9,8 @@
 
 #include <gtest/gtest.h>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 struct Wish
@@ -68,12 +70,12 @@ TEST(Languages, AreSpokenByTheLibraryTheClientAndQt)
     languagesFor({"nl:pt", nullptr, nullptr, "de_DE.UTF-8"});
     zepa::installTranslations(*QCoreApplication::instance());
     EXPECT_EQ(QCoreApplication::translate("translation", "Message received", "notification event"),
-              QStringLiteral("Mensagem recebida"));
-    EXPECT_EQ(QCoreApplication::translate("zepa", "read out"), QStringLiteral("ler em voz alta"));
-    if (!QFile::exists(QLibraryInfo::path(QLibraryInfo::TranslationsPath) + QStringLiteral("/qtbase_pt_BR.qm")))
+              u"Mensagem recebida"_s);
+    EXPECT_EQ(QCoreApplication::translate("zepa", "read out"), u"ler em voz alta"_s);
+    if (!QFile::exists(QLibraryInfo::path(QLibraryInfo::TranslationsPath) + u"/qtbase_pt_BR.qm"_s))
         GTEST_SKIP() << "Qt's own translations are not installed";
     // Qt has Portuguese as Brazil writes it.
-    EXPECT_EQ(QCoreApplication::translate("QPlatformTheme", "Cancel"), QStringLiteral("Cancelar"));
+    EXPECT_EQ(QCoreApplication::translate("QPlatformTheme", "Cancel"), u"Cancelar"_s);
 }
 
 } // namespace

@@ -3,6 +3,8 @@
 
 #include <QJsonObject>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 /// The real program, asked in several languages.
@@ -18,10 +20,10 @@ protected:
     /// The name of the type as the program lists it.
     QString typeName(const char* type)
     {
-        const QJsonArray types = run({QStringLiteral("types"), QStringLiteral("--json")}).json();
+        const QJsonArray types = run({u"types"_s, u"--json"_s}).json();
         for (const QJsonValue& one : types) {
-            if (one[QStringLiteral("id")].toString() == QLatin1String(type))
-                return one[QStringLiteral("name")].toString();
+            if (one[u"id"_s].toString() == QLatin1String(type))
+                return one[u"name"_s].toString();
         }
         return {};
     }
@@ -34,14 +36,10 @@ protected:
 TEST_F(ProgramLanguages, AreThoseOfTheLocale)
 {
     const QList<std::pair<const char*, QString>> expected{
-        {"de_DE.UTF-8", QStringLiteral("Nachricht erhalten")},
-        {"fr_FR.UTF-8", QStringLiteral("Message re\u00e7u")},
-        {"es_MX.UTF-8", QStringLiteral("Mensaje recibido")},
-        {"pl_PL.UTF-8", QStringLiteral("Otrzymano wiadomo\u015b\u0107")},
-        {"pt_BR.UTF-8", QStringLiteral("Mensagem recebida")},
-        {"nl_NL.UTF-8", QStringLiteral("Message received")},
-        {"en_US.UTF-8", QStringLiteral("Message received")},
-        {"C.UTF-8", QStringLiteral("Message received")},
+        {"de_DE.UTF-8", u"Nachricht erhalten"_s}, {"fr_FR.UTF-8", u"Message re\u00e7u"_s},
+        {"es_MX.UTF-8", u"Mensaje recibido"_s},   {"pl_PL.UTF-8", u"Otrzymano wiadomo\u015b\u0107"_s},
+        {"pt_BR.UTF-8", u"Mensagem recebida"_s},  {"nl_NL.UTF-8", u"Message received"_s},
+        {"en_US.UTF-8", u"Message received"_s},   {"C.UTF-8", u"Message received"_s},
     };
     for (const auto& [locale, name] : expected) {
         speak("LANG", locale);
@@ -53,29 +51,27 @@ TEST_F(ProgramLanguages, FollowTheUsersList)
 {
     speak("LANG", "en_US.UTF-8");
     speak("LANGUAGE", "nl:pl:de");
-    EXPECT_EQ(typeName("typing_stoped_notify"), QStringLiteral("Zako\u0144czono pisanie"));
+    EXPECT_EQ(typeName("typing_stoped_notify"), u"Zako\u0144czono pisanie"_s);
     speak("LC_ALL", "C");
-    EXPECT_EQ(typeName("typing_stoped_notify"), QStringLiteral("Typing stoped"));
+    EXPECT_EQ(typeName("typing_stoped_notify"), u"Typing stoped"_s);
 }
 
 TEST_F(ProgramLanguages, AreSpokenByTheMethodsToo)
 {
     speak("LANG", "de_DE.UTF-8");
-    const QString methods = run({QStringLiteral("methods")}).out;
-    EXPECT_TRUE(methods.contains(QStringLiteral("Klang abspielen"))) << methods.toStdString();
-    EXPECT_TRUE(methods.contains(QStringLiteral("vorlesen"))) << methods.toStdString();
+    const QString methods = run({u"methods"_s}).out;
+    EXPECT_TRUE(methods.contains(u"Klang abspielen"_s)) << methods.toStdString();
+    EXPECT_TRUE(methods.contains(u"vorlesen"_s)) << methods.toStdString();
 }
 
 TEST_F(ProgramLanguages, LeaveIdentifiersAlone)
 {
     speak("LANG", "fr_FR.UTF-8");
-    EXPECT_TRUE(run({QStringLiteral("types")}).out.contains(QStringLiteral("typing_stoped_notify")));
+    EXPECT_TRUE(run({u"types"_s}).out.contains(u"typing_stoped_notify"_s));
     const Outcome outcome =
-        run({QStringLiteral("rule"), QStringLiteral("set"), QStringLiteral("message_sent"),
-             QStringLiteral("zepa_sound_notification_method"), QStringLiteral("sound_file=bell.wav")});
+        run({u"rule"_s, u"set"_s, u"message_sent"_s, u"zepa_sound_notification_method"_s, u"sound_file=bell.wav"_s});
     EXPECT_EQ(outcome.code, 0) << outcome.err.toStdString();
-    EXPECT_TRUE(run({QStringLiteral("rules"), QStringLiteral("message_sent")})
-                    .out.contains(QStringLiteral("sound_file=bell.wav")));
+    EXPECT_TRUE(run({u"rules"_s, u"message_sent"_s}).out.contains(u"sound_file=bell.wav"_s));
 }
 
 } // namespace

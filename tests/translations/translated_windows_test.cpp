@@ -18,6 +18,8 @@
 
 #include <gtest/gtest.h>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 using namespace zepa;
@@ -77,7 +79,7 @@ protected:
 TEST_P(TranslatedWindows, HaveEachKeyOnceInTheMainWindow)
 {
     MainWindow window(client);
-    window.tell(QStringLiteral("news"));
+    window.tell(u"news"_s);
     window.show();
     const auto* bar = window.findChild<QMenuBar*>();
     ASSERT_NE(bar, nullptr);
@@ -94,11 +96,11 @@ TEST_P(TranslatedWindows, HaveEachKeyOnceInTheSettings)
 {
     NotificationSettings window(client);
     window.show();
-    auto* table = window.findChild<QTableView*>(QStringLiteral("rules"));
+    auto* table = window.findChild<QTableView*>(u"rules"_s);
     ASSERT_NE(table, nullptr);
     // The first event has a sound, whose field has most keys.
     table->setCurrentIndex(table->model()->index(0, 1));
-    ASSERT_NE(window.findChild<QAbstractButton*>(QStringLiteral("play")), nullptr);
+    ASSERT_NE(window.findChild<QAbstractButton*>(u"play"_s), nullptr);
     expectKeysOfTheirOwn(textsOf(window));
 }
 

@@ -8,6 +8,8 @@
 #include <QApplication>
 #include <QPixmap>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 class KNotificationsPoster : public Poster
@@ -22,8 +24,8 @@ public:
     }
     void post() override
     {
-        auto* notification = new KNotification(QStringLiteral("measured"));
-        notification->setComponentName(QStringLiteral("zepa_bench"));
+        auto* notification = new KNotification(u"measured"_s);
+        notification->setComponentName(u"zepa_bench"_s);
         notification->setTitle(m_title);
         notification->setText(m_text);
         if (!m_icon.isEmpty())
@@ -43,7 +45,7 @@ private:
 int main(int argc, char** argv)
 {
     const QApplication application(argc, argv);
-    QGuiApplication::setDesktopFileName(QStringLiteral("zepa"));
+    QGuiApplication::setDesktopFileName(u"zepa"_s);
     KNotificationsPoster poster;
     return runPoster(poster);
 }

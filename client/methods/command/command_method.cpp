@@ -8,6 +8,8 @@
 
 #include <QCoreApplication>
 
+using namespace Qt::StringLiterals;
+
 namespace zepa {
 
 namespace {
@@ -24,10 +26,8 @@ QString passable(QString text)
 const QList<CommandText>& commandTexts()
 {
     static const QList<CommandText> texts{
-        {u'n', QStringLiteral("ZEPA_TYPE")},      {u'N', QStringLiteral("ZEPA_TYPE_NAME")},
-        {u't', QStringLiteral("ZEPA_TITLE")},     {u'm', QStringLiteral("ZEPA_TEXT")},
-        {u'i', QStringLiteral("ZEPA_ICON")},      {u'b', QStringLiteral("ZEPA_BUDDY")},
-        {u'B', QStringLiteral("ZEPA_BUDDY_NAME")}};
+        {u'n', u"ZEPA_TYPE"_s}, {u'N', u"ZEPA_TYPE_NAME"_s}, {u't', u"ZEPA_TITLE"_s},     {u'm', u"ZEPA_TEXT"_s},
+        {u'i', u"ZEPA_ICON"_s}, {u'b', u"ZEPA_BUDDY"_s},     {u'B', u"ZEPA_BUDDY_NAME"_s}};
     return texts;
 }
 
@@ -49,9 +49,9 @@ void CommandMethod::postNotification(unsigned int /*sequence*/, ZepaNotification
     const QString command = ruleSetting(config, commandSettingId).getText();
     std::optional<QStringList> words = splitWords(command);
     if (!words)
-        return m_faults.failed(command, QStringLiteral("a quote is not closed, or a backslash stands at the end"));
+        return m_faults.failed(command, u"a quote is not closed, or a backslash stands at the end"_s);
     if (words->isEmpty() || words->constFirst().isEmpty())
-        return m_faults.failed(getId(), QStringLiteral("a rule names no program"));
+        return m_faults.failed(getId(), u"a rule names no program"_s);
 
     const ZepaBuddy buddy = args.isEmpty() ? ZepaBuddy() : args.constFirst().toBuddy();
     QHash<QChar, QString> texts{
@@ -85,7 +85,7 @@ QString CommandMethod::getActionName() const
 
 QString CommandMethod::getActionIcon() const
 {
-    return ZepaSettingsManager::getInstance()->getCurrentThemeDir() + QStringLiteral("icons/command.png");
+    return ZepaSettingsManager::getInstance()->getCurrentThemeDir() + u"icons/command.png"_s;
 }
 
 } // namespace zepa

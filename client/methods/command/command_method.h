@@ -10,9 +10,9 @@
 
 namespace zepa {
 
-inline const QString commandMethodId = QStringLiteral("zepa_command_notification_method");
+inline const QString commandMethodId = QString::fromLatin1("zepa_command_notification_method");
 /// The only setting of its rules.
-inline const QString commandSettingId = QStringLiteral("command");
+inline const QString commandSettingId = QString::fromLatin1("command");
 
 /// A text of an event as a command gets it.
 struct CommandText

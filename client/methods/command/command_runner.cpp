@@ -19,6 +19,8 @@
 // The header of glibc 2.36 forgets to say so.
 extern "C" {
 #include <sys/pidfd.h>
+
+using namespace Qt::StringLiterals;
 }
 
 namespace zepa {
@@ -143,7 +145,7 @@ QString CommandRunner::start(const QStringList& words, const QHash<QString, QStr
     // Not when it ended: its notifier was telling us just then.
     std::erase_if(m_children, [](const auto& child) { return child->hasEnded(); });
     if (m_children.size() >= mostAtOnce)
-        return QStringLiteral("%1 commands run already").arg(mostAtOnce);
+        return u"%1 commands run already"_s.arg(mostAtOnce);
     const PointerList arguments(words);
     const PointerList variables(environmentWith(environment));
     const Surroundings surroundings;
@@ -154,7 +156,7 @@ QString CommandRunner::start(const QStringList& words, const QHash<QString, QStr
         return reason(error);
     const int descriptor = ::pidfd_open(process, 0);
     if (descriptor < 0)
-        return QStringLiteral("runs, but its end cannot be seen: ") + reason(errno);
+        return u"runs, but its end cannot be seen: "_s + reason(errno);
     Child& child = *m_children.emplace_back(std::make_unique<Child>(process, descriptor));
     QObject::connect(&child.end(), &QSocketNotifier::activated, &child.end(), [&child] { child.bury(); });
     return {};

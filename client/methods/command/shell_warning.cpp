@@ -12,6 +12,8 @@
 #include <algorithm>
 #include <utility>
 
+using namespace Qt::StringLiterals;
+
 namespace zepa {
 
 namespace {
@@ -19,10 +21,8 @@ namespace {
 /// Also behind another program, as in `env sh -c ...` or `xterm -e bash -c ...`.
 bool isShell(const QString& word)
 {
-    static const QStringList shells{QStringLiteral("sh"),   QStringLiteral("ash"),  QStringLiteral("bash"),
-                                    QStringLiteral("dash"), QStringLiteral("fish"), QStringLiteral("ksh"),
-                                    QStringLiteral("mksh"), QStringLiteral("zsh"),  QStringLiteral("csh"),
-                                    QStringLiteral("tcsh"), QStringLiteral("su"),   QStringLiteral("runuser")};
+    static const QStringList shells{u"sh"_s,   u"ash"_s, u"bash"_s, u"dash"_s, u"fish"_s, u"ksh"_s,
+                                    u"mksh"_s, u"zsh"_s, u"csh"_s,  u"tcsh"_s, u"su"_s,   u"runuser"_s};
     return shells.contains(word.section(u'/', -1));
 }
 
@@ -30,8 +30,8 @@ bool isShell(const QString& word)
 /// arguments, which are safe.
 QString shellScript(const QStringList& words)
 {
-    static const QRegularExpression takesScript(QStringLiteral("^(-[A-Za-z]*c[A-Za-z]*|--command)$"));
-    static const QString inOneWord = QStringLiteral("--command=");
+    static const QRegularExpression takesScript(u"^(-[A-Za-z]*c[A-Za-z]*|--command)$"_s);
+    static const QString inOneWord = u"--command="_s;
     const auto shell = std::find_if(words.cbegin(), words.cend(), isShell);
     bool isNext = false;
     for (auto word = shell; word != words.cend(); ++word) {

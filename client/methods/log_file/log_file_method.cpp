@@ -12,20 +12,22 @@
 #include <QDateTime>
 #include <QDir>
 
+using namespace Qt::StringLiterals;
+
 namespace zepa {
 
 namespace {
 
-const QString fileId = QStringLiteral("file");
-const QString sizeId = QStringLiteral("size");
-const QString olderFilesId = QStringLiteral("older_files");
+const QString fileId = u"file"_s;
+const QString sizeId = u"size"_s;
+const QString olderFilesId = u"older_files"_s;
 
 /// Empty when the setting is.
 QString absolutePath(const QString& file)
 {
     if (file.isEmpty())
         return {};
-    if (file.startsWith(QStringLiteral("~/")))
+    if (file.startsWith(u"~/"_s))
         return QDir::homePath() + file.sliced(1);
     return QDir(stateFolder()).absoluteFilePath(file);
 }
@@ -41,7 +43,7 @@ QString now()
 LogFileMethod::LogFileMethod()
 {
     fields = {
-        ZepaField::textEdit(QCoreApplication::translate("zepa", "File"), fileId, QStringLiteral("notifications.log"),
+        ZepaField::textEdit(QCoreApplication::translate("zepa", "File"), fileId, u"notifications.log"_s,
                             QCoreApplication::translate("zepa", "A name without a folder is a file in "
                                                                 "~/.local/state/zepa.")),
         ZepaField::spinBox(QCoreApplication::translate("zepa", "Largest size"), sizeId, 1024 * 1024, 1, 1024,
@@ -59,7 +61,7 @@ void LogFileMethod::postNotification(unsigned int /*sequence*/, ZepaNotification
 {
     const QString file = absolutePath(ruleSetting(config, fileId).getText());
     if (file.isEmpty())
-        return m_faults.failed(getId(), QStringLiteral("a rule names no file"));
+        return m_faults.failed(getId(), u"a rule names no file"_s);
     const LogTarget target{file, qint64{1024} * ruleSetting(config, sizeId).getIntValue(),
                            ruleSetting(config, olderFilesId).getIntValue()};
     const QString problem = appendToLog(target, logLine({now(), notification->getId(), title, text}));
@@ -71,7 +73,7 @@ void LogFileMethod::postNotification(unsigned int /*sequence*/, ZepaNotification
 
 QString LogFileMethod::getId() const
 {
-    return QStringLiteral("zepa_log_file_notification_method");
+    return u"zepa_log_file_notification_method"_s;
 }
 
 QString LogFileMethod::getActionName() const
@@ -81,7 +83,7 @@ QString LogFileMethod::getActionName() const
 
 QString LogFileMethod::getActionIcon() const
 {
-    return ZepaSettingsManager::getInstance()->getCurrentThemeDir() + QStringLiteral("icons/log.png");
+    return ZepaSettingsManager::getInstance()->getCurrentThemeDir() + u"icons/log.png"_s;
 }
 
 } // namespace zepa

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "client/methods/log_file/log_line.h"
 
+using namespace Qt::StringLiterals;
+
 namespace zepa {
 
 namespace {
@@ -20,7 +22,7 @@ bool isHarmless(QChar character)
 
 QString codeOf(QChar character)
 {
-    return QStringLiteral("\\u%1").arg(static_cast<ushort>(character.unicode()), 4, 16, QLatin1Char('0'));
+    return u"\\u%1"_s.arg(static_cast<ushort>(character.unicode()), 4, 16, QLatin1Char('0'));
 }
 
 QString escaped(const QString& text)
@@ -33,11 +35,11 @@ QString escaped(const QString& text)
         if (isPair)
             result += QStringView(text).sliced(i++, 2);
         else if (character == u'\\')
-            result += QStringLiteral("\\\\");
+            result += u"\\\\"_s;
         else if (character == u'\n')
-            result += QStringLiteral("\\n");
+            result += u"\\n"_s;
         else if (character == u'\t')
-            result += QStringLiteral("\\t");
+            result += u"\\t"_s;
         else
             result += character.isSurrogate() || !isHarmless(character) ? codeOf(character) : QString(character);
     }

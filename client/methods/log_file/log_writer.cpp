@@ -14,6 +14,8 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+using namespace Qt::StringLiterals;
+
 namespace zepa {
 
 namespace {
@@ -26,7 +28,7 @@ QString whyNot(int error)
 QString whyNot(const RegularFile& file)
 {
     const bool isForeign = file.state() == RegularFile::State::Link || file.state() == RegularFile::State::NotRegular;
-    return isForeign ? QStringLiteral("is ") + file.reason() : file.reason();
+    return isForeign ? u"is "_s + file.reason() : file.reason();
 }
 
 /// FILE.1 and so on make room for the file; the oldest goes. False when the file is still there.
@@ -87,7 +89,7 @@ QString appendToLog(const LogTarget& target, const QByteArray& line)
         if (!rotate(target))
             return whyNot(errno);
     }
-    return QStringLiteral("is taken away again and again");
+    return u"is taken away again and again"_s;
 }
 
 } // namespace zepa

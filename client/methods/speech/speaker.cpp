@@ -5,11 +5,13 @@
 
 #include <chrono>
 
+using namespace Qt::StringLiterals;
+
 namespace zepa {
 
 namespace {
 
-const QString program = QStringLiteral("espeak-ng");
+const QString program = u"espeak-ng"_s;
 
 /// More than the longest text takes at the slowest speed. A speaker that hangs on a dead sound server ends here.
 constexpr auto patience = std::chrono::minutes(2);
@@ -27,13 +29,13 @@ Speaker::Speaker()
     QObject::connect(&m_process, &QProcess::errorOccurred, &m_process, [this](QProcess::ProcessError error) {
         // Every other error is followed by finished().
         if (error == QProcess::FailedToStart)
-            ended(QStringLiteral("cannot be started: nothing is spoken"));
+            ended(u"cannot be started: nothing is spoken"_s);
     });
     QObject::connect(&m_process, &QProcess::finished, &m_process, [this](int code, QProcess::ExitStatus status) {
         if (status != QProcess::NormalExit)
-            ended(QStringLiteral("was ended while it spoke"));
+            ended(u"was ended while it spoke"_s);
         else
-            ended(code == 0 ? QString() : QStringLiteral("could not speak: is there such a voice?"));
+            ended(code == 0 ? QString() : u"could not speak: is there such a voice?"_s);
     });
 }
 
@@ -48,7 +50,7 @@ Speaker::~Speaker()
 void Speaker::say(const Utterance& utterance)
 {
     if (m_waiting.size() > mostWaiting)
-        return m_faults.failed(program, QStringLiteral("too much to say: a text was dropped"));
+        return m_faults.failed(program, u"too much to say: a text was dropped"_s);
     m_waiting.append(utterance);
     if (m_waiting.size() == 1)
         begin();
@@ -58,10 +60,9 @@ void Speaker::begin()
 {
     // A copy: a failure to start may be told before start() returns.
     const Utterance utterance = m_waiting.constFirst();
-    QStringList arguments{QStringLiteral("--stdin"), QStringLiteral("-b"), QStringLiteral("1"), QStringLiteral("-s"),
-                          QString::number(utterance.wordsPerMinute)};
+    QStringList arguments{u"--stdin"_s, u"-b"_s, u"1"_s, u"-s"_s, QString::number(utterance.wordsPerMinute)};
     if (!utterance.voice.isEmpty())
-        arguments += {QStringLiteral("-v"), utterance.voice};
+        arguments += {u"-v"_s, utterance.voice};
     m_process.setArguments(arguments);
     m_patience.start();
     m_process.setProcessEnvironment(childEnvironment());
@@ -76,7 +77,7 @@ void Speaker::ended(const QString& problem)
 {
     m_patience.stop();
     const Utterance done = m_waiting.takeFirst();
-    const QString voice = program + (done.voice.isEmpty() ? QString() : QStringLiteral(" -v ") + done.voice);
+    const QString voice = program + (done.voice.isEmpty() ? QString() : u" -v "_s + done.voice);
     if (problem.isEmpty())
         m_faults.succeeded(voice);
     else

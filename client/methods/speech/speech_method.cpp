@@ -7,17 +7,19 @@
 
 #include <QCoreApplication>
 
+using namespace Qt::StringLiterals;
+
 namespace zepa {
 
 namespace {
 
-const QString contentId = QStringLiteral("content");
-const QString voiceId = QStringLiteral("voice");
-const QString speedId = QStringLiteral("speed");
+const QString contentId = u"content"_s;
+const QString voiceId = u"voice"_s;
+const QString speedId = u"speed"_s;
 
-const QString onlyTitle = QStringLiteral("title");
-const QString onlyText = QStringLiteral("text");
-const QString titleAndText = QStringLiteral("title_and_text");
+const QString onlyTitle = u"title"_s;
+const QString onlyText = u"text"_s;
+const QString titleAndText = u"title_and_text"_s;
 
 } // namespace
 
@@ -52,13 +54,13 @@ void SpeechMethod::postNotification(unsigned int /*sequence*/, ZepaNotification*
     if (parts.isEmpty())
         return;
     // An empty line makes the speaker pause.
-    m_speaker.say({parts.join(QStringLiteral("\n\n")), ruleSetting(config, voiceId).getText().trimmed(),
+    m_speaker.say({parts.join(u"\n\n"_s), ruleSetting(config, voiceId).getText().trimmed(),
                    ruleSetting(config, speedId).getIntValue()});
 }
 
 QString SpeechMethod::getId() const
 {
-    return QStringLiteral("zepa_speech_notification_method");
+    return u"zepa_speech_notification_method"_s;
 }
 
 QString SpeechMethod::getActionName() const
@@ -68,7 +70,7 @@ QString SpeechMethod::getActionName() const
 
 QString SpeechMethod::getActionIcon() const
 {
-    return ZepaSettingsManager::getInstance()->getCurrentThemeDir() + QStringLiteral("icons/speech.png");
+    return ZepaSettingsManager::getInstance()->getCurrentThemeDir() + u"icons/speech.png"_s;
 }
 
 } // namespace zepa

@@ -3,6 +3,8 @@
 
 #include "client/ui/image_markers.h"
 
+using namespace Qt::StringLiterals;
+
 namespace zepa {
 
 namespace {
@@ -12,7 +14,7 @@ QString withoutMarkers(const QString& text)
     QString words;
     const QList<MessagePart> parts = splitAtImageMarkers(text);
     for (const MessagePart& part : parts)
-        words += part.isMarker() ? QStringLiteral(" ") : part.text;
+        words += part.isMarker() ? u" "_s : part.text;
     return words;
 }
 
@@ -42,8 +44,8 @@ QString speakable(const QString& text)
 {
     QString words = withoutControls(withoutMarkers(text)).simplified();
     // Two brackets would begin a text in the speaker's own phonetic letters.
-    while (words.contains(QStringLiteral("[[")))
-        words.replace(QStringLiteral("[["), QStringLiteral("[ ["));
+    while (words.contains(u"[["_s))
+        words.replace(u"[["_s, u"[ ["_s);
     return shortened(words);
 }
 

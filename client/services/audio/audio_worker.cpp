@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "client/services/audio/audio_worker.h"
 
+using namespace Qt::StringLiterals;
+
 namespace zepa::audio {
 namespace {
 
@@ -54,13 +56,13 @@ void AudioWorker::startWaiting()
         start(*request);
     }
     if (const std::optional<QString> dropped = m_queue.takeDropped())
-        m_log.failed(*dropped, QStringLiteral("too many sounds are waiting"));
+        m_log.failed(*dropped, u"too many sounds are waiting"_s);
 }
 
 void AudioWorker::start(const PlayQueue::Request& request)
 {
     if (PlayQueue::Clock::now() - request.since > staleAfter) {
-        ended(request.path, QStringLiteral("it waited too long"));
+        ended(request.path, u"it waited too long"_s);
         return;
     }
     const DecodedSound sound = m_cache.load(request.path);

@@ -6,6 +6,8 @@
 #include <pulse/error.h>
 #include <utility>
 
+using namespace Qt::StringLiterals;
+
 namespace zepa::audio {
 
 PulsePlayer::PulsePlayer(pa_mainloop* loop, Ended ended) : m_loop(loop), m_ended(std::move(ended))
@@ -20,7 +22,7 @@ PulsePlayer::~PulsePlayer()
 void PulsePlayer::play(const QString& path, std::shared_ptr<const SoundClip> clip)
 {
     if (!m_context && !connectToServer()) {
-        m_ended(path, QStringLiteral("no sound server can be asked"));
+        m_ended(path, u"no sound server can be asked"_s);
         return;
     }
     m_sounds.push_back({path, std::move(clip), Clock::now() + answerLimit, nullptr});
@@ -33,7 +35,7 @@ void PulsePlayer::tick()
     if (!PA_CONTEXT_IS_GOOD(pa_context_get_state(m_context))) {
         const QString reason = QString::fromUtf8(pa_strerror(pa_context_errno(m_context)));
         disconnectFromServer();
-        endAll(QStringLiteral("the sound server is not there: %1").arg(reason));
+        endAll(u"the sound server is not there: %1"_s.arg(reason));
         return;
     }
 
@@ -58,13 +60,13 @@ bool PulsePlayer::hasEnded(Sound& sound, Clock::time_point now)
         return true;
     }
     if (state == PulseStream::State::Failed) {
-        m_ended(sound.path, QStringLiteral("the sound server refused it: %1").arg(sound.stream->reason()));
+        m_ended(sound.path, u"the sound server refused it: %1"_s.arg(sound.stream->reason()));
         return true;
     }
     if (now < sound.deadline)
         return false;
     m_unanswered = true;
-    m_ended(sound.path, QStringLiteral("the sound server does not answer"));
+    m_ended(sound.path, u"the sound server does not answer"_s);
     return true;
 }
 

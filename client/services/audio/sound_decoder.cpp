@@ -8,6 +8,8 @@
 #include <cmath>
 #include <sndfile.h>
 
+using namespace Qt::StringLiterals;
+
 namespace zepa::audio {
 namespace {
 
@@ -25,11 +27,11 @@ DecodedSound refused(const QString& reason)
 QString whyNotToRead(const SF_INFO& info)
 {
     if (info.channels < 1 || info.channels > SoundLimits::channels)
-        return QStringLiteral("%1 channels").arg(info.channels);
+        return u"%1 channels"_s.arg(info.channels);
     if (info.samplerate < SoundLimits::minRate || info.samplerate > SoundLimits::maxRate)
-        return QStringLiteral("%1 frames a second").arg(info.samplerate);
+        return u"%1 frames a second"_s.arg(info.samplerate);
     if (info.frames > static_cast<sf_count_t>(SoundLimits::samples) / info.channels)
-        return QStringLiteral("too long: %1 frames").arg(info.frames);
+        return u"too long: %1 frames"_s.arg(info.frames);
     return {};
 }
 
@@ -52,13 +54,13 @@ DecodedSound read(SNDFILE* file, const SF_INFO& info)
             break;
         const auto count = static_cast<std::size_t>(frames) * static_cast<std::size_t>(info.channels);
         if (clip->samples.size() + count > SoundLimits::samples)
-            return refused(QStringLiteral("too long, and its header does not say so"));
+            return refused(u"too long, and its header does not say so"_s);
         std::transform(block.data(), block.data() + count, std::back_inserter(clip->samples), tamed);
     }
     if (sf_error(file) != SF_ERR_NO_ERROR)
-        return refused(QStringLiteral("damaged: %1").arg(QString::fromUtf8(sf_strerror(file))));
+        return refused(u"damaged: %1"_s.arg(QString::fromUtf8(sf_strerror(file))));
     if (clip->samples.empty())
-        return refused(QStringLiteral("holds no sound"));
+        return refused(u"holds no sound"_s);
     return {std::move(clip), {}};
 }
 
@@ -67,7 +69,7 @@ DecodedSound read(SNDFILE* file, const SF_INFO& info)
 DecodedSound decodeSound(const QString& path)
 {
     if (path.isEmpty() || path.contains(QChar::Null))
-        return refused(QStringLiteral("not a file name"));
+        return refused(u"not a file name"_s);
     const RegularFile opened = RegularFile::openToRead(path, SoundLimits::fileBytes);
     if (!opened.isOpen())
         return refused(opened.reason());
@@ -75,7 +77,7 @@ DecodedSound decodeSound(const QString& path)
     SF_INFO info = {};
     const std::unique_ptr<SNDFILE, CloseSound> file(sf_open_fd(opened.descriptor(), SFM_READ, &info, SF_FALSE));
     if (!file)
-        return refused(QStringLiteral("no sound format: %1").arg(QString::fromUtf8(sf_strerror(nullptr))));
+        return refused(u"no sound format: %1"_s.arg(QString::fromUtf8(sf_strerror(nullptr))));
     if (const QString reason = whyNotToRead(info); !reason.isEmpty())
         return refused(reason);
     return read(file.get(), info);

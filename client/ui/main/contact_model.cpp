@@ -9,6 +9,8 @@
 
 #include <algorithm>
 
+using namespace Qt::StringLiterals;
+
 namespace zepa {
 
 namespace {
@@ -22,13 +24,13 @@ Contact friendNamed(const QString& name, Presence presence)
 
 ContactModel::ContactModel(QObject* parent) : QAbstractListModel(parent)
 {
-    const QString stranger = QStringLiteral("lottery@example.net");
+    const QString stranger = u"lottery@example.net"_s;
     m_contacts = {
-        friendNamed(QStringLiteral("Ann"), Presence::Available),
-        friendNamed(QStringLiteral("Ben"), Presence::Unavailable),
-        friendNamed(QStringLiteral("Chiara"), Presence::Away),
-        friendNamed(QStringLiteral("Dmitri"), Presence::Available),
-        friendNamed(QStringLiteral("Ewa"), Presence::Unavailable),
+        friendNamed(u"Ann"_s, Presence::Available),
+        friendNamed(u"Ben"_s, Presence::Unavailable),
+        friendNamed(u"Chiara"_s, Presence::Away),
+        friendNamed(u"Dmitri"_s, Presence::Available),
+        friendNamed(u"Ewa"_s, Presence::Unavailable),
         {ZepaBuddy(stranger, stranger, ZepaBuddy::NotOnContactList), Presence::Unavailable, {}},
     };
 }
@@ -40,13 +42,13 @@ void ContactModel::follow(const JournalEntry& entry)
     });
     if (found == m_contacts.end())
         return;
-    if (entry.type == QStringLiteral("buddy_connected"))
+    if (entry.type == u"buddy_connected"_s)
         found->presence = Presence::Available;
-    else if (entry.type == QStringLiteral("buddy_went_away"))
+    else if (entry.type == u"buddy_went_away"_s)
         found->presence = Presence::Away;
-    else if (entry.type == QStringLiteral("buddy_went_offline"))
+    else if (entry.type == u"buddy_went_offline"_s)
         found->presence = Presence::Unavailable;
-    else if (entry.type == QStringLiteral("buddy_changed_status"))
+    else if (entry.type == u"buddy_changed_status"_s)
         found->status = nameText(entry.text);
     else
         return;
@@ -70,13 +72,13 @@ QVariant ContactModel::data(const QModelIndex& index, int role) const
         return {};
     const QString presence = who.isStranger() ? tr("stranger") : presenceText(who.presence);
     const QString text = tr("%1 (%2)", "name and presence").arg(who.buddy.getName(), presence);
-    const QString whole = who.status.isEmpty() ? text : text + QStringLiteral(": ") + who.status;
+    const QString whole = who.status.isEmpty() ? text : text + u": "_s + who.status;
     return role == Qt::ToolTipRole ? plainToolTip(whole) : whole;
 }
 
 QIcon ContactModel::picture(const Contact& who) const
 {
-    const QString file = who.isStranger() ? QStringLiteral("icons/unknown.png") : presencePicture(who.presence);
+    const QString file = who.isStranger() ? u"icons/unknown.png"_s : presencePicture(who.presence);
     const QString path = ZepaSettingsManager::getInstance()->getCurrentRosterThemeDir() + file;
     const auto known = m_pictures.constFind(path);
     return known != m_pictures.cend() ? *known : *m_pictures.insert(path, themeIcon(path));

@@ -22,11 +22,13 @@
 #include <QTimer>
 #include <QVBoxLayout>
 
+using namespace Qt::StringLiterals;
+
 namespace zepa {
 
-MainWindow::MainWindow(Client& client) : m_client(client), m_place(client.settings(), QStringLiteral("main_window"))
+MainWindow::MainWindow(Client& client) : m_client(client), m_place(client.settings(), u"main_window"_s)
 {
-    setWindowTitle(QStringLiteral("Zepa"));
+    setWindowTitle(u"Zepa"_s);
     // Not in letters: to look for a font takes as long as everything else here together.
     constexpr QSize usual(1000, 640);
     resize(usual.boundedTo(screen()->availableSize()));
@@ -107,11 +109,11 @@ void MainWindow::fill()
     setCentralWidget(middle);
     fillMenus();
 
-    m_splitter->setObjectName(QStringLiteral("columns"));
+    m_splitter->setObjectName(u"columns"_s);
     m_splitter->setChildrenCollapsible(false);
     m_splitter->setSizes({width() * 3 / 10, width() * 7 / 10});
     m_splitter->setStretchFactor(1, 1);
-    m_journal->splitter().setObjectName(QStringLiteral("journal"));
+    m_journal->splitter().setObjectName(u"journal"_s);
     m_place.restore(*m_splitter);
     m_place.restore(m_journal->splitter());
 
@@ -119,7 +121,7 @@ void MainWindow::fill()
     connect(&ChatManager::instance(), &ChatManager::messageEntered, this,
             [this](const ZepaBuddy& buddy, const QString& text) {
                 m_client.whenStarted(this, [this, buddy, text] {
-                    announce(m_client, {QStringLiteral("message_sent"), buddy.getName(), text, {}, buddy, {}});
+                    announce(m_client, {u"message_sent"_s, buddy.getName(), text, {}, buddy, {}});
                 });
             });
     // The window may be active already: what is not shown yet would not get the keyboard.

@@ -5,6 +5,8 @@
 
 #include <QCoreApplication>
 
+using namespace Qt::StringLiterals;
+
 namespace zepa {
 
 namespace {
@@ -74,8 +76,7 @@ Posting postingOf(const SimulatedEvent& event, const ZepaBuddy& contact, const Q
     if (event.isAboutContact)
         posting.buddy = contact;
     // The theme has a picture for each type.
-    posting.icon =
-        ZepaSettingsManager::getInstance()->getCurrentThemeDir() + QStringLiteral("icons/%1.png").arg(posting.type);
+    posting.icon = ZepaSettingsManager::getInstance()->getCurrentThemeDir() + u"icons/%1.png"_s.arg(posting.type);
     return posting;
 }
 

@@ -8,13 +8,15 @@
 
 #include <utility>
 
+using namespace Qt::StringLiterals;
+
 namespace zepa {
 
 namespace {
 
 const QString& geometry()
 {
-    static const QString name = QStringLiteral("geometry");
+    static const QString name = u"geometry"_s;
     return name;
 }
 

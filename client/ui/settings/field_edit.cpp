@@ -13,6 +13,8 @@
 #include <QSignalBlocker>
 #include <QSpinBox>
 
+using namespace Qt::StringLiterals;
+
 namespace zepa {
 
 namespace {
@@ -25,8 +27,7 @@ public:
         m_box->setText(withoutMnemonics(fieldLabel(field)));
         arrange(field, m_box);
         CheckEdit::setField(field);
-        connect(m_box, &QCheckBox::toggled, this,
-                [this](bool on) { Q_EMIT edited(on ? QStringLiteral("true") : QStringLiteral("false")); });
+        connect(m_box, &QCheckBox::toggled, this, [this](bool on) { Q_EMIT edited(on ? u"true"_s : u"false"_s); });
     }
 
     void setField(const ZepaField& field) override

@@ -34,6 +34,8 @@
 
 #include <algorithm>
 
+using namespace Qt::StringLiterals;
+
 namespace zepa {
 
 namespace {
@@ -66,7 +68,7 @@ NotificationSettings::NotificationSettings(Client& client, QWidget* parent)
     , m_live(new LiveText(this))
 {
     setWindowTitle(tr("Notification settings"));
-    setObjectName(QStringLiteral("notificationSettings"));
+    setObjectName(u"notificationSettings"_s);
     setWindowFlags(Qt::Window | Qt::WindowTitleHint | Qt::WindowSystemMenuHint | Qt::WindowMinMaxButtonsHint |
                    Qt::WindowCloseButtonHint);
 
@@ -79,7 +81,7 @@ NotificationSettings::NotificationSettings(Client& client, QWidget* parent)
     layout->addWidget(m_parts, 1);
     layout->addWidget(m_said);
     layout->addLayout(makeButtons());
-    m_said->setObjectName(QStringLiteral("said"));
+    m_said->setObjectName(u"said"_s);
     m_said->setWordWrap(true);
     m_said->setText(tr("Space adds or removes a rule. Changes are stored at once."));
 
@@ -126,7 +128,7 @@ void NotificationSettings::resizeEvent(QResizeEvent* event)
 
 QWidget* NotificationSettings::makeTable()
 {
-    m_table->setObjectName(QStringLiteral("rules"));
+    m_table->setObjectName(u"rules"_s);
     m_table->setAccessibleName(tr("Events and methods"));
     m_table->setAccessibleDescription(tr("A check mark stands where an event uses a method. Space toggles it."));
     m_table->setModel(m_model);

@@ -9,6 +9,8 @@
 #include <QPushButton>
 #include <QStyle>
 
+using namespace Qt::StringLiterals;
+
 namespace zepa {
 
 ProblemBar::ProblemBar(RuleEditor& editor, QWidget* parent)
@@ -19,10 +21,10 @@ ProblemBar::ProblemBar(RuleEditor& editor, QWidget* parent)
     const int size = style()->pixelMetric(QStyle::PM_LargeIconSize);
     icon->setPixmap(style()->standardIcon(QStyle::SP_MessageBoxWarning).pixmap(size));
     icon->setAccessibleName(tr("Warning"));
-    m_text->setObjectName(QStringLiteral("problem"));
+    m_text->setObjectName(u"problem"_s);
     m_text->setWordWrap(true);
     m_text->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
-    m_retry->setObjectName(QStringLiteral("retry"));
+    m_retry->setObjectName(u"retry"_s);
     m_retry->setAutoDefault(false);
 
     auto* layout = new QHBoxLayout(this);

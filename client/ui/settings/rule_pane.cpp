@@ -17,6 +17,8 @@
 
 #include <algorithm>
 
+using namespace Qt::StringLiterals;
+
 namespace zepa {
 
 namespace {
@@ -51,7 +53,7 @@ RulePane::RulePane(RuleEditor& editor, QWidget* parent)
     , m_sample(button(tr("Post a &sample"), "sample", this))
     , m_defaults(button(tr("Restore &defaults"), "defaults", this))
 {
-    m_rule->setObjectName(QStringLiteral("rule"));
+    m_rule->setObjectName(u"rule"_s);
     m_ruleLabel->setBuddy(m_rule);
     setPlainToolTip(*m_sample, tr("Triggers a test event so you can see and hear the result."));
     setPlainToolTip(*m_defaults, tr("Resets all notifications for this event to the defaults."));

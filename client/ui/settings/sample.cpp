@@ -11,6 +11,8 @@
 #include <QFile>
 #include <QStringList>
 
+using namespace Qt::StringLiterals;
+
 namespace zepa {
 
 namespace {
@@ -21,7 +23,7 @@ Posting sampleOf(Client& client, const ZepaNotification& type, int number)
     posting.type = type.getId();
     posting.title = QCoreApplication::translate("zepa", "%1 (sample %2)").arg(type.getName(), QString::number(number));
     posting.text = QCoreApplication::translate("zepa", "Ann: Shall we have lunch at noon?");
-    const QString picture = client.settings().getCurrentThemeDir() + QStringLiteral("icons/%1.png").arg(type.getId());
+    const QString picture = client.settings().getCurrentThemeDir() + u"icons/%1.png"_s.arg(type.getId());
     if (QFile::exists(picture))
         posting.icon = picture;
     posting.buddy = ZepaBuddy(QCoreApplication::translate("zepa", "Ann"), QCoreApplication::translate("zepa", "Ann"),

@@ -10,6 +10,8 @@
 #include <memory>
 #include <utility>
 
+using namespace Qt::StringLiterals;
+
 namespace zepa {
 
 void checkSound(const QString& path, QObject* context, std::function<void(bool plays)> done)
@@ -31,8 +33,7 @@ void checkSound(const QString& path, QObject* context, std::function<void(bool p
 
 QStringList soundNamePatterns()
 {
-    return {QStringLiteral("*.wav"),  QStringLiteral("*.ogg"), QStringLiteral("*.oga"), QStringLiteral("*.flac"),
-            QStringLiteral("*.aiff"), QStringLiteral("*.aif"), QStringLiteral("*.au"),  QStringLiteral("*.mp3")};
+    return {u"*.wav"_s, u"*.ogg"_s, u"*.oga"_s, u"*.flac"_s, u"*.aiff"_s, u"*.aif"_s, u"*.au"_s, u"*.mp3"_s};
 }
 
 } // namespace zepa

@@ -15,16 +15,18 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 
+using namespace Qt::StringLiterals;
+
 namespace zepa {
 
 SoundEdit::SoundEdit(const ZepaField& field, QWidget* parent)
     : FieldEdit(parent), m_line(new QLineEdit(this)), m_warning(makePlainLabel(this))
 {
     auto* play = new QPushButton(tr("&Play"));
-    play->setObjectName(QStringLiteral("play"));
+    play->setObjectName(u"play"_s);
     play->setAccessibleName(tr("Play the sound"));
     auto* choose = new QPushButton(tr("C&hoose..."));
-    choose->setObjectName(QStringLiteral("choose"));
+    choose->setObjectName(u"choose"_s);
     choose->setAccessibleName(tr("Choose a sound file"));
     for (QPushButton* button : {play, choose})
         button->setAutoDefault(false);
@@ -34,7 +36,7 @@ SoundEdit::SoundEdit(const ZepaField& field, QWidget* parent)
     for (QWidget* part : std::initializer_list<QWidget*>{m_line, play, choose})
         row->addWidget(part);
 
-    m_warning->setObjectName(QStringLiteral("soundWarning"));
+    m_warning->setObjectName(u"soundWarning"_s);
     m_warning->setWordWrap(true);
     m_warning->hide();
     auto* layout = new QVBoxLayout(this);

@@ -12,6 +12,8 @@
 #include <gtest/gtest.h>
 #include <sys/stat.h>
 
+using namespace Qt::StringLiterals;
+
 using namespace zepa::audio;
 
 namespace {
@@ -58,7 +60,7 @@ TEST_F(AudioServiceAlone, SaysOnceForAFileThatThereIsNoServer)
     }
     ASSERT_EQ(m_log.lines().size(), 1) << m_log.lines().join(u'\n').toStdString();
     EXPECT_TRUE(m_log.lines().front().contains(path("a.wav")));
-    EXPECT_TRUE(m_log.lines().front().contains(QStringLiteral("sound server")));
+    EXPECT_TRUE(m_log.lines().front().contains(u"sound server"_s));
 }
 
 TEST_F(AudioServiceAlone, NamesEachFileThatCannotBePlayedInOneLine)
@@ -66,8 +68,7 @@ TEST_F(AudioServiceAlone, NamesEachFileThatCannotBePlayedInOneLine)
     ASSERT_EQ(::mkfifo(QFile::encodeName(path("fifo")).constData(), 0600), 0);
     soundfiles::writeBytes(path("letter.wav"), "This is a letter.");
     AudioService service;
-    const QStringList files = {path("none.wav"), path("letter.wav"), path("fifo"), m_folder.path(),
-                               QStringLiteral("/dev/zero")};
+    const QStringList files = {path("none.wav"), path("letter.wav"), path("fifo"), m_folder.path(), u"/dev/zero"_s};
     for (int round = 0; round < 3; ++round) {
         for (const QString& file : files)
             service.playFile(file);
@@ -82,7 +83,7 @@ TEST_F(AudioServiceAlone, NamesEachFileThatCannotBePlayedInOneLine)
 TEST_F(AudioServiceAlone, WritesOneLineForANameWithLineBreaks)
 {
     AudioService service;
-    service.playFile(QStringLiteral("/none\nzepa.audio: forged"));
+    service.playFile(u"/none\nzepa.audio: forged"_s);
     ASSERT_TRUE(service.waitUntilIdle(patience));
     ASSERT_EQ(m_log.lines().size(), 1);
     EXPECT_FALSE(m_log.lines().front().contains(u'\n'));
@@ -101,7 +102,7 @@ TEST_F(AudioServiceAlone, HoldsABoundedNumberHoweverManyAreAskedFor)
 
 TEST_F(AudioServiceAlone, LeavesNoFilesOpenBehind)
 {
-    const auto open = [] { return QDir(QStringLiteral("/proc/self/fd")).entryList(QDir::System | QDir::Files).size(); };
+    const auto open = [] { return QDir(u"/proc/self/fd"_s).entryList(QDir::System | QDir::Files).size(); };
     const auto before = open();
     for (int round = 0; round < 20; ++round) {
         AudioService service;
@@ -117,20 +118,20 @@ TEST_F(AudioServiceAlone, LeavesNoFilesOpenBehind)
 TEST(PlayQueue, DropsWhatIsTooMuchAndTellsTheLastOfIt)
 {
     PlayQueue queue;
-    EXPECT_TRUE(queue.push(QStringLiteral("first")));
+    EXPECT_TRUE(queue.push(u"first"_s));
     for (std::size_t i = 1; i < PlayQueue::maxWaiting; ++i)
-        EXPECT_TRUE(queue.push(QStringLiteral("next")));
-    EXPECT_FALSE(queue.push(QStringLiteral("dropped")));
+        EXPECT_TRUE(queue.push(u"next"_s));
+    EXPECT_FALSE(queue.push(u"dropped"_s));
     EXPECT_EQ(queue.unfinished(), PlayQueue::maxWaiting);
-    EXPECT_EQ(queue.takeDropped(), QStringLiteral("dropped"));
+    EXPECT_EQ(queue.takeDropped(), u"dropped"_s);
     EXPECT_FALSE(queue.takeDropped().has_value());
-    EXPECT_EQ(queue.take()->path, QStringLiteral("first"));
+    EXPECT_EQ(queue.take()->path, u"first"_s);
 }
 
 TEST(PlayQueue, IsIdleOnlyWhenWhatWasTakenIsFinished)
 {
     PlayQueue queue;
-    queue.push(QStringLiteral("a"));
+    queue.push(u"a"_s);
     EXPECT_FALSE(queue.waitUntilIdle(std::chrono::milliseconds(0)));
     ASSERT_TRUE(queue.take().has_value());
     EXPECT_FALSE(queue.take().has_value());

@@ -11,6 +11,8 @@
 #include <numeric>
 #include <sys/stat.h>
 
+using namespace Qt::StringLiterals;
+
 using namespace zepa::audio;
 using testing::Each;
 using testing::HasSubstr;
@@ -90,13 +92,13 @@ TEST_F(SoundDecoder, RefusesAnEmptyNameAndOneWithAZeroInIt)
 {
     ASSERT_TRUE(soundfiles::write(path("a.wav"), SF_FORMAT_WAV | SF_FORMAT_PCM_16, soundfiles::sweep(10)));
     EXPECT_THAT(reason(QString()), HasSubstr("not a file name"));
-    EXPECT_THAT(reason(path("a.wav") + QChar(QChar::Null) + QStringLiteral("b")), HasSubstr("not a file name"));
+    EXPECT_THAT(reason(path("a.wav") + QChar(QChar::Null) + u"b"_s), HasSubstr("not a file name"));
 }
 
 TEST_F(SoundDecoder, RefusesADirectoryAFifoAndADeviceWithoutOpeningThem)
 {
     ASSERT_EQ(::mkfifo(QFile::encodeName(path("fifo")).constData(), 0600), 0);
-    for (const QString& file : {m_folder.path(), path("fifo"), QStringLiteral("/dev/zero"), QStringLiteral("/dev/tty")})
+    for (const QString& file : {m_folder.path(), path("fifo"), u"/dev/zero"_s, u"/dev/tty"_s})
         EXPECT_THAT(reason(file), HasSubstr("not a regular file")) << file.toStdString();
 }
 
@@ -213,7 +215,7 @@ TEST_F(SoundDecoder, CacheReadsARepairedFile)
 TEST_F(SoundDecoder, CacheKeepsTheClipsThatWereUsedLast)
 {
     SoundCache cache;
-    const auto name = [this](int number) { return m_folder.filePath(QStringLiteral("%1.wav").arg(number)); };
+    const auto name = [this](int number) { return m_folder.filePath(u"%1.wav"_s.arg(number)); };
     for (int number = 0; number < 40; ++number) {
         ASSERT_TRUE(soundfiles::write(name(number), SF_FORMAT_WAV | SF_FORMAT_PCM_16, soundfiles::sweep(10)));
         cache.load(name(number));

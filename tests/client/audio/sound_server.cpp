@@ -7,6 +7,8 @@
 #include <csignal>
 #include <cstring>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 constexpr int patience = 30'000;
@@ -28,36 +30,34 @@ SoundServer::~SoundServer()
 
 QString SoundServer::missing()
 {
-    for (const QString& program : {QStringLiteral("pulseaudio"), QStringLiteral("parec"), QStringLiteral("pactl")}) {
+    for (const QString& program : {u"pulseaudio"_s, u"parec"_s, u"pactl"_s}) {
         if (QStandardPaths::findExecutable(program).isEmpty())
-            return program + QStringLiteral(" is not installed");
+            return program + u" is not installed"_s;
     }
     return {};
 }
 
 QString SoundServer::address() const
 {
-    return QStringLiteral("unix:") + m_folder.filePath(QStringLiteral("native"));
+    return u"unix:"_s + m_folder.filePath(u"native"_s);
 }
 
 bool SoundServer::start()
 {
-    const QString socket = m_folder.filePath(QStringLiteral("native"));
+    const QString socket = m_folder.filePath(u"native"_s);
     QFile::remove(socket); // what a server that was killed left
     QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-    environment.insert(QStringLiteral("HOME"), m_folder.path());
-    environment.insert(QStringLiteral("XDG_RUNTIME_DIR"), m_folder.path());
-    environment.insert(QStringLiteral("XDG_CONFIG_HOME"), m_folder.path());
-    environment.remove(QStringLiteral("PULSE_SERVER"));
+    environment.insert(u"HOME"_s, m_folder.path());
+    environment.insert(u"XDG_RUNTIME_DIR"_s, m_folder.path());
+    environment.insert(u"XDG_CONFIG_HOME"_s, m_folder.path());
+    environment.remove(u"PULSE_SERVER"_s);
     m_server.setProcessEnvironment(environment);
     m_server.setProcessChannelMode(QProcess::ForwardedErrorChannel);
-    m_server.start(QStringLiteral("pulseaudio"),
-                   {QStringLiteral("-n"), QStringLiteral("--daemonize=no"), QStringLiteral("--use-pid-file=no"),
-                    QStringLiteral("--exit-idle-time=-1"), QStringLiteral("--disallow-exit"),
-                    QStringLiteral("--realtime=no"), QStringLiteral("--high-priority=no"),
-                    QStringLiteral("--log-level=0"),
-                    QStringLiteral("--load=module-native-protocol-unix socket=%1 auth-anonymous=1").arg(socket),
-                    QStringLiteral("--load=module-null-sink sink_name=test rate=44100 channels=2 format=s16le")});
+    m_server.start(u"pulseaudio"_s,
+                   {u"-n"_s, u"--daemonize=no"_s, u"--use-pid-file=no"_s, u"--exit-idle-time=-1"_s,
+                    u"--disallow-exit"_s, u"--realtime=no"_s, u"--high-priority=no"_s, u"--log-level=0"_s,
+                    u"--load=module-native-protocol-unix socket=%1 auth-anonymous=1"_s.arg(socket),
+                    u"--load=module-null-sink sink_name=test rate=44100 channels=2 format=s16le"_s});
     qputenv("PULSE_SERVER", address().toUtf8());
     if (!m_server.waitForStarted(patience))
         return false;
@@ -65,8 +65,7 @@ bool SoundServer::start()
     // The socket is there before the sink is: ask until the sink answers.
     for (int attempt = 0; attempt < 100 && m_server.state() == QProcess::Running; ++attempt) {
         QProcess asked;
-        asked.start(QStringLiteral("pactl"), {QStringLiteral("-s"), address(), QStringLiteral("list"),
-                                              QStringLiteral("short"), QStringLiteral("sinks")});
+        asked.start(u"pactl"_s, {u"-s"_s, address(), u"list"_s, u"short"_s, u"sinks"_s});
         asked.waitForFinished(patience);
         if (asked.readAllStandardOutput().contains("test"))
             return true;
@@ -93,15 +92,13 @@ void SoundServer::continueIt()
     send(m_server, SIGCONT);
 }
 
-SoundRecorder::SoundRecorder(const SoundServer& server) : m_file(m_folder.filePath(QStringLiteral("recording")))
+SoundRecorder::SoundRecorder(const SoundServer& server) : m_file(m_folder.filePath(u"recording"_s))
 {
     // Into a file, since a pipe that nobody reads for a while would make the recorder lose sound.
     m_recorder.setStandardOutputFile(m_file.fileName());
     m_recorder.setProcessChannelMode(QProcess::ForwardedErrorChannel);
-    m_recorder.start(QStringLiteral("parec"),
-                     {QStringLiteral("-s"), server.address(), QStringLiteral("-d"), QStringLiteral("test.monitor"),
-                      QStringLiteral("--latency-msec=5"), QStringLiteral("--format=s16le"),
-                      QStringLiteral("--rate=44100"), QStringLiteral("--channels=1")});
+    m_recorder.start(u"parec"_s, {u"-s"_s, server.address(), u"-d"_s, u"test.monitor"_s, u"--latency-msec=5"_s,
+                                  u"--format=s16le"_s, u"--rate=44100"_s, u"--channels=1"_s});
     m_begun = m_recorder.waitForStarted(patience) && m_file.open(QFile::ReadOnly) && !take(0.01).empty();
 }
 

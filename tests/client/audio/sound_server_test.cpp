@@ -16,6 +16,8 @@
 #include <algorithm>
 #include <gtest/gtest.h>
 
+using namespace Qt::StringLiterals;
+
 using namespace zepa::audio;
 
 namespace {
@@ -25,7 +27,7 @@ const char* const themeSounds[] = {"bell", "mail", "online", "message", "file", 
 
 QString themeSound(const char* name)
 {
-    return QStringLiteral(ZEPA_SOURCE_THEMES "/sounds/default/%1.wav").arg(QString::fromUtf8(name));
+    return QString::fromUtf8(ZEPA_SOURCE_THEMES "/sounds/default/%1.wav").arg(QString::fromUtf8(name));
 }
 
 std::vector<float> samplesOf(const QString& path)
@@ -194,7 +196,7 @@ TEST_F(RealSoundServer, IsGivenUpWhenItHangsAndHeardAgainAfterwards)
         service.playFile(themeSound("bell"));
     EXPECT_TRUE(service.waitUntilIdle(patience)) << "it waits for ever";
     const QString lines = m_log.lines().join(u'\n');
-    EXPECT_TRUE(lines.contains(QStringLiteral("does not answer"))) << lines.toStdString();
+    EXPECT_TRUE(lines.contains(u"does not answer"_s)) << lines.toStdString();
     EXPECT_TRUE(lines.contains(themeSound("bell")));
     m_server.continueIt();
 
@@ -221,9 +223,7 @@ TEST_F(RealSoundServer, DoesNotHoldTheEndOfTheServiceWhenItHangs)
 
 TEST_F(RealSoundServer, TakesAHundredPlaysInARowWithoutGrowth)
 {
-    const auto openFiles = [] {
-        return QDir(QStringLiteral("/proc/self/fd")).entryList(QDir::System | QDir::Files).size();
-    };
+    const auto openFiles = [] { return QDir(u"/proc/self/fd"_s).entryList(QDir::System | QDir::Files).size(); };
     AudioService service;
     service.playFile(themeSound("message"));
     ASSERT_TRUE(service.waitUntilIdle(patience));
@@ -236,7 +236,6 @@ TEST_F(RealSoundServer, TakesAHundredPlaysInARowWithoutGrowth)
     }
     EXPECT_EQ(openFiles(), before);
     for (const QString& line : m_log.lines()) {
-        EXPECT_TRUE(line.contains(QStringLiteral("too many")) || line.contains(QStringLiteral("too long")))
-            << line.toStdString();
+        EXPECT_TRUE(line.contains(u"too many"_s) || line.contains(u"too long"_s)) << line.toStdString();
     }
 }

@@ -17,22 +17,23 @@
 #include <gtest/gtest.h>
 #include <map>
 
+using namespace Qt::StringLiterals;
+
 using zepa::audio::decodeSound;
 using zepa::audio::SoundClip;
 
 namespace {
 
 constexpr int patience = 60'000;
-const QString themes = QStringLiteral(ZEPA_SOURCE_THEMES "/");
-const QStringList soundNames = {QStringLiteral("bell"),    QStringLiteral("mail"), QStringLiteral("online"),
-                                QStringLiteral("message"), QStringLiteral("file"), QStringLiteral("login")};
+const QString themes = QString::fromUtf8(ZEPA_SOURCE_THEMES "/");
+const QStringList soundNames = {u"bell"_s, u"mail"_s, u"online"_s, u"message"_s, u"file"_s, u"login"_s};
 
 /// Runs a script of the themes with one argument; what it said when it failed, else empty.
 QString runScript(const char* script, const QString& argument)
 {
     QProcess process;
     process.setProcessChannelMode(QProcess::MergedChannels);
-    process.start(QStringLiteral("/usr/bin/python3"), {themes + QString::fromUtf8(script), argument});
+    process.start(u"/usr/bin/python3"_s, {themes + QString::fromUtf8(script), argument});
     if (!process.waitForFinished(patience))
         return process.errorString();
     return process.exitCode() == 0 ? QString() : QString::fromUtf8(process.readAll());
@@ -57,7 +58,7 @@ std::map<QString, std::shared_ptr<const SoundClip>> sounds()
 {
     std::map<QString, std::shared_ptr<const SoundClip>> clips;
     for (const QString& name : soundNames)
-        clips[name] = decodeSound(themes + QStringLiteral("sounds/default/%1.wav").arg(name)).clip;
+        clips[name] = decodeSound(themes + u"sounds/default/%1.wav"_s.arg(name)).clip;
     return clips;
 }
 
@@ -88,11 +89,11 @@ void expectPicture(const QString& file, int size)
 
 TEST(SoundTheme, IsWhatItsScriptMakes)
 {
-    if (!QFile::exists(QStringLiteral("/usr/bin/python3")))
+    if (!QFile::exists(u"/usr/bin/python3"_s))
         GTEST_SKIP() << "/usr/bin/python3 is not installed";
     const QTemporaryDir folder;
     EXPECT_EQ(runScript("make-sounds", folder.path()).toStdString(), "");
-    expectSameFiles(folder.path(), themes + QStringLiteral("sounds/default"), QStringLiteral("*.wav"));
+    expectSameFiles(folder.path(), themes + u"sounds/default"_s, u"*.wav"_s);
 }
 
 TEST(SoundTheme, HoldsTheSixSoundsShortAndInOneFormat)
@@ -103,7 +104,7 @@ TEST(SoundTheme, HoldsTheSixSoundsShortAndInOneFormat)
         EXPECT_EQ(clip->channels, 1);
         EXPECT_LT(clip->duration().count(), 1200) << name.toStdString();
     }
-    EXPECT_EQ(filesIn(themes + QStringLiteral("sounds/default"), QStringLiteral("*")).size(), soundNames.size());
+    EXPECT_EQ(filesIn(themes + u"sounds/default"_s, u"*"_s).size(), soundNames.size());
 }
 
 TEST(SoundTheme, IsEquallyLoudThroughoutAndNeverTooLoud)
@@ -134,17 +135,16 @@ TEST(SoundTheme, HasSoundsThatDiffer)
 
 TEST(PictureThemes, AreWhatTheirScriptDraws)
 {
-    if (QStandardPaths::findExecutable(QStringLiteral("rsvg-convert")).isEmpty())
+    if (QStandardPaths::findExecutable(u"rsvg-convert"_s).isEmpty())
         GTEST_SKIP() << "rsvg-convert (librsvg2-bin) is not installed";
     const QTemporaryDir folder;
     EXPECT_EQ(runScript("make-pictures", folder.path()).toStdString(), "");
     for (const char* theme : {"icons/default", "roster/default"}) {
         const QString made = folder.filePath(QString::fromUtf8(theme));
         const QString kept = themes + QString::fromUtf8(theme);
-        expectSameFiles(made + QStringLiteral("/svg"), kept + QStringLiteral("/svg"), QStringLiteral("*.svg"));
+        expectSameFiles(made + u"/svg"_s, kept + u"/svg"_s, u"*.svg"_s);
         // The renderer's versions may differ by a shade: of the pictures only the names are compared.
-        EXPECT_EQ(filesIn(made + QStringLiteral("/icons"), QStringLiteral("*")),
-                  filesIn(kept + QStringLiteral("/icons"), QStringLiteral("*")));
+        EXPECT_EQ(filesIn(made + u"/icons"_s, u"*"_s), filesIn(kept + u"/icons"_s, u"*"_s));
     }
 }
 
@@ -157,26 +157,26 @@ TEST(PictureThemes, HaveAPictureForEachTypeOfTheCatalogue)
     const QStringList types = module->getNotifications().keys();
     ASSERT_EQ(types.size(), 18);
     for (const QString& type : types)
-        expectPicture(themes + QStringLiteral("icons/default/icons/%1.png").arg(type), 64);
+        expectPicture(themes + u"icons/default/icons/%1.png"_s.arg(type), 64);
     delete module;
 }
 
 TEST(PictureThemes, HaveThePicturesOfTheMethodsAndTheProgram)
 {
-    const QString icons = themes + QStringLiteral("icons/default/icons/");
+    const QString icons = themes + u"icons/default/icons/"_s;
     for (const char* name : {"speaker", "popup", "chat", "attention", "speech", "log", "command", "zepa"})
-        expectPicture(icons + QString::fromUtf8(name) + QStringLiteral(".png"), 64);
+        expectPicture(icons + QString::fromUtf8(name) + u".png"_s, 64);
     for (const int size : {16, 22, 24, 32, 48, 128, 256})
-        expectPicture(icons + QStringLiteral("zepa-%1.png").arg(size), size);
+        expectPicture(icons + u"zepa-%1.png"_s.arg(size), size);
 }
 
 TEST(PictureThemes, HaveThePresencesInThreeSizes)
 {
-    const QString icons = themes + QStringLiteral("roster/default/icons/");
+    const QString icons = themes + u"roster/default/icons/"_s;
     for (const char* name : {"avail", "chat", "away", "xa", "busy", "invisible", "unavail", "connecting", "unknown"}) {
-        expectPicture(icons + QString::fromUtf8(name) + QStringLiteral(".png"), 64);
+        expectPicture(icons + QString::fromUtf8(name) + u".png"_s, 64);
         for (const int size : {22, 32})
-            expectPicture(icons + QStringLiteral("%1-%2.png").arg(QString::fromUtf8(name)).arg(size), size);
+            expectPicture(icons + u"%1-%2.png"_s.arg(QString::fromUtf8(name)).arg(size), size);
     }
 }
 
@@ -184,7 +184,7 @@ TEST(Themes, AreWhereTheSettingsLookForThem)
 {
     const QTemporaryDir folder;
     const zepa::Settings settings(folder.path());
-    EXPECT_TRUE(QFile::exists(settings.getCurrentThemeDir() + QStringLiteral("icons/speaker.png")));
-    EXPECT_TRUE(QFile::exists(settings.getCurrentRosterThemeDir() + QStringLiteral("icons/unavail.png")));
-    EXPECT_TRUE(QFile::exists(settings.getCurrentSoundThemeDir() + QStringLiteral("bell.wav")));
+    EXPECT_TRUE(QFile::exists(settings.getCurrentThemeDir() + u"icons/speaker.png"_s));
+    EXPECT_TRUE(QFile::exists(settings.getCurrentRosterThemeDir() + u"icons/unavail.png"_s));
+    EXPECT_TRUE(QFile::exists(settings.getCurrentSoundThemeDir() + u"bell.wav"_s));
 }

@@ -11,6 +11,8 @@
 #include <QTextDocument>
 #include <gtest/gtest.h>
 
+using namespace Qt::StringLiterals;
+
 using zepa::ChatHistory;
 using zepa::ChatLine;
 
@@ -28,7 +30,7 @@ protected:
     void add(const QString& text, int times = 1)
     {
         for (int i = 0; i < times; ++i)
-            history.append({ChatLine::Kind::Incoming, QStringLiteral("Anna"), text, QDateTime::currentDateTime()});
+            history.append({ChatLine::Kind::Incoming, u"Anna"_s, text, QDateTime::currentDateTime()});
     }
     bool isAtEnd() { return history.verticalScrollBar()->value() == history.verticalScrollBar()->maximum(); }
 
@@ -40,11 +42,11 @@ protected:
 
 TEST_F(History, TheViewStaysAtTheEndOnlyWhenItWasThere)
 {
-    add(QStringLiteral("line"), 50);
+    add(u"line"_s, 50);
     EXPECT_GT(history.verticalScrollBar()->maximum(), 0);
     EXPECT_TRUE(isAtEnd());
     history.verticalScrollBar()->setValue(10);
-    add(QStringLiteral("line"), 5);
+    add(u"line"_s, 5);
     EXPECT_EQ(history.verticalScrollBar()->value(), 10);
 }
 
@@ -55,17 +57,17 @@ TEST_F(History, ALineAddedTouchesOnlyTheEnd)
         if (from + added + 2 < history.document()->characterCount())
             ++early;
     });
-    add(QStringLiteral("line"), 1000);
+    add(u"line"_s, 1000);
     EXPECT_EQ(history.document()->blockCount(), 1000);
     EXPECT_EQ(early, 0);
 }
 
 TEST_F(History, TheOldestLinesGoWhenThereAreTooMany)
 {
-    add(QStringLiteral("old"));
-    add(QStringLiteral("new"), ChatHistory::mostLines);
+    add(u"old"_s);
+    add(u"new"_s, ChatHistory::mostLines);
     EXPECT_LE(history.document()->blockCount(), ChatHistory::mostLines);
-    EXPECT_FALSE(history.toPlainText().contains(QStringLiteral("old")));
+    EXPECT_FALSE(history.toPlainText().contains(u"old"_s));
     EXPECT_TRUE(isAtEnd());
 }
 
@@ -77,8 +79,8 @@ TEST_F(History, TheTextOfAllLinesIsBounded)
 
 TEST_F(History, EachLineHasItsOwnDirection)
 {
-    add(QStringLiteral("hello"));
-    add(QStringLiteral("\u05e9\u05dc\u05d5\u05dd"));
+    add(u"hello"_s);
+    add(u"\u05e9\u05dc\u05d5\u05dd"_s);
     EXPECT_EQ(history.document()->firstBlock().blockFormat().layoutDirection(), Qt::LeftToRight);
     EXPECT_EQ(history.document()->lastBlock().blockFormat().layoutDirection(), Qt::RightToLeft);
 }
@@ -92,7 +94,7 @@ TEST_F(History, AVeryLongWordIsWrapped)
 
 TEST_F(History, AnotherPaletteGivesTheOldLinesItsColours)
 {
-    add(QStringLiteral("hello"));
+    add(u"hello"_s);
     QPalette dark;
     dark.setColor(QPalette::Base, Qt::black);
     dark.setColor(QPalette::Text, Qt::white);
@@ -103,15 +105,15 @@ TEST_F(History, AnotherPaletteGivesTheOldLinesItsColours)
 
 TEST_F(History, ANewLineSelectsNothing)
 {
-    add(QStringLiteral("hello"), 3);
+    add(u"hello"_s, 3);
     EXPECT_FALSE(history.textCursor().hasSelection());
 }
 
 TEST_F(History, WhatIsCopiedAreTheWordsThatAreSelected)
 {
-    for (const QString& name : {QStringLiteral("Anna"), QStringLiteral("Bob")}) {
-        history.append({ChatLine::Kind::Information, {}, name + QStringLiteral(" is away"), time});
-        history.append({ChatLine::Kind::Incoming, name, QStringLiteral("two\nlines"), time});
+    for (const QString& name : {u"Anna"_s, u"Bob"_s}) {
+        history.append({ChatLine::Kind::Information, {}, name + u" is away"_s, time});
+        history.append({ChatLine::Kind::Incoming, name, u"two\nlines"_s, time});
     }
     const int end = history.document()->characterCount() - 1;
     for (int from = 0; from < end; ++from) {
@@ -121,12 +123,12 @@ TEST_F(History, WhatIsCopiedAreTheWordsThatAreSelected)
             selection.setPosition(to, QTextCursor::KeepAnchor);
             QString expected = selection.selectedText();
             expected.replace(QChar::ParagraphSeparator, u'\n').replace(QChar::LineSeparator, u'\n');
-            expected.replace(QChar::ObjectReplacementCharacter, QStringLiteral("Information:"));
+            expected.replace(QChar::ObjectReplacementCharacter, u"Information:"_s);
             expected.remove(u'\u2068').remove(u'\u2069');
             history.setTextCursor(selection);
             history.copy();
             ASSERT_EQ(QGuiApplication::clipboard()->text(), expected) << from << " to " << to;
         }
     }
-    EXPECT_EQ(history.lastLineAloud(), QStringLiteral("Bob  12:05\ntwo\nlines"));
+    EXPECT_EQ(history.lastLineAloud(), u"Bob  12:05\ntwo\nlines"_s);
 }

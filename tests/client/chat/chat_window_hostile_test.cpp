@@ -22,6 +22,8 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+using namespace Qt::StringLiterals;
+
 using zepa::ChatManager;
 
 namespace {
@@ -60,14 +62,14 @@ protected:
     {
         qputenv("XDG_DATA_HOME", folder.path().toUtf8());
         ASSERT_TRUE(QDir().mkpath(icons));
-        settings = std::make_unique<zepa::Settings>(folder.filePath(QStringLiteral("settings")));
-        open(QStringLiteral("Anna"));
+        settings = std::make_unique<zepa::Settings>(folder.filePath(u"settings"_s));
+        open(u"Anna"_s);
     }
     void TearDown() override { ChatManager::instance().closeAll(); }
 
     void open(const QString& name)
     {
-        window = ChatManager::instance().open(ZepaBuddy(QStringLiteral("anna"), name, ZepaBuddy::Contact));
+        window = ChatManager::instance().open(ZepaBuddy(u"anna"_s, name, ZepaBuddy::Contact));
         ASSERT_TRUE(QTest::qWaitForWindowExposed(window));
         history = window->findChild<zepa::ChatHistory*>();
     }
@@ -82,12 +84,12 @@ protected:
 
     QString spoken()
     {
-        auto* live = window->findChild<QWidget*>(QStringLiteral("live"));
+        auto* live = window->findChild<QWidget*>(u"live"_s);
         return QAccessible::queryAccessibleInterface(live)->text(QAccessible::Name);
     }
 
     QTemporaryDir folder;
-    QString icons = folder.filePath(QStringLiteral("zepa/themes/icons/default/icons/"));
+    QString icons = folder.filePath(u"zepa/themes/icons/default/icons/"_s);
     std::unique_ptr<zepa::Settings> settings;
     zepa::ChatWindow* window = nullptr;
     zepa::ChatHistory* history = nullptr;
@@ -97,15 +99,14 @@ protected:
 
 TEST_F(HostileMessages, ControlCharactersAndHalvesOfCharactersAreShownAsReplacements)
 {
-    QString sent = QStringLiteral("a?b?c?d?e");
+    QString sent = u"a?b?c?d?e"_s;
     sent[1] = QChar::Null;
     sent[3] = QChar(0x1b);
     sent[5] = QChar(0xd800);
     sent[7] = QChar(0xdc00);
 
     window->receiveMessage(sent);
-    const QString clean =
-        QStringLiteral("a") + replacement + u'b' + replacement + u'c' + replacement + u'd' + replacement + u'e';
+    const QString clean = u"a"_s + replacement + u'b' + replacement + u'c' + replacement + u'd' + replacement + u'e';
     EXPECT_EQ(shown(), clean);
     EXPECT_TRUE(spoken().endsWith(clean));
     window->notifyMessage(sent);
@@ -116,20 +117,19 @@ TEST_F(HostileMessages, ControlCharactersAndHalvesOfCharactersAreShownAsReplacem
 TEST_F(HostileMessages, ANameOfSuchCharactersIsShownOnOneLineEverywhere)
 {
     open(QString::fromUtf16(u"An\0\n\xd800\u202e[*]na", 11));
-    const QString name = QStringLiteral("An") + replacement + u' ' + replacement + QStringLiteral("[*]na");
-    window->receiveMessage(QStringLiteral("hello"));
-    EXPECT_EQ(QAccessible::queryAccessibleInterface(history)->text(QAccessible::Name),
-              QStringLiteral("Conversation with ") + name);
+    const QString name = u"An"_s + replacement + u' ' + replacement + u"[*]na"_s;
+    window->receiveMessage(u"hello"_s);
+    EXPECT_EQ(QAccessible::queryAccessibleInterface(history)->text(QAccessible::Name), u"Conversation with "_s + name);
     EXPECT_TRUE(history->document()->lastBlock().text().contains(name));
-    EXPECT_EQ(shown(), QStringLiteral("hello"));
+    EXPECT_EQ(shown(), u"hello"_s);
 }
 
 TEST_F(HostileMessages, APipeOfTheThemeIsNeverOpened)
 {
-    const QString pipe = icons + QStringLiteral("pipe.png");
+    const QString pipe = icons + u"pipe.png"_s;
     ASSERT_EQ(mkfifo(QFile::encodeName(pipe).constData(), 0600), 0);
     Opened opened(pipe);
-    const QString marker = QStringLiteral("image:%1:image").arg(pipe);
+    const QString marker = u"image:%1:image"_s.arg(pipe);
     window->receiveMessage(marker);
     EXPECT_EQ(shown(), marker);
     window->notifyMessage(marker);
@@ -143,17 +143,16 @@ TEST_F(HostileMessages, APipeOfTheThemeIsNeverOpened)
 
 TEST_F(HostileMessages, AFileOutsideOfTheThemeIsNeverOpened)
 {
-    const QString secret = folder.filePath(QStringLiteral("secret.png"));
+    const QString secret = folder.filePath(u"secret.png"_s);
     QImage picture(8, 8, QImage::Format_RGB32);
     picture.fill(Qt::red);
     ASSERT_TRUE(picture.save(secret));
-    ASSERT_TRUE(QFile::link(secret, icons + QStringLiteral("link.png")));
+    ASSERT_TRUE(QFile::link(secret, icons + u"link.png"_s));
     Opened opened(secret);
-    for (const QString& address :
-         {secret, icons + QStringLiteral("../../../../../secret.png"), icons + QStringLiteral("link.png"),
-          QStringLiteral("file://") + secret, QStringLiteral("qrc:/..") + secret}) {
-        const QString marker = QStringLiteral("image:%1:image").arg(address);
-        window->receiveMessage(marker + QStringLiteral(" <img src=\"%1\">").arg(address));
+    for (const QString& address : {secret, icons + u"../../../../../secret.png"_s, icons + u"link.png"_s,
+                                   u"file://"_s + secret, u"qrc:/.."_s + secret}) {
+        const QString marker = u"image:%1:image"_s.arg(address);
+        window->receiveMessage(marker + u" <img src=\"%1\">"_s.arg(address));
         EXPECT_TRUE(shown().startsWith(marker)) << address.toStdString();
     }
     EXPECT_EQ(opened.count(), 0);
@@ -162,10 +161,10 @@ TEST_F(HostileMessages, AFileOutsideOfTheThemeIsNeverOpened)
 TEST_F(HostileMessages, AThousandLinesAreShownAndTheLastIsInSight)
 {
     for (int i = 1; i <= 1000; ++i)
-        window->receiveMessage(QStringLiteral("line %1").arg(i));
+        window->receiveMessage(u"line %1"_s.arg(i));
     EXPECT_EQ(history->document()->blockCount(), 1000);
-    EXPECT_EQ(shown(), QStringLiteral("line 1000"));
-    EXPECT_TRUE(history->document()->firstBlock().text().endsWith(QStringLiteral("line 1")));
+    EXPECT_EQ(shown(), u"line 1000"_s);
+    EXPECT_TRUE(history->document()->firstBlock().text().endsWith(u"line 1"_s));
     EXPECT_EQ(history->verticalScrollBar()->value(), history->verticalScrollBar()->maximum());
     QTextCursor last(history->document());
     last.movePosition(QTextCursor::End);
@@ -174,14 +173,14 @@ TEST_F(HostileMessages, AThousandLinesAreShownAndTheLastIsInSight)
 
 TEST_F(HostileMessages, ATextFromRightToLeftStandsAtTheRight)
 {
-    window->receiveMessage(QStringLiteral("\u05e9\u05dc\u05d5\u05dd"));
+    window->receiveMessage(u"\u05e9\u05dc\u05d5\u05dd"_s);
     const QTextBlock line = history->document()->lastBlock();
     EXPECT_EQ(line.blockFormat().layoutDirection(), Qt::RightToLeft);
-    EXPECT_EQ(shown(), QStringLiteral("\u05e9\u05dc\u05d5\u05dd"));
+    EXPECT_EQ(shown(), u"\u05e9\u05dc\u05d5\u05dd"_s);
     QTextCursor end(history->document());
     end.movePosition(QTextCursor::End);
     EXPECT_GT(history->cursorRect(end).x(), history->viewport()->width() / 2);
-    window->receiveMessage(QStringLiteral("hello"));
+    window->receiveMessage(u"hello"_s);
     end.movePosition(QTextCursor::End);
     EXPECT_LT(history->cursorRect(end).x(), history->viewport()->width() / 2);
 }

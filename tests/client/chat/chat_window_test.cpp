@@ -14,6 +14,8 @@
 #include <QTextBlock>
 #include <gtest/gtest.h>
 
+using namespace Qt::StringLiterals;
+
 using zepa::ChatManager;
 using zepa::ChatWindow;
 
@@ -25,11 +27,11 @@ protected:
     void SetUp() override
     {
         qputenv("XDG_DATA_HOME", folder.path().toUtf8());
-        QDir().mkpath(theme + QStringLiteral("icons"));
+        QDir().mkpath(theme + u"icons"_s);
         QImage bell(24, 24, QImage::Format_RGB32);
         bell.fill(Qt::green);
-        ASSERT_TRUE(bell.save(theme + QStringLiteral("icons/bell.png")));
-        settings = std::make_unique<zepa::Settings>(folder.filePath(QStringLiteral("settings")));
+        ASSERT_TRUE(bell.save(theme + u"icons/bell.png"_s));
+        settings = std::make_unique<zepa::Settings>(folder.filePath(u"settings"_s));
         window = ChatManager::instance().open(anna);
         history = window->findChild<zepa::ChatHistory*>();
         input = window->findChild<QLineEdit*>();
@@ -37,10 +39,10 @@ protected:
     void TearDown() override { ChatManager::instance().closeAll(); }
 
     QTemporaryDir folder;
-    QString theme = folder.filePath(QStringLiteral("zepa/themes/icons/default/"));
+    QString theme = folder.filePath(u"zepa/themes/icons/default/"_s);
     std::unique_ptr<zepa::Settings> settings;
-    ZepaBuddy anna{QStringLiteral("anna@example.org"), QStringLiteral("Anna"), ZepaBuddy::Contact};
-    ZepaBuddy bert{QStringLiteral("bert@example.org"), QStringLiteral("Bert"), ZepaBuddy::Contact};
+    ZepaBuddy anna{u"anna@example.org"_s, u"Anna"_s, ZepaBuddy::Contact};
+    ZepaBuddy bert{u"bert@example.org"_s, u"Bert"_s, ZepaBuddy::Contact};
     ChatWindow* window = nullptr;
     zepa::ChatHistory* history = nullptr;
     QLineEdit* input = nullptr;
@@ -70,19 +72,19 @@ TEST_F(ChatWindows, AClosedWindowIsForgotten)
 TEST_F(ChatWindows, EnterSendsWhatWasWrittenAndShowsIt)
 {
     QSignalSpy sent(&ChatManager::instance(), &ChatManager::messageEntered);
-    QTest::keyClicks(input, QStringLiteral("hello"));
+    QTest::keyClicks(input, u"hello"_s);
     QTest::keyClick(input, Qt::Key_Return);
     QTest::keyClick(input, Qt::Key_Return);
     ASSERT_EQ(sent.count(), 1);
-    EXPECT_EQ(sent.at(0).at(1).toString(), QStringLiteral("hello"));
-    EXPECT_TRUE(history->toPlainText().endsWith(QStringLiteral("hello")));
+    EXPECT_EQ(sent.at(0).at(1).toString(), u"hello"_s);
+    EXPECT_TRUE(history->toPlainText().endsWith(u"hello"_s));
     EXPECT_TRUE(input->text().isEmpty());
 }
 
 TEST_F(ChatWindows, AnInformationLineIsSetApartFromMessages)
 {
-    window->receiveMessage(QStringLiteral("hello"));
-    window->notifyMessage(QStringLiteral("Anna is away"));
+    window->receiveMessage(u"hello"_s);
+    window->notifyMessage(u"Anna is away"_s);
     const QTextBlock message = history->document()->firstBlock();
     const QTextBlock line = history->document()->lastBlock();
     EXPECT_EQ(line.blockFormat().alignment(), Qt::AlignHCenter);
@@ -94,35 +96,34 @@ TEST_F(ChatWindows, AnInformationLineIsSetApartFromMessages)
 TEST_F(ChatWindows, APictureOfTheThemeIsShownAndAnyOtherMarkerIsText)
 {
     const auto pictures = [this] { return history->toPlainText().count(QChar(QChar::ObjectReplacementCharacter)); };
-    window->receiveMessage(QStringLiteral("see image:") + theme + QStringLiteral("icons/bell.png:image"));
+    window->receiveMessage(u"see image:"_s + theme + u"icons/bell.png:image"_s);
     EXPECT_EQ(pictures(), 1);
-    window->receiveMessage(QStringLiteral("see image:/etc/passwd:image <img src=\"/etc/passwd\">"));
+    window->receiveMessage(u"see image:/etc/passwd:image <img src=\"/etc/passwd\">"_s);
     EXPECT_EQ(pictures(), 1);
-    EXPECT_TRUE(history->toPlainText().endsWith(QStringLiteral("image:/etc/passwd:image <img src=\"/etc/passwd\">")));
+    EXPECT_TRUE(history->toPlainText().endsWith(u"image:/etc/passwd:image <img src=\"/etc/passwd\">"_s));
 }
 
 TEST_F(ChatWindows, TheDocumentFetchesNothing)
 {
-    const QUrl file = QUrl::fromLocalFile(theme + QStringLiteral("icons/bell.png"));
+    const QUrl file = QUrl::fromLocalFile(theme + u"icons/bell.png"_s);
     EXPECT_FALSE(history->document()->resource(QTextDocument::ImageResource, file).isValid());
 }
 
 TEST_F(ChatWindows, NewLinesAreReadAloudAndCanBeReadBack)
 {
-    QAccessibleInterface* live =
-        QAccessible::queryAccessibleInterface(window->findChild<QWidget*>(QStringLiteral("live")));
+    QAccessibleInterface* live = QAccessible::queryAccessibleInterface(window->findChild<QWidget*>(u"live"_s));
     ASSERT_TRUE(live);
     EXPECT_EQ(live->role(), QAccessible::Notification);
-    window->receiveMessage(QStringLiteral("hello"));
+    window->receiveMessage(u"hello"_s);
     const QString spoken = live->text(QAccessible::Name);
-    EXPECT_TRUE(spoken.startsWith(QStringLiteral("Anna")) && spoken.endsWith(QStringLiteral("hello")));
-    window->notifyMessage(QStringLiteral("image:") + theme + QStringLiteral("icons/bell.png:image rang"));
-    EXPECT_TRUE(live->text(QAccessible::Name).endsWith(QStringLiteral("bell rang")));
+    EXPECT_TRUE(spoken.startsWith(u"Anna"_s) && spoken.endsWith(u"hello"_s));
+    window->notifyMessage(u"image:"_s + theme + u"icons/bell.png:image rang"_s);
+    EXPECT_TRUE(live->text(QAccessible::Name).endsWith(u"bell rang"_s));
 
     QAccessibleInterface* accessible = QAccessible::queryAccessibleInterface(history);
     ASSERT_TRUE(accessible && accessible->textInterface());
     QAccessibleTextInterface* text = accessible->textInterface();
-    EXPECT_TRUE(text->text(0, text->characterCount()).contains(QStringLiteral("hello")));
-    EXPECT_EQ(accessible->text(QAccessible::Name), QStringLiteral("Conversation with Anna"));
-    EXPECT_EQ(QAccessible::queryAccessibleInterface(input)->text(QAccessible::Name), QStringLiteral("Message to Anna"));
+    EXPECT_TRUE(text->text(0, text->characterCount()).contains(u"hello"_s));
+    EXPECT_EQ(accessible->text(QAccessible::Name), u"Conversation with Anna"_s);
+    EXPECT_EQ(QAccessible::queryAccessibleInterface(input)->text(QAccessible::Name), u"Message to Anna"_s);
 }

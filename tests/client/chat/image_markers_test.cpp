@@ -3,6 +3,8 @@
 
 #include <gtest/gtest.h>
 
+using namespace Qt::StringLiterals;
+
 using zepa::MessagePart;
 using zepa::splitAtImageMarkers;
 
@@ -15,51 +17,46 @@ MessagePart words(const QString& text)
 
 MessagePart marker(const QString& address)
 {
-    return {QStringLiteral("image:") + address + QStringLiteral(":image"), address};
+    return {u"image:"_s + address + u":image"_s, address};
 }
 
 } // namespace
 
 TEST(ImageMarkers, AMessageWithoutMarkersIsOnePiece)
 {
-    EXPECT_EQ(splitAtImageMarkers(QStringLiteral("see the image")),
-              QList<MessagePart>{words(QStringLiteral("see the image"))});
+    EXPECT_EQ(splitAtImageMarkers(u"see the image"_s), QList<MessagePart>{words(u"see the image"_s)});
     EXPECT_TRUE(splitAtImageMarkers(QString()).isEmpty());
 }
 
 TEST(ImageMarkers, AMarkerIsCutOutOfTheWordsAroundIt)
 {
-    const QList<MessagePart> expected{words(QStringLiteral("alert ")), marker(QStringLiteral("qrc:/icons/bell.png")),
-                                      words(QStringLiteral("!"))};
-    EXPECT_EQ(splitAtImageMarkers(QStringLiteral("alert image:qrc:/icons/bell.png:image!")), expected);
+    const QList<MessagePart> expected{words(u"alert "_s), marker(u"qrc:/icons/bell.png"_s), words(u"!"_s)};
+    EXPECT_EQ(splitAtImageMarkers(u"alert image:qrc:/icons/bell.png:image!"_s), expected);
 }
 
 TEST(ImageMarkers, EachMarkerIsTheShortestThereIs)
 {
-    const QList<MessagePart> expected{marker(QStringLiteral("/a.png")), words(QStringLiteral(" and ")),
-                                      marker(QStringLiteral("/b.png"))};
-    EXPECT_EQ(splitAtImageMarkers(QStringLiteral("image:/a.png:image and image:/b.png:image")), expected);
+    const QList<MessagePart> expected{marker(u"/a.png"_s), words(u" and "_s), marker(u"/b.png"_s)};
+    EXPECT_EQ(splitAtImageMarkers(u"image:/a.png:image and image:/b.png:image"_s), expected);
 }
 
 TEST(ImageMarkers, AnOpeningInTheWordsDoesNotSpoilTheMarkerBehindIt)
 {
-    const QList<MessagePart> expected{words(QStringLiteral("my image: ")), marker(QStringLiteral("/a.png"))};
-    EXPECT_EQ(splitAtImageMarkers(QStringLiteral("my image: image:/a.png:image")), expected);
+    const QList<MessagePart> expected{words(u"my image: "_s), marker(u"/a.png"_s)};
+    EXPECT_EQ(splitAtImageMarkers(u"my image: image:/a.png:image"_s), expected);
 }
 
 TEST(ImageMarkers, WhatIsOnlyHalfAMarkerStaysWords)
 {
     for (const QString& text :
-         {QStringLiteral("image:"), QStringLiteral(":image"), QStringLiteral("image::image"),
-          QStringLiteral("image:image"), QStringLiteral("image:/a.png"), QStringLiteral("IMAGE:/a.png:IMAGE")})
+         {u"image:"_s, u":image"_s, u"image::image"_s, u"image:image"_s, u"image:/a.png"_s, u"IMAGE:/a.png:IMAGE"_s})
         EXPECT_EQ(splitAtImageMarkers(text), QList<MessagePart>{words(text)}) << text.toStdString();
 }
 
 TEST(ImageMarkers, ThePiecesTogetherAreTheMessage)
 {
     // Every text of eight pieces of these four: openings, closings and what stands between in any order.
-    const QStringList pieces{QStringLiteral("image:"), QStringLiteral(":image"), QStringLiteral("x"),
-                             QStringLiteral(":")};
+    const QStringList pieces{u"image:"_s, u":image"_s, u"x"_s, u":"_s};
     for (int number = 0; number < 1 << 16; ++number) {
         QString text;
         for (int place = 0; place < 8; ++place)

@@ -5,6 +5,8 @@
 
 #include <utility>
 
+using namespace Qt::StringLiterals;
+
 using zepa::directionOf;
 using zepa::longestMessage;
 using zepa::messageText;
@@ -18,7 +20,7 @@ constexpr QChar replacement(QChar::ReplacementCharacter);
 
 TEST(MessageText, OrdinaryTextStaysAsItIs)
 {
-    const QString text = QStringLiteral("Gr\u00fc\u00dfe, \u05e9\u05dc\u05d5\u05dd <b>&amp; \U0001F600");
+    const QString text = u"Gr\u00fc\u00dfe, \u05e9\u05dc\u05d5\u05dd <b>&amp; \U0001F600"_s;
     EXPECT_EQ(messageText(text), text);
 }
 
@@ -26,7 +28,7 @@ TEST(MessageText, WhatHasNoMeaningIsReplaced)
 {
     EXPECT_EQ(messageText(QString::fromUtf16(u"\0\x1b\x7f\x9b", 4)), QString(4, replacement));
     EXPECT_EQ(messageText(QString(QChar(0xfdd0)) + QChar(0xffff)), QString(2, replacement));
-    EXPECT_EQ(messageText(QStringLiteral("\U0001fffe")), QString(replacement));
+    EXPECT_EQ(messageText(u"\U0001fffe"_s), QString(replacement));
     EXPECT_EQ(messageText(QString(QChar::ObjectReplacementCharacter)), QString(replacement));
 }
 
@@ -55,7 +57,7 @@ TEST(MessageText, HalvesOfCharactersAreReplacedAndWholeOnesStay)
 
 TEST(MessageText, EveryKindOfLineBreakIsOne)
 {
-    EXPECT_EQ(messageText(QStringLiteral("a\r\nb\nc\rd\u2029e")), QStringLiteral("a\u2028b\u2028c\u2028d\u2028e"));
+    EXPECT_EQ(messageText(u"a\r\nb\nc\rd\u2029e"_s), u"a\u2028b\u2028c\u2028d\u2028e"_s);
     EXPECT_EQ(messageText(QString(1000, u'\n')).count(QChar(QChar::LineSeparator)), 200);
 }
 
@@ -66,8 +68,8 @@ TEST(MessageText, ALongTextIsCutWithAnEllipsisAndNotInsideACharacter)
     EXPECT_TRUE(text.endsWith(u'\u2026'));
     QString smileys;
     for (int i = 0; i < longestMessage; ++i)
-        smileys += QStringLiteral("\U0001F600");
-    for (const QString& start : {QString(), QStringLiteral("x")}) {
+        smileys += u"\U0001F600"_s;
+    for (const QString& start : {QString(), u"x"_s}) {
         const QString shown = messageText(start + smileys);
         EXPECT_TRUE(shown.isValidUtf16());
         EXPECT_FALSE(shown.contains(QChar(QChar::ReplacementCharacter)));
@@ -81,13 +83,13 @@ TEST(MessageText, APileOfMarksIsCutDown)
 
 TEST(MessageText, ANameIsOneLineWithoutMarksOfDirection)
 {
-    EXPECT_EQ(nameText(QStringLiteral("An\u202ena\nB")), QStringLiteral("Anna B"));
+    EXPECT_EQ(nameText(u"An\u202ena\nB"_s), u"Anna B"_s);
     EXPECT_EQ(nameText(QString(5000, u'x')).size(), zepa::longestName);
 }
 
 TEST(MessageText, TheFirstLetterWithADirectionDecides)
 {
-    EXPECT_EQ(directionOf(QStringLiteral("12: \u05e9\u05dc\u05d5\u05dd hello"), Qt::LeftToRight), Qt::RightToLeft);
-    EXPECT_EQ(directionOf(QStringLiteral("12: hello \u05e9"), Qt::RightToLeft), Qt::LeftToRight);
-    EXPECT_EQ(directionOf(QStringLiteral("12 :-)"), Qt::RightToLeft), Qt::RightToLeft);
+    EXPECT_EQ(directionOf(u"12: \u05e9\u05dc\u05d5\u05dd hello"_s, Qt::LeftToRight), Qt::RightToLeft);
+    EXPECT_EQ(directionOf(u"12: hello \u05e9"_s, Qt::RightToLeft), Qt::LeftToRight);
+    EXPECT_EQ(directionOf(u"12 :-)"_s, Qt::RightToLeft), Qt::RightToLeft);
 }

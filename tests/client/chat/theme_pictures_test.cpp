@@ -10,6 +10,8 @@
 #include <sys/stat.h>
 #include <sys/sysmacros.h>
 
+using namespace Qt::StringLiterals;
+
 using zepa::pictureFile;
 using zepa::readPicture;
 
@@ -20,11 +22,11 @@ class ThemePictures : public testing::Test
 protected:
     void SetUp() override
     {
-        QDir().mkpath(theme + QStringLiteral("icons"));
-        QDir().mkpath(root + QStringLiteral("/theme-of-others"));
-        save(theme + QStringLiteral("icons/bell.png"), 32, 32);
-        save(root + QStringLiteral("/secret.png"), 8, 8);
-        save(root + QStringLiteral("/theme-of-others/x.png"), 8, 8);
+        QDir().mkpath(theme + u"icons"_s);
+        QDir().mkpath(root + u"/theme-of-others"_s);
+        save(theme + u"icons/bell.png"_s, 32, 32);
+        save(root + u"/secret.png"_s, 8, 8);
+        save(root + u"/theme-of-others/x.png"_s, 8, 8);
     }
 
     static void save(const QString& path, int width, int height)
@@ -38,67 +40,65 @@ protected:
 
     QTemporaryDir folder;
     QString root = QDir(folder.path()).canonicalPath();
-    QString theme = root + QStringLiteral("/theme/");
+    QString theme = root + u"/theme/"_s;
 };
 
 } // namespace
 
 TEST_F(ThemePictures, AFileOfTheThemeIsAllowed)
 {
-    EXPECT_EQ(allowed(theme + QStringLiteral("icons/bell.png")), theme + QStringLiteral("icons/bell.png"));
+    EXPECT_EQ(allowed(theme + u"icons/bell.png"_s), theme + u"icons/bell.png"_s);
 }
 
 TEST_F(ThemePictures, AFileOutsideOfTheThemeIsNotAllowed)
 {
-    EXPECT_EQ(allowed(root + QStringLiteral("/secret.png")), QString());
-    EXPECT_EQ(allowed(theme + QStringLiteral("../secret.png")), QString());
-    EXPECT_EQ(allowed(root + QStringLiteral("/theme-of-others/x.png")), QString());
-    EXPECT_EQ(allowed(QStringLiteral("/etc/passwd")), QString());
+    EXPECT_EQ(allowed(root + u"/secret.png"_s), QString());
+    EXPECT_EQ(allowed(theme + u"../secret.png"_s), QString());
+    EXPECT_EQ(allowed(root + u"/theme-of-others/x.png"_s), QString());
+    EXPECT_EQ(allowed(u"/etc/passwd"_s), QString());
 }
 
 TEST_F(ThemePictures, ALinkOutOfTheThemeIsNotFollowed)
 {
-    ASSERT_TRUE(QFile::link(root + QStringLiteral("/secret.png"), theme + QStringLiteral("icons/link.png")));
-    ASSERT_TRUE(QFile::link(root, theme + QStringLiteral("out")));
-    EXPECT_EQ(allowed(theme + QStringLiteral("icons/link.png")), QString());
-    EXPECT_EQ(allowed(theme + QStringLiteral("out/secret.png")), QString());
+    ASSERT_TRUE(QFile::link(root + u"/secret.png"_s, theme + u"icons/link.png"_s));
+    ASSERT_TRUE(QFile::link(root, theme + u"out"_s));
+    EXPECT_EQ(allowed(theme + u"icons/link.png"_s), QString());
+    EXPECT_EQ(allowed(theme + u"out/secret.png"_s), QString());
 }
 
 TEST_F(ThemePictures, AThemeThatIsItselfALinkIsTheFolderBehindIt)
 {
-    ASSERT_TRUE(QFile::link(theme, root + QStringLiteral("/current")));
-    EXPECT_EQ(pictureFile(root + QStringLiteral("/current/icons/bell.png"), {root + QStringLiteral("/current/")}),
-              theme + QStringLiteral("icons/bell.png"));
+    ASSERT_TRUE(QFile::link(theme, root + u"/current"_s));
+    EXPECT_EQ(pictureFile(root + u"/current/icons/bell.png"_s, {root + u"/current/"_s}), theme + u"icons/bell.png"_s);
 }
 
 TEST_F(ThemePictures, OnlyPathsAndBuiltInAddressesAreAllowed)
 {
     for (const QString& address :
-         {QStringLiteral("file://") + theme + QStringLiteral("icons/bell.png"), QStringLiteral("icons/bell.png"),
-          QStringLiteral("http://localhost/bell.png"), QStringLiteral("//server/share/bell.png"),
-          QStringLiteral("data:image/png;base64,AAAA"), QStringLiteral("QRC:/icons/bell.png"), QString()})
+         {u"file://"_s + theme + u"icons/bell.png"_s, u"icons/bell.png"_s, u"http://localhost/bell.png"_s,
+          u"//server/share/bell.png"_s, u"data:image/png;base64,AAAA"_s, u"QRC:/icons/bell.png"_s, QString()})
         EXPECT_EQ(allowed(address), QString()) << address.toStdString();
-    EXPECT_EQ(allowed(theme + QStringLiteral("icons")), QString());
-    EXPECT_EQ(pictureFile(root + QStringLiteral("/secret.png"), {QString(), QStringLiteral("/")}), QString());
+    EXPECT_EQ(allowed(theme + u"icons"_s), QString());
+    EXPECT_EQ(pictureFile(root + u"/secret.png"_s, {QString(), u"/"_s}), QString());
 }
 
 TEST_F(ThemePictures, ABuiltInPictureIsAllowedAndMissingOnesAreNot)
 {
-    const QString qtsOwn = QStringLiteral("qrc:/qt-project.org/styles/commonstyle/images/file-16.png");
+    const QString qtsOwn = u"qrc:/qt-project.org/styles/commonstyle/images/file-16.png"_s;
     EXPECT_EQ(allowed(qtsOwn), qtsOwn.sliced(3));
-    EXPECT_EQ(allowed(QStringLiteral("qrc:/no/such.png")), QString());
-    EXPECT_EQ(allowed(QStringLiteral("qrc:/../../../../etc/passwd")), QString());
+    EXPECT_EQ(allowed(u"qrc:/no/such.png"_s), QString());
+    EXPECT_EQ(allowed(u"qrc:/../../../../etc/passwd"_s), QString());
 }
 
 TEST_F(ThemePictures, ALargePictureIsScaledDownAndAHugeOneIsNotRead)
 {
-    save(theme + QStringLiteral("large.png"), 1000, 500);
-    EXPECT_EQ(readPicture(theme + QStringLiteral("large.png"), QSize(64, 64)).size(), QSize(64, 32));
-    save(theme + QStringLiteral("thin.png"), 2000, 1);
-    EXPECT_EQ(readPicture(theme + QStringLiteral("thin.png"), QSize(64, 64)).size(), QSize(64, 1));
-    save(theme + QStringLiteral("huge.png"), 4000, 2000);
-    EXPECT_TRUE(readPicture(theme + QStringLiteral("huge.png"), QSize(64, 64)).isNull());
-    EXPECT_EQ(readPicture(theme + QStringLiteral("icons/bell.png"), QSize(64, 64)).size(), QSize(32, 32));
+    save(theme + u"large.png"_s, 1000, 500);
+    EXPECT_EQ(readPicture(theme + u"large.png"_s, QSize(64, 64)).size(), QSize(64, 32));
+    save(theme + u"thin.png"_s, 2000, 1);
+    EXPECT_EQ(readPicture(theme + u"thin.png"_s, QSize(64, 64)).size(), QSize(64, 1));
+    save(theme + u"huge.png"_s, 4000, 2000);
+    EXPECT_TRUE(readPicture(theme + u"huge.png"_s, QSize(64, 64)).isNull());
+    EXPECT_EQ(readPicture(theme + u"icons/bell.png"_s, QSize(64, 64)).size(), QSize(32, 32));
 }
 
 TEST_F(ThemePictures, AScaledPictureKeepsItsColoursHoweverItIsStored)
@@ -112,8 +112,8 @@ TEST_F(ThemePictures, AScaledPictureKeepsItsColoursHoweverItIsStored)
             picture.fill(0U);
         else
             picture.fill(QColor(0, 200, 0));
-        ASSERT_TRUE(picture.save(theme + QStringLiteral("green.png")));
-        const QImage read = readPicture(theme + QStringLiteral("green.png"), QSize(64, 64));
+        ASSERT_TRUE(picture.save(theme + u"green.png"_s));
+        const QImage read = readPicture(theme + u"green.png"_s, QSize(64, 64));
         ASSERT_EQ(read.size(), QSize(64, 64));
         EXPECT_EQ(read.pixelColor(31, 32), QColor(0, 200, 0)) << format;
     }
@@ -121,7 +121,7 @@ TEST_F(ThemePictures, AScaledPictureKeepsItsColoursHoweverItIsStored)
 
 TEST_F(ThemePictures, WhatIsNoPlainPictureIsNotRead)
 {
-    QFile text(theme + QStringLiteral("text.png"));
+    QFile text(theme + u"text.png"_s);
     ASSERT_TRUE(text.open(QIODevice::WriteOnly));
     text.write("not a picture");
     text.close();
@@ -134,17 +134,17 @@ TEST_F(ThemePictures, WhatIsNoPlainPictureIsNotRead)
 
 TEST_F(ThemePictures, NoPipeOrDeviceOfTheThemeIsAllowed)
 {
-    const QString pipe = theme + QStringLiteral("icons/pipe.png");
+    const QString pipe = theme + u"icons/pipe.png"_s;
     ASSERT_EQ(mkfifo(QFile::encodeName(pipe).constData(), 0600), 0);
     EXPECT_EQ(allowed(pipe), QString());
-    ASSERT_TRUE(QFile::link(pipe, theme + QStringLiteral("icons/to-pipe.png")));
-    EXPECT_EQ(allowed(theme + QStringLiteral("icons/to-pipe.png")), QString());
+    ASSERT_TRUE(QFile::link(pipe, theme + u"icons/to-pipe.png"_s));
+    EXPECT_EQ(allowed(theme + u"icons/to-pipe.png"_s), QString());
 
-    const QString device = theme + QStringLiteral("icons/zero.png");
+    const QString device = theme + u"icons/zero.png"_s;
     if (mknod(QFile::encodeName(device).constData(), S_IFCHR | 0600, makedev(1, 5)) == 0)
         EXPECT_EQ(allowed(device), QString());
     else
         RecordProperty("device", "not tried: only an administrator can make one");
-    ASSERT_TRUE(QFile::link(QStringLiteral("/dev/zero"), theme + QStringLiteral("icons/to-zero.png")));
-    EXPECT_EQ(allowed(theme + QStringLiteral("icons/to-zero.png")), QString());
+    ASSERT_TRUE(QFile::link(u"/dev/zero"_s, theme + u"icons/to-zero.png"_s));
+    EXPECT_EQ(allowed(theme + u"icons/to-zero.png"_s), QString());
 }

@@ -13,6 +13,8 @@
 
 #include <sys/stat.h>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 using zepa::PopupPicture;
@@ -62,7 +64,7 @@ protected:
 
 TEST_F(PopupPicturesTest, ASmallPictureIsHandedOnAsItIsAndNotDecoded)
 {
-    const QString file = save(QStringLiteral("a.png"), PopupPictures::longestSide, 20);
+    const QString file = save(u"a.png"_s, PopupPictures::longestSide, 20);
     for (int i = 0; i < 2; ++i) {
         const PopupPicture picture = m_pictures.prepare(file);
         EXPECT_EQ(picture.path, file);
@@ -73,7 +75,7 @@ TEST_F(PopupPicturesTest, ASmallPictureIsHandedOnAsItIsAndNotDecoded)
 
 TEST_F(PopupPicturesTest, NoPictureAndOneThatIsBuiltInAreHandedOnAsTheyAre)
 {
-    for (const QString& name : {QString(), QStringLiteral(":/icons/a.png"), QStringLiteral(":/none")}) {
+    for (const QString& name : {QString(), u":/icons/a.png"_s, u":/none"_s}) {
         EXPECT_EQ(m_pictures.prepare(name).path, name);
         EXPECT_EQ(m_pictures.prepare(name).problem, QString());
     }
@@ -81,9 +83,9 @@ TEST_F(PopupPicturesTest, NoPictureAndOneThatIsBuiltInAreHandedOnAsTheyAre)
 
 TEST_F(PopupPicturesTest, ALargePictureIsDecodedOnceForEachStateOfItsFile)
 {
-    for (const QString& ending : {QStringLiteral("jpg"), QStringLiteral("png")}) {
+    for (const QString& ending : {u"jpg"_s, u"png"_s}) {
         PopupPictures pictures;
-        const QString file = save(QStringLiteral("a.") + ending, 4000, 3000);
+        const QString file = save(u"a."_s + ending, 4000, 3000);
         settle();
         for (int i = 0; i < 3; ++i) {
             const QImage shown(pictures.prepare(file).path);
@@ -91,7 +93,7 @@ TEST_F(PopupPicturesTest, ALargePictureIsDecodedOnceForEachStateOfItsFile)
             EXPECT_EQ(shown.pixelColor(100, 100).green(), 255);
         }
         EXPECT_EQ(pictures.decodedCount(), 1);
-        save(QStringLiteral("a.") + ending, 300, 4000, Qt::red);
+        save(u"a."_s + ending, 300, 4000, Qt::red);
         settle();
         for (int i = 0; i < 3; ++i)
             EXPECT_EQ(QImage(pictures.prepare(file).path).size(), QSize(19, 256));
@@ -102,11 +104,11 @@ TEST_F(PopupPicturesTest, ALargePictureIsDecodedOnceForEachStateOfItsFile)
 TEST_F(PopupPicturesTest, EveryChangeOfAFileThatIsBeingWrittenIsSeen)
 {
     // Narrow, so that several changes fall into one tick of the file system's clock; of the same length.
-    const QString file = path(QStringLiteral("a.bmp"));
+    const QString file = path(u"a.bmp"_s);
     const QList<QColor> colours{Qt::green, Qt::red, Qt::blue};
     QList<QByteArray> contents;
     for (const QColor& colour : colours) {
-        QFile saved(save(QStringLiteral("saved.bmp"), 300, 1, colour));
+        QFile saved(save(u"saved.bmp"_s, 300, 1, colour));
         ASSERT_TRUE(saved.open(QIODevice::ReadOnly));
         contents.append(saved.readAll());
     }
@@ -123,48 +125,47 @@ TEST_F(PopupPicturesTest, APictureOfTwoColoursKeepsThem)
     QImage picture(600, 600, QImage::Format_Mono);
     picture.setColorTable({qRgb(0, 200, 0), qRgb(0, 0, 0)});
     picture.fill(0U);
-    ASSERT_TRUE(picture.save(path(QStringLiteral("a.png"))));
-    const QImage shown(m_pictures.prepare(path(QStringLiteral("a.png"))).path);
+    ASSERT_TRUE(picture.save(path(u"a.png"_s)));
+    const QImage shown(m_pictures.prepare(path(u"a.png"_s)).path);
     EXPECT_EQ(shown.pixelColor(50, 50), QColor(0, 200, 0));
 }
 
 TEST_F(PopupPicturesTest, WhatDeclaresTooManyPixelsIsNotDecoded)
 {
-    expectRefused(declare(QStringLiteral("a.bmp"), 6000, 5000),
-                  QStringLiteral("6000 x 5000 pixels, more than 16 million"));
+    expectRefused(declare(u"a.bmp"_s, 6000, 5000), u"6000 x 5000 pixels, more than 16 million"_s);
 }
 
 TEST_F(PopupPicturesTest, WhatIsNoPictureOrTooLargeAFileIsNotDecoded)
 {
-    QFile file(path(QStringLiteral("a.png")));
+    QFile file(path(u"a.png"_s));
     ASSERT_TRUE(file.open(QIODevice::WriteOnly) && file.write("not a picture") > 0);
     file.close();
-    expectRefused(file.fileName(), QStringLiteral("not an image"));
+    expectRefused(file.fileName(), u"not an image"_s);
     ASSERT_TRUE(file.resize(qint64{2} * 1024 * 1024 * 1024));
-    expectRefused(file.fileName(), QStringLiteral("larger than"));
-    expectRefused(path(QStringLiteral("none.png")), QStringLiteral("No such file"));
+    expectRefused(file.fileName(), u"larger than"_s);
+    expectRefused(path(u"none.png"_s), u"No such file"_s);
 }
 
 TEST_F(PopupPicturesTest, WhatIsNoRegularFileIsNotOpened)
 {
-    const QString regular = QStringLiteral("not a regular file");
-    expectRefused(pipe(QStringLiteral("a.png")), regular);
-    ASSERT_TRUE(QFile::link(path(QStringLiteral("a.png")), path(QStringLiteral("link.png"))));
-    expectRefused(path(QStringLiteral("link.png")), regular);
-    expectRefused(QStringLiteral("/dev/zero"), regular);
+    const QString regular = u"not a regular file"_s;
+    expectRefused(pipe(u"a.png"_s), regular);
+    ASSERT_TRUE(QFile::link(path(u"a.png"_s), path(u"link.png"_s)));
+    expectRefused(path(u"link.png"_s), regular);
+    expectRefused(u"/dev/zero"_s, regular);
     expectRefused(m_folder.path(), regular);
 }
 
 TEST_F(PopupPicturesTest, AMissingEndingIsFoundAsQtFindsIt)
 {
-    save(QStringLiteral("a.png"), 10, 10);
-    ASSERT_TRUE(QDir().mkpath(path(QStringLiteral("a.bmp"))));
-    EXPECT_EQ(m_pictures.prepare(path(QStringLiteral("a"))).path, path(QStringLiteral("a.png")));
-    save(QStringLiteral("a.b.png"), 10, 10);
-    expectRefused(path(QStringLiteral("a.b")), QStringLiteral("No such file"));
+    save(u"a.png"_s, 10, 10);
+    ASSERT_TRUE(QDir().mkpath(path(u"a.bmp"_s)));
+    EXPECT_EQ(m_pictures.prepare(path(u"a"_s)).path, path(u"a.png"_s));
+    save(u"a.b.png"_s, 10, 10);
+    expectRefused(path(u"a.b"_s), u"No such file"_s);
     // Qt would try this one, too, and wait for a writer.
-    pipe(QStringLiteral("pipe.png"));
-    expectRefused(path(QStringLiteral("pipe")), QStringLiteral("not a regular file"));
+    pipe(u"pipe.png"_s);
+    expectRefused(path(u"pipe"_s), u"not a regular file"_s);
 }
 
 } // namespace

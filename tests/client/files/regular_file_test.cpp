@@ -16,6 +16,8 @@
 #include <sys/un.h>
 #include <unistd.h>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 using zepa::FileLock;
@@ -49,8 +51,8 @@ protected:
     }
 
     const QTemporaryDir m_folder;
-    const QString a = QStringLiteral("a");
-    const QString b = QStringLiteral("b");
+    const QString a = u"a"_s;
+    const QString b = u"b"_s;
 };
 
 TEST_F(RegularFileTest, IsReadUpToTheLimit)
@@ -59,7 +61,7 @@ TEST_F(RegularFileTest, IsReadUpToTheLimit)
     EXPECT_EQ(RegularFile::openToRead(path(a), 100).readAll(), QByteArray(100, 'x'));
     const RegularFile tooLarge = RegularFile::openToRead(path(a), 99);
     EXPECT_EQ(tooLarge.state(), State::TooLarge);
-    EXPECT_EQ(tooLarge.reason(), QStringLiteral("larger than 99 bytes"));
+    EXPECT_EQ(tooLarge.reason(), u"larger than 99 bytes"_s);
     EXPECT_EQ(tooLarge.descriptor(), -1);
     EXPECT_EQ(tooLarge.readAll(), std::nullopt);
     EXPECT_EQ(tooLarge.status().st_size, 100);
@@ -75,23 +77,22 @@ TEST_F(RegularFileTest, ThatGrowsPastTheLimitIsNotReadOn)
 
 TEST_F(RegularFileTest, WhatIsNoneIsNeitherReadNorWritten)
 {
-    ASSERT_EQ(::mkfifo(nameOf(QStringLiteral("pipe")).constData(), 0600), 0);
-    ASSERT_TRUE(QDir().mkpath(path(QStringLiteral("folder"))));
+    ASSERT_EQ(::mkfifo(nameOf(u"pipe"_s).constData(), 0600), 0);
+    ASSERT_TRUE(QDir().mkpath(path(u"folder"_s)));
     sockaddr_un address = {};
     address.sun_family = AF_UNIX;
-    qstrncpy(address.sun_path, nameOf(QStringLiteral("socket")).constData(), sizeof address.sun_path);
+    qstrncpy(address.sun_path, nameOf(u"socket"_s).constData(), sizeof address.sun_path);
     const int socket = ::socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0);
     ASSERT_EQ(::bind(socket, reinterpret_cast<const sockaddr*>(&address), sizeof address), 0);
-    ASSERT_TRUE(QFile::link(QStringLiteral("/dev/zero"), path(QStringLiteral("device"))));
-    for (const QString& name :
-         {QStringLiteral("pipe"), QStringLiteral("folder"), QStringLiteral("socket"), QStringLiteral("device")}) {
+    ASSERT_TRUE(QFile::link(u"/dev/zero"_s, path(u"device"_s)));
+    for (const QString& name : {u"pipe"_s, u"folder"_s, u"socket"_s, u"device"_s}) {
         EXPECT_EQ(read(name), State::NotRegular) << name.toStdString();
         EXPECT_EQ(append(name), State::NotRegular) << name.toStdString();
     }
     // With somebody at its other end a pipe could be opened at once.
-    const int reader = ::open(nameOf(QStringLiteral("pipe")).constData(), O_RDWR | O_CLOEXEC);
-    EXPECT_EQ(append(QStringLiteral("pipe")), State::NotRegular);
-    EXPECT_EQ(read(QStringLiteral("pipe")), State::NotRegular);
+    const int reader = ::open(nameOf(u"pipe"_s).constData(), O_RDWR | O_CLOEXEC);
+    EXPECT_EQ(append(u"pipe"_s), State::NotRegular);
+    EXPECT_EQ(read(u"pipe"_s), State::NotRegular);
     ::close(reader);
     ::close(socket);
 }
@@ -107,10 +108,10 @@ TEST_F(RegularFileTest, AMissingOneIsToldFromOneThatCannotBeOpened)
 {
     EXPECT_EQ(read(a), State::Missing);
     write(a, {});
-    EXPECT_EQ(read(QStringLiteral("a/x")), State::Failed);
+    EXPECT_EQ(read(u"a/x"_s), State::Failed);
     EXPECT_EQ(read(QString(QChar::Null)), State::Failed);
     EXPECT_EQ(RegularFile::openToRead(QString(), 1).state(), State::Failed);
-    EXPECT_FALSE(RegularFile::openToRead(path(QStringLiteral("a/x")), 1).reason().isEmpty());
+    EXPECT_FALSE(RegularFile::openToRead(path(u"a/x"_s), 1).reason().isEmpty());
     EXPECT_TRUE(RegularFile::openToRead(path(a), 1).reason().isEmpty());
 }
 
@@ -173,21 +174,21 @@ TEST_F(RegularFileTest, AFolderIsMadeForItsOwnerWithAllOnTheWayToIt)
     ASSERT_TRUE(QDir().mkpath(path(a)));
     ASSERT_EQ(::chmod(nameOf(a).constData(), 0755), 0);
     for (const mode_t mask : {0000U, 0777U}) {
-        const QString first = QStringLiteral("a/%1").arg(mask);
+        const QString first = u"a/%1"_s.arg(mask);
         const mode_t before = ::umask(mask);
-        const bool isMade = zepa::makePrivateFolder(path(first) + QStringLiteral("/two/"));
+        const bool isMade = zepa::makePrivateFolder(path(first) + u"/two/"_s);
         ::umask(before);
         EXPECT_TRUE(isMade);
         EXPECT_EQ(modeOf(first), 0700U) << mask;
-        EXPECT_EQ(modeOf(first + QStringLiteral("/two")), 0700U) << mask;
+        EXPECT_EQ(modeOf(first + u"/two"_s), 0700U) << mask;
     }
     EXPECT_EQ(modeOf(a), 0755U) << "what exists keeps its mode";
     EXPECT_TRUE(zepa::makePrivateFolder(path(a)));
     write(b, {});
     EXPECT_FALSE(zepa::makePrivateFolder(path(b)));
-    EXPECT_FALSE(zepa::makePrivateFolder(path(QStringLiteral("b/x"))));
-    ASSERT_TRUE(QFile::link(path(QStringLiteral("nowhere")), path(QStringLiteral("link"))));
-    EXPECT_FALSE(zepa::makePrivateFolder(path(QStringLiteral("link/x"))));
+    EXPECT_FALSE(zepa::makePrivateFolder(path(u"b/x"_s)));
+    ASSERT_TRUE(QFile::link(path(u"nowhere"_s), path(u"link"_s)));
+    EXPECT_FALSE(zepa::makePrivateFolder(path(u"link/x"_s)));
     EXPECT_FALSE(zepa::makePrivateFolder(QString()));
 }
 
@@ -200,9 +201,9 @@ TEST_F(RegularFileTest, ALockIsHeldByOneAtATime)
         EXPECT_TRUE(FileLock(path(b)).isHeld());
     }
     EXPECT_TRUE(FileLock(path(a)).isHeld());
-    EXPECT_EQ(FileLock(path(QStringLiteral("no/folder"))).state(), FileLock::State::Failed);
-    ASSERT_TRUE(QFile::link(path(a), path(QStringLiteral("link"))));
-    EXPECT_EQ(FileLock(path(QStringLiteral("link"))).state(), FileLock::State::Failed);
+    EXPECT_EQ(FileLock(path(u"no/folder"_s)).state(), FileLock::State::Failed);
+    ASSERT_TRUE(QFile::link(path(a), path(u"link"_s)));
+    EXPECT_EQ(FileLock(path(u"link"_s)).state(), FileLock::State::Failed);
 }
 
 } // namespace

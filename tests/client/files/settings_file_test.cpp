@@ -11,6 +11,8 @@
 #include <thread>
 #include <vector>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 using zepa::SettingsFile;
@@ -21,8 +23,8 @@ class SettingsFileTest : public testing::Test
 protected:
     const QTemporaryDir m_folder;
     const SettingsFile m_file{m_folder.path() + u'/'};
-    const QVariantHash one{{QStringLiteral("window/one"), QByteArray("\0\1,;\"x", 6)}};
-    const QVariantHash two{{QStringLiteral("two"), QStringLiteral("a, b = c; \u00e4")}};
+    const QVariantHash one{{u"window/one"_s, QByteArray("\0\1,;\"x", 6)}};
+    const QVariantHash two{{u"two"_s, u"a, b = c; \u00e4"_s}};
 };
 
 TEST_F(SettingsFileTest, KeepsEachValueUntilItIsChanged)
@@ -39,7 +41,7 @@ TEST_F(SettingsFileTest, IsNotChangedAndNotWaitedForWhileSomebodyElseChangesIt)
 {
     ASSERT_EQ(m_file.change(one), Change::Done);
     {
-        const zepa::FileLock other(m_folder.filePath(QStringLiteral("settings.lock")));
+        const zepa::FileLock other(m_folder.filePath(u"settings.lock"_s));
         ASSERT_TRUE(other.isHeld());
         EXPECT_EQ(m_file.change(two), Change::Busy);
         EXPECT_EQ(m_file.read(), one) << "to read takes no lock";
@@ -57,7 +59,7 @@ TEST_F(SettingsFileTest, LosesNoChangeThatItAcknowledged)
         threads.emplace_back([this, writer] {
             const SettingsFile file(m_folder.path() + u'/');
             for (int i = 0; i < changes; ++i) {
-                const QVariantHash value{{QStringLiteral("%1-%2").arg(writer).arg(i), QString::number(i)}};
+                const QVariantHash value{{u"%1-%2"_s.arg(writer).arg(i), QString::number(i)}};
                 while (file.change(value) == Change::Busy)
                     std::this_thread::yield();
             }
@@ -73,7 +75,7 @@ TEST_F(SettingsFileTest, ThatIsDamagedOrTooLargeIsReadAsFarAsItGoesAndNeverRepla
     QFile file(m_file.path());
     ASSERT_TRUE(file.open(QIODevice::WriteOnly) && file.write("two=2\nno key and no value\n") > 0);
     file.close();
-    EXPECT_EQ(m_file.read()->value(QStringLiteral("two")), QStringLiteral("2"));
+    EXPECT_EQ(m_file.read()->value(u"two"_s), u"2"_s);
     EXPECT_EQ(m_file.change(one), Change::Failed);
     ASSERT_TRUE(file.resize(SettingsFile::mostBytes + 1));
     EXPECT_EQ(m_file.read(), std::nullopt);

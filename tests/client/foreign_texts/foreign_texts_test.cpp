@@ -33,6 +33,8 @@
 #include <sys/inotify.h>
 #include <unistd.h>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 using namespace zepa;
@@ -65,7 +67,7 @@ class ForeignTexts : public testing::Test
 protected:
     ForeignTexts()
     {
-        qputenv("XDG_DATA_HOME", folder.filePath(QStringLiteral("data")).toLocal8Bit());
+        qputenv("XDG_DATA_HOME", folder.filePath(u"data"_s).toLocal8Bit());
         QImage image(8, 8, QImage::Format_RGB32);
         image.fill(Qt::red);
         EXPECT_TRUE(image.save(picture()));
@@ -78,19 +80,18 @@ protected:
         ::close(m_watch);
     }
 
-    QString picture() const { return folder.filePath(QStringLiteral("p.png")); }
+    QString picture() const { return folder.filePath(u"p.png"_s); }
     /// A text from outside, each time another one.
     QString text()
     {
-        m_texts.append(QStringLiteral("<h1>%1</h1><img src=\"%2\"><a href=\"x\">l</a>&quot;&amp;")
-                           .arg(m_texts.size() + 100)
-                           .arg(picture()));
+        m_texts.append(
+            u"<h1>%1</h1><img src=\"%2\"><a href=\"x\">l</a>&quot;&amp;"_s.arg(m_texts.size() + 100).arg(picture()));
         return m_texts.constLast();
     }
     /// The same without a slash, for the name of a file.
     QString fileName()
     {
-        m_texts.append(QStringLiteral("<h1>%1<img src=p.png><a href=x>&quot;&amp;").arg(m_texts.size() + 100));
+        m_texts.append(u"<h1>%1<img src=p.png><a href=x>&quot;&amp;"_s.arg(m_texts.size() + 100));
         return m_texts.constLast();
     }
 
@@ -125,7 +126,7 @@ private:
 
 TEST_F(ForeignTexts, StandInTheMainWindowAsTheyWereWritten)
 {
-    Client client(folder.filePath(QStringLiteral("settings")));
+    Client client(folder.filePath(u"settings"_s));
     MainWindow window(client);
     window.show();
     ASSERT_TRUE(QTest::qWaitFor([&window] { return window.findChild<ContactPanel*>(); }));
@@ -135,15 +136,15 @@ TEST_F(ForeignTexts, StandInTheMainWindowAsTheyWereWritten)
     client.module().registerNotification(type, text(), {}, text());
     QStringList shown;
     // The details of a posting are shown while it is the last one.
-    for (const QString& posted : {type, text(), QStringLiteral("message_received")}) {
+    for (const QString& posted : {type, text(), u"message_received"_s}) {
         announce(client, post(posted, text()));
         shown += zepa::test::shownTexts(window);
     }
-    announce(client, {QStringLiteral("buddy_changed_status"),
-                      QStringLiteral("Ann"),
+    announce(client, {u"buddy_changed_status"_s,
+                      u"Ann"_s,
                       text(),
                       {},
-                      ZepaBuddy(QStringLiteral("Ann"), QStringLiteral("Ann"), ZepaBuddy::Contact),
+                      ZepaBuddy(u"Ann"_s, u"Ann"_s, ZepaBuddy::Contact),
                       {},
                       false});
     window.tell(text());
@@ -162,7 +163,7 @@ TEST_F(ForeignTexts, StandInTheMainWindowAsTheyWereWritten)
 
 TEST_F(ForeignTexts, StandInAChatWindowAsTheyWereWritten)
 {
-    const Settings settings(folder.filePath(QStringLiteral("settings")));
+    const Settings settings(folder.filePath(u"settings"_s));
     const QString name = text();
     ChatWindow* window = ChatManager::instance().open(ZepaBuddy(name, name, ZepaBuddy::Contact));
     window->receiveMessage(text());
@@ -173,7 +174,7 @@ TEST_F(ForeignTexts, StandInAChatWindowAsTheyWereWritten)
 
 TEST_F(ForeignTexts, KeepTheirLinesAndBlanksInAToolTip)
 {
-    const QString plain = QStringLiteral("a & b > c");
+    const QString plain = u"a & b > c"_s;
     EXPECT_EQ(plainToolTip(plain), plain);
     QWidget owner;
     for (const char16_t* written : {u"<b>x</b>  two\n\n three &amp;\tend", u"&lt;b>", u" <i>", u"a\n<b>"}) {
@@ -193,7 +194,7 @@ class ForeignTextsInSettings : public ForeignTexts
 protected:
     ForeignTextsInSettings()
     {
-        const QString themes = folder.filePath(QStringLiteral("data/zepa/themes/icons/"));
+        const QString themes = folder.filePath(u"data/zepa/themes/icons/"_s);
         EXPECT_TRUE(QDir().mkpath(themes + m_theme));
         EXPECT_TRUE(client.settings().store(globalSettings().at(2), m_theme));
         client.module().registerNotification(m_type, text(), {}, text());
@@ -206,7 +207,7 @@ protected:
     /// Chooses the cell of the type and the method.
     void choose(NotificationSettings& window, const QString& type, const QString& method)
     {
-        auto* table = window.findChild<QTableView*>(QStringLiteral("rules"));
+        auto* table = window.findChild<QTableView*>(u"rules"_s);
         const auto types = typesInOrder(client.module());
         const auto methods = methodsInOrder(client.module());
         table->setCurrentIndex(table->model()->index(int(types.indexOf(client.module().getNotifications().value(type))),
@@ -219,13 +220,12 @@ protected:
     const QString m_type = fileName();
     ProbeMethod m_method{text(),
                          text(),
-                         {ZepaField::textEdit(text(), QStringLiteral("a"), {}, text()),
-                          ZepaField::comboBox(text(), QStringLiteral("b"), {QStringLiteral("1"), QStringLiteral("2")},
-                                              {text(), text()}, QStringLiteral("1"), text()),
-                          ZepaField::checkBox(text(), QStringLiteral("c"), true, text(), {}),
-                          ZepaField::spinBox(text(), QStringLiteral("d"), 9, 0, 5, text(), text()),
-                          ZepaField::soundEdit(text(), QStringLiteral("e"), text(), text())}};
-    Client client{folder.filePath(QStringLiteral("settings"))};
+                         {ZepaField::textEdit(text(), u"a"_s, {}, text()),
+                          ZepaField::comboBox(text(), u"b"_s, {u"1"_s, u"2"_s}, {text(), text()}, u"1"_s, text()),
+                          ZepaField::checkBox(text(), u"c"_s, true, text(), {}),
+                          ZepaField::spinBox(text(), u"d"_s, 9, 0, 5, text(), text()),
+                          ZepaField::soundEdit(text(), u"e"_s, text(), text())}};
+    Client client{folder.filePath(u"settings"_s)};
 };
 
 TEST_F(ForeignTextsInSettings, StandInEachFieldAsTheyWereWritten)
@@ -235,7 +235,7 @@ TEST_F(ForeignTextsInSettings, StandInEachFieldAsTheyWereWritten)
     choose(window, m_type, m_method.getId());
     // A change names the field in the tool tip that undoes it, and a sample names the type.
     auto* pane = window.findChild<RulePane*>();
-    auto* line = pane->findChild<QLineEdit*>(QStringLiteral("a"));
+    auto* line = pane->findChild<QLineEdit*>(u"a"_s);
     ASSERT_TRUE(line);
     QStringList shown = zepa::test::shownTexts(window);
     line->setText(text());
@@ -251,12 +251,12 @@ TEST_F(ForeignTextsInSettings, StandInTheWarningAboutAFileAsTheyWereWritten)
     choose(window, m_type, m_method.getId());
     const QString file = folder.filePath(fileName());
     ASSERT_TRUE(QFile(file).open(QIODevice::WriteOnly));
-    window.findChild<QPushButton*>(QStringLiteral("choose"))->click();
+    window.findChild<QPushButton*>(u"choose"_s)->click();
     auto* dialog = window.findChild<QFileDialog*>();
     ASSERT_TRUE(dialog);
     Q_EMIT dialog->fileSelected(file);
     dialog->close();
-    auto* warning = window.findChild<QLabel*>(QStringLiteral("soundWarning"));
+    auto* warning = window.findChild<QLabel*>(u"soundWarning"_s);
     ASSERT_TRUE(warning);
     EXPECT_TRUE(QTest::qWaitFor([&] { return warning->isVisible() && warning->text().contains(u"taken"); }));
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);

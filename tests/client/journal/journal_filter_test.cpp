@@ -3,6 +3,8 @@
 
 #include "client/journal/journal_filter.h"
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 class JournalFilterTest : public testing::Test, protected JournalClient
@@ -12,8 +14,8 @@ protected:
     {
         post(m_received);
         post(m_received);
-        post(QStringLiteral("email_notify"), QStringLiteral("New e-mail"));
-        post(QStringLiteral("typing_started_notify"));
+        post(u"email_notify"_s, u"New e-mail"_s);
+        post(u"typing_started_notify"_s);
     }
 
     zepa::JournalFilter m_filter{m_client.journal()};
@@ -26,13 +28,13 @@ TEST_F(JournalFilterTest, ShowsEverythingAtFirst)
 
 TEST_F(JournalFilterTest, FindsATextInAnyPartWhateverItsCase)
 {
-    m_filter.setText(QStringLiteral("NEW E-"));
+    m_filter.setText(u"NEW E-"_s);
     ASSERT_EQ(m_filter.rowCount(), 1);
-    EXPECT_EQ(m_filter.entry(0).type, QStringLiteral("email_notify"));
-    m_filter.setText(QStringLiteral(" dropped as a repeat "));
+    EXPECT_EQ(m_filter.entry(0).type, u"email_notify"_s);
+    m_filter.setText(u" dropped as a repeat "_s);
     ASSERT_EQ(m_filter.rowCount(), 1);
     EXPECT_EQ(m_filter.entry(0).number, 2);
-    m_filter.setText(QStringLiteral("lunch"));
+    m_filter.setText(u"lunch"_s);
     EXPECT_EQ(m_filter.rowCount(), 4);
     m_filter.setText({});
     EXPECT_EQ(m_filter.rowCount(), 4);
@@ -42,7 +44,7 @@ TEST_F(JournalFilterTest, ShowsOneVerdict)
 {
     m_filter.setVerdict(Verdict::NoRule);
     ASSERT_EQ(m_filter.rowCount(), 1);
-    EXPECT_EQ(m_filter.entry(0).type, QStringLiteral("typing_started_notify"));
+    EXPECT_EQ(m_filter.entry(0).type, u"typing_started_notify"_s);
     m_filter.setVerdict(std::nullopt);
     EXPECT_EQ(m_filter.rowCount(), 4);
 }
@@ -50,7 +52,7 @@ TEST_F(JournalFilterTest, ShowsOneVerdict)
 TEST_F(JournalFilterTest, TakesInWhatIsPostedLater)
 {
     m_filter.setVerdict(Verdict::NoRule);
-    post(QStringLiteral("typing_stoped_notify"));
+    post(u"typing_stoped_notify"_s);
     EXPECT_EQ(m_filter.rowCount(), 2);
 }
 

@@ -10,19 +10,21 @@
 
 #include <gtest/gtest.h>
 
+using namespace Qt::StringLiterals;
+
 /// A client with settings of its own, and the last line of its journal.
 class JournalClient
 {
 protected:
     using Verdict = zepa::Verdict;
 
-    zepa::Report post(const QString& type, const QString& title = QStringLiteral("Ann"), bool hasAction = false)
+    zepa::Report post(const QString& type, const QString& title = u"Ann"_s, bool hasAction = false)
     {
         zepa::Posting posting;
         posting.type = type;
         posting.title = title;
-        posting.text = QStringLiteral("Lunch?");
-        posting.buddy = ZepaBuddy(QStringLiteral("Ann"), QStringLiteral("Ann"), ZepaBuddy::Contact);
+        posting.text = u"Lunch?"_s;
+        posting.buddy = ZepaBuddy(u"Ann"_s, u"Ann"_s, ZepaBuddy::Contact);
         posting.wantsAnswer = hasAction;
         return announce(m_client, posting);
     }
@@ -35,7 +37,7 @@ protected:
     QTemporaryDir m_folder;
     zepa::Client m_client{m_folder.path()};
 
-    const QString m_received = QStringLiteral("message_received");
-    const QString m_popups = QStringLiteral("zepa_hint_notification");
-    const QString m_sounds = QStringLiteral("zepa_sound_notification_method");
+    const QString m_received = u"message_received"_s;
+    const QString m_popups = u"zepa_hint_notification"_s;
+    const QString m_sounds = u"zepa_sound_notification_method"_s;
 };

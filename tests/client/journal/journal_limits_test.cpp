@@ -3,6 +3,8 @@
 
 #include "client/ui/message_text.h"
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 class JournalLimits : public testing::Test, protected JournalClient
@@ -25,7 +27,7 @@ TEST_F(JournalLimits, KeepOfEachTextOnlyWhatCanBeShown)
 
 TEST_F(JournalLimits, CutNoCharacterInTwo)
 {
-    post(m_received, u'x' + QStringLiteral("\U0001F600").repeated(10'000));
+    post(m_received, u'x' + u"\U0001F600"_s.repeated(10'000));
     const QString kept = last().title;
     EXPECT_TRUE(kept.isValidUtf16());
     EXPECT_GT(kept.size(), zepa::longestMessage - 4);

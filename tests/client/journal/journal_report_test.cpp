@@ -11,6 +11,8 @@
 
 #include <functional>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 using testing::AllOf;
@@ -24,9 +26,9 @@ protected:
     void postAlertFrom(int buddyType)
     {
         zepa::Posting posting;
-        posting.type = QStringLiteral("alert_received_notify");
-        posting.title = QStringLiteral("from %1, %2").arg(buddyType).arg(++m_count);
-        posting.buddy = ZepaBuddy(QStringLiteral("Ann"), QStringLiteral("Ann"), buddyType);
+        posting.type = u"alert_received_notify"_s;
+        posting.title = u"from %1, %2"_s.arg(buddyType).arg(++m_count);
+        posting.buddy = ZepaBuddy(u"Ann"_s, u"Ann"_s, buddyType);
         announce(m_client, posting);
     }
 
@@ -48,8 +50,8 @@ public:
     {
         work();
     }
-    QString getId() const override { return QStringLiteral("caller"); }
-    QString getActionName() const override { return QStringLiteral("call"); }
+    QString getId() const override { return u"caller"_s; }
+    QString getActionName() const override { return u"call"_s; }
     QString getActionIcon() const override { return {}; }
 
     std::function<void()> work;
@@ -75,16 +77,16 @@ TEST_F(JournalReport, KeepsTheCallsOfAPostingInsideOfAnotherApart)
     Caller caller;
     zepa::WatchedMethod watched(caller, m_client.deliveries());
     m_client.module().installNotificationMethod(&watched);
-    const QString typing = QStringLiteral("typing_started_notify");
+    const QString typing = u"typing_started_notify"_s;
     QList<ZepaField> config;
-    m_client.module().addNotificationRule(typing, QStringLiteral("caller"), config);
-    caller.work = [this] { post(QStringLiteral("buddy_connected")); };
+    m_client.module().addNotificationRule(typing, u"caller"_s, config);
+    caller.work = [this] { post(u"buddy_connected"_s); };
     const zepa::Report outer = post(typing);
-    EXPECT_EQ(outer.methods(), QStringList(QStringLiteral("caller")));
+    EXPECT_EQ(outer.methods(), QStringList(u"caller"_s));
     ASSERT_EQ(m_client.journal().rowCount(), 2);
     // Once for each rule: installing a method late makes the module read the rule files again.
     EXPECT_EQ(m_client.journal().entry(0).report.methods(), QStringList({m_sounds, m_sounds}));
-    m_client.module().removeNotificationRule(typing, QStringLiteral("caller"));
+    m_client.module().removeNotificationRule(typing, u"caller"_s);
     m_client.module().uninstallNotificationMethod(&watched);
 }
 
@@ -96,10 +98,10 @@ TEST_F(JournalReport, SaysWhyAnAlertMakesNoSound)
     EXPECT_EQ(last().report.sound, SoundState::MutedForStrangers);
     EXPECT_TRUE(last().isFromStranger);
     EXPECT_THAT(details(), HasSubstr("buddies_only"));
-    allowAlerts(QStringLiteral("always"));
+    allowAlerts(u"always"_s);
     postAlertFrom(ZepaBuddy::NotOnContactList);
     EXPECT_EQ(last().report.sound, SoundState::Asked);
-    allowAlerts(QStringLiteral("never"));
+    allowAlerts(u"never"_s);
     postAlertFrom(ZepaBuddy::Contact);
     EXPECT_EQ(last().report.sound, SoundState::MutedForAll);
     EXPECT_THAT(details(), HasSubstr("never"));
@@ -108,14 +110,14 @@ TEST_F(JournalReport, SaysWhyAnAlertMakesNoSound)
 TEST(JournalReportAlone, SaysThatAlertsAreMuteWhenTheStoredChoiceIsNoneOfThose)
 {
     const QTemporaryDir folder;
-    QFile file(folder.filePath(QStringLiteral("settings.ini")));
+    QFile file(folder.filePath(u"settings.ini"_s));
     ASSERT_TRUE(file.open(QIODevice::WriteOnly) && file.write("[General]\nalerts=sometimes\n") > 0);
     file.close();
     zepa::Client client{folder.path()};
     zepa::Posting posting;
-    posting.type = QStringLiteral("alert_received_notify");
-    posting.title = QStringLiteral("Ann");
-    posting.buddy = ZepaBuddy(QStringLiteral("Ann"), QStringLiteral("Ann"), ZepaBuddy::Contact);
+    posting.type = u"alert_received_notify"_s;
+    posting.title = u"Ann"_s;
+    posting.buddy = ZepaBuddy(u"Ann"_s, u"Ann"_s, ZepaBuddy::Contact);
     EXPECT_EQ(announce(client, posting).sound, SoundState::MutedForAll);
     const QString text = zepa::detailsText(client.journal().entry(0));
     EXPECT_THAT(text.toStdString(), AllOf(HasSubstr("\"alerts\": sometimes"), testing::Not(HasSubstr("never"))));
@@ -124,7 +126,7 @@ TEST(JournalReportAlone, SaysThatAlertsAreMuteWhenTheStoredChoiceIsNoneOfThose)
 TEST_F(JournalReport, SaysThatASoundFileIsNotThere)
 {
     QList<ZepaField> config = m_client.module().getMethods().value(m_sounds)->fields;
-    config[0].setText(QStringLiteral("no-such-file.wav"));
+    config[0].setText(u"no-such-file.wav"_s);
     m_client.module().updateNotificationRule(m_received, m_sounds, config);
     post(m_received);
     EXPECT_EQ(last().report.sound, SoundState::NoFile);
@@ -133,12 +135,12 @@ TEST_F(JournalReport, SaysThatASoundFileIsNotThere)
 
 TEST_F(JournalReport, SaysWhyThereIsNoLineInAChat)
 {
-    const QString status = QStringLiteral("buddy_changed_status");
-    post(status, QStringLiteral("one"));
+    const QString status = u"buddy_changed_status"_s;
+    post(status, u"one"_s);
     EXPECT_EQ(last().report.chat, ChatState::NoWindow);
     EXPECT_THAT(details(), HasSubstr("chat window of Ann is not open"));
-    zepa::ChatManager::instance().open(ZepaBuddy(QStringLiteral("Ann"), QStringLiteral("Ann"), ZepaBuddy::Contact));
-    post(status, QStringLiteral("two"));
+    zepa::ChatManager::instance().open(ZepaBuddy(u"Ann"_s, u"Ann"_s, ZepaBuddy::Contact));
+    post(status, u"two"_s);
     EXPECT_EQ(last().report.chat, ChatState::Written);
     zepa::Posting aboutNobody;
     aboutNobody.type = status;
@@ -152,7 +154,7 @@ TEST_F(JournalReport, IsKeptForTheLastThousandPostings)
 {
     const int more = 20;
     for (int i = 0; i < zepa::Journal::capacity + more; ++i)
-        post(QStringLiteral("typing_started_notify"), QString::number(i));
+        post(u"typing_started_notify"_s, QString::number(i));
     EXPECT_EQ(m_client.journal().rowCount(), zepa::Journal::capacity);
     EXPECT_EQ(m_client.journal().entry(0).number, more + 1);
     m_client.journal().answered(more, zepa::Answer::Clicked);
@@ -163,7 +165,7 @@ TEST_F(JournalReport, IsKeptForTheLastThousandPostings)
 
 TEST_F(JournalReport, ShowsAStrangersTextsOnOneLine)
 {
-    post(QStringLiteral("nope"), QStringLiteral("a\nb\tc") + QChar(0x202e) + QStringLiteral("d"));
+    post(u"nope"_s, u"a\nb\tc"_s + QChar(0x202e) + u"d"_s);
     const QString line = zepa::lineText(last());
     EXPECT_FALSE(line.contains(u'\n'));
     EXPECT_FALSE(line.contains(QChar(0x202e)));

@@ -8,6 +8,8 @@
 
 #include <gmock/gmock.h>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 using testing::HasSubstr;
@@ -55,11 +57,11 @@ TEST_F(JournalOnBus, SaysThatAPopUpWaitsAndThenThatItWasClicked)
     const auto service = startKnownService();
     zepa::JournalFilter waiting(m_client.journal());
     waiting.setVerdict(Verdict::PopupWaiting);
-    post(m_received, QStringLiteral("Ann"), true);
+    post(m_received, u"Ann"_s, true);
     ASSERT_TRUE(waitForPopups(*service, 1));
     EXPECT_EQ(verdict(), Verdict::PopupWaiting);
     EXPECT_EQ(waiting.rowCount(), 1);
-    service->tell(QStringLiteral("click 1"));
+    service->tell(u"click 1"_s);
     ASSERT_TRUE(becomes(Verdict::PopupClicked)) << why();
     EXPECT_THAT(why(), HasSubstr("clicked"));
     EXPECT_EQ(waiting.rowCount(), 0);
@@ -68,9 +70,9 @@ TEST_F(JournalOnBus, SaysThatAPopUpWaitsAndThenThatItWasClicked)
 TEST_F(JournalOnBus, SaysThatAPopUpTimedOut)
 {
     const auto service = startKnownService();
-    post(m_received, QStringLiteral("Ann"), true);
+    post(m_received, u"Ann"_s, true);
     ASSERT_TRUE(waitForPopups(*service, 1));
-    service->tell(QStringLiteral("close 1"));
+    service->tell(u"close 1"_s);
     ASSERT_TRUE(becomes(Verdict::PopupTimedOut)) << why();
     EXPECT_THAT(why(), HasSubstr("without a click"));
 }
@@ -80,11 +82,11 @@ TEST_F(JournalOnBus, SaysThatTheTypeIsNotRegistered)
     const auto service = startKnownService();
     // Somebody registers a list without it; the next type that is registered brings all back.
     m_client.module().getMethods().value(m_popups)->registerNotifications({});
-    post(m_received, QStringLiteral("Ann"), true);
+    post(m_received, u"Ann"_s, true);
     EXPECT_EQ(verdict(), Verdict::NotRegistered);
     EXPECT_THAT(why(), HasSubstr("not registered"));
-    m_client.module().registerNotification(QStringLiteral("new"), QStringLiteral("New"), {}, {});
-    post(m_received, QStringLiteral("Ben"));
+    m_client.module().registerNotification(u"new"_s, u"New"_s, {}, {});
+    post(m_received, u"Ben"_s);
     EXPECT_EQ(verdict(), Verdict::PopupSent);
     ASSERT_TRUE(waitForPopups(*service, 1));
     EXPECT_EQ(service->calls().size(), 1);

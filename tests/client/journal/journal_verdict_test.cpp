@@ -5,6 +5,8 @@
 
 #include <gmock/gmock.h>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 using testing::AllOf;
@@ -23,44 +25,44 @@ TEST_F(JournalVerdict, IsThatThereIsNoSessionBus)
 
 TEST_F(JournalVerdict, IsThatTheTypeHasNoRule)
 {
-    post(QStringLiteral("typing_started_notify"));
+    post(u"typing_started_notify"_s);
     EXPECT_EQ(verdict(), Verdict::NoRule);
     EXPECT_THAT(why(), HasSubstr("\"Typing started\" has no rule"));
 }
 
 TEST_F(JournalVerdict, IsThatNoRuleCallsForAPopUpAndNamesWhatWasCalled)
 {
-    post(QStringLiteral("buddy_connected"));
+    post(u"buddy_connected"_s);
     EXPECT_EQ(verdict(), Verdict::NoPopupRule);
     EXPECT_THAT(why(), HasSubstr("called was: Sound"));
 }
 
 TEST_F(JournalVerdict, IsThatNobodyKnowsTheType)
 {
-    post(QStringLiteral("nope"));
+    post(u"nope"_s);
     EXPECT_EQ(verdict(), Verdict::UnknownType);
     EXPECT_THAT(why(), HasSubstr("\"nope\""));
 }
 
 TEST_F(JournalVerdict, IsThatItIsARepeatAndSaysOfWhatAndForHowLong)
 {
-    ASSERT_TRUE(m_client.settings().store(zepa::globalSettings().constFirst(), QStringLiteral("70")));
+    ASSERT_TRUE(m_client.settings().store(zepa::globalSettings().constFirst(), u"70"_s));
     post(m_received);
-    post(QStringLiteral("email_notify"));
+    post(u"email_notify"_s);
     post(m_received);
     EXPECT_EQ(verdict(), Verdict::Repeat);
     ASSERT_TRUE(last().earlier);
     EXPECT_EQ(last().earlier->number, 1);
     EXPECT_THAT(why(), AllOf(HasSubstr("s ago"), HasSubstr("70 s"), HasSubstr("duplicated_notifications_time")));
     EXPECT_THAT(why(), Not(HasSubstr("count as the same")));
-    post(m_received, QStringLiteral("Ben"));
+    post(m_received, u"Ben"_s);
     EXPECT_EQ(verdict(), Verdict::NoBus);
 }
 
 TEST_F(JournalVerdict, NamesTheOtherTypeWhoseIdentifierAndTitleMakeTheSameKey)
 {
-    post(QStringLiteral("message_received_background"), QStringLiteral("Ann"));
-    post(m_received, QStringLiteral("_backgroundAnn"));
+    post(u"message_received_background"_s, u"Ann"_s);
+    post(m_received, u"_backgroundAnn"_s);
     EXPECT_EQ(verdict(), Verdict::Repeat);
     EXPECT_THAT(why(), AllOf(HasSubstr("type message_received_background"), HasSubstr("count as the same")));
 }
@@ -86,7 +88,7 @@ TEST_F(JournalVerdict, ExplainsARepeatAcrossMidnight)
 
 TEST_F(JournalVerdict, OfATypeWithoutRulesCountsTheFirstOfABurst)
 {
-    const QString typing = QStringLiteral("typing_started_notify");
+    const QString typing = u"typing_started_notify"_s;
     post(typing);
     post(typing);
     // Now that it has a rule, the module still drops it, because of the first.

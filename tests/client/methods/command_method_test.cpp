@@ -12,6 +12,8 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 class Command : public testing::Test
@@ -22,16 +24,15 @@ protected:
     /// A program that writes its arguments, each behind a line of its own, to "arguments", and is done with it at once.
     QString recorder() const
     {
-        const QString program = path(QStringLiteral("record it"));
+        const QString program = path(u"record it"_s);
         writeScript(program, "for one in \"$@\"; do printf '<%s>\\n' \"$one\"; done > '" +
-                                 path(QStringLiteral("unfinished")).toUtf8() + "'\nmv '" +
-                                 path(QStringLiteral("unfinished")).toUtf8() + "' '" +
-                                 path(QStringLiteral("arguments")).toUtf8() + "'\n");
+                                 path(u"unfinished"_s).toUtf8() + "'\nmv '" + path(u"unfinished"_s).toUtf8() + "' '" +
+                                 path(u"arguments"_s).toUtf8() + "'\n");
         return u'"' + program + u'"';
     }
     QByteArray recorded() const
     {
-        const QString file = path(QStringLiteral("arguments"));
+        const QString file = path(u"arguments"_s);
         EXPECT_TRUE(handleEventsUntil([&file] { return QFile::exists(file); }));
         return contentOf(file);
     }
@@ -50,9 +51,9 @@ private:
 
 TEST_F(Command, GetsEachTextAsPartOfOneArgument)
 {
-    call.set("command", recorder() + QStringLiteral(" -x '%t' %m \"to %B\" %b %n %N %i 100%% %z"));
-    call.post(QStringLiteral("a \"b\" 'c'"), QStringLiteral("$(touch x); `y`\n%t"),
-              {ZepaArg::fromBuddy(ZepaBuddy(QStringLiteral("ann@x"), QStringLiteral("Ann  O"), ZepaBuddy::Contact))});
+    call.set("command", recorder() + u" -x '%t' %m \"to %B\" %b %n %N %i 100%% %z"_s);
+    call.post(u"a \"b\" 'c'"_s, u"$(touch x); `y`\n%t"_s,
+              {ZepaArg::fromBuddy(ZepaBuddy(u"ann@x"_s, u"Ann  O"_s, ZepaBuddy::Contact))});
     EXPECT_EQ(recorded(), QByteArrayLiteral("<-x>\n<a \"b\" 'c'>\n<$(touch x); `y`\n%t>\n<to Ann  O>\n<ann@x>\n"
                                             "<message_received>\n<Message received>\n</pictures/ann.png>\n<100%>\n"
                                             "<%z>\n"));
@@ -62,7 +63,7 @@ TEST_F(Command, GetsEachTextAsPartOfOneArgument)
 
 TEST_F(Command, KeepsAnEmptyTextAsAnEmptyArgument)
 {
-    call.set("command", recorder() + QStringLiteral(" [%t] %m %B end"));
+    call.set("command", recorder() + u" [%t] %m %B end"_s);
     call.post({});
     EXPECT_EQ(recorded(), QByteArrayLiteral("<[]>\n<>\n<>\n<end>\n"));
     EXPECT_TRUE(allEnd());
@@ -70,24 +71,23 @@ TEST_F(Command, KeepsAnEmptyTextAsAnEmptyArgument)
 
 TEST_F(Command, IsNeverChosenByATextFromOutside)
 {
-    call.set("command", QStringLiteral("%t x"));
+    call.set("command", u"%t x"_s);
     call.post(recorder());
-    EXPECT_EQ(log.lines(), QStringList{QStringLiteral("\"%t\": No such file or directory")});
+    EXPECT_EQ(log.lines(), QStringList{u"\"%t\": No such file or directory"_s});
     EXPECT_EQ(method.running(), 0U);
 }
 
 TEST_F(Command, FindsTheTextsInItsEnvironment)
 {
-    const QString program = path(QStringLiteral("look"));
+    const QString program = path(u"look"_s);
     writeScript(program,
                 "printf '%s|' \"$ZEPA_TYPE\" \"$ZEPA_TYPE_NAME\" \"$ZEPA_TITLE\" \"$ZEPA_TEXT\" \"$ZEPA_ICON\" "
                 "\"$ZEPA_BUDDY\" \"$ZEPA_BUDDY_NAME\" \"$KEPT\" > '" +
-                    path(QStringLiteral("unfinished")).toUtf8() + "'\nmv '" +
-                    path(QStringLiteral("unfinished")).toUtf8() + "' '" + path(QStringLiteral("arguments")).toUtf8() +
-                    "'\n");
+                    path(u"unfinished"_s).toUtf8() + "'\nmv '" + path(u"unfinished"_s).toUtf8() + "' '" +
+                    path(u"arguments"_s).toUtf8() + "'\n");
     qputenv("KEPT", "ours");
     call.set("command", program);
-    call.post(QStringLiteral("T\u00fcr"), QStringLiteral("two\nlines") + QChar(QChar::Null) + u'!');
+    call.post(u"T\u00fcr"_s, u"two\nlines"_s + QChar(QChar::Null) + u'!');
     EXPECT_EQ(recorded(),
               QByteArrayLiteral("message_received|Message received|T\xc3\xbcr|two\nlines!|/pictures/ann.png|||ours|"));
     EXPECT_TRUE(allEnd());
@@ -95,7 +95,7 @@ TEST_F(Command, FindsTheTextsInItsEnvironment)
 
 TEST_F(Command, TakesATextOfAnyLength)
 {
-    call.set("command", recorder() + QStringLiteral(" %m"));
+    call.set("command", recorder() + u" %m"_s);
     call.post({}, QString(1'000'000, u'\u20ac'));
     EXPECT_EQ(recorded().size(), 3 * zepa::CommandMethod::longestText + 3);
     EXPECT_TRUE(allEnd());
@@ -105,13 +105,12 @@ TEST_F(Command, TakesATextOfAnyLength)
 TEST_F(Command, BeginsWithNothingToReadAndNoFileOfOurs)
 {
     const int ours = ::open("/dev/null", O_RDONLY); // not closed on exec, as a careless library would leave it
-    const QString program = path(QStringLiteral("look"));
+    const QString program = path(u"look"_s);
     writeScript(program, "{ readlink /proc/$$/fd/0 /proc/$$/fd/1 /proc/$$/fd/2; pwd; cut -d' ' -f6 /proc/$$/stat; "
                          "echo $$; test -e /proc/$$/fd/" +
-                             QByteArray::number(ours) + " && echo leaked; } > '" +
-                             path(QStringLiteral("unfinished")).toUtf8() + "'\nmv '" +
-                             path(QStringLiteral("unfinished")).toUtf8() + "' '" +
-                             path(QStringLiteral("arguments")).toUtf8() + "'\n");
+                             QByteArray::number(ours) + " && echo leaked; } > '" + path(u"unfinished"_s).toUtf8() +
+                             "'\nmv '" + path(u"unfinished"_s).toUtf8() + "' '" + path(u"arguments"_s).toUtf8() +
+                             "'\n");
     call.set("command", program);
     call.post({});
     const QList<QByteArray> lines = recorded().trimmed().split('\n');
@@ -126,27 +125,27 @@ TEST_F(Command, BeginsWithNothingToReadAndNoFileOfOurs)
 
 TEST_F(Command, RunsAFewTimesAtOnceAndSaysOnceWhatWasNotRun)
 {
-    const QString gate = path(QStringLiteral("gate"));
-    const QString program = path(QStringLiteral("wait"));
-    writeScript(program, "echo x >> '" + path(QStringLiteral("runs")).toUtf8() + "'\nwhile ! test -e '" +
-                             gate.toUtf8() + "'; do sleep 0.05; done\n");
+    const QString gate = path(u"gate"_s);
+    const QString program = path(u"wait"_s);
+    writeScript(program, "echo x >> '" + path(u"runs"_s).toUtf8() + "'\nwhile ! test -e '" + gate.toUtf8() +
+                             "'; do sleep 0.05; done\n");
     call.set("command", program);
     for (int i = 0; i < 7; ++i)
         call.post({});
     EXPECT_EQ(method.running(), zepa::CommandRunner::mostAtOnce);
-    EXPECT_EQ(log.lines(), QStringList{QStringLiteral("\"%1\": 4 commands run already").arg(program)});
+    EXPECT_EQ(log.lines(), QStringList{u"\"%1\": 4 commands run already"_s.arg(program)});
 
     QFile(gate).open(QIODevice::WriteOnly);
     EXPECT_TRUE(allEnd());
-    EXPECT_EQ(contentOf(path(QStringLiteral("runs"))).count('x'), 4);
+    EXPECT_EQ(contentOf(path(u"runs"_s)).count('x'), 4);
     call.post({});
     EXPECT_TRUE(allEnd());
-    EXPECT_EQ(contentOf(path(QStringLiteral("runs"))).count('x'), 5);
+    EXPECT_EQ(contentOf(path(u"runs"_s)).count('x'), 5);
 }
 
 TEST_F(Command, LeavesNoZombie)
 {
-    call.set("command", QStringLiteral("true"));
+    call.set("command", u"true"_s);
     for (int i = 0; i < 3; ++i)
         call.post({});
     EXPECT_EQ(method.running(), 3U);
@@ -157,10 +156,10 @@ TEST_F(Command, LeavesNoZombie)
 
 TEST_F(Command, LivesOnWhenTheClientEnds)
 {
-    const QString gate = path(QStringLiteral("gate"));
-    const QString program = path(QStringLiteral("wait"));
+    const QString gate = path(u"gate"_s);
+    const QString program = path(u"wait"_s);
     writeScript(program, "while ! test -e '" + gate.toUtf8() + "'; do sleep 0.05; done\necho done > '" +
-                             path(QStringLiteral("after")).toUtf8() + "'\n");
+                             path(u"after"_s).toUtf8() + "'\n");
     {
         zepa::CommandMethod shortLived;
         MethodCall once(shortLived);
@@ -172,46 +171,46 @@ TEST_F(Command, LivesOnWhenTheClientEnds)
     int status = -1;
     EXPECT_GT(::wait(&status), 0);
     EXPECT_EQ(status, 0);
-    EXPECT_EQ(contentOf(path(QStringLiteral("after"))), QByteArrayLiteral("done\n"));
+    EXPECT_EQ(contentOf(path(u"after"_s)), QByteArrayLiteral("done\n"));
 }
 
 TEST_F(Command, ThatDoesNotExistIsNamedOnce)
 {
-    call.set("command", QStringLiteral("no-such-program --x %t"));
+    call.set("command", u"no-such-program --x %t"_s);
     for (int i = 0; i < 3; ++i)
-        call.post(QStringLiteral("secret"));
-    EXPECT_EQ(log.lines(), QStringList{QStringLiteral("\"no-such-program\": No such file or directory")});
+        call.post(u"secret"_s);
+    EXPECT_EQ(log.lines(), QStringList{u"\"no-such-program\": No such file or directory"_s});
     EXPECT_EQ(method.running(), 0U);
 }
 
 TEST_F(Command, IsNotHandedToAShellWhenItIsNoProgram)
 {
-    const QString program = path(QStringLiteral("plain"));
+    const QString program = path(u"plain"_s);
     {
         QFile file(program);
         ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-        file.write("touch '" + path(QStringLiteral("arguments")).toUtf8() + "'\n");
+        file.write("touch '" + path(u"arguments"_s).toUtf8() + "'\n");
         file.setPermissions(QFile::ReadOwner | QFile::ExeOwner);
     }
     call.set("command", program);
     call.post({});
-    EXPECT_EQ(log.lines(), QStringList{QStringLiteral("\"%1\": Exec format error").arg(program)});
-    EXPECT_FALSE(QFile::exists(path(QStringLiteral("arguments"))));
+    EXPECT_EQ(log.lines(), QStringList{u"\"%1\": Exec format error"_s.arg(program)});
+    EXPECT_FALSE(QFile::exists(path(u"arguments"_s)));
 }
 
 TEST_F(Command, ThatCannotBeTakenApartOrIsEmptyIsSaidOnce)
 {
-    call.set("command", QStringLiteral("echo 'x"));
+    call.set("command", u"echo 'x"_s);
     call.post({});
     call.post({});
     ASSERT_EQ(log.lines().size(), 1);
-    EXPECT_TRUE(log.lines().constFirst().startsWith(QStringLiteral("\"echo 'x\": a quote")));
-    for (const QString& nothing : {QString(), QStringLiteral("  "), QStringLiteral("'' x")}) {
+    EXPECT_TRUE(log.lines().constFirst().startsWith(u"\"echo 'x\": a quote"_s));
+    for (const QString& nothing : {QString(), u"  "_s, u"'' x"_s}) {
         call.set("command", nothing);
         call.post({});
     }
     EXPECT_EQ(log.lines().size(), 2);
-    EXPECT_TRUE(log.lines().constLast().contains(QStringLiteral("names no program")));
+    EXPECT_TRUE(log.lines().constLast().contains(u"names no program"_s));
 }
 
 } // namespace

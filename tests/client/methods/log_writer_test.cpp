@@ -16,6 +16,8 @@
 #include <unistd.h>
 #include <vector>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 using zepa::appendToLog;
@@ -23,14 +25,14 @@ using zepa::logLine;
 
 TEST(LogLine, HasATabBetweenColumnsAndOneLineFeed)
 {
-    EXPECT_EQ(logLine({QStringLiteral("a"), QString(), QStringLiteral("b c")}), QByteArrayLiteral("a\t\tb c\n"));
-    EXPECT_EQ(logLine({QStringLiteral("T\u00fcr \U0001f600")}), QByteArrayLiteral("T\xc3\xbcr \xf0\x9f\x98\x80\n"));
+    EXPECT_EQ(logLine({u"a"_s, QString(), u"b c"_s}), QByteArrayLiteral("a\t\tb c\n"));
+    EXPECT_EQ(logLine({u"T\u00fcr \U0001f600"_s}), QByteArrayLiteral("T\xc3\xbcr \xf0\x9f\x98\x80\n"));
 }
 
 TEST(LogLine, StaysOneLineWhateverTheText)
 {
-    EXPECT_EQ(logLine({QStringLiteral("a\nb\tc\\n")}), QByteArrayLiteral("a\\nb\\tc\\\\n\n"));
-    EXPECT_EQ(logLine({QStringLiteral("\r\x1b[2J\x7f\u0085\u2028\u202e\u200f")}),
+    EXPECT_EQ(logLine({u"a\nb\tc\\n"_s}), QByteArrayLiteral("a\\nb\\tc\\\\n\n"));
+    EXPECT_EQ(logLine({u"\r\x1b[2J\x7f\u0085\u2028\u202e\u200f"_s}),
               QByteArrayLiteral("\\u000d\\u001b[2J\\u007f\\u0085\\u2028\\u202e\\u200f\n"));
     EXPECT_EQ(logLine({QString(QChar::Null) + QChar(0xd83d) + u'x' + QChar(0xde00)}),
               QByteArrayLiteral("\\u0000\\ud83dx\\ude00\n"));
@@ -47,7 +49,7 @@ protected:
     }
 
     const QTemporaryDir m_folder;
-    zepa::LogTarget target{path(QStringLiteral("log")), 1000, 2};
+    zepa::LogTarget target{path(u"log"_s), 1000, 2};
 };
 
 TEST_F(LogWriter, AppendsToWhatIsThere)
@@ -55,12 +57,12 @@ TEST_F(LogWriter, AppendsToWhatIsThere)
     EXPECT_EQ(appendToLog(target, "one\n"), QString());
     EXPECT_EQ(appendToLog(target, "two\n"), QString());
     EXPECT_EQ(contentOf(target.file), QByteArrayLiteral("one\ntwo\n"));
-    EXPECT_EQ(files(), QStringList{QStringLiteral("log")});
+    EXPECT_EQ(files(), QStringList{u"log"_s});
 }
 
 TEST_F(LogWriter, MakesTheFolderAndAFileThatNobodyElseReads)
 {
-    target.file = path(QStringLiteral("new/folder/log"));
+    target.file = path(u"new/folder/log"_s);
     ::umask(0);
     EXPECT_EQ(appendToLog(target, "one\n"), QString());
     struct stat state = {};
@@ -74,8 +76,8 @@ TEST_F(LogWriter, BeginsANewFileWhenTheOldOneIsFullAndKeepsAFew)
     for (const char* line : {"1aa\n", "1bb\n", "2aa\n", "2bb\n", "3aa\n", "3bb\n", "4aa\n"})
         EXPECT_EQ(appendToLog(target, line), QString());
     EXPECT_EQ(contentOf(target.file), QByteArrayLiteral("4aa\n"));
-    EXPECT_EQ(contentOf(target.file + QStringLiteral(".1")), QByteArrayLiteral("3aa\n3bb\n"));
-    EXPECT_EQ(contentOf(target.file + QStringLiteral(".2")), QByteArrayLiteral("2aa\n2bb\n"));
+    EXPECT_EQ(contentOf(target.file + u".1"_s), QByteArrayLiteral("3aa\n3bb\n"));
+    EXPECT_EQ(contentOf(target.file + u".2"_s), QByteArrayLiteral("2aa\n2bb\n"));
     EXPECT_EQ(files().size(), 3);
 }
 
@@ -86,7 +88,7 @@ TEST_F(LogWriter, KeepsNoOlderFileWhenNoneIsWanted)
     for (const char* line : {"one\n", "two\n"})
         EXPECT_EQ(appendToLog(target, line), QString());
     EXPECT_EQ(contentOf(target.file), QByteArrayLiteral("two\n"));
-    EXPECT_EQ(files(), QStringList{QStringLiteral("log")});
+    EXPECT_EQ(files(), QStringList{u"log"_s});
 }
 
 TEST_F(LogWriter, WritesALineThatIsLargerThanTheLimitIntoAFileOfItsOwn)
@@ -95,8 +97,8 @@ TEST_F(LogWriter, WritesALineThatIsLargerThanTheLimitIntoAFileOfItsOwn)
     for (const QByteArray& line : {QByteArrayLiteral("one\n"), large, QByteArrayLiteral("two\n")})
         EXPECT_EQ(appendToLog(target, line), QString());
     EXPECT_EQ(contentOf(target.file), QByteArrayLiteral("two\n"));
-    EXPECT_EQ(contentOf(target.file + QStringLiteral(".1")), large);
-    EXPECT_EQ(contentOf(target.file + QStringLiteral(".2")), QByteArrayLiteral("one\n"));
+    EXPECT_EQ(contentOf(target.file + u".1"_s), large);
+    EXPECT_EQ(contentOf(target.file + u".2"_s), QByteArrayLiteral("one\n"));
 }
 
 TEST_F(LogWriter, SaysSoWhenAFullFileCannotMakeRoom)
@@ -104,32 +106,32 @@ TEST_F(LogWriter, SaysSoWhenAFullFileCannotMakeRoom)
     target.mostBytes = 4;
     target.olderFiles = 1;
     EXPECT_EQ(appendToLog(target, "one\n"), QString());
-    ASSERT_TRUE(QDir().mkpath(target.file + QStringLiteral(".1/x")));
+    ASSERT_TRUE(QDir().mkpath(target.file + u".1/x"_s));
     EXPECT_FALSE(appendToLog(target, "two\n").isEmpty());
     EXPECT_EQ(contentOf(target.file), QByteArrayLiteral("one\n")) << "it does not grow for ever";
 }
 
 TEST_F(LogWriter, FollowsNoSymbolicLink)
 {
-    const QString other = path(QStringLiteral("other"));
+    const QString other = path(u"other"_s);
     ASSERT_TRUE(QFile::link(other, target.file));
-    EXPECT_EQ(appendToLog(target, "one\n"), QStringLiteral("is a symbolic link"));
+    EXPECT_EQ(appendToLog(target, "one\n"), u"is a symbolic link"_s);
     EXPECT_FALSE(QFile::exists(other));
 }
 
 TEST_F(LogWriter, WritesIntoNoPipeAndNoDeviceAndNoFolder)
 {
-    const QString pipe = path(QStringLiteral("pipe"));
+    const QString pipe = path(u"pipe"_s);
     ASSERT_EQ(::mkfifo(QFile::encodeName(pipe).constData(), 0600), 0);
     target.file = pipe;
     EXPECT_FALSE(appendToLog(target, "one\n").isEmpty()) << "and does not wait for a reader";
     const int reader = ::open(QFile::encodeName(pipe).constData(), O_RDONLY | O_NONBLOCK);
-    EXPECT_EQ(appendToLog(target, "one\n"), QStringLiteral("is not a regular file"));
+    EXPECT_EQ(appendToLog(target, "one\n"), u"is not a regular file"_s);
     char byte = 0;
     EXPECT_EQ(::read(reader, &byte, 1), 0);
     ::close(reader);
-    target.file = QStringLiteral("/dev/null");
-    EXPECT_EQ(appendToLog(target, "one\n"), QStringLiteral("is not a regular file"));
+    target.file = u"/dev/null"_s;
+    EXPECT_EQ(appendToLog(target, "one\n"), u"is not a regular file"_s);
     target.file = m_folder.path();
     EXPECT_FALSE(appendToLog(target, "one\n").isEmpty());
 }
@@ -146,7 +148,7 @@ TEST_F(LogWriter, LeavesNoHalfALineOnAFullDisk)
     const QString problem = appendToLog(target, "two and more\n");
     const QString again = appendToLog(target, "three\n");
     ASSERT_EQ(::setrlimit(RLIMIT_FSIZE, &limit), 0);
-    EXPECT_EQ(problem, QStringLiteral("No space left on device"));
+    EXPECT_EQ(problem, u"No space left on device"_s);
     EXPECT_EQ(again, problem);
     EXPECT_EQ(contentOf(target.file), QByteArrayLiteral("one\n"));
     EXPECT_EQ(appendToLog(target, "four\n"), QString());

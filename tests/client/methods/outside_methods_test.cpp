@@ -14,11 +14,12 @@
 
 #include <memory>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
-const QStringList ours{QStringLiteral("zepa_command_notification_method"),
-                       QStringLiteral("zepa_log_file_notification_method"),
-                       QStringLiteral("zepa_speech_notification_method")};
+const QStringList ours{u"zepa_command_notification_method"_s, u"zepa_log_file_notification_method"_s,
+                       u"zepa_speech_notification_method"_s};
 
 class OutsideMethods : public testing::Test
 {

@@ -15,6 +15,8 @@
 
 #include <functional>
 
+using namespace Qt::StringLiterals;
+
 /// Calls a delivery method the way the module does, through a rule.
 class MethodCall
 {
@@ -36,11 +38,11 @@ public:
     void post(const QString& title, const QString& text = {}, const QList<ZepaArg>& args = {})
     {
         ZepaNotificationRule rule(&m_type, &m_method, m_fields);
-        rule(1, title, text, QStringLiteral("/pictures/ann.png"), {}, {}, args);
+        rule(1, title, text, u"/pictures/ann.png"_s, {}, {}, args);
     }
 
 private:
-    ZepaNotification m_type{QStringLiteral("message_received"), QStringLiteral("Message received"), {}, {}};
+    ZepaNotification m_type{u"message_received"_s, u"Message received"_s, {}, {}};
     ZepaNotificationMethod& m_method;
     QList<ZepaField> m_fields;
 };

@@ -6,6 +6,8 @@
 
 #include <gtest/gtest.h>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 using namespace zepa;
@@ -22,12 +24,12 @@ TEST(ShellWarning, NamesTheVariableForEachTextInAScript)
           u"xterm -e sh -c 'echo %m'", u"bash -o pipefail -c 'echo %m'", u"su ann -c 'echo %m'",
           u"su ann --command='echo %m'", u"sh -c -x 'echo 100%% %m'"}) {
         const QString text = warning(QString::fromUtf16(command));
-        EXPECT_TRUE(text.contains(QStringLiteral("\"$ZEPA_TEXT\" instead of %m")))
+        EXPECT_TRUE(text.contains(u"\"$ZEPA_TEXT\" instead of %m"_s))
             << QString::fromUtf16(command).toStdString() << ": " << text.toStdString();
-        EXPECT_FALSE(text.contains(QStringLiteral("ZEPA_TITLE"))) << text.toStdString();
+        EXPECT_FALSE(text.contains(u"ZEPA_TITLE"_s)) << text.toStdString();
     }
-    const QString two = warning(QStringLiteral("sh -c 'echo %B %t'"));
-    EXPECT_TRUE(two.contains(QStringLiteral("\"$ZEPA_TITLE\" instead of %t, \"$ZEPA_BUDDY_NAME\" instead of %B")))
+    const QString two = warning(u"sh -c 'echo %B %t'"_s);
+    EXPECT_TRUE(two.contains(u"\"$ZEPA_TITLE\" instead of %t, \"$ZEPA_BUDDY_NAME\" instead of %B"_s))
         << two.toStdString();
 }
 
@@ -37,15 +39,13 @@ TEST(ShellWarning, IsGivenForNoCommandThatKeepsTextsApart)
          {u"", u"sh -c \"echo %m", u"notify %t %m", u"sh -c 'echo \"$ZEPA_TEXT\"'", u"sh -c 'echo \"$1\"' - %m",
           u"sh script %m", u"sh -c 'date +%%m'", u"sh -c 'echo %z'", u"my-sh -c %m", u"%m sh"})
         EXPECT_EQ(warning(QString::fromUtf16(command)), QString()) << QString::fromUtf16(command).toStdString();
-    EXPECT_EQ(shellWarning(QStringLiteral("another"),
-                           {ZepaField::textEdit({}, commandSettingId, QStringLiteral("sh -c %m"), {})}),
-              QString());
+    EXPECT_EQ(shellWarning(u"another"_s, {ZepaField::textEdit({}, commandSettingId, u"sh -c %m"_s, {})}), QString());
     EXPECT_EQ(shellWarning(commandMethodId, {}), QString());
 }
 
 TEST(ShellWarning, AndTheHelpOfTheFieldNameTheVariables)
 {
-    EXPECT_TRUE(CommandMethod().fields.constFirst().getDescription().contains(QStringLiteral("ZEPA_TEXT")));
+    EXPECT_TRUE(CommandMethod().fields.constFirst().getDescription().contains(u"ZEPA_TEXT"_s));
 }
 
 } // namespace

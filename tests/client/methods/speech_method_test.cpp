@@ -13,6 +13,8 @@
 
 #include <sys/wait.h>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 /// The method with an espeak-ng of the test's own first in PATH.
@@ -46,9 +48,9 @@ private:
 TEST_F(Speech, GetsTheTextOnItsInputAndTheSettingsAsArguments)
 {
     recordingSpeaker();
-    call.set("voice", QStringLiteral("de"));
-    call.set("speed", QStringLiteral("200"));
-    call.post(QStringLiteral("--version; $(x)"), QStringLiteral("Gr\u00fc\u00dfe image:/x.png:image"));
+    call.set("voice", u"de"_s);
+    call.set("speed", u"200"_s);
+    call.post(u"--version; $(x)"_s, u"Gr\u00fc\u00dfe image:/x.png:image"_s);
     EXPECT_EQ(method->unfinished(), 1) << "the caller does not wait for it";
     EXPECT_TRUE(allIsSaid());
     EXPECT_EQ(contentOf(file("arguments")), QByteArrayLiteral("--stdin -b 1 -s 200 -v de\n"));
@@ -59,11 +61,11 @@ TEST_F(Speech, GetsTheTextOnItsInputAndTheSettingsAsArguments)
 TEST_F(Speech, ReadsWhatTheRuleNames)
 {
     recordingSpeaker();
-    call.set("content", QStringLiteral("title"));
-    call.post(QStringLiteral("Ann"), QStringLiteral("Lunch?"));
-    call.set("content", QStringLiteral("text"));
-    call.post(QStringLiteral("Ann"), QStringLiteral("Lunch?"));
-    call.post(QStringLiteral("Ann"), QStringLiteral(" \n"));
+    call.set("content", u"title"_s);
+    call.post(u"Ann"_s, u"Lunch?"_s);
+    call.set("content", u"text"_s);
+    call.post(u"Ann"_s, u"Lunch?"_s);
+    call.post(u"Ann"_s, u" \n"_s);
     EXPECT_TRUE(allIsSaid());
     EXPECT_EQ(contentOf(file("said")), QByteArrayLiteral("Ann\nLunch?\n"));
     EXPECT_EQ(contentOf(file("arguments")), QByteArrayLiteral("--stdin -b 1 -s 175\n").repeated(2));
@@ -78,7 +80,7 @@ TEST_F(Speech, SaysOneTextAfterTheOtherAndDropsWhatIsTooMuch)
     for (int i = 0; i < fitting + 3; ++i)
         call.post(QString::number(i));
     EXPECT_EQ(method->unfinished(), fitting);
-    EXPECT_EQ(log.lines(), QStringList{QStringLiteral("\"espeak-ng\": too much to say: a text was dropped")});
+    EXPECT_EQ(log.lines(), QStringList{u"\"espeak-ng\": too much to say: a text was dropped"_s});
     QFile(file("gate")).open(QIODevice::WriteOnly);
     EXPECT_TRUE(allIsSaid());
     EXPECT_EQ(contentOf(file("said")), QByteArrayLiteral("0\n1\n2\n3\n4\n5\n6\n7\n8\n"));
@@ -88,23 +90,23 @@ TEST_F(Speech, WithoutASpeakerIsSaidOnceAndDoesNoHarm)
 {
     qputenv("PATH", path("nowhere"));
     for (int i = 0; i < 3; ++i)
-        call.post(QStringLiteral("secret"));
+        call.post(u"secret"_s);
     EXPECT_TRUE(allIsSaid());
-    EXPECT_EQ(log.lines(), QStringList{QStringLiteral("\"espeak-ng\": cannot be started: nothing is spoken")});
+    EXPECT_EQ(log.lines(), QStringList{u"\"espeak-ng\": cannot be started: nothing is spoken"_s});
 }
 
 TEST_F(Speech, GoesOnAfterASpeakerThatFailsOrCrashes)
 {
     speaker("case \"$*\" in *bad*) exit 1;; *dead*) kill -9 $$;; esac\n{ cat; echo; } >> " + path("said"));
-    for (const QString& voice : {QStringLiteral("bad"), QStringLiteral("dead"), QStringLiteral("bad"), QString()}) {
+    for (const QString& voice : {u"bad"_s, u"dead"_s, u"bad"_s, QString()}) {
         call.set("voice", voice);
-        call.post(QStringLiteral("hello"));
+        call.post(u"hello"_s);
     }
     EXPECT_TRUE(allIsSaid());
     EXPECT_EQ(contentOf(file("said")), QByteArrayLiteral("hello\n"));
     EXPECT_EQ(log.lines(), (QStringList{
-                               QStringLiteral("\"espeak-ng -v bad\": could not speak: is there such a voice?"),
-                               QStringLiteral("\"espeak-ng -v dead\": was ended while it spoke"),
+                               u"\"espeak-ng -v bad\": could not speak: is there such a voice?"_s,
+                               u"\"espeak-ng -v dead\": was ended while it spoke"_s,
                            }));
 }
 
@@ -112,7 +114,7 @@ TEST_F(Speech, FallsSilentWhenTheClientEnds)
 {
     speaker("echo $$ > " + path("unfinished") + "; mv " + path("unfinished") + " " + path("process") +
             "\nexec sleep 1000");
-    call.post(QStringLiteral("hello"));
+    call.post(u"hello"_s);
     ASSERT_TRUE(handleEventsUntil([this] { return QFile::exists(file("process")); }));
     method.reset();
     EXPECT_EQ(::kill(contentOf(file("process")).trimmed().toInt(), 0), -1);
@@ -126,7 +128,7 @@ class RealSpeech : public Speech
 protected:
     void SetUp() override
     {
-        const QString real = QStandardPaths::findExecutable(QStringLiteral("espeak-ng"));
+        const QString real = QStandardPaths::findExecutable(u"espeak-ng"_s);
         if (real.isEmpty())
             GTEST_SKIP() << "espeak-ng is not installed";
         speaker("exec " + real.toUtf8() + " -w " + path("spoken.wav") + " \"$@\"");
@@ -140,25 +142,24 @@ protected:
 
 TEST_F(RealSpeech, LastsLongerForALongerTextAndShorterAtMoreSpeed)
 {
-    call.post(QStringLiteral("Ann"), QStringLiteral("Lunch?"));
+    call.post(u"Ann"_s, u"Lunch?"_s);
     const qsizetype few = spokenBytes();
     EXPECT_GT(few, 20'000) << "half a second at least, 22050 samples of two bytes a second";
-    call.post(QStringLiteral("Ann"), QStringLiteral("Shall we have lunch together at eight o'clock in the evening?"));
+    call.post(u"Ann"_s, u"Shall we have lunch together at eight o'clock in the evening?"_s);
     const qsizetype many = spokenBytes();
     EXPECT_GT(many, 2 * few);
-    call.set("speed", QStringLiteral("400"));
-    call.post(QStringLiteral("Ann"), QStringLiteral("Shall we have lunch together at eight o'clock in the evening?"));
+    call.set("speed", u"400"_s);
+    call.post(u"Ann"_s, u"Shall we have lunch together at eight o'clock in the evening?"_s);
     EXPECT_LT(spokenBytes(), many * 2 / 3);
     EXPECT_TRUE(log.lines().isEmpty());
 }
 
 TEST_F(RealSpeech, RefusesAVoiceThatIsNotThere)
 {
-    call.set("voice", QStringLiteral("nosuchvoice"));
-    call.post(QStringLiteral("Ann"));
+    call.set("voice", u"nosuchvoice"_s);
+    call.post(u"Ann"_s);
     EXPECT_TRUE(allIsSaid());
-    EXPECT_EQ(log.lines(),
-              QStringList{QStringLiteral("\"espeak-ng -v nosuchvoice\": could not speak: is there such a voice?")});
+    EXPECT_EQ(log.lines(), QStringList{u"\"espeak-ng -v nosuchvoice\": could not speak: is there such a voice?"_s});
 }
 
 } // namespace

@@ -11,6 +11,8 @@
 #include <algorithm>
 #include <cmath>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 double loudness(const std::vector<float>& samples)
@@ -25,7 +27,7 @@ TEST(Spoken, EventsAreHeardFromTheSoundServer)
 {
     if (const QString missing = SoundServer::missing(); !missing.isEmpty())
         GTEST_SKIP() << missing.toStdString();
-    if (QStandardPaths::findExecutable(QStringLiteral("espeak-ng")).isEmpty())
+    if (QStandardPaths::findExecutable(u"espeak-ng"_s).isEmpty())
         GTEST_SKIP() << "espeak-ng is not installed";
     SoundServer server;
     ASSERT_TRUE(server.start());
@@ -35,7 +37,7 @@ TEST(Spoken, EventsAreHeardFromTheSoundServer)
 
     const LogLines log;
     zepa::SpeechMethod method;
-    MethodCall(method).post(QStringLiteral("Ann"), QStringLiteral("Shall we have lunch at eight?"));
+    MethodCall(method).post(u"Ann"_s, u"Shall we have lunch at eight?"_s);
     EXPECT_TRUE(handleEventsUntil([&method] { return method.unfinished() == 0; }));
     EXPECT_GT(loudness(recorder.take(0.3)), 0.01);
     EXPECT_TRUE(log.lines().isEmpty());

@@ -5,6 +5,8 @@
 
 #include <gtest/gtest.h>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 using zepa::filledIn;
@@ -14,15 +16,14 @@ TEST(CommandWords, AreSeparatedByBlanksAndKeptTogetherByQuotes)
 {
     const QHash<QString, QStringList> expected{
         {QString(), {}},
-        {QStringLiteral("  \t "), {}},
-        {QStringLiteral("beep"), {QStringLiteral("beep")}},
-        {QStringLiteral("  a  b\tc\n"), {QStringLiteral("a"), QStringLiteral("b"), QStringLiteral("c")}},
-        {QStringLiteral("a 'b c' \"d e\""), {QStringLiteral("a"), QStringLiteral("b c"), QStringLiteral("d e")}},
-        {QStringLiteral("a'b c'd"), {QStringLiteral("ab cd")}},
-        {QStringLiteral("a '' \"\""), {QStringLiteral("a"), QString(), QString()}},
-        {QStringLiteral("'a\\b' \"a\\\"b\\\\\" a\\ b"),
-         {QStringLiteral("a\\b"), QStringLiteral("a\"b\\"), QStringLiteral("a b")}},
-        {QStringLiteral("\"it's\" 'say \"x\"'"), {QStringLiteral("it's"), QStringLiteral("say \"x\"")}},
+        {u"  \t "_s, {}},
+        {u"beep"_s, {u"beep"_s}},
+        {u"  a  b\tc\n"_s, {u"a"_s, u"b"_s, u"c"_s}},
+        {u"a 'b c' \"d e\""_s, {u"a"_s, u"b c"_s, u"d e"_s}},
+        {u"a'b c'd"_s, {u"ab cd"_s}},
+        {u"a '' \"\""_s, {u"a"_s, QString(), QString()}},
+        {u"'a\\b' \"a\\\"b\\\\\" a\\ b"_s, {u"a\\b"_s, u"a\"b\\"_s, u"a b"_s}},
+        {u"\"it's\" 'say \"x\"'"_s, {u"it's"_s, u"say \"x\""_s}},
     };
     for (auto one = expected.cbegin(); one != expected.cend(); ++one)
         EXPECT_EQ(splitWords(one.key()), one.value()) << one.key().toStdString();
@@ -30,25 +31,24 @@ TEST(CommandWords, AreSeparatedByBlanksAndKeptTogetherByQuotes)
 
 TEST(CommandWords, KnowNothingThatAShellKnows)
 {
-    const QString command = QStringLiteral("echo $HOME *.txt ; rm `x` > y & | # ~");
+    const QString command = u"echo $HOME *.txt ; rm `x` > y & | # ~"_s;
     EXPECT_EQ(splitWords(command), command.split(u' '));
 }
 
 TEST(CommandWords, WithAnOpenEndAreRefused)
 {
-    for (const QString& command : {QStringLiteral("a 'b"), QStringLiteral("a \"b"), QStringLiteral("a \"b\\\""),
-                                   QStringLiteral("a \\"), QStringLiteral("'")})
+    for (const QString& command : {u"a 'b"_s, u"a \"b"_s, u"a \"b\\\""_s, u"a \\"_s, u"'"_s})
         EXPECT_FALSE(splitWords(command)) << command.toStdString();
 }
 
 TEST(CommandPlaceholders, AreReplacedOnceAndNotLookedAtAgain)
 {
-    const QHash<QChar, QString> texts{{u't', QStringLiteral("%m \"x\" $y")}, {u'm', QStringLiteral("text")}};
-    EXPECT_EQ(filledIn(QStringLiteral("<%t|%m>"), texts), QStringLiteral("<%m \"x\" $y|text>"));
-    EXPECT_EQ(filledIn(QStringLiteral("%t%t"), texts), QStringLiteral("%m \"x\" $y%m \"x\" $y"));
-    EXPECT_EQ(filledIn(QStringLiteral("%%m 100%"), texts), QStringLiteral("%m 100%"));
-    EXPECT_EQ(filledIn(QStringLiteral("%%%m"), texts), QStringLiteral("%text"));
-    EXPECT_EQ(filledIn(QStringLiteral("%x %T"), texts), QStringLiteral("%x %T"));
+    const QHash<QChar, QString> texts{{u't', u"%m \"x\" $y"_s}, {u'm', u"text"_s}};
+    EXPECT_EQ(filledIn(u"<%t|%m>"_s, texts), u"<%m \"x\" $y|text>"_s);
+    EXPECT_EQ(filledIn(u"%t%t"_s, texts), u"%m \"x\" $y%m \"x\" $y"_s);
+    EXPECT_EQ(filledIn(u"%%m 100%"_s, texts), u"%m 100%"_s);
+    EXPECT_EQ(filledIn(u"%%%m"_s, texts), u"%text"_s);
+    EXPECT_EQ(filledIn(u"%x %T"_s, texts), u"%x %T"_s);
     EXPECT_EQ(filledIn(QString(), texts), QString());
 }
 

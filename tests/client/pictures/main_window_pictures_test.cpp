@@ -18,6 +18,8 @@
 #include <algorithm>
 #include <optional>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 using namespace zepa;
@@ -34,12 +36,11 @@ void post(Client& client, const char16_t* type, const ZepaBuddy& contact)
 
 TEST(MainWindowPictures, ShowContactsAndTheJournal)
 {
-    const ZepaBuddy ann(QStringLiteral("Ann"), QStringLiteral("Ann"), ZepaBuddy::Contact);
-    const ZepaBuddy stranger(QStringLiteral("lottery@example.net"), QStringLiteral("lottery@example.net"),
-                             ZepaBuddy::NotOnContactList);
+    const ZepaBuddy ann(u"Ann"_s, u"Ann"_s, ZepaBuddy::Contact);
+    const ZepaBuddy stranger(u"lottery@example.net"_s, u"lottery@example.net"_s, ZepaBuddy::NotOnContactList);
     const QTemporaryDir folder;
     std::optional<Client> client;
-    takePictures(QStringLiteral("main-window"), [&] {
+    takePictures(u"main-window"_s, [&] {
         // A client that remembers nothing: each picture begins with the same journal.
         client.reset();
         client.emplace(folder.path());
@@ -56,7 +57,7 @@ TEST(MainWindowPictures, ShowContactsAndTheJournal)
 
 void write(const QString& path, const QByteArray& content)
 {
-    ASSERT_TRUE(QFileInfo(path).dir().mkpath(QStringLiteral(".")));
+    ASSERT_TRUE(QFileInfo(path).dir().mkpath(u"."_s));
     QFile file(path);
     ASSERT_TRUE(file.open(QIODevice::WriteOnly));
     file.write(content);
@@ -72,10 +73,10 @@ QString noticeIn(const MainWindow& window)
 TEST(MainWindowPictures, ShowThatRulesWereMended)
 {
     const QTemporaryDir folder;
-    write(folder.filePath(QStringLiteral("rules-backup/copies/message_received")), "<rules/>");
-    write(folder.filePath(QStringLiteral("notifications/message_received")), "<rules><zepa_hi");
+    write(folder.filePath(u"rules-backup/copies/message_received"_s), "<rules/>");
+    write(folder.filePath(u"notifications/message_received"_s), "<rules><zepa_hi");
     Client client(folder.path());
-    takePictures(QStringLiteral("main-window-notice"), [&client] {
+    takePictures(u"main-window-notice"_s, [&client] {
         auto window = std::make_unique<MainWindow>(client);
         window->resize(1000, 640);
         return window;
@@ -85,14 +86,14 @@ TEST(MainWindowPictures, ShowThatRulesWereMended)
 TEST(MainWindow, TellsOfMendedRulesByTheNameOfTheirEvent)
 {
     const QTemporaryDir folder;
-    write(folder.filePath(QStringLiteral("rules-backup/copies/message_received")), "<rules/>");
-    write(folder.filePath(QStringLiteral("notifications/message_received")), {});
+    write(folder.filePath(u"rules-backup/copies/message_received"_s), "<rules/>");
+    write(folder.filePath(u"notifications/message_received"_s), {});
     Client client(folder.path());
     MainWindow window(client);
     EXPECT_EQ(noticeIn(window), QString());
     window.show();
     EXPECT_TRUE(QTest::qWaitFor([&window] { return !noticeIn(window).isEmpty(); }));
-    EXPECT_TRUE(noticeIn(window).endsWith(QStringLiteral(": Message received"))) << noticeIn(window).toStdString();
+    EXPECT_TRUE(noticeIn(window).endsWith(u": Message received"_s)) << noticeIn(window).toStdString();
 }
 
 TEST(MainWindow, AnswersForThePostingThatCameBeforeIt)
@@ -106,14 +107,14 @@ TEST(MainWindow, AnswersForThePostingThatCameBeforeIt)
                              ? window.findChild<QPlainTextEdit*>()
                              : nullptr;
     ASSERT_NE(answer, nullptr);
-    EXPECT_TRUE(answer->toPlainText().contains(QStringLiteral("has no rule"))) << answer->toPlainText().toStdString();
+    EXPECT_TRUE(answer->toPlainText().contains(u"has no rule"_s)) << answer->toPlainText().toStdString();
 }
 
 TEST(MainWindow, TellsThatNothingIsKeptWhereTheFolderCannotBeWritten)
 {
     const QTemporaryDir folder;
-    write(folder.filePath(QStringLiteral("file")), {});
-    Client client(folder.filePath(QStringLiteral("file/settings")));
+    write(folder.filePath(u"file"_s), {});
+    Client client(folder.filePath(u"file/settings"_s));
     MainWindow window(client);
     window.show();
     EXPECT_TRUE(QTest::qWaitFor([&window] { return noticeIn(window).contains(u"cannot write to"); }));

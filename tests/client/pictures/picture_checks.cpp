@@ -15,6 +15,8 @@
 #include <algorithm>
 #include <string>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 std::string described(const QWidget& widget)
@@ -23,9 +25,9 @@ std::string described(const QWidget& widget)
     if (!widget.objectName().isEmpty())
         text += u' ' + widget.objectName();
     if (const auto* label = qobject_cast<const QLabel*>(&widget))
-        text += QStringLiteral(" \"%1\"").arg(label->text());
+        text += u" \"%1\""_s.arg(label->text());
     if (const auto* button = qobject_cast<const QAbstractButton*>(&widget))
-        text += QStringLiteral(" \"%1\"").arg(button->text());
+        text += u" \"%1\""_s.arg(button->text());
     return text.toStdString();
 }
 

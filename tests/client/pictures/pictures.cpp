@@ -13,6 +13,8 @@
 
 #include <gtest/gtest.h>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 struct Variant
@@ -46,10 +48,8 @@ QPalette darkPalette()
 QList<Variant> variants()
 {
     if (qApp->devicePixelRatio() > 1.0)
-        return {{QStringLiteral("200")}};
-    return {{QStringLiteral("light")},
-            {QStringLiteral("dark"), true},
-            {QStringLiteral("right-to-left"), false, Qt::RightToLeft}};
+        return {{u"200"_s}};
+    return {{u"light"_s}, {u"dark"_s, true}, {u"right-to-left"_s, false, Qt::RightToLeft}};
 }
 
 void settle(QWidget& window)
@@ -64,9 +64,9 @@ void settle(QWidget& window)
 
 void takePictures(const QString& name, const std::function<std::unique_ptr<QWidget>()>& makeWindow)
 {
-    const QString folder = QStringLiteral(ZEPA_PICTURES);
+    const QString folder = QString::fromUtf16(ZEPA_PICTURES);
     ASSERT_TRUE(QDir().mkpath(folder));
-    QApplication::setFont(QFont(QStringLiteral("DejaVu Sans"), 10));
+    QApplication::setFont(QFont(u"DejaVu Sans"_s, 10));
     const QList<Variant> all = variants();
     for (const Variant& variant : all) {
         SCOPED_TRACE((name + u' ' + variant.name).toStdString());
@@ -77,7 +77,7 @@ void takePictures(const QString& name, const std::function<std::unique_ptr<QWidg
         settle(*window);
 
         const QImage picture = window->grab().toImage();
-        EXPECT_TRUE(picture.save(folder + name + u'-' + variant.name + QStringLiteral(".png")));
+        EXPECT_TRUE(picture.save(folder + name + u'-' + variant.name + u".png"_s));
         EXPECT_EQ(picture.size(), window->size() * window->devicePixelRatio());
         EXPECT_EQ(window->layoutDirection(), variant.direction);
         checkDrawing(picture, variant.isDark);

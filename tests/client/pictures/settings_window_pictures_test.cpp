@@ -16,6 +16,8 @@
 
 #include <gtest/gtest.h>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 using namespace zepa;
@@ -31,26 +33,26 @@ void choose(NotificationSettings& window, Client& client, const QString& type, c
     int column = 0;
     while (methods[column]->getId() != method)
         ++column;
-    auto* table = window.findChild<QTableView*>(QStringLiteral("rules"));
+    auto* table = window.findChild<QTableView*>(u"rules"_s);
     table->setCurrentIndex(table->model()->index(row, column));
 }
 
 class SettingsWindowPictures : public testing::Test
 {
 protected:
-    const QString message = QStringLiteral("message_received");
-    const QString popup = QStringLiteral("zepa_hint_notification");
-    const QString sound = QStringLiteral("zepa_sound_notification_method");
+    const QString message = u"message_received"_s;
+    const QString popup = u"zepa_hint_notification"_s;
+    const QString sound = u"zepa_sound_notification_method"_s;
     SettingsWindowPictures() { qputenv("HOME", QFile::encodeName(folder.path())); }
 
     QTemporaryDir folder;
-    const QString settings = folder.filePath(QStringLiteral(".config/zepa/"));
+    const QString settings = folder.filePath(u".config/zepa/"_s);
     Client client{settings};
 };
 
 TEST_F(SettingsWindowPictures, ShowASoundAndItsFields)
 {
-    takePictures(QStringLiteral("notification-settings"), [this] {
+    takePictures(u"notification-settings"_s, [this] {
         auto window = std::make_unique<NotificationSettings>(client);
         choose(*window, client, message, sound);
         window->resize(1120, 760);
@@ -62,11 +64,11 @@ TEST_F(SettingsWindowPictures, ShowAPairWithTwoRulesAndAProblem)
 {
     QList<ZepaField> config;
     client.module().addNotificationRule(message, popup, config);
-    ASSERT_TRUE(QDir().mkpath(settings + QStringLiteral("notifications/typing_started_notify")));
-    takePictures(QStringLiteral("notification-settings-problem"), [this] {
+    ASSERT_TRUE(QDir().mkpath(settings + u"notifications/typing_started_notify"_s));
+    takePictures(u"notification-settings-problem"_s, [this] {
         auto window = std::make_unique<NotificationSettings>(client);
-        choose(*window, client, QStringLiteral("typing_started_notify"), popup);
-        window->findChild<QPushButton*>(QStringLiteral("add"))->click();
+        choose(*window, client, u"typing_started_notify"_s, popup);
+        window->findChild<QPushButton*>(u"add"_s)->click();
         choose(*window, client, message, popup);
         window->resize(1120, 760);
         return window;
@@ -75,7 +77,7 @@ TEST_F(SettingsWindowPictures, ShowAPairWithTwoRulesAndAProblem)
 
 TEST_F(SettingsWindowPictures, ShowThatANarrowWindowIsUsable)
 {
-    takePictures(QStringLiteral("notification-settings-narrow"), [this] {
+    takePictures(u"notification-settings-narrow"_s, [this] {
         auto window = std::make_unique<NotificationSettings>(client);
         choose(*window, client, message, popup);
         window->resize(480, 640);

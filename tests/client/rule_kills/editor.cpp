@@ -19,9 +19,11 @@
 #include <random>
 #include <unistd.h>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
-const QString sound = QStringLiteral("zepa_sound_notification_method");
+const QString sound = u"zepa_sound_notification_method"_s;
 
 /// What the client is made of, where its built-in types would not fit on the disk.
 class SmallClient
@@ -42,8 +44,7 @@ public:
     zepa::RuleBackup& ruleBackup() { return m_backup; }
 
 private:
-    static inline const QStringList types{QStringLiteral("one"), QStringLiteral("two"), QStringLiteral("three"),
-                                          QStringLiteral("four"), QStringLiteral("five")};
+    static inline const QStringList types{u"one"_s, u"two"_s, u"three"_s, u"four"_s, u"five"_s};
 
     zepa::Settings m_settings;
     zepa::RuleBackup m_backup;
@@ -177,7 +178,7 @@ private:
         return config;
     }
     /// A value that no rule ever had.
-    QString newFile() { return QStringLiteral("%1-%2 ä.wav").arg(m_plan.seed).arg(++m_edits); }
+    QString newFile() { return u"%1-%2 ä.wav"_s.arg(m_plan.seed).arg(++m_edits); }
     qsizetype below(qsizetype end) { return std::uniform_int_distribution<qsizetype>(0, end - 1)(m_random); }
 
     void say(const char* what, const QString& type, const QStringList& rules) { write(reportLine(what, type, rules)); }

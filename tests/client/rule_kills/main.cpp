@@ -28,6 +28,8 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 constexpr int skipped = 77;
@@ -155,7 +157,7 @@ void Killer::look(Ledger& ledger)
 
 void Killer::killFirstStart(const QHash<QString, QStringList>& defaults, int limit)
 {
-    const QTemporaryDir folder(QFileInfo(m_folder).path() + QStringLiteral("/first"));
+    const QTemporaryDir folder(QFileInfo(m_folder).path() + u"/first"_s);
     Ledger ledger;
     ledger.expectDefaults(defaults);
     begin(true, folder.path());
@@ -168,7 +170,7 @@ void Killer::killFirstStart(const QHash<QString, QStringList>& defaults, int lim
 
 void Killer::countBroken()
 {
-    const QDir rules(m_folder + QStringLiteral("/notifications"));
+    const QDir rules(m_folder + u"/notifications"_s);
     const QStringList names = rules.entryList(QDir::Files);
     for (const QString& name : names) {
         QFile file(rules.filePath(name));
@@ -224,7 +226,7 @@ int fillSmallDisk(Killer& killer, const SmallDisk& disk, const QString& folder, 
     killer.meanwhile = [&] {
         const auto dice = random() % 8;
         if (dice == 0)
-            QFile::remove(folder + QStringLiteral("/filler"));
+            QFile::remove(folder + u"/filler"_s);
         else if (dice < 4)
             disk.fill();
     };
@@ -245,20 +247,19 @@ int fillSmallDisk(Killer& killer, const SmallDisk& disk, const QString& folder, 
 int main(int argc, char** argv)
 {
     QCommandLineParser line;
-    line.addOptions({{QStringLiteral("kills"), {}, QStringLiteral("N"), QStringLiteral("1000")},
-                     {QStringLiteral("seed"), {}, QStringLiteral("N"), QString::number(std::random_device()())},
-                     {QStringLiteral("small-disk"), {}}});
+    line.addOptions({{u"kills"_s, {}, u"N"_s, u"1000"_s},
+                     {u"seed"_s, {}, u"N"_s, QString::number(std::random_device()())},
+                     {u"small-disk"_s, {}}});
     QStringList arguments;
     for (int i = 0; i < argc; ++i)
         arguments.append(QString::fromLocal8Bit(argv[i]));
     line.process(arguments);
 
-    const QTemporaryDir temporary(line.positionalArguments().value(0, QDir::tempPath()) +
-                                  QStringLiteral("/rule-kills"));
-    const QString folder = temporary.filePath(QStringLiteral("settings"));
+    const QTemporaryDir temporary(line.positionalArguments().value(0, QDir::tempPath()) + u"/rule-kills"_s);
+    const QString folder = temporary.filePath(u"settings"_s);
     QDir().mkpath(folder);
     SmallDisk disk;
-    if (line.isSet(QStringLiteral("small-disk"))) {
+    if (line.isSet(u"small-disk"_s)) {
         const QString problem = disk.mountAt(folder);
         if (!problem.isEmpty()) {
             std::printf("SKIPPED: %s\n", qPrintable(problem));
@@ -271,14 +272,13 @@ int main(int argc, char** argv)
     qputenv("XDG_RUNTIME_DIR", QFile::encodeName(temporary.path()));
     int count = 1;
     const QApplication app(count, argv);
-    if (QDir(QStringLiteral("/proc/self/task")).entryList(QDir::Dirs | QDir::NoDotAndDotDot).size() != 1)
+    if (QDir(u"/proc/self/task"_s).entryList(QDir::Dirs | QDir::NoDotAndDotDot).size() != 1)
         qFatal("there are threads already: a fork would be half a program");
 
-    const auto seed = line.value(QStringLiteral("seed")).toUInt();
+    const auto seed = line.value(u"seed"_s).toUInt();
     std::printf("seed %u\n", seed);
     std::fflush(stdout);
     Killer killer(folder, seed);
-    const int kills = line.value(QStringLiteral("kills")).toInt();
-    return line.isSet(QStringLiteral("small-disk")) ? fillSmallDisk(killer, disk, folder, kills)
-                                                    : killAtRandom(killer, kills);
+    const int kills = line.value(u"kills"_s).toInt();
+    return line.isSet(u"small-disk"_s) ? fillSmallDisk(killer, disk, folder, kills) : killAtRandom(killer, kills);
 }

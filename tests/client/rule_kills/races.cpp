@@ -37,6 +37,8 @@
 #include <unistd.h>
 #include <vector>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 using zepa::RuleState;
@@ -45,9 +47,8 @@ constexpr int commandLines = 3;
 /// The client that stays is the last one.
 constexpr int writers = commandLines + 1;
 /// A type that everybody changes, and one for each writer alone.
-const std::array<QString, writers + 1> editedTypes{QStringLiteral("message_received"), QStringLiteral("email_notify"),
-                                                   QStringLiteral("logged_in"), QStringLiteral("typing_started_notify"),
-                                                   QStringLiteral("error_notify")};
+const std::array<QString, writers + 1> editedTypes{u"message_received"_s, u"email_notify"_s, u"logged_in"_s,
+                                                   u"typing_started_notify"_s, u"error_notify"_s};
 
 /// What all processes see.
 struct Shared
@@ -71,7 +72,7 @@ QString folder;
 
 QString valueOf(int writer, int number)
 {
-    return QStringLiteral("%1-%2 ä.wav").arg(writer).arg(number);
+    return u"%1-%2 ä.wav"_s.arg(writer).arg(number);
 }
 
 bool hasText(const ZepaNotificationMethod& method)
@@ -297,15 +298,13 @@ void race(int rounds, int seconds)
 int main(int argc, char** argv)
 {
     QCommandLineParser line;
-    line.addOptions({{QStringLiteral("rounds"), {}, QStringLiteral("N"), QStringLiteral("0")},
-                     {QStringLiteral("seconds"), {}, QStringLiteral("S"), QStringLiteral("20")}});
+    line.addOptions({{u"rounds"_s, {}, u"N"_s, u"0"_s}, {u"seconds"_s, {}, u"S"_s, u"20"_s}});
     QStringList arguments;
     for (int i = 0; i < argc; ++i)
         arguments.append(QString::fromLocal8Bit(argv[i]));
     line.process(arguments);
 
-    const QTemporaryDir temporary(line.positionalArguments().value(0, QDir::tempPath()) +
-                                  QStringLiteral("/rule-races"));
+    const QTemporaryDir temporary(line.positionalArguments().value(0, QDir::tempPath()) + u"/rule-races"_s);
     folder = temporary.path();
     // Nothing of the desktop takes part.
     qputenv("DBUS_SESSION_BUS_ADDRESS", "unix:path=/nonexistent");
@@ -318,8 +317,8 @@ int main(int argc, char** argv)
         qFatal("mmap: %s", strerror(errno));
     shared = new (memory) Shared;
 
-    const int rounds = line.value(QStringLiteral("rounds")).toInt();
-    race(rounds, line.value(QStringLiteral("seconds")).toInt());
+    const int rounds = line.value(u"rounds"_s).toInt();
+    race(rounds, line.value(u"seconds"_s).toInt());
     std::printf("%d changes acknowledged, %d of them lost; %d refused; %d times busy; %d false alarms; %d reads, %d "
                 "wrong; %d of 18 types whole\n",
                 int(shared->acknowledged), int(shared->lost), int(shared->refused), int(shared->busy),

@@ -4,6 +4,8 @@
 
 #include <gtest/gtest.h>
 
+using namespace Qt::StringLiterals;
+
 using zepa::EditHistory;
 using zepa::EditStep;
 using zepa::RuleChange;
@@ -18,7 +20,7 @@ EditStep step(const QString& text, const QString& subject, const QString& mergeK
 
 EditStep tick(const QString& before, const QString& after)
 {
-    return {QStringLiteral("tick"), SettingChange{QStringLiteral("limit"), before, after}, QStringLiteral("limit")};
+    return {u"tick"_s, SettingChange{u"limit"_s, before, after}, u"limit"_s};
 }
 
 } // namespace
@@ -33,12 +35,12 @@ TEST(EditHistory, BeginsWithNothing)
 TEST(EditHistory, GivesStepsBackLastOneFirst)
 {
     EditHistory history;
-    history.add(step(QStringLiteral("one"), QStringLiteral("a")));
-    history.add(step(QStringLiteral("two"), QStringLiteral("a")));
-    EXPECT_EQ(history.toUndo().text, QStringLiteral("two"));
+    history.add(step(u"one"_s, u"a"_s));
+    history.add(step(u"two"_s, u"a"_s));
+    EXPECT_EQ(history.toUndo().text, u"two"_s);
     history.undone();
-    EXPECT_EQ(history.toUndo().text, QStringLiteral("one"));
-    EXPECT_EQ(history.toRedo().text, QStringLiteral("two"));
+    EXPECT_EQ(history.toUndo().text, u"one"_s);
+    EXPECT_EQ(history.toRedo().text, u"two"_s);
     history.redone();
     EXPECT_FALSE(history.canRedo());
 }
@@ -46,11 +48,11 @@ TEST(EditHistory, GivesStepsBackLastOneFirst)
 TEST(EditHistory, ForgetsWhatWasUndoneWhenSomethingElseIsDone)
 {
     EditHistory history;
-    history.add(step(QStringLiteral("one"), QStringLiteral("a")));
+    history.add(step(u"one"_s, u"a"_s));
     history.undone();
-    history.add(step(QStringLiteral("two"), QStringLiteral("a")));
+    history.add(step(u"two"_s, u"a"_s));
     EXPECT_FALSE(history.canRedo());
-    EXPECT_EQ(history.toUndo().text, QStringLiteral("two"));
+    EXPECT_EQ(history.toUndo().text, u"two"_s);
     history.undone();
     EXPECT_FALSE(history.canUndo());
 }
@@ -58,11 +60,11 @@ TEST(EditHistory, ForgetsWhatWasUndoneWhenSomethingElseIsDone)
 TEST(EditHistory, MakesOneStepOfTheTicksOfANumber)
 {
     EditHistory history;
-    history.add(tick(QStringLiteral("5"), QStringLiteral("6")));
-    history.add(tick(QStringLiteral("6"), QStringLiteral("7")));
+    history.add(tick(u"5"_s, u"6"_s));
+    history.add(tick(u"6"_s, u"7"_s));
     const auto change = std::get<SettingChange>(history.toUndo().change);
-    EXPECT_EQ(change.before, QStringLiteral("5"));
-    EXPECT_EQ(change.after, QStringLiteral("7"));
+    EXPECT_EQ(change.before, u"5"_s);
+    EXPECT_EQ(change.after, u"7"_s);
     history.undone();
     EXPECT_FALSE(history.canUndo());
 }
@@ -70,23 +72,23 @@ TEST(EditHistory, MakesOneStepOfTheTicksOfANumber)
 TEST(EditHistory, DoesNotMergeAcrossAnotherStep)
 {
     EditHistory history;
-    history.add(tick(QStringLiteral("5"), QStringLiteral("6")));
-    history.add(step(QStringLiteral("other"), QStringLiteral("a")));
-    history.add(tick(QStringLiteral("6"), QStringLiteral("7")));
-    EXPECT_EQ(std::get<SettingChange>(history.toUndo().change).before, QStringLiteral("6"));
+    history.add(tick(u"5"_s, u"6"_s));
+    history.add(step(u"other"_s, u"a"_s));
+    history.add(tick(u"6"_s, u"7"_s));
+    EXPECT_EQ(std::get<SettingChange>(history.toUndo().change).before, u"6"_s);
 }
 
 TEST(EditHistory, ForgetsOnlyTheStepsAboutWhatSomeoneElseChanged)
 {
     EditHistory history;
-    history.add(step(QStringLiteral("a1"), QStringLiteral("a")));
-    history.add(step(QStringLiteral("b1"), QStringLiteral("b")));
-    history.add(step(QStringLiteral("a2"), QStringLiteral("a")));
-    history.add(step(QStringLiteral("b2"), QStringLiteral("b")));
+    history.add(step(u"a1"_s, u"a"_s));
+    history.add(step(u"b1"_s, u"b"_s));
+    history.add(step(u"a2"_s, u"a"_s));
+    history.add(step(u"b2"_s, u"b"_s));
     history.undone();
-    history.forget(QStringLiteral("a"));
-    EXPECT_EQ(history.toUndo().text, QStringLiteral("b1"));
-    EXPECT_EQ(history.toRedo().text, QStringLiteral("b2"));
+    history.forget(u"a"_s);
+    EXPECT_EQ(history.toUndo().text, u"b1"_s);
+    EXPECT_EQ(history.toRedo().text, u"b2"_s);
     history.undone();
     EXPECT_FALSE(history.canUndo());
 }

@@ -6,13 +6,15 @@
 
 #include <QLineEdit>
 
+using namespace Qt::StringLiterals;
+
 using namespace zepa;
 using namespace zepa::test;
 
 namespace {
 
-const QString runsCommands = QStringLiteral("zepa_command_notification_method");
-const QString longValue = QString(40'000, u'x') + QStringLiteral("end");
+const QString runsCommands = u"zepa_command_notification_method"_s;
+const QString longValue = QString(40'000, u'x') + u"end"_s;
 
 class LongValue : public SettingsWindow
 {
@@ -47,10 +49,10 @@ TEST_F(LongValue, OfATextStaysWhenTheFieldIsLeft)
 {
     QLineEdit* line = showRule(runsCommands, "command");
     expectThatItStays(line);
-    line->setText(QStringLiteral("true"));
+    line->setText(u"true"_s);
     click(line);
     press(Qt::Key_Return);
-    EXPECT_EQ(value(), QStringLiteral("true"));
+    EXPECT_EQ(value(), u"true"_s);
 }
 
 TEST_F(LongValue, OfASoundStaysWhenTheFieldIsLeft)
@@ -62,7 +64,7 @@ TEST_F(LongValue, IsShownAgainWhenItIsPutBack)
 {
     QLineEdit* line = showRule(runsCommands, "command");
     ASSERT_TRUE(line);
-    line->setText(QStringLiteral("true"));
+    line->setText(u"true"_s);
     click(line);
     press(Qt::Key_Return);
     click(find("undo"));

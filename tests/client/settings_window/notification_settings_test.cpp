@@ -12,6 +12,8 @@
 #include <QSet>
 #include <QSpinBox>
 
+using namespace Qt::StringLiterals;
+
 using namespace zepa;
 using namespace zepa::test;
 
@@ -41,11 +43,11 @@ TEST_F(NotificationSettingsTest, ANumberIsStoredAndKeepsToItsBounds)
     EXPECT_EQ(repeats()->minimum(), 0);
     EXPECT_EQ(repeats()->maximum(), 300);
     EXPECT_EQ(repeats()->value(), 5);
-    enter(QStringLiteral("30"));
+    enter(u"30"_s);
     EXPECT_EQ(storedLimit(), 30);
     press(Qt::Key_Up);
     EXPECT_EQ(storedLimit(), 31);
-    enter(QStringLiteral("300"));
+    enter(u"300"_s);
     press(Qt::Key_Up);
     EXPECT_EQ(storedLimit(), 300);
     restart();
@@ -56,11 +58,11 @@ TEST_F(NotificationSettingsTest, AChoiceIsStored)
 {
     auto* alerts = find<QComboBox>("alerts");
     EXPECT_EQ(alerts->count(), 3);
-    EXPECT_EQ(alerts->currentData().toString(), QStringLiteral("buddies_only"));
+    EXPECT_EQ(alerts->currentData().toString(), u"buddies_only"_s);
     alerts->setFocus();
     press(Qt::Key_Up);
     restart();
-    EXPECT_EQ(find<QComboBox>("alerts")->currentData().toString(), QStringLiteral("always"));
+    EXPECT_EQ(find<QComboBox>("alerts")->currentData().toString(), u"always"_s);
 }
 
 TEST_F(NotificationSettingsTest, AStoredChoiceThatIsNotOfferedShowsNoneAndCannotBeGoneBackTo)
@@ -68,7 +70,7 @@ TEST_F(NotificationSettingsTest, AStoredChoiceThatIsNotOfferedShowsNoneAndCannot
     window.reset();
     editor.reset();
     client.reset();
-    QFile file(folder.filePath(QStringLiteral("settings.ini")));
+    QFile file(folder.filePath(u"settings.ini"_s));
     ASSERT_TRUE(file.open(QIODevice::WriteOnly) && file.write("[General]\nalerts=sometimes\n") > 0);
     file.close();
     client = std::make_unique<Client>(folder.path());
@@ -78,21 +80,21 @@ TEST_F(NotificationSettingsTest, AStoredChoiceThatIsNotOfferedShowsNoneAndCannot
     EXPECT_EQ(alerts->currentText(), QString());
     alerts->setFocus();
     press(Qt::Key_Down);
-    EXPECT_EQ(alerts->currentData().toString(), QStringLiteral("never"));
+    EXPECT_EQ(alerts->currentData().toString(), u"never"_s);
     EXPECT_FALSE(find("undo")->isEnabled());
     press(Qt::Key_Down);
     press(Qt::Key_Z, Qt::ControlModifier);
-    EXPECT_EQ(alerts->currentData().toString(), QStringLiteral("never"));
+    EXPECT_EQ(alerts->currentData().toString(), u"never"_s);
     EXPECT_FALSE(find("problem")->isVisible());
 }
 
 TEST_F(NotificationSettingsTest, AChangeThatABusyFileRefusesIsShownAsItWas)
 {
-    const FileLock elsewhere(folder.filePath(QStringLiteral("settings.lock")));
+    const FileLock elsewhere(folder.filePath(u"settings.lock"_s));
     ASSERT_TRUE(elsewhere.isHeld());
-    enter(QStringLiteral("30"));
+    enter(u"30"_s);
     EXPECT_TRUE(QTest::qWaitFor([this] { return find("problem")->isVisible(); }, 60000));
-    EXPECT_TRUE(find<QLabel>("problem")->text().contains(QStringLiteral("another program")));
+    EXPECT_TRUE(find<QLabel>("problem")->text().contains(u"another program"_s));
     EXPECT_EQ(repeats()->value(), 5);
 }
 
@@ -108,12 +110,12 @@ TEST_F(NotificationSettingsTest, TheWheelOverAFieldWithoutTheFocusChangesNothing
 TEST_F(NotificationSettingsTest, CtrlZTakesTheLastChangesBackWhereverTheFocusIs)
 {
     clickMark(cell(typing, popup));
-    enter(QStringLiteral("30"));
-    EXPECT_EQ(find("undo")->toolTip(), QStringLiteral("Change: Drop repeats for"));
+    enter(u"30"_s);
+    EXPECT_EQ(find("undo")->toolTip(), u"Change: Drop repeats for"_s);
     press(Qt::Key_Z, Qt::ControlModifier);
     EXPECT_EQ(storedLimit(), 5);
     EXPECT_EQ(repeats()->value(), 5);
-    EXPECT_EQ(said(), QStringLiteral("Undone: Change: Drop repeats for"));
+    EXPECT_EQ(said(), u"Undone: Change: Drop repeats for"_s);
     table()->setFocus();
     press(Qt::Key_Z, Qt::ControlModifier);
     EXPECT_EQ(rules(typing), QStringList());
@@ -125,7 +127,7 @@ TEST_F(NotificationSettingsTest, CtrlZTakesTheLastChangesBackWhereverTheFocusIs)
 TEST_F(NotificationSettingsTest, TheUndoButtonSaysWhatItTakesBack)
 {
     clickMark(cell(typing, popup));
-    EXPECT_EQ(find("undo")->accessibleDescription(), QStringLiteral("Add: Typing started, Pop-up"));
+    EXPECT_EQ(find("undo")->accessibleDescription(), u"Add: Typing started, Pop-up"_s);
     click(find("undo"));
     EXPECT_EQ(rules(typing), QStringList());
     click(find("redo"));
@@ -138,7 +140,7 @@ TEST_F(NotificationSettingsTest, ARuleThatCannotBeWrittenIsSaidAndTheMarkStaysAw
     ASSERT_TRUE(QDir().mkpath(ruleFile(typing)));
     clickMark(cell(typing, popup));
     EXPECT_TRUE(find("problem")->isVisible());
-    EXPECT_TRUE(find<QLabel>("problem")->text().contains(QStringLiteral("Typing started")));
+    EXPECT_TRUE(find<QLabel>("problem")->text().contains(u"Typing started"_s));
     EXPECT_EQ(cell(typing, popup).data(Qt::CheckStateRole).toInt(), Qt::Unchecked);
     ASSERT_TRUE(QDir().rmdir(ruleFile(typing)));
     clickMark(cell(typing, popup));
@@ -179,9 +181,9 @@ TEST_F(NotificationSettingsTest, TabGoesThroughTheWindowAsItIsRead)
         names.append(QApplication::focusWidget()->objectName());
         press(Qt::Key_Tab);
     } while (!table()->hasFocus() && names.size() < 60);
-    const QString asRead = QStringLiteral("rules rule sound_file play choose add remove sample defaults "
-                                          "duplicated_notifications_time alerts icon_theme roster_theme sound_theme "
-                                          "undo close");
+    const QString asRead = u"rules rule sound_file play choose add remove sample defaults "
+                           u"duplicated_notifications_time alerts icon_theme roster_theme sound_theme "
+                           u"undo close"_s;
     EXPECT_EQ(names.join(u' '), asRead);
 }
 

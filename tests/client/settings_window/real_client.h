@@ -16,13 +16,15 @@
 
 #include <memory>
 
+using namespace Qt::StringLiterals;
+
 namespace zepa::test {
 
-inline const QString message = QStringLiteral("message_received");
-inline const QString typing = QStringLiteral("typing_started_notify");
-inline const QString popup = QStringLiteral("zepa_hint_notification");
-inline const QString sound = QStringLiteral("zepa_sound_notification_method");
-inline const QString chat = QStringLiteral("zepa_chat_window_notification_method");
+inline const QString message = u"message_received"_s;
+inline const QString typing = u"typing_started_notify"_s;
+inline const QString popup = u"zepa_hint_notification"_s;
+inline const QString sound = u"zepa_sound_notification_method"_s;
+inline const QString chat = u"zepa_chat_window_notification_method"_s;
 
 /// A real client on a settings folder of its own.
 class RealClient : public testing::Test
@@ -40,7 +42,7 @@ protected:
         editor = std::make_unique<RuleEditor>(*client);
     }
 
-    QString ruleFile(const QString& type) const { return folder.filePath(QStringLiteral("notifications/") + type); }
+    QString ruleFile(const QString& type) const { return folder.filePath(u"notifications/"_s + type); }
 
     /// What the rule file holds as bytes; null when it cannot be read.
     QByteArray stored(const QString& type) const

@@ -5,6 +5,8 @@
 #include "client/services/global_settings.h"
 #include "qt_printers.h"
 
+using namespace Qt::StringLiterals;
+
 using namespace zepa;
 using namespace zepa::test;
 
@@ -24,28 +26,27 @@ protected:
     }
 };
 
-const QString repeats = QStringLiteral("duplicated_notifications_time");
+const QString repeats = u"duplicated_notifications_time"_s;
 
 } // namespace
 
 TEST_F(RuleEditorTest, AddsTheMethodsDefaultForTheType)
 {
-    editor->remove(QStringLiteral("email_notify"), sound);
-    editor->add(QStringLiteral("email_notify"), sound);
-    EXPECT_EQ(rules(QStringLiteral("email_notify")).constFirst(),
-              QStringLiteral("zepa_sound_notification_method sound_file=mail.wav"));
+    editor->remove(u"email_notify"_s, sound);
+    editor->add(u"email_notify"_s, sound);
+    EXPECT_EQ(rules(u"email_notify"_s).constFirst(), u"zepa_sound_notification_method sound_file=mail.wav"_s);
 }
 
 TEST_F(RuleEditorTest, AddsAMethodWithoutADefaultForTheTypeWithItsInitialValues)
 {
     editor->add(typing, sound);
-    EXPECT_EQ(rules(typing), QStringList{QStringLiteral("zepa_sound_notification_method sound_file=bell.wav")});
+    EXPECT_EQ(rules(typing), QStringList{u"zepa_sound_notification_method sound_file=bell.wav"_s});
 }
 
 TEST_F(RuleEditorTest, TogglesARuleOnAndOffAgain)
 {
     editor->toggle(typing, popup);
-    EXPECT_EQ(rules(typing), QStringList{QStringLiteral("zepa_hint_notification sticky=false")});
+    EXPECT_EQ(rules(typing), QStringList{u"zepa_hint_notification sticky=false"_s});
     editor->toggle(typing, popup);
     EXPECT_EQ(rules(typing), QStringList());
 }
@@ -54,16 +55,16 @@ TEST_F(RuleEditorTest, TogglingAPairWithTwoRulesRemovesTheNewest)
 {
     editor->add(typing, popup);
     editor->add(typing, popup);
-    editor->change(typing, popup, 0, QStringLiteral("sticky"), QStringLiteral("true"));
+    editor->change(typing, popup, 0, u"sticky"_s, u"true"_s);
     editor->toggle(typing, popup);
-    EXPECT_EQ(rules(typing), QStringList{QStringLiteral("zepa_hint_notification sticky=false")});
+    EXPECT_EQ(rules(typing), QStringList{u"zepa_hint_notification sticky=false"_s});
 }
 
 TEST_F(RuleEditorTest, KeepsEachChangeForTheNextStart)
 {
     editor->add(typing, popup);
-    editor->change(typing, popup, 0, QStringLiteral("sticky"), QStringLiteral("true"));
-    EXPECT_EQ(rulesAfterRestart(typing), QStringList{QStringLiteral("zepa_hint_notification sticky=true")});
+    editor->change(typing, popup, 0, u"sticky"_s, u"true"_s);
+    EXPECT_EQ(rulesAfterRestart(typing), QStringList{u"zepa_hint_notification sticky=true"_s});
     editor->remove(typing, popup);
     EXPECT_EQ(rulesAfterRestart(typing), QStringList());
 }
@@ -73,41 +74,41 @@ TEST_F(RuleEditorTest, ChangesTheOlderOfTwoRulesAndLeavesTheNewerWhereItIs)
     editor->add(typing, popup);
     editor->add(typing, sound);
     editor->add(typing, popup);
-    editor->change(typing, popup, 1, QStringLiteral("sticky"), QStringLiteral("true"));
-    EXPECT_EQ(rules(typing), (QStringList{QStringLiteral("zepa_hint_notification sticky=false"),
-                                          QStringLiteral("zepa_sound_notification_method sound_file=bell.wav"),
-                                          QStringLiteral("zepa_hint_notification sticky=true")}));
+    editor->change(typing, popup, 1, u"sticky"_s, u"true"_s);
+    EXPECT_EQ(rules(typing), (QStringList{u"zepa_hint_notification sticky=false"_s,
+                                          u"zepa_sound_notification_method sound_file=bell.wav"_s,
+                                          u"zepa_hint_notification sticky=true"_s}));
 }
 
 TEST_F(RuleEditorTest, RemovesTheOlderOfTwoRules)
 {
     editor->add(typing, popup);
     editor->add(typing, popup);
-    editor->change(typing, popup, 0, QStringLiteral("sticky"), QStringLiteral("true"));
+    editor->change(typing, popup, 0, u"sticky"_s, u"true"_s);
     editor->remove(typing, popup, 1);
-    EXPECT_EQ(rules(typing), QStringList{QStringLiteral("zepa_hint_notification sticky=true")});
+    EXPECT_EQ(rules(typing), QStringList{u"zepa_hint_notification sticky=true"_s});
 }
 
 TEST_F(RuleEditorTest, RefusesAValueThatTheFieldDoesNotAllow)
 {
     editor->add(typing, popup);
     const QByteArray before = stored(typing);
-    editor->change(typing, popup, 0, QStringLiteral("sticky"), QStringLiteral("perhaps"));
-    editor->changeSetting(globalField(repeats), QStringLiteral("301"));
+    editor->change(typing, popup, 0, u"sticky"_s, u"perhaps"_s);
+    editor->changeSetting(globalField(repeats), u"301"_s);
     EXPECT_EQ(stored(typing), before);
-    EXPECT_EQ(editor->setting(globalField(repeats)).getText(), QStringLiteral("5"));
-    EXPECT_EQ(editor->undoText(), QStringLiteral("Add: Typing started, Pop-up"));
+    EXPECT_EQ(editor->setting(globalField(repeats)).getText(), u"5"_s);
+    EXPECT_EQ(editor->undoText(), u"Add: Typing started, Pop-up"_s);
 }
 
 TEST_F(RuleEditorTest, IgnoresTypesAndMethodsThatAreNotThere)
 {
     QSignalSpy history(editor.get(), &RuleEditor::historyChanged);
-    editor->toggle(QStringLiteral("nobody"), popup);
-    editor->toggle(typing, QStringLiteral("nobody"));
+    editor->toggle(u"nobody"_s, popup);
+    editor->toggle(typing, u"nobody"_s);
     editor->remove(typing, popup, 3);
     EXPECT_EQ(rules(typing), QStringList());
     EXPECT_EQ(history.count(), 0);
-    EXPECT_FALSE(QFile::exists(ruleFile(QStringLiteral("nobody"))));
+    EXPECT_FALSE(QFile::exists(ruleFile(u"nobody"_s)));
 }
 
 TEST_F(RuleEditorTest, RestoresTheDefaultsOfOneType)
@@ -116,7 +117,7 @@ TEST_F(RuleEditorTest, RestoresTheDefaultsOfOneType)
     ASSERT_FALSE(atFirst.isEmpty());
     EXPECT_TRUE(editor->hasDefaults(message));
     editor->toggle(message, popup);
-    editor->change(message, sound, 0, QStringLiteral("sound_file"), QStringLiteral("bell.wav"));
+    editor->change(message, sound, 0, u"sound_file"_s, u"bell.wav"_s);
     editor->add(typing, popup);
     EXPECT_FALSE(editor->hasDefaults(message));
     editor->restoreDefaults(message);
@@ -135,7 +136,7 @@ TEST_F(RuleEditorTest, RestoringDefaultsThatAreThereIsNoStep)
 TEST_F(RuleEditorTest, ChangesASettingOfTheWholeClientOnDisk)
 {
     QSignalSpy changed(editor.get(), &RuleEditor::settingChanged);
-    editor->changeSetting(globalField(repeats), QStringLiteral("30"));
+    editor->changeSetting(globalField(repeats), u"30"_s);
     EXPECT_EQ(changed, QList<QVariantList>{{repeats}});
     restart();
     EXPECT_EQ(editor->setting(globalField(repeats)).getIntValue(), 30);
@@ -154,7 +155,7 @@ TEST_F(RuleEditorTest, SeesChangesThatSomeoneElseMade)
     QSignalSpy setting(editor.get(), &RuleEditor::settingChanged);
     QList<ZepaField> config;
     client->module().addNotificationRule(typing, popup, config);
-    client->settings().store(globalField(repeats), QStringLiteral("9"));
+    client->settings().store(globalField(repeats), u"9"_s);
     editor->refresh();
     EXPECT_EQ(changed, QList<QVariantList>{{typing}});
     EXPECT_EQ(setting, QList<QVariantList>{{repeats}});
@@ -165,9 +166,9 @@ TEST_F(RuleEditorTest, SeesChangesThatSomeoneElseMade)
 TEST_F(RuleEditorTest, SeesATypeThatWasRegisteredLater)
 {
     QSignalSpy table(editor.get(), &RuleEditor::tableChanged);
-    client->module().registerNotification(QStringLiteral("lunch"), QStringLiteral("Lunch"), {}, {});
+    client->module().registerNotification(u"lunch"_s, u"Lunch"_s, {}, {});
     editor->refresh();
     EXPECT_EQ(table.count(), 1);
-    editor->add(QStringLiteral("lunch"), popup);
-    EXPECT_EQ(rules(QStringLiteral("lunch")).size(), 1);
+    editor->add(u"lunch"_s, popup);
+    EXPECT_EQ(rules(u"lunch"_s).size(), 1);
 }

@@ -4,6 +4,8 @@
 #include "client/services/global_settings.h"
 #include "qt_printers.h"
 
+using namespace Qt::StringLiterals;
+
 using namespace zepa;
 using namespace zepa::test;
 
@@ -22,41 +24,41 @@ TEST_F(RuleEditorUndo, SaysWhatItWouldTakeBack)
 {
     EXPECT_EQ(editor->undoText(), QString());
     editor->add(typing, popup);
-    EXPECT_EQ(editor->undoText(), QStringLiteral("Add: Typing started, Pop-up"));
-    editor->change(typing, popup, 0, QStringLiteral("sticky"), QStringLiteral("true"));
-    EXPECT_EQ(editor->undoText(), QStringLiteral("Change: Typing started, Pop-up, Sticky"));
-    editor->changeSetting(repeats(), QStringLiteral("30"));
-    EXPECT_EQ(editor->undoText(), QStringLiteral("Change: Drop repeats for"));
+    EXPECT_EQ(editor->undoText(), u"Add: Typing started, Pop-up"_s);
+    editor->change(typing, popup, 0, u"sticky"_s, u"true"_s);
+    EXPECT_EQ(editor->undoText(), u"Change: Typing started, Pop-up, Sticky"_s);
+    editor->changeSetting(repeats(), u"30"_s);
+    EXPECT_EQ(editor->undoText(), u"Change: Drop repeats for"_s);
     editor->undo();
-    EXPECT_EQ(editor->redoText(), QStringLiteral("Change: Drop repeats for"));
+    EXPECT_EQ(editor->redoText(), u"Change: Drop repeats for"_s);
 }
 
 TEST_F(RuleEditorUndo, TakesSeveralStepsBackInMemoryAndOnDisk)
 {
     editor->add(typing, popup);
-    editor->changeSetting(repeats(), QStringLiteral("30"));
+    editor->changeSetting(repeats(), u"30"_s);
     editor->add(typing, sound);
-    editor->change(typing, sound, 0, QStringLiteral("sound_file"), QStringLiteral("mail.wav"));
+    editor->change(typing, sound, 0, u"sound_file"_s, u"mail.wav"_s);
     for (int i = 0; i < 4; ++i)
         editor->undo();
     EXPECT_EQ(rules(typing), QStringList());
     EXPECT_EQ(editor->undoText(), QString());
-    EXPECT_EQ(editor->setting(repeats()).getText(), QStringLiteral("5"));
+    EXPECT_EQ(editor->setting(repeats()).getText(), u"5"_s);
     EXPECT_EQ(rulesAfterRestart(typing), QStringList());
-    EXPECT_EQ(editor->setting(repeats()).getText(), QStringLiteral("5"));
+    EXPECT_EQ(editor->setting(repeats()).getText(), u"5"_s);
 }
 
 TEST_F(RuleEditorUndo, DoesAgainWhatWasUndone)
 {
     editor->add(typing, popup);
-    editor->change(typing, popup, 0, QStringLiteral("sticky"), QStringLiteral("true"));
+    editor->change(typing, popup, 0, u"sticky"_s, u"true"_s);
     const QByteArray file = stored(typing);
     editor->undo();
     editor->undo();
     EXPECT_NE(stored(typing), file);
     editor->redo();
     editor->redo();
-    EXPECT_EQ(rules(typing), QStringList{QStringLiteral("zepa_hint_notification sticky=true")});
+    EXPECT_EQ(rules(typing), QStringList{u"zepa_hint_notification sticky=true"_s});
     EXPECT_EQ(stored(typing), file);
     EXPECT_EQ(editor->redoText(), QString());
 }
@@ -68,7 +70,7 @@ TEST_F(RuleEditorUndo, BringsTheOrderOfTheRulesBack)
     editor->add(typing, popup);
     editor->add(typing, sound);
     editor->add(typing, popup);
-    editor->change(typing, popup, 0, QStringLiteral("sticky"), QStringLiteral("true"));
+    editor->change(typing, popup, 0, u"sticky"_s, u"true"_s);
     const QStringList before = rules(typing);
     const QByteArray file = stored(typing);
     for (const auto& [method, index] : {std::pair{chat, 0}, std::pair{popup, 1}, std::pair{popup, 0}}) {
@@ -86,7 +88,7 @@ TEST_F(RuleEditorUndo, TakesRestoredDefaultsBack)
     editor->add(message, chat);
     const QStringList before = rules(message);
     editor->restoreDefaults(message);
-    EXPECT_EQ(editor->undoText(), QStringLiteral("Restore defaults: Message received"));
+    EXPECT_EQ(editor->undoText(), u"Restore defaults: Message received"_s);
     EXPECT_NE(rules(message), before);
     editor->undo();
     EXPECT_EQ(rules(message), before);

@@ -12,6 +12,8 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+using namespace Qt::StringLiterals;
+
 using namespace zepa;
 using namespace zepa::test;
 
@@ -64,7 +66,7 @@ TEST_F(RuleFiles, HoldWhatTheModuleHasAfterEachChange)
 {
     EXPECT_TRUE(rulesAreStored(client->module(), client->settings().getSettingsDir(), message));
     editor->add(message, chat);
-    editor->change(message, sound, 0, QStringLiteral("sound_file"), QStringLiteral("a\x01 <b> \u00fc.wav"));
+    editor->change(message, sound, 0, u"sound_file"_s, u"a\x01 <b> \u00fc.wav"_s);
     EXPECT_TRUE(rulesAreStored(client->module(), client->settings().getSettingsDir(), message));
     EXPECT_EQ(editor->problem(), QString());
 }
@@ -82,7 +84,7 @@ TEST_F(RuleFiles, AreSeenToDifferInAValueARuleOrTheWhole)
         return !rulesAreStored(client->module(), settings, typing);
     };
     EXPECT_FALSE(differs(one));
-    editor->change(typing, popup, 0, QStringLiteral("sticky"), QStringLiteral("true"));
+    editor->change(typing, popup, 0, u"sticky"_s, u"true"_s);
     EXPECT_TRUE(differs(one));
     EXPECT_TRUE(differs({}));
     EXPECT_TRUE(differs("<rules></rules>"));
@@ -100,7 +102,7 @@ TEST_F(RuleFiles, OnAFullDiskTheChangeIsInUseAndTheUserIsTold)
         editor->add(typing, sound);
     }
     EXPECT_GE(problem.count(), 1);
-    EXPECT_TRUE(editor->problem().contains(QStringLiteral("Typing started"))) << editor->problem().toStdString();
+    EXPECT_TRUE(editor->problem().contains(u"Typing started"_s)) << editor->problem().toStdString();
     EXPECT_TRUE(editor->problem().contains(folder.path()));
     EXPECT_TRUE(editor->canRetry());
     EXPECT_EQ(rules(typing).size(), 2);
@@ -118,12 +120,12 @@ TEST_F(RuleFiles, OfOtherTypesAreWholeAfterAChangeOnAFullDisk)
     const QStringList others = rules(message);
     {
         const FullDisk full(40);
-        editor->change(typing, popup, 0, QStringLiteral("sticky"), QStringLiteral("true"));
-        EXPECT_TRUE(editor->problem().contains(QStringLiteral("Typing started"))) << editor->problem().toStdString();
-        EXPECT_FALSE(editor->problem().contains(QStringLiteral("Message received")));
+        editor->change(typing, popup, 0, u"sticky"_s, u"true"_s);
+        EXPECT_TRUE(editor->problem().contains(u"Typing started"_s)) << editor->problem().toStdString();
+        EXPECT_FALSE(editor->problem().contains(u"Message received"_s));
         EXPECT_TRUE(rulesAreStored(client->module(), client->settings().getSettingsDir(), message));
     }
-    EXPECT_EQ(rulesAfterRestart(typing), QStringList{QStringLiteral("zepa_hint_notification sticky=false")});
+    EXPECT_EQ(rulesAfterRestart(typing), QStringList{u"zepa_hint_notification sticky=false"_s});
     EXPECT_EQ(sorted(rules(message)), sorted(others));
 }
 
@@ -135,7 +137,7 @@ TEST_F(RuleFiles, RetryStoresAlsoThatThereIsNoRule)
         editor->remove(typing, popup);
     }
     EXPECT_TRUE(editor->canRetry());
-    EXPECT_TRUE(editor->problem().contains(QStringLiteral("Typing started")));
+    EXPECT_TRUE(editor->problem().contains(u"Typing started"_s));
     editor->retry();
     EXPECT_EQ(editor->problem(), QString());
     EXPECT_TRUE(stored(typing).contains("rules"));
@@ -155,7 +157,7 @@ TEST_F(RuleFiles, InAReadOnlyFolderNothingIsChangedAndTheUserIsTold)
 {
     const QList<std::pair<QByteArray, mode_t>> guarded{
         {QFile::encodeName(ruleFile(message)), 0444},
-        {QFile::encodeName(folder.filePath(QStringLiteral("notifications"))), 0555},
+        {QFile::encodeName(folder.filePath(u"notifications"_s)), 0555},
         {QFile::encodeName(folder.path()), 0555},
     };
     for (const auto& [path, mode] : guarded)
@@ -165,15 +167,15 @@ TEST_F(RuleFiles, InAReadOnlyFolderNothingIsChangedAndTheUserIsTold)
         const OrdinaryUser user;
         editor->toggle(message, popup);
         EXPECT_EQ(rules(message), before);
-        EXPECT_TRUE(editor->problem().contains(QStringLiteral("Message received"))) << editor->problem().toStdString();
+        EXPECT_TRUE(editor->problem().contains(u"Message received"_s)) << editor->problem().toStdString();
 
         editor->toggle(typing, popup);
         EXPECT_EQ(rules(typing), QStringList());
-        EXPECT_TRUE(editor->problem().contains(QStringLiteral("Typing started"))) << editor->problem().toStdString();
+        EXPECT_TRUE(editor->problem().contains(u"Typing started"_s)) << editor->problem().toStdString();
 
-        editor->changeSetting(globalSettings().constFirst(), QStringLiteral("30"));
-        EXPECT_EQ(editor->setting(globalSettings().constFirst()).getText(), QStringLiteral("5"));
-        EXPECT_TRUE(editor->problem().contains(QStringLiteral("Drop repeats for"))) << editor->problem().toStdString();
+        editor->changeSetting(globalSettings().constFirst(), u"30"_s);
+        EXPECT_EQ(editor->setting(globalSettings().constFirst()).getText(), u"5"_s);
+        EXPECT_TRUE(editor->problem().contains(u"Drop repeats for"_s)) << editor->problem().toStdString();
     }
     EXPECT_FALSE(editor->canRetry());
     EXPECT_EQ(editor->undoText(), QString());

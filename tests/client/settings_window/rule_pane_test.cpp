@@ -13,6 +13,8 @@
 #include <QLineEdit>
 #include <QPushButton>
 
+using namespace Qt::StringLiterals;
+
 using namespace zepa;
 using namespace zepa::test;
 
@@ -43,7 +45,7 @@ protected:
         ASSERT_TRUE(dialog);
         ASSERT_TRUE(QTest::qWaitForWindowActive(dialog));
         // Typing would open the dialog's list of suggestions, which takes the keyboard.
-        dialog->findChild<QLineEdit*>(QStringLiteral("fileNameEdit"))->setText(path);
+        dialog->findChild<QLineEdit*>(u"fileNameEdit"_s)->setText(path);
         click(dialog->findChild<QDialogButtonBox*>()->button(QDialogButtonBox::Open));
     }
 };
@@ -55,19 +57,19 @@ TEST_F(RulePaneTest, ACheckBoxChangesItsRuleWithTheMouseAndWithSpace)
     clickCell(cell(message, popup));
     auto* sticky = find<QCheckBox>("sticky");
     QTest::mouseClick(sticky, Qt::LeftButton, {}, QPoint(8, sticky->height() / 2));
-    EXPECT_TRUE(rules(message).contains(QStringLiteral("zepa_hint_notification sticky=true")));
+    EXPECT_TRUE(rules(message).contains(u"zepa_hint_notification sticky=true"_s));
     press(Qt::Key_Space);
-    EXPECT_TRUE(rules(message).contains(QStringLiteral("zepa_hint_notification sticky=false")));
+    EXPECT_TRUE(rules(message).contains(u"zepa_hint_notification sticky=false"_s));
     press(Qt::Key_Space);
     restart();
-    EXPECT_TRUE(rules(message).contains(QStringLiteral("zepa_hint_notification sticky=true")));
+    EXPECT_TRUE(rules(message).contains(u"zepa_hint_notification sticky=true"_s));
 }
 
 TEST_F(RulePaneTest, ATypedSoundIsStoredWithEnter)
 {
     clickCell(cell(message, sound));
-    enter(soundLine(), QStringLiteral("mail.wav"));
-    EXPECT_TRUE(rules(message).contains(QStringLiteral("zepa_sound_notification_method sound_file=mail.wav")));
+    enter(soundLine(), u"mail.wav"_s);
+    EXPECT_TRUE(rules(message).contains(u"zepa_sound_notification_method sound_file=mail.wav"_s));
     EXPECT_EQ(warning(), QString());
 }
 
@@ -76,17 +78,17 @@ TEST_F(RulePaneTest, ATypedSoundIsStoredWhenTheFocusGoesOn)
     clickCell(cell(message, sound));
     click(soundLine());
     press(Qt::Key_A, Qt::ControlModifier);
-    type(QStringLiteral("mail.wav"));
+    type(u"mail.wav"_s);
     press(Qt::Key_Tab);
-    EXPECT_TRUE(rules(message).contains(QStringLiteral("zepa_sound_notification_method sound_file=mail.wav")));
+    EXPECT_TRUE(rules(message).contains(u"zepa_sound_notification_method sound_file=mail.wav"_s));
 }
 
 TEST_F(RulePaneTest, ASoundThatCannotBePlayedIsSaidToBeSo)
 {
     clickCell(cell(message, sound));
-    enter(soundLine(), QStringLiteral("silence.wav"));
-    EXPECT_TRUE(QTest::qWaitFor([this] { return warning() == QStringLiteral("This file cannot be played."); }));
-    enter(soundLine(), QStringLiteral("bell.wav"));
+    enter(soundLine(), u"silence.wav"_s);
+    EXPECT_TRUE(QTest::qWaitFor([this] { return warning() == u"This file cannot be played."_s; }));
+    enter(soundLine(), u"bell.wav"_s);
     EXPECT_TRUE(QTest::qWaitFor([this] { return warning().isEmpty(); }));
 }
 
@@ -94,34 +96,34 @@ TEST_F(RulePaneTest, PlayHandsTheSoundOfTheThemeToTheAudioService)
 {
     const LogLines log;
     clickCell(cell(message, sound));
-    enter(soundLine(), QStringLiteral("nothing-here.wav"));
+    enter(soundLine(), u"nothing-here.wav"_s);
     click(find("play"));
-    const QString file = client->settings().getCurrentSoundThemeDir() + QStringLiteral("nothing-here.wav");
+    const QString file = client->settings().getCurrentSoundThemeDir() + u"nothing-here.wav"_s;
     EXPECT_TRUE(QTest::qWaitFor([&] { return log.lines().join(u'\n').contains(file); }));
 }
 
 TEST_F(RulePaneTest, AChosenFileThatPlaysIsTakenAndStored)
 {
-    const QString file = folder.filePath(QStringLiteral("ding.wav"));
-    ASSERT_TRUE(QFile::copy(client->settings().getCurrentSoundThemeDir() + QStringLiteral("bell.wav"), file));
+    const QString file = folder.filePath(u"ding.wav"_s);
+    ASSERT_TRUE(QFile::copy(client->settings().getCurrentSoundThemeDir() + u"bell.wav"_s, file));
     clickCell(cell(message, sound));
     choose(file);
     EXPECT_TRUE(QTest::qWaitFor(
-        [&] { return rules(message).contains(QStringLiteral("zepa_sound_notification_method sound_file=") + file); }));
+        [&] { return rules(message).contains(u"zepa_sound_notification_method sound_file="_s + file); }));
     EXPECT_EQ(soundLine()->text(), file);
 }
 
 TEST_F(RulePaneTest, AChosenFileOfTheThemeIsKeptByItsNameAlone)
 {
     clickCell(cell(message, sound));
-    choose(client->settings().getCurrentSoundThemeDir() + QStringLiteral("mail.wav"));
+    choose(client->settings().getCurrentSoundThemeDir() + u"mail.wav"_s);
     EXPECT_TRUE(QTest::qWaitFor(
-        [&] { return rules(message).contains(QStringLiteral("zepa_sound_notification_method sound_file=mail.wav")); }));
+        [&] { return rules(message).contains(u"zepa_sound_notification_method sound_file=mail.wav"_s); }));
 }
 
 TEST_F(RulePaneTest, AChosenFileThatDoesNotPlayIsNotTaken)
 {
-    const QString path = folder.filePath(QStringLiteral("noise.wav"));
+    const QString path = folder.filePath(u"noise.wav"_s);
     QFile file(path);
     ASSERT_TRUE(file.open(QIODevice::WriteOnly));
     file.write("no sound at all");
@@ -129,7 +131,7 @@ TEST_F(RulePaneTest, AChosenFileThatDoesNotPlayIsNotTaken)
     const QStringList before = rules(message);
     clickCell(cell(message, sound));
     choose(path);
-    EXPECT_TRUE(QTest::qWaitFor([this] { return warning().contains(QStringLiteral("not taken")); }));
+    EXPECT_TRUE(QTest::qWaitFor([this] { return warning().contains(u"not taken"_s); }));
     EXPECT_EQ(rules(message), before);
 }
 
@@ -147,11 +149,11 @@ TEST_F(RulePaneTest, BothRulesOfAPairCanBeChangedAndRemoved)
     press(Qt::Key_Down);
     find("sticky")->setFocus();
     press(Qt::Key_Space);
-    EXPECT_EQ(rules(typing), (QStringList{QStringLiteral("zepa_hint_notification sticky=false"),
-                                          QStringLiteral("zepa_hint_notification sticky=true")}));
+    EXPECT_EQ(rules(typing),
+              (QStringList{u"zepa_hint_notification sticky=false"_s, u"zepa_hint_notification sticky=true"_s}));
     EXPECT_EQ(choice->currentIndex(), 1);
     click(find("remove"));
-    EXPECT_EQ(rules(typing), QStringList{QStringLiteral("zepa_hint_notification sticky=false")});
+    EXPECT_EQ(rules(typing), QStringList{u"zepa_hint_notification sticky=false"_s});
     EXPECT_FALSE(choice->isVisible());
 }
 
@@ -160,8 +162,8 @@ TEST_F(RulePaneTest, WithoutARuleItOffersToAddOne)
     clickCell(cell(typing, sound));
     EXPECT_FALSE(find("remove")->isVisible());
     click(find("add"));
-    EXPECT_EQ(rules(typing), QStringList{QStringLiteral("zepa_sound_notification_method sound_file=bell.wav")});
-    EXPECT_EQ(soundLine()->text(), QStringLiteral("bell.wav"));
+    EXPECT_EQ(rules(typing), QStringList{u"zepa_sound_notification_method sound_file=bell.wav"_s});
+    EXPECT_EQ(soundLine()->text(), u"bell.wav"_s);
     click(find("remove"));
     EXPECT_EQ(rules(typing), QStringList());
 }
@@ -183,8 +185,8 @@ TEST_F(RulePaneTest, ASampleSaysWhereItWentAndEachOneIsDelivered)
     for (const char* number : {"Sample 1 ", "Sample 2 "}) {
         click(find("sample"));
         EXPECT_TRUE(said().contains(QString::fromLatin1(number))) << said().toStdString();
-        EXPECT_TRUE(said().contains(QStringLiteral("Pop-up"))) << said().toStdString();
-        EXPECT_TRUE(said().contains(QStringLiteral("Sound"))) << said().toStdString();
+        EXPECT_TRUE(said().contains(u"Pop-up"_s)) << said().toStdString();
+        EXPECT_TRUE(said().contains(u"Sound"_s)) << said().toStdString();
     }
 }
 
@@ -192,5 +194,5 @@ TEST_F(RulePaneTest, ASampleOfATypeWithoutRulesSaysThatNothingHappens)
 {
     clickCell(cell(typing, sound));
     click(find("sample"));
-    EXPECT_TRUE(said().contains(QStringLiteral("no rule"))) << said().toStdString();
+    EXPECT_TRUE(said().contains(u"no rule"_s)) << said().toStdString();
 }

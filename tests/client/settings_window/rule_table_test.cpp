@@ -8,6 +8,8 @@
 #include <QLabel>
 #include <QSpinBox>
 
+using namespace Qt::StringLiterals;
+
 using namespace zepa;
 using namespace zepa::test;
 
@@ -35,9 +37,9 @@ TEST_F(RuleTable, HasARowForEachTypeAndAColumnForEachMethod)
     EXPECT_EQ(table()->model()->rowCount(), 18);
     EXPECT_EQ(table()->model()->columnCount(), client->module().getMethods().size() + 1);
     const QModelIndex index = cell(typing, popup);
-    EXPECT_EQ(table()->model()->headerData(index.row(), Qt::Vertical).toString(), QStringLiteral("Typing started"));
+    EXPECT_EQ(table()->model()->headerData(index.row(), Qt::Vertical).toString(), u"Typing started"_s);
     EXPECT_TRUE(table()->model()->headerData(index.row(), Qt::Vertical, Qt::ToolTipRole).toString().contains(typing));
-    EXPECT_EQ(table()->model()->headerData(index.column(), Qt::Horizontal).toString(), QStringLiteral("Pop-up"));
+    EXPECT_EQ(table()->model()->headerData(index.column(), Qt::Horizontal).toString(), u"Pop-up"_s);
 }
 
 TEST_F(RuleTable, MarksThePairsThatHaveARule)
@@ -52,9 +54,9 @@ TEST_F(RuleTable, ShowsTheSamePairTwiceAsTwo)
     click(find("add"));
     EXPECT_EQ(cell(typing, popup).data().toString(), QString());
     click(find("add"));
-    EXPECT_EQ(cell(typing, popup).data().toString(), QStringLiteral("2"));
+    EXPECT_EQ(cell(typing, popup).data().toString(), u"2"_s);
     EXPECT_TRUE(isMarked(typing, popup));
-    EXPECT_EQ(heard(cell(typing, popup)), QStringLiteral("Typing started, Pop-up: 2 rules"));
+    EXPECT_EQ(heard(cell(typing, popup)), u"Typing started, Pop-up: 2 rules"_s);
 }
 
 TEST_F(RuleTable, AClickOnTheMarkAddsAndRemovesARule)
@@ -86,7 +88,7 @@ TEST_F(RuleTable, SpaceAddsAndRemovesARuleAtTheCellThatArrowsReach)
     ASSERT_EQ(table()->currentIndex(), target);
     press(Qt::Key_Space);
     EXPECT_TRUE(isMarked(typing, sound));
-    EXPECT_EQ(said(), QStringLiteral("Typing started, Sound: one rule"));
+    EXPECT_EQ(said(), u"Typing started, Sound: one rule"_s);
     press(Qt::Key_Space);
     EXPECT_FALSE(isMarked(typing, sound));
     EXPECT_EQ(rules(typing), QStringList());
@@ -101,8 +103,8 @@ TEST_F(RuleTable, SpaceWhereNoMethodIsChangesNothing)
 
 TEST_F(RuleTable, TellsAScreenReaderTypeMethodAndRules)
 {
-    EXPECT_EQ(heard(cell(message, popup)), QStringLiteral("Message received, Pop-up: one rule"));
-    EXPECT_EQ(heard(cell(typing, popup)), QStringLiteral("Typing started, Pop-up: no rule"));
+    EXPECT_EQ(heard(cell(message, popup)), u"Message received, Pop-up: one rule"_s);
+    EXPECT_EQ(heard(cell(typing, popup)), u"Typing started, Pop-up: no rule"_s);
 }
 
 TEST_F(RuleTable, KeepsAChangeForTheNextStart)
@@ -121,7 +123,7 @@ TEST_F(RuleTable, ShowsWhatSomeoneElseChangedOnRefresh)
     client->module().addNotificationRule(typing, popup, config);
     window->refresh();
     EXPECT_EQ(changed.count(), 1);
-    EXPECT_TRUE(said().contains(QStringLiteral("outside"))) << said().toStdString();
+    EXPECT_TRUE(said().contains(u"outside"_s)) << said().toStdString();
 }
 
 TEST_F(RuleTable, ShowsWhatACommandOfAnotherStartChanged)
@@ -141,14 +143,14 @@ TEST_F(RuleTable, LooksForChangesWhenTheWindowIsActivated)
     client->module().removeNotificationRule(message, popup);
     window->activateWindow();
     ASSERT_TRUE(QTest::qWaitForWindowActive(window.get()));
-    EXPECT_TRUE(said().contains(QStringLiteral("outside"))) << said().toStdString();
+    EXPECT_TRUE(said().contains(u"outside"_s)) << said().toStdString();
 }
 
 TEST_F(RuleTable, GetsARowForATypeThatIsRegisteredLater)
 {
-    client->module().registerNotification(QStringLiteral("lunch"), QStringLiteral("Lunch"), {}, {});
+    client->module().registerNotification(u"lunch"_s, u"Lunch"_s, {}, {});
     window->refresh();
     EXPECT_EQ(table()->model()->rowCount(), 19);
-    clickMark(cell(QStringLiteral("lunch"), popup));
-    EXPECT_EQ(rules(QStringLiteral("lunch")).size(), 1);
+    clickMark(cell(u"lunch"_s, popup));
+    EXPECT_EQ(rules(u"lunch"_s).size(), 1);
 }

@@ -12,6 +12,8 @@
 
 #include <optional>
 
+using namespace Qt::StringLiterals;
+
 using namespace zepa;
 using namespace zepa::test;
 
@@ -34,11 +36,11 @@ protected:
 
     void beginToChangeSettingsElsewhere()
     {
-        settingsElsewhere.emplace(folder.filePath(QStringLiteral("settings.lock")));
+        settingsElsewhere.emplace(folder.filePath(u"settings.lock"_s));
         ASSERT_TRUE(settingsElsewhere->isHeld());
     }
     QString limit() const { return editor->setting(repeats).getText(); }
-    QByteArray storedSettings() const { return stored(QStringLiteral("../settings.ini")); }
+    QByteArray storedSettings() const { return stored(u"../settings.ini"_s); }
 
     const ZepaField repeats = globalSettings().constFirst();
     std::optional<RuleLock> elsewhere;
@@ -60,8 +62,8 @@ TEST_F(RuleWaiting, ChangesAreMadeInTheirOrderWhenItIsDone)
     elsewhere.reset();
     while (changed.count() < 3)
         ASSERT_TRUE(changed.wait());
-    EXPECT_EQ(rules(typing), QStringList{QStringLiteral("zepa_hint_notification sticky=false")});
-    EXPECT_EQ(rulesAfterRestart(typing), QStringList{QStringLiteral("zepa_hint_notification sticky=false")});
+    EXPECT_EQ(rules(typing), QStringList{u"zepa_hint_notification sticky=false"_s});
+    EXPECT_EQ(rulesAfterRestart(typing), QStringList{u"zepa_hint_notification sticky=false"_s});
 }
 
 TEST_F(RuleWaiting, ChangesAreRefusedWithASentenceWhenItTakesTooLong)
@@ -73,7 +75,7 @@ TEST_F(RuleWaiting, ChangesAreRefusedWithASentenceWhenItTakesTooLong)
     const QStringList before = rules(message);
     while (problem.isEmpty())
         ASSERT_TRUE(problem.wait());
-    EXPECT_TRUE(editor->problem().contains(QStringLiteral("another program"))) << editor->problem().toStdString();
+    EXPECT_TRUE(editor->problem().contains(u"another program"_s)) << editor->problem().toStdString();
     EXPECT_FALSE(editor->canRetry());
     EXPECT_EQ(rules(typing), QStringList());
     EXPECT_EQ(rules(message), before);
@@ -89,7 +91,7 @@ TEST_F(RuleWaiting, ChangesAreRefusedWithASentenceWhenItTakesTooLong)
 TEST_F(RuleWaiting, AChangeReachesTheRuleThatWasMeant)
 {
     editor->add(typing, sound);
-    editor->change(typing, sound, 0, QStringLiteral("sound_file"), QStringLiteral("mine.wav"));
+    editor->change(typing, sound, 0, u"sound_file"_s, u"mine.wav"_s);
     const QByteArray one = stored(typing);
     beginToWorkElsewhere();
     editor->remove(typing, sound, 0);
@@ -98,7 +100,7 @@ TEST_F(RuleWaiting, AChangeReachesTheRuleThatWasMeant)
     QSignalSpy changed(editor.get(), &RuleEditor::rulesChanged);
     elsewhere.reset();
     ASSERT_TRUE(!changed.isEmpty() || changed.wait());
-    EXPECT_EQ(rules(typing), QStringList{QStringLiteral("zepa_sound_notification_method sound_file=theirs.wav")});
+    EXPECT_EQ(rules(typing), QStringList{u"zepa_sound_notification_method sound_file=theirs.wav"_s});
     EXPECT_TRUE(stored(typing).contains("theirs.wav"));
 }
 
@@ -109,20 +111,20 @@ TEST_F(RuleWaiting, WhatAnotherClientStoredIsSeen)
     storeElsewhere(typing, QByteArray(stored(typing)).replace("bell.wav", "theirs.wav"));
     editor->refresh();
     EXPECT_EQ(changed, QList<QVariantList>{{typing}});
-    EXPECT_EQ(rules(typing), QStringList{QStringLiteral("zepa_sound_notification_method sound_file=theirs.wav")});
+    EXPECT_EQ(rules(typing), QStringList{u"zepa_sound_notification_method sound_file=theirs.wav"_s});
 }
 
 TEST_F(RuleWaiting, ASettingIsStoredWhenItsFileIsFree)
 {
     QSignalSpy changed(editor.get(), &RuleEditor::settingChanged);
     beginToChangeSettingsElsewhere();
-    editor->changeSetting(repeats, QStringLiteral("30"));
-    EXPECT_EQ(limit(), QStringLiteral("5"));
+    editor->changeSetting(repeats, u"30"_s);
+    EXPECT_EQ(limit(), u"5"_s);
     EXPECT_EQ(editor->problem(), QString());
     settingsElsewhere.reset();
     ASSERT_TRUE(!changed.isEmpty() || changed.wait());
-    EXPECT_EQ(limit(), QStringLiteral("30"));
-    EXPECT_EQ(editor->undoText(), QStringLiteral("Change: Drop repeats for"));
+    EXPECT_EQ(limit(), u"30"_s);
+    EXPECT_EQ(editor->undoText(), u"Change: Drop repeats for"_s);
     EXPECT_TRUE(storedSettings().contains("duplicated_notifications_time=30"));
 }
 
@@ -133,8 +135,8 @@ TEST_F(RuleWaiting, ChangesAfterASettingThatWaitsAreMadeAfterIt)
     QSignalSpy said(editor.get(), &RuleEditor::said);
     const ZepaField alerts = globalSettings().at(1);
     beginToChangeSettingsElsewhere();
-    editor->changeSetting(alerts, QStringLiteral("never"));
-    editor->changeSetting(alerts, QStringLiteral("always"));
+    editor->changeSetting(alerts, u"never"_s);
+    editor->changeSetting(alerts, u"always"_s);
     editor->toggle(typing, popup);
     editor->undo();
     editor->undo();
@@ -147,30 +149,30 @@ TEST_F(RuleWaiting, ChangesAfterASettingThatWaitsAreMadeAfterIt)
     EXPECT_EQ(setting.count(), 3);
     EXPECT_EQ(rule.count(), 2);
     EXPECT_EQ(rules(typing), QStringList());
-    EXPECT_EQ(editor->setting(alerts).getText(), QStringLiteral("never"));
+    EXPECT_EQ(editor->setting(alerts).getText(), u"never"_s);
     EXPECT_TRUE(storedSettings().contains("alerts=never"));
 }
 
 TEST_F(RuleWaiting, ASettingIsRefusedWithASentenceWhenItsFileStaysBusy)
 {
     QSignalSpy problem(editor.get(), &RuleEditor::problemChanged);
-    editor->changeSetting(repeats, QStringLiteral("30"));
+    editor->changeSetting(repeats, u"30"_s);
     problem.clear();
     beginToChangeSettingsElsewhere();
-    editor->changeSetting(repeats, QStringLiteral("40"));
+    editor->changeSetting(repeats, u"40"_s);
     while (problem.isEmpty())
         ASSERT_TRUE(problem.wait());
-    EXPECT_TRUE(editor->problem().contains(QStringLiteral("another program"))) << editor->problem().toStdString();
-    EXPECT_TRUE(editor->problem().contains(QStringLiteral("settings.ini"))) << editor->problem().toStdString();
-    EXPECT_EQ(limit(), QStringLiteral("30"));
+    EXPECT_TRUE(editor->problem().contains(u"another program"_s)) << editor->problem().toStdString();
+    EXPECT_TRUE(editor->problem().contains(u"settings.ini"_s)) << editor->problem().toStdString();
+    EXPECT_EQ(limit(), u"30"_s);
     problem.clear();
     editor->undo();
     while (problem.isEmpty())
         ASSERT_TRUE(problem.wait());
-    EXPECT_EQ(limit(), QStringLiteral("30"));
+    EXPECT_EQ(limit(), u"30"_s);
     settingsElsewhere.reset();
     editor->undo();
-    EXPECT_EQ(limit(), QStringLiteral("5"));
+    EXPECT_EQ(limit(), u"5"_s);
     EXPECT_EQ(editor->problem(), QString());
 }
 
@@ -178,10 +180,10 @@ TEST_F(RuleWaiting, ASettingDoesNotNeedTheRuleFiles)
 {
     QSignalSpy changed(editor.get(), &RuleEditor::settingChanged);
     beginToWorkElsewhere();
-    editor->changeSetting(repeats, QStringLiteral("30"));
+    editor->changeSetting(repeats, u"30"_s);
     while (changed.isEmpty())
         ASSERT_TRUE(changed.wait());
-    EXPECT_EQ(limit(), QStringLiteral("30"));
+    EXPECT_EQ(limit(), u"30"_s);
     EXPECT_EQ(editor->problem(), QString());
 }
 
@@ -189,17 +191,17 @@ TEST_F(RuleWaiting, AStartWaitsWithoutBlocking)
 {
     editor.reset();
     client.reset();
-    elsewhere.emplace(folder.filePath(QStringLiteral("notifications")));
+    elsewhere.emplace(folder.filePath(u"notifications"_s));
     ASSERT_TRUE(elsewhere->tryNow());
     client = std::make_unique<Client>(folder.path(), Client::Start::Later);
     QObject context;
     auto gone = std::make_unique<QObject>();
     QEventLoop loop;
     QStringList calls;
-    client->whenStarted(&context, [&] { calls.append(QStringLiteral("first")); });
-    client->whenStarted(gone.get(), [&] { calls.append(QStringLiteral("gone")); });
+    client->whenStarted(&context, [&] { calls.append(u"first"_s); });
+    client->whenStarted(gone.get(), [&] { calls.append(u"gone"_s); });
     client->whenStarted(&context, [&] {
-        calls.append(QStringLiteral("last"));
+        calls.append(u"last"_s);
         loop.quit();
     });
     gone.reset();
@@ -209,14 +211,14 @@ TEST_F(RuleWaiting, AStartWaitsWithoutBlocking)
     elsewhere.reset();
     loop.exec();
     EXPECT_TRUE(client->hasStarted());
-    EXPECT_EQ(calls, (QStringList{QStringLiteral("first"), QStringLiteral("last")}));
+    EXPECT_EQ(calls, (QStringList{u"first"_s, u"last"_s}));
     EXPECT_EQ(client->module().getNotifications().size(), 18);
 }
 
 TEST_F(RuleWaiting, AFirstStartProtectsTheDefaultsThatItWrites)
 {
-    const QDir rules(folder.filePath(QStringLiteral("notifications")));
-    const QDir copies(folder.filePath(QStringLiteral("rules-backup/copies")));
+    const QDir rules(folder.filePath(u"notifications"_s));
+    const QDir copies(folder.filePath(u"rules-backup/copies"_s));
     EXPECT_GT(rules.entryList(QDir::Files).size(), 10);
     EXPECT_EQ(copies.entryList(QDir::Files), rules.entryList(QDir::Files));
 }

@@ -3,12 +3,14 @@
 
 #include <QLineEdit>
 
+using namespace Qt::StringLiterals;
+
 using namespace zepa;
 using namespace zepa::test;
 
 namespace {
 
-const QString commands = QStringLiteral("zepa_command_notification_method");
+const QString commands = u"zepa_command_notification_method"_s;
 
 class ShellWarningShown : public SettingsWindow
 {
@@ -18,7 +20,7 @@ protected:
     {
         const auto labels = window->findChildren<QLabel*>();
         return std::any_of(labels.cbegin(), labels.cend(), [](const QLabel* label) {
-            return label->isVisible() && label->text().contains(QStringLiteral("\"$ZEPA_TEXT\" instead of %m"));
+            return label->isVisible() && label->text().contains(u"\"$ZEPA_TEXT\" instead of %m"_s);
         });
     }
     void enter(const QString& text) const
@@ -38,9 +40,9 @@ TEST_F(ShellWarningShown, ComesAndGoesWithTheCommand)
     clickCell(cell(typing, commands));
     click(find("add"));
     EXPECT_FALSE(isShown());
-    enter(QStringLiteral("sh -c 'echo %m'"));
+    enter(u"sh -c 'echo %m'"_s);
     EXPECT_TRUE(isShown());
-    EXPECT_TRUE(said().contains(QStringLiteral("ZEPA_TEXT"))) << said().toStdString();
-    enter(QStringLiteral("sh -c 'echo \"$ZEPA_TEXT\"'"));
+    EXPECT_TRUE(said().contains(u"ZEPA_TEXT"_s)) << said().toStdString();
+    enter(u"sh -c 'echo \"$ZEPA_TEXT\"'"_s);
     EXPECT_FALSE(isShown());
 }

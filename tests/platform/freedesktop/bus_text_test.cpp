@@ -3,13 +3,15 @@
 
 #include <gtest/gtest.h>
 
+using namespace Qt::StringLiterals;
+
 using zepa::freedesktop::bodyLimit;
 using zepa::freedesktop::busText;
 using zepa::freedesktop::Markup;
 
 TEST(BusText, LeavesOrdinaryTextAsItIs)
 {
-    const QString text = QStringLiteral("Größe <b>&amp;</b>\n\tnew \U0001F600");
+    const QString text = u"Größe <b>&amp;</b>\n\tnew \U0001F600"_s;
     EXPECT_EQ(busText(text, bodyLimit), text);
 }
 
@@ -22,8 +24,8 @@ TEST(BusText, GivesAnEmptyTextForANullOne)
 
 TEST(BusText, EscapesOnlyWhereMarkupIsUnderstood)
 {
-    const QString text = QStringLiteral("a < b & c > d \"e\"");
-    EXPECT_EQ(busText(text, bodyLimit, Markup::Escaped), QStringLiteral("a &lt; b &amp; c &gt; d \"e\""));
+    const QString text = u"a < b & c > d \"e\""_s;
+    EXPECT_EQ(busText(text, bodyLimit, Markup::Escaped), u"a &lt; b &amp; c &gt; d \"e\""_s);
     EXPECT_EQ(busText(text, bodyLimit, Markup::None), text);
 }
 
@@ -32,7 +34,7 @@ TEST(BusText, ReplacesWhatABusOrAPopupCannotTake)
     const char16_t units[] = {u'a', 0x0000, u'b', 0x0007, 0x001b, 0x007f, 0x0085, 0xfffe, 0xfdd0, u'c'};
     const QString text = QString::fromUtf16(units, std::size(units));
     const QChar shown(0xfffd);
-    EXPECT_EQ(busText(text, bodyLimit), QStringLiteral("a") + shown + u'b' + QString(6, shown) + u'c');
+    EXPECT_EQ(busText(text, bodyLimit), u"a"_s + shown + u'b' + QString(6, shown) + u'c');
 }
 
 TEST(BusText, ReplacesNoncharactersBeyondTheBasicPlane)
@@ -51,38 +53,38 @@ TEST(BusText, ReplacesLoneSurrogatesAndKeepsPairs)
 
 TEST(BusText, DropsWhatWouldTurnRoundTheTextBehindItAndKeepsMarks)
 {
-    const QString override = QStringLiteral("photo_\u202Egnp.exe");
-    EXPECT_EQ(busText(override, bodyLimit), QStringLiteral("photo_gnp.exe"));
-    const QString all = QStringLiteral("\u202A\u202B\u202C\u202D\u202E\u2066\u2067\u2068\u2069");
-    EXPECT_EQ(busText(u'a' + all + u'b', bodyLimit, Markup::Escaped), QStringLiteral("ab"));
+    const QString override = u"photo_\u202Egnp.exe"_s;
+    EXPECT_EQ(busText(override, bodyLimit), u"photo_gnp.exe"_s);
+    const QString all = u"\u202A\u202B\u202C\u202D\u202E\u2066\u2067\u2068\u2069"_s;
+    EXPECT_EQ(busText(u'a' + all + u'b', bodyLimit, Markup::Escaped), u"ab"_s);
     EXPECT_EQ(busText(all, bodyLimit), QString());
-    EXPECT_EQ(busText(u'1' + all + QStringLiteral("2345"), 5), QStringLiteral("12345")) << "they count for nothing";
-    const QString marks = QStringLiteral("\u05D0\u200E \u200F\u061C\u2029\u2065\u206A");
+    EXPECT_EQ(busText(u'1' + all + u"2345"_s, 5), u"12345"_s) << "they count for nothing";
+    const QString marks = u"\u05D0\u200E \u200F\u061C\u2029\u2065\u206A"_s;
     EXPECT_EQ(busText(marks, bodyLimit), marks);
 }
 
 TEST(BusText, MakesEveryKindOfLineEndALineFeed)
 {
-    EXPECT_EQ(busText(QStringLiteral("a\r\nb\rc\nd\r"), bodyLimit), QStringLiteral("a\nb\nc\nd\n"));
+    EXPECT_EQ(busText(u"a\r\nb\rc\nd\r"_s, bodyLimit), u"a\nb\nc\nd\n"_s);
 }
 
 TEST(BusText, CutsOnlyBeyondItsLimit)
 {
-    EXPECT_EQ(busText(QStringLiteral("12345"), 5), QStringLiteral("12345"));
-    EXPECT_EQ(busText(QStringLiteral("123456"), 5), QStringLiteral("1234\u2026"));
+    EXPECT_EQ(busText(u"12345"_s, 5), u"12345"_s);
+    EXPECT_EQ(busText(u"123456"_s, 5), u"1234\u2026"_s);
 }
 
 TEST(BusText, NeverSplitsASurrogatePair)
 {
-    EXPECT_EQ(busText(QStringLiteral("123\U0001F6006"), 5), QStringLiteral("123\u2026"));
-    EXPECT_EQ(busText(QStringLiteral("123\U0001F600"), 5), QStringLiteral("123\U0001F600"));
+    EXPECT_EQ(busText(u"123\U0001F6006"_s, 5), u"123\u2026"_s);
+    EXPECT_EQ(busText(u"123\U0001F600"_s, 5), u"123\U0001F600"_s);
 }
 
 TEST(BusText, NeverSplitsAnEntity)
 {
-    EXPECT_EQ(busText(QStringLiteral("12&4"), 7, Markup::Escaped), QStringLiteral("12&amp;…").left(2) + QChar(0x2026));
-    EXPECT_EQ(busText(QStringLiteral("12&"), 7, Markup::Escaped), QStringLiteral("12&amp;"));
-    EXPECT_EQ(busText(QStringLiteral("<<<<"), 9, Markup::Escaped), QStringLiteral("&lt;&lt;\u2026"));
+    EXPECT_EQ(busText(u"12&4"_s, 7, Markup::Escaped), u"12&amp;…"_s.left(2) + QChar(0x2026));
+    EXPECT_EQ(busText(u"12&"_s, 7, Markup::Escaped), u"12&amp;"_s);
+    EXPECT_EQ(busText(u"<<<<"_s, 9, Markup::Escaped), u"&lt;&lt;\u2026"_s);
 }
 
 TEST(BusText, TakesItsOwnResultUnchanged)
@@ -96,5 +98,5 @@ TEST(BusText, CutsTenMegabytesToItsLimit)
 {
     const QString result = busText(QString(10 * 1024 * 1024, u'&'), bodyLimit, Markup::Escaped);
     EXPECT_LE(result.size(), bodyLimit);
-    EXPECT_TRUE(result.endsWith(QStringLiteral("&amp;\u2026")));
+    EXPECT_TRUE(result.endsWith(u"&amp;\u2026"_s));
 }

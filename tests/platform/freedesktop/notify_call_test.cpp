@@ -13,6 +13,8 @@
 
 #include <cstdint>
 
+using namespace Qt::StringLiterals;
+
 using namespace zepa::freedesktop;
 using Posting = zepa::growl::PopupPosting;
 
@@ -120,42 +122,42 @@ private:
 TEST_F(NotifyCall, HasTheArgumentsOfNotify)
 {
     Posting posting;
-    posting.applicationName = QStringLiteral("App");
-    posting.title = QStringLiteral("Title");
-    posting.text = QStringLiteral("Body");
-    const Notify notify = sent(posting, {.icon = QStringLiteral("app-icon"), .desktopEntry = {}});
-    EXPECT_EQ(notify.applicationName, QStringLiteral("App"));
+    posting.applicationName = u"App"_s;
+    posting.title = u"Title"_s;
+    posting.text = u"Body"_s;
+    const Notify notify = sent(posting, {.icon = u"app-icon"_s, .desktopEntry = {}});
+    EXPECT_EQ(notify.applicationName, u"App"_s);
     EXPECT_EQ(notify.replacesId, 0U);
-    EXPECT_EQ(notify.applicationIcon, QStringLiteral("app-icon"));
-    EXPECT_EQ(notify.summary, QStringLiteral("Title"));
-    EXPECT_EQ(notify.body, QStringLiteral("Body"));
+    EXPECT_EQ(notify.applicationIcon, u"app-icon"_s);
+    EXPECT_EQ(notify.summary, u"Title"_s);
+    EXPECT_EQ(notify.body, u"Body"_s);
 }
 
 TEST_F(NotifyCall, EscapesTheBodyOnlyForAServiceWithMarkupAndTheSummaryNever)
 {
     Posting posting;
-    posting.title = QStringLiteral("<t> & u");
-    posting.text = QStringLiteral("a < b & c");
-    EXPECT_EQ(sent(posting).summary, QStringLiteral("<t> & u"));
-    EXPECT_EQ(sent(posting).body, QStringLiteral("a &lt; b &amp; c"));
-    EXPECT_EQ(sent(posting, {}, {.bodyMarkup = false, .actions = true}).body, QStringLiteral("a < b & c"));
+    posting.title = u"<t> & u"_s;
+    posting.text = u"a < b & c"_s;
+    EXPECT_EQ(sent(posting).summary, u"<t> & u"_s);
+    EXPECT_EQ(sent(posting).body, u"a &lt; b &amp; c"_s);
+    EXPECT_EQ(sent(posting, {}, {.bodyMarkup = false, .actions = true}).body, u"a < b & c"_s);
 }
 
 TEST(Capabilities, AreKnownByTheirNames)
 {
-    EXPECT_TRUE(Capabilities::fromNames({QStringLiteral("actions"), QStringLiteral("body-markup")}).bodyMarkup);
-    EXPECT_FALSE(Capabilities::fromNames({QStringLiteral("body"), QStringLiteral("body-hyperlinks")}).bodyMarkup);
-    EXPECT_TRUE(Capabilities::fromNames({QStringLiteral("actions")}).actions);
-    EXPECT_FALSE(Capabilities::fromNames({QStringLiteral("action-icons")}).actions);
+    EXPECT_TRUE(Capabilities::fromNames({u"actions"_s, u"body-markup"_s}).bodyMarkup);
+    EXPECT_FALSE(Capabilities::fromNames({u"body"_s, u"body-hyperlinks"_s}).bodyMarkup);
+    EXPECT_TRUE(Capabilities::fromNames({u"actions"_s}).actions);
+    EXPECT_FALSE(Capabilities::fromNames({u"action-icons"_s}).actions);
 }
 
 TEST_F(NotifyCall, OffersTheDefaultActionOnlyWhenAClickMeansSomethingToAServiceThatListsActions)
 {
     Posting posting;
-    posting.clickLabel = QStringLiteral("Open");
+    posting.clickLabel = u"Open"_s;
     EXPECT_TRUE(sent(posting).actions.isEmpty());
     posting.clickable = true;
-    EXPECT_EQ(sent(posting).actions, (QStringList{QStringLiteral("default"), QStringLiteral("Open")}));
+    EXPECT_EQ(sent(posting).actions, (QStringList{u"default"_s, u"Open"_s}));
     EXPECT_TRUE(sent(posting, {}, {.bodyMarkup = true, .actions = false}).actions.isEmpty());
 }
 
@@ -164,7 +166,7 @@ TEST_F(NotifyCall, SendsTheUrgencyAsAByte)
     const auto urgency = [this](int priority) {
         Posting posting;
         posting.priority = priority;
-        return sent(posting).bytes.value(QStringLiteral("urgency"), 99);
+        return sent(posting).bytes.value(u"urgency"_s, 99);
     };
     EXPECT_EQ(urgency(-3), 0);
     EXPECT_EQ(urgency(-2), 0);
@@ -185,46 +187,46 @@ TEST_F(NotifyCall, NeverExpiresWhenStickyAndElseAsTheServiceLikes)
 
 TEST_F(NotifyCall, NamesTheDesktopEntryOnlyWhenThereIsOne)
 {
-    EXPECT_FALSE(sent({}).hasHint(QStringLiteral("desktop-entry")));
-    const Sender sender{.icon = {}, .desktopEntry = QStringLiteral("app")};
-    EXPECT_EQ(sent({}, sender).texts.value(QStringLiteral("desktop-entry")), QStringLiteral("app"));
+    EXPECT_FALSE(sent({}).hasHint(u"desktop-entry"_s));
+    const Sender sender{.icon = {}, .desktopEntry = u"app"_s};
+    EXPECT_EQ(sent({}, sender).texts.value(u"desktop-entry"_s), u"app"_s);
 }
 
 TEST_F(NotifyCall, CarriesTheIconOnlyWhenThereIsOne)
 {
     Posting posting;
-    EXPECT_FALSE(sent(posting).hasHint(QStringLiteral("image-data")));
+    EXPECT_FALSE(sent(posting).hasHint(u"image-data"_s));
     posting.icon = QImage(3, 2, QImage::Format_RGBA8888);
     posting.icon.fill(QColor(1, 2, 3, 4));
-    EXPECT_EQ(sent(posting).pictures.value(QStringLiteral("image-data")), QByteArray("\1\2\3\4").repeated(6));
+    EXPECT_EQ(sent(posting).pictures.value(u"image-data"_s), QByteArray("\1\2\3\4").repeated(6));
 }
 
 TEST_F(NotifyCall, AsksForSilenceUnlessTheSoundIsWanted)
 {
     Posting posting;
-    EXPECT_TRUE(sent(posting).flags.value(QStringLiteral("suppress-sound")));
+    EXPECT_TRUE(sent(posting).flags.value(u"suppress-sound"_s));
     posting.wantsSound = true;
-    EXPECT_FALSE(sent(posting).hasHint(QStringLiteral("suppress-sound")));
+    EXPECT_FALSE(sent(posting).hasHint(u"suppress-sound"_s));
 }
 
 TEST_F(NotifyCall, SaysTheKindOnlyWhereThereIsOne)
 {
     Posting posting;
-    EXPECT_FALSE(sent(posting).hasHint(QStringLiteral("category")));
-    EXPECT_FALSE(sent(posting).hasHint(QStringLiteral("transient")));
-    posting.kind = {QStringLiteral("presence.online"), true};
-    EXPECT_EQ(sent(posting).texts.value(QStringLiteral("category")), QStringLiteral("presence.online"));
-    EXPECT_TRUE(sent(posting).flags.value(QStringLiteral("transient")));
+    EXPECT_FALSE(sent(posting).hasHint(u"category"_s));
+    EXPECT_FALSE(sent(posting).hasHint(u"transient"_s));
+    posting.kind = {u"presence.online"_s, true};
+    EXPECT_EQ(sent(posting).texts.value(u"category"_s), u"presence.online"_s);
+    EXPECT_TRUE(sent(posting).flags.value(u"transient"_s));
 }
 
 TEST(Sender, HasTheIconOfTheProgramsWindowsOrElseOfItsDesktopEntry)
 {
-    QGuiApplication::setDesktopFileName(QStringLiteral("app"));
-    EXPECT_EQ(Sender::ofThisProgram().icon, QStringLiteral("app"));
-    EXPECT_EQ(Sender::ofThisProgram().desktopEntry, QStringLiteral("app"));
+    QGuiApplication::setDesktopFileName(u"app"_s);
+    EXPECT_EQ(Sender::ofThisProgram().icon, u"app"_s);
+    EXPECT_EQ(Sender::ofThisProgram().desktopEntry, u"app"_s);
     QPixmap pixmap(1, 1);
     QGuiApplication::setWindowIcon(QIcon(pixmap));
-    EXPECT_EQ(Sender::ofThisProgram().icon, QStringLiteral("app")) << "a picture without a name";
+    EXPECT_EQ(Sender::ofThisProgram().icon, u"app"_s) << "a picture without a name";
 }
 
 TEST_F(NotifyCall, LetsNoTextThroughThatABusRefuses)
@@ -240,7 +242,7 @@ TEST_F(NotifyCall, LetsNoTextThroughThatABusRefuses)
         EXPECT_EQ(notify.body.size(), bodyLimit);
         for (const QString& text :
              {notify.applicationName, notify.applicationIcon, notify.summary, notify.body, notify.actions.value(1),
-              notify.texts.value(QStringLiteral("desktop-entry")), notify.texts.value(QStringLiteral("category"))}) {
+              notify.texts.value(u"desktop-entry"_s), notify.texts.value(u"category"_s)}) {
             EXPECT_TRUE(text.startsWith(QString(2, QChar(0xfffd)))) << text.left(4).toStdString();
             EXPECT_TRUE(text.endsWith(QChar(0x2026)));
         }

@@ -6,6 +6,8 @@
 #include <string>
 #include <vector>
 
+using namespace Qt::StringLiterals;
+
 using namespace zepa::growl;
 using namespace std::chrono_literals;
 
@@ -71,7 +73,7 @@ private:
 TEST_F(PopupBookTest, AnswersAClickedPopupOnceThoughItIsClosedAfterwards)
 {
     show("a", 7);
-    m_book.clicked(7, QStringLiteral("token"));
+    m_book.clicked(7, u"token"_s);
     m_book.closed(7);
     m_book.clicked(7, {});
     m_book.advance(48h);
@@ -79,7 +81,7 @@ TEST_F(PopupBookTest, AnswersAClickedPopupOnceThoughItIsClosedAfterwards)
     ASSERT_EQ(answers.size(), 1);
     EXPECT_EQ(answers[0].kind, Answer::Kind::Clicked);
     EXPECT_EQ(answers[0].id, 7U);
-    EXPECT_EQ(answers[0].activationToken, QStringLiteral("token"));
+    EXPECT_EQ(answers[0].activationToken, u"token"_s);
 }
 
 TEST_F(PopupBookTest, CallsAClosedPopupTimedOutAtOnceAndTakesNoClickAfterwards)
@@ -94,14 +96,14 @@ TEST_F(PopupBookTest, CallsAClosedPopupTimedOutAtOnceAndTakesNoClickAfterwards)
 TEST_F(PopupBookTest, KeepsAClickThatComesBeforeTheReply)
 {
     const Ticket ticket = expect("a");
-    m_book.clicked(7, QStringLiteral("token"));
+    m_book.clicked(7, u"token"_s);
     m_book.closed(7);
     EXPECT_FALSE(m_book.hasAnswers());
     m_book.settle(ticket, 7);
     const QList<Answer> answers = m_book.takeAnswers();
     ASSERT_EQ(answers.size(), 1);
     EXPECT_EQ(answers[0].kind, Answer::Kind::Clicked);
-    EXPECT_EQ(answers[0].activationToken, QStringLiteral("token"));
+    EXPECT_EQ(answers[0].activationToken, u"token"_s);
     EXPECT_FALSE(m_book.isShown(7));
 }
 

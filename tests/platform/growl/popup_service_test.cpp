@@ -14,6 +14,8 @@
 #include <utility>
 #include <vector>
 
+using namespace Qt::StringLiterals;
+
 using namespace zepa::growl;
 
 namespace {
@@ -166,13 +168,13 @@ TEST_F(PopupServiceTest, GetsOnePostingForEachOfARegisteredName)
     notification.priority = 2;
     const Posted first = post(nullptr, notification);
     const Posted second = post("b");
-    EXPECT_EQ(first.posting.applicationName, QStringLiteral("App"));
-    EXPECT_EQ(first.posting.title, QStringLiteral("Ann"));
-    EXPECT_EQ(first.posting.text, QStringLiteral("Lunch?"));
+    EXPECT_EQ(first.posting.applicationName, u"App"_s);
+    EXPECT_EQ(first.posting.title, u"Ann"_s);
+    EXPECT_EQ(first.posting.text, u"Lunch?"_s);
     EXPECT_TRUE(first.posting.sticky);
     EXPECT_FALSE(first.posting.clickable);
     EXPECT_EQ(first.posting.priority, 2);
-    EXPECT_EQ(second.posting.title, QStringLiteral("Message")) << "the name instead of a title";
+    EXPECT_EQ(second.posting.title, u"Message"_s) << "the name instead of a title";
     EXPECT_TRUE(second.posting.clickable);
     EXPECT_NE(first.ticket, second.ticket);
     notification.name = CFSTR("Other");
@@ -201,7 +203,7 @@ TEST_F(PopupServiceTest, TellsClicksAndClosingsOnceAndFromTheEventLoop)
 {
     show(post("a"), 70);
     show(post("b"), 71);
-    Q_EMIT service().clicked(70, QStringLiteral("token"));
+    Q_EMIT service().clicked(70, u"token"_s);
     Q_EMIT service().closed(71);
     EXPECT_TRUE(answers().empty()) << "told from within the service's signal";
     EXPECT_EQ(told(), (Answers{"clicked a token", "timed out b"}));
@@ -213,7 +215,7 @@ TEST_F(PopupServiceTest, TellsClicksAndClosingsOnceAndFromTheEventLoop)
 TEST_F(PopupServiceTest, MayTellBeforeItGivesTheId)
 {
     const Posted posted = post("a");
-    Q_EMIT service().clicked(70, QStringLiteral("token"));
+    Q_EMIT service().clicked(70, u"token"_s);
     Q_EMIT service().closed(70);
     show(posted, 70);
     EXPECT_EQ(told(), Answers{"clicked a token"});
@@ -268,7 +270,7 @@ TEST_F(PopupServiceTest, ClosesThePopupsOfANameAndATitle)
     notification.title = CFSTR("Ann");
     notification.name = CFSTR("Mail");
     show(post("mail", notification), 74);
-    zepaWithdrawPopups(QStringLiteral("Message"), QStringLiteral("Ann"));
+    zepaWithdrawPopups(u"Message"_s, u"Ann"_s);
     EXPECT_EQ(RecordingService::closings(), (Ids{70, 71}));
     show(onItsWay, 72);
     EXPECT_EQ(RecordingService::closings(), (Ids{70, 71, 72}));
@@ -277,10 +279,10 @@ TEST_F(PopupServiceTest, ClosesThePopupsOfANameAndATitle)
 
 TEST_F(PopupServiceTest, IsToldTheKindOfANameAndWhetherItMaySound)
 {
-    zepaSetPopupKind(QStringLiteral("Message"), {QStringLiteral("im.received"), true});
+    zepaSetPopupKind(u"Message"_s, {u"im.received"_s, true});
     zepaAllowPopupSound(true);
     const PopupPosting message = post(nullptr).posting;
-    EXPECT_EQ(message.kind.category, QStringLiteral("im.received"));
+    EXPECT_EQ(message.kind.category, u"im.received"_s);
     EXPECT_TRUE(message.kind.isTransient);
     EXPECT_TRUE(message.wantsSound);
     zepaAllowPopupSound(false);
@@ -288,14 +290,14 @@ TEST_F(PopupServiceTest, IsToldTheKindOfANameAndWhetherItMaySound)
     mail.name = CFSTR("Mail");
     EXPECT_TRUE(post(nullptr, mail).posting.kind.category.isEmpty());
     EXPECT_FALSE(service().posted.back().posting.wantsSound);
-    zepaSetPopupKind(QStringLiteral("Message"), {});
+    zepaSetPopupKind(u"Message"_s, {});
     EXPECT_TRUE(post(nullptr).posting.kind.category.isEmpty());
 }
 
 TEST_F(PopupServiceTest, LeavesNoTokenBehindForLaterChildren)
 {
     show(post("a"), 70);
-    Q_EMIT service().clicked(70, QStringLiteral("token"));
+    Q_EMIT service().clicked(70, u"token"_s);
     EXPECT_EQ(told(), Answers{"clicked a token"});
     EXPECT_FALSE(qEnvironmentVariableIsSet("XDG_ACTIVATION_TOKEN"));
 }

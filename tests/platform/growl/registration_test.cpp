@@ -3,6 +3,8 @@
 
 #include <gtest/gtest.h>
 
+using namespace Qt::StringLiterals;
+
 using zepa::growl::Registration;
 
 namespace {
@@ -28,7 +30,7 @@ TEST(Registration, EnablesNothingBeforeAnythingIsRegistered)
 {
     const Registration registration;
     EXPECT_FALSE(registration.isSet());
-    EXPECT_FALSE(registration.isEnabled(QStringLiteral("a")));
+    EXPECT_FALSE(registration.isEnabled(u"a"_s));
 }
 
 TEST(Registration, EnablesNothingWithoutADictionary)
@@ -37,7 +39,7 @@ TEST(Registration, EnablesNothingWithoutADictionary)
     Registration registration;
     registration.set(&delegate);
     EXPECT_TRUE(registration.isSet());
-    EXPECT_FALSE(registration.isEnabled(QStringLiteral("a")));
+    EXPECT_FALSE(registration.isEnabled(u"a"_s));
     EXPECT_TRUE(registration.applicationName().isNull());
 }
 
@@ -50,10 +52,10 @@ TEST(Registration, ReadsNamesThatWereAddedToTheSameArray)
     Registration registration;
     registration.set(&delegate);
     CFArrayAppendValue(names, CFSTR("b"));
-    EXPECT_FALSE(registration.isEnabled(QStringLiteral("b")));
+    EXPECT_FALSE(registration.isEnabled(u"b"_s));
     registration.set(&delegate);
-    EXPECT_TRUE(registration.isEnabled(QStringLiteral("a")));
-    EXPECT_TRUE(registration.isEnabled(QStringLiteral("b")));
+    EXPECT_TRUE(registration.isEnabled(u"a"_s));
+    EXPECT_TRUE(registration.isEnabled(u"b"_s));
     CFRelease(dictionary);
     CFRelease(names);
 }
@@ -70,7 +72,7 @@ TEST(Registration, KeepsItsDictionaryAliveAndGivesItUpWhenWithdrawn)
     EXPECT_EQ(CFGetRetainCount(dictionary), 2);
     registration.set(nullptr);
     EXPECT_EQ(CFGetRetainCount(dictionary), 1);
-    EXPECT_FALSE(registration.isEnabled(QStringLiteral("a")));
+    EXPECT_FALSE(registration.isEnabled(u"a"_s));
     CFRelease(dictionary);
     CFRelease(names);
 }
@@ -85,10 +87,10 @@ TEST(Registration, IgnoresWhatIsNoArrayAndNoName)
     Registration registration;
     delegate.registrationDictionary = noArray;
     registration.set(&delegate);
-    EXPECT_FALSE(registration.isEnabled(QStringLiteral("a")));
+    EXPECT_FALSE(registration.isEnabled(u"a"_s));
     delegate.registrationDictionary = mixed;
     registration.set(&delegate);
-    EXPECT_TRUE(registration.isEnabled(QStringLiteral("a")));
+    EXPECT_TRUE(registration.isEnabled(u"a"_s));
     CFRelease(mixed);
     CFRelease(names);
     CFRelease(noArray);

@@ -5,6 +5,8 @@
 
 #include <vector>
 
+using namespace Qt::StringLiterals;
+
 using testing::ElementsAre;
 using zepa::growl::Ticket;
 
@@ -23,10 +25,10 @@ protected:
 
 TEST_F(HeldPostings, ComeOutInTheirOrder)
 {
-    held.append(1, QStringLiteral("a"), 1);
-    held.append(2, QStringLiteral("b"), 1);
-    EXPECT_EQ(held.takeFirst(), std::make_pair(Ticket(1), QStringLiteral("a")));
-    EXPECT_EQ(held.takeFirst(), std::make_pair(Ticket(2), QStringLiteral("b")));
+    held.append(1, u"a"_s, 1);
+    held.append(2, u"b"_s, 1);
+    EXPECT_EQ(held.takeFirst(), std::make_pair(Ticket(1), u"a"_s));
+    EXPECT_EQ(held.takeFirst(), std::make_pair(Ticket(2), u"b"_s));
     EXPECT_TRUE(held.isEmpty());
     EXPECT_TRUE(givenUp.empty());
 }

@@ -4,17 +4,19 @@
 
 #include <gtest/gtest.h>
 
+using namespace Qt::StringLiterals;
+
 using zepa::portal::NotificationData;
 using Posting = zepa::growl::PopupPosting;
 
 TEST(NotificationData, HasPlainTextsThatAreFitForTheBus)
 {
     Posting posting;
-    posting.title = QStringLiteral("<b>a & b</b>") + QChar(0);
-    posting.text = QString(QChar(0xD800)) + QStringLiteral("<i>&amp;</i>");
+    posting.title = u"<b>a & b</b>"_s + QChar(0);
+    posting.text = QString(QChar(0xD800)) + u"<i>&amp;</i>"_s;
     const NotificationData data = NotificationData::fromPosting(posting, {});
-    EXPECT_EQ(data.title, QStringLiteral("<b>a & b</b>\uFFFD"));
-    EXPECT_EQ(data.body, QStringLiteral("\uFFFD<i>&amp;</i>"));
+    EXPECT_EQ(data.title, u"<b>a & b</b>\uFFFD"_s);
+    EXPECT_EQ(data.body, u"\uFFFD<i>&amp;</i>"_s);
 }
 
 TEST(NotificationData, HasTextsOfLimitedLength)
@@ -52,18 +54,18 @@ TEST(NotificationData, TakesOverWhatThePostingWants)
     EXPECT_TRUE(data.category.isEmpty());
     posting.clickable = true;
     posting.wantsSound = true;
-    posting.kind = {.category = QStringLiteral("im.received"), .isTransient = true};
+    posting.kind = {.category = u"im.received"_s, .isTransient = true};
     data = NotificationData::fromPosting(posting, QByteArray("png"));
     EXPECT_TRUE(data.isClickable);
     EXPECT_FALSE(data.isSilent);
     EXPECT_TRUE(data.isTransient);
-    EXPECT_EQ(data.category, QStringLiteral("im.received"));
+    EXPECT_EQ(data.category, u"im.received"_s);
     EXPECT_EQ(data.icon, QByteArray("png"));
 }
 
 TEST(NotificationData, CountsItsMemory)
 {
     Posting posting;
-    posting.title = QStringLiteral("12345");
+    posting.title = u"12345"_s;
     EXPECT_EQ(NotificationData::fromPosting(posting, QByteArray(100, 'x')).byteCount(), 110);
 }

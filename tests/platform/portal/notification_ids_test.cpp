@@ -5,6 +5,8 @@
 
 #include <limits>
 
+using namespace Qt::StringLiterals;
+
 using zepa::portal::NotificationIds;
 
 TEST(NotificationIds, AreReadBack)
@@ -28,8 +30,7 @@ TEST(NotificationIds, ThatWereNeverMadeAreNobodys)
     const QString first = ids.idOf(1);
     const QString prefix = first.chopped(1);
     for (const QString& id :
-         {QString(), QStringLiteral("1"), prefix, prefix + QStringLiteral("0"), prefix + QStringLiteral("01"),
-          prefix + QStringLiteral("-1"), prefix + QStringLiteral("+1"), prefix + QStringLiteral("1x"), first + u' ',
-          u' ' + first, prefix + QStringLiteral("18446744073709551617"), first.toUpper() + u'.'})
+         {QString(), u"1"_s, prefix, prefix + u"0"_s, prefix + u"01"_s, prefix + u"-1"_s, prefix + u"+1"_s,
+          prefix + u"1x"_s, first + u' ', u' ' + first, prefix + u"18446744073709551617"_s, first.toUpper() + u'.'})
         EXPECT_EQ(ids.popupOf(id), 0U) << id.toStdString();
 }

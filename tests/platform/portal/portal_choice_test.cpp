@@ -5,6 +5,8 @@
 
 #include <gmock/gmock.h>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 using zepa::growl::PopupPosting;
@@ -30,16 +32,16 @@ protected:
         QObject::connect(service.get(), &PopupService::notShown, service.get(),
                          [this](Ticket ticket) { notShown.push_back(ticket); });
     }
-    static std::unique_ptr<ServiceProcess> startPortal() { return startOf({QStringLiteral("portal")}); }
+    static std::unique_ptr<ServiceProcess> startPortal() { return startOf({u"portal"_s}); }
     static std::unique_ptr<ServiceProcess> startOf(const QStringList& options)
     {
         auto process = std::make_unique<ServiceProcess>(options);
-        EXPECT_TRUE(waitFor([&] { return process->wrote(QStringLiteral("ready")); }));
+        EXPECT_TRUE(waitFor([&] { return process->wrote(u"ready"_s); }));
         return process;
     }
     static qsizetype shownBy(ServiceProcess& process)
     {
-        return process.calls().size() + process.calls(QStringLiteral("AddNotification")).size();
+        return process.calls().size() + process.calls(u"AddNotification"_s).size();
     }
     static bool isThere(PopupService& service) { return service.state() == ZepaPopupService::There; }
 

@@ -11,6 +11,8 @@
 
 #include <algorithm>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 /// Before the application is registered, since that chooses the service: a sandbox that keeps the notification service
@@ -25,22 +27,22 @@ class PortalTest : Sandbox, public ServiceTest
 protected:
     static std::unique_ptr<ServiceProcess> startPortal(const QStringList& options = {})
     {
-        auto portal = std::make_unique<ServiceProcess>(QStringList{QStringLiteral("portal")} + options);
-        EXPECT_TRUE(waitFor([&] { return portal->wrote(QStringLiteral("ready")); }));
+        auto portal = std::make_unique<ServiceProcess>(QStringList{u"portal"_s} + options);
+        EXPECT_TRUE(waitFor([&] { return portal->wrote(u"ready"_s); }));
         EXPECT_TRUE(waitFor([] { return zepaPopupService() == ZepaPopupService::There; }));
         return portal;
     }
-    static QList<QJsonObject> added(ServiceProcess& portal) { return portal.calls(QStringLiteral("AddNotification")); }
+    static QList<QJsonObject> added(ServiceProcess& portal) { return portal.calls(u"AddNotification"_s); }
     static QStringList removed(ServiceProcess& portal)
     {
         QStringList ids;
-        for (const QJsonObject& call : portal.calls(QStringLiteral("RemoveNotification")))
-            ids.append(call[QStringLiteral("id")].toString());
+        for (const QJsonObject& call : portal.calls(u"RemoveNotification"_s))
+            ids.append(call[u"id"_s].toString());
         return ids;
     }
     static QString idOf(ServiceProcess& portal, int number)
     {
-        return added(portal).value(number - 1)[QStringLiteral("id")].toString();
+        return added(portal).value(number - 1)[u"id"_s].toString();
     }
     static bool waitForAdded(ServiceProcess& portal, int count)
     {
@@ -61,7 +63,7 @@ protected:
         const auto count = static_cast<int>(added(portal).size()) + 1;
         postClickable("last");
         ASSERT_TRUE(waitForAdded(portal, count));
-        portal.tell(QStringLiteral("click %1").arg(count));
+        portal.tell(u"click %1"_s.arg(count));
         ASSERT_TRUE(waitFor([] { return !answers().empty() && answers().back() == "clicked last"; }));
         answers().pop_back();
     }
@@ -91,31 +93,29 @@ TEST_F(PortalTest, ShowsAPostingInTheTypesOfTheInterface)
 {
     const auto portal = startPortal();
     TestPosting posting;
-    posting.title = QStringLiteral("<Ann>");
-    posting.text = QStringLiteral("a < b & c");
+    posting.title = u"<Ann>"_s;
+    posting.text = u"a < b & c"_s;
     posting.context = "a";
     posting.icon = pngOf(300);
     posting.priority = 2;
     post(posting);
     ASSERT_TRUE(waitForAdded(*portal, 1));
     const QJsonObject call = added(*portal).first();
-    EXPECT_EQ(call[QStringLiteral("signature")], QStringLiteral("sa{sv}"));
+    EXPECT_EQ(call[u"signature"_s], u"sa{sv}"_s);
     // A portal of the first version refuses everything else.
-    const QJsonObject types{{QStringLiteral("title"), QStringLiteral("s")},
-                            {QStringLiteral("body"), QStringLiteral("s")},
-                            {QStringLiteral("priority"), QStringLiteral("s")},
-                            {QStringLiteral("icon"), QStringLiteral("(sv)")},
-                            {QStringLiteral("default-action"), QStringLiteral("s")}};
-    EXPECT_EQ(call[QStringLiteral("types")].toObject(), types);
-    const QJsonObject values = call[QStringLiteral("values")].toObject();
-    EXPECT_EQ(values[QStringLiteral("title")], QStringLiteral("<Ann>"));
-    EXPECT_EQ(values[QStringLiteral("body")], QStringLiteral("a < b & c"));
-    EXPECT_EQ(values[QStringLiteral("priority")], QStringLiteral("urgent"));
-    EXPECT_EQ(values[QStringLiteral("default-action")], QStringLiteral("default"));
-    const QJsonObject icon{{QStringLiteral("kind"), QStringLiteral("bytes")},
-                           {QStringLiteral("width"), 128},
-                           {QStringLiteral("height"), 128}};
-    EXPECT_EQ(call[QStringLiteral("icon")].toObject(), icon);
+    const QJsonObject types{{u"title"_s, u"s"_s},
+                            {u"body"_s, u"s"_s},
+                            {u"priority"_s, u"s"_s},
+                            {u"icon"_s, u"(sv)"_s},
+                            {u"default-action"_s, u"s"_s}};
+    EXPECT_EQ(call[u"types"_s].toObject(), types);
+    const QJsonObject values = call[u"values"_s].toObject();
+    EXPECT_EQ(values[u"title"_s], u"<Ann>"_s);
+    EXPECT_EQ(values[u"body"_s], u"a < b & c"_s);
+    EXPECT_EQ(values[u"priority"_s], u"urgent"_s);
+    EXPECT_EQ(values[u"default-action"_s], u"default"_s);
+    const QJsonObject icon{{u"kind"_s, u"bytes"_s}, {u"width"_s, 128}, {u"height"_s, 128}};
+    EXPECT_EQ(call[u"icon"_s].toObject(), icon);
 }
 
 TEST_F(PortalTest, OffersNoActionWhereAClickMeansNothing)
@@ -123,46 +123,46 @@ TEST_F(PortalTest, OffersNoActionWhereAClickMeansNothing)
     const auto portal = startPortal();
     post({});
     ASSERT_TRUE(waitForAdded(*portal, 1));
-    const QJsonObject values = added(*portal).first()[QStringLiteral("values")].toObject();
-    EXPECT_FALSE(values.contains(QStringLiteral("default-action")));
-    EXPECT_FALSE(values.contains(QStringLiteral("icon")));
+    const QJsonObject values = added(*portal).first()[u"values"_s].toObject();
+    EXPECT_FALSE(values.contains(u"default-action"_s));
+    EXPECT_FALSE(values.contains(u"icon"_s));
 }
 
 TEST_F(PortalTest, SaysMoreToAPortalOfTheSecondVersion)
 {
-    const auto portal = startPortal({QStringLiteral("version-2")});
-    zepaSetPopupKind(QStringLiteral("Message"), {.category = QStringLiteral("im.received"), .isTransient = true});
-    zepaSetPopupKind(QStringLiteral("Mail"), {.category = QStringLiteral("email.arrived"), .isTransient = false});
+    const auto portal = startPortal({u"version-2"_s});
+    zepaSetPopupKind(u"Message"_s, {.category = u"im.received"_s, .isTransient = true});
+    zepaSetPopupKind(u"Mail"_s, {.category = u"email.arrived"_s, .isTransient = false});
     post({});
     TestPosting mail;
-    mail.name = QStringLiteral("Mail");
+    mail.name = u"Mail"_s;
     post(mail);
     ASSERT_TRUE(waitForAdded(*portal, 2));
-    const QJsonObject message = added(*portal).first()[QStringLiteral("values")].toObject();
-    EXPECT_EQ(message[QStringLiteral("category")], QStringLiteral("im.received"));
-    EXPECT_EQ(message[QStringLiteral("sound")], QStringLiteral("silent"));
-    EXPECT_EQ(added(*portal).first()[QStringLiteral("types")][QStringLiteral("display-hint")], QStringLiteral("as"));
+    const QJsonObject message = added(*portal).first()[u"values"_s].toObject();
+    EXPECT_EQ(message[u"category"_s], u"im.received"_s);
+    EXPECT_EQ(message[u"sound"_s], u"silent"_s);
+    EXPECT_EQ(added(*portal).first()[u"types"_s][u"display-hint"_s], u"as"_s);
     // One that the portal does not list could be an error.
-    const QJsonObject other = added(*portal).last()[QStringLiteral("values")].toObject();
-    EXPECT_FALSE(other.contains(QStringLiteral("category")));
-    EXPECT_FALSE(other.contains(QStringLiteral("display-hint")));
+    const QJsonObject other = added(*portal).last()[u"values"_s].toObject();
+    EXPECT_FALSE(other.contains(u"category"_s));
+    EXPECT_FALSE(other.contains(u"display-hint"_s));
 }
 
 TEST_F(PortalTest, TakesAPortalThatTellsNoVersionForTheFirst)
 {
-    const auto portal = startPortal({QStringLiteral("no-version")});
+    const auto portal = startPortal({u"no-version"_s});
     post({});
     ASSERT_TRUE(waitForAdded(*portal, 1));
-    EXPECT_FALSE(added(*portal).first()[QStringLiteral("values")].toObject().contains(QStringLiteral("sound")));
+    EXPECT_FALSE(added(*portal).first()[u"values"_s].toObject().contains(u"sound"_s));
     // And asks no more, until there is another one.
     post({});
     ASSERT_TRUE(waitForAdded(*portal, 2));
-    EXPECT_EQ(portal->calls(QStringLiteral("GetAll")).size(), 1);
+    EXPECT_EQ(portal->calls(u"GetAll"_s).size(), 1);
 }
 
 TEST_F(PortalTest, SendsWhatItHeldToAPortalThatNeverTellsItsVersion)
 {
-    const auto portal = startPortal({QStringLiteral("mute-version")});
+    const auto portal = startPortal({u"mute-version"_s});
     postClickable("a");
     postClickable("b");
     ASSERT_TRUE(waitForAdded(*portal, 2));
@@ -177,7 +177,7 @@ TEST_F(PortalTest, ReportsAClickOnceAndRemovesThePopup)
     postClickable("b");
     ASSERT_TRUE(waitForAdded(*portal, 2));
     ASSERT_TRUE(waitUntilSettled());
-    portal->tell(QStringLiteral("click 1\nclick 1"));
+    portal->tell(u"click 1\nclick 1"_s);
     ASSERT_TRUE(waitForAnswers(1));
     ASSERT_TRUE(waitFor([&] { return !removed(*portal).isEmpty(); }));
     EXPECT_EQ(removed(*portal), QStringList{idOf(*portal, 1)});
@@ -187,7 +187,7 @@ TEST_F(PortalTest, ReportsAClickOnceAndRemovesThePopup)
 
 TEST_F(PortalTest, TakesAClickThatComesBeforeTheReply)
 {
-    const auto portal = startPortal({QStringLiteral("click-first")});
+    const auto portal = startPortal({u"click-first"_s});
     postClickable("a");
     ASSERT_TRUE(waitForAnswers(1));
     EXPECT_EQ(answers(), Answers{"clicked a"});
@@ -198,7 +198,7 @@ TEST_F(PortalTest, TakesOnlyTheClickForAClick)
     const auto portal = startPortal();
     postClickable("a");
     ASSERT_TRUE(waitForAdded(*portal, 1));
-    portal->tell(QStringLiteral("invoke 1 another"));
+    portal->tell(u"invoke 1 another"_s);
     letEverythingCome(*portal);
     EXPECT_EQ(answers(), Answers{});
 }
@@ -211,7 +211,7 @@ TEST_F(PortalTest, HandsOnTheActivationToken)
     posting.clickCallBack = noteToken;
     post(posting);
     ASSERT_TRUE(waitForAdded(*portal, 1));
-    portal->tell(QStringLiteral("token 1 abc"));
+    portal->tell(u"token 1 abc"_s);
     EXPECT_TRUE(waitFor([] { return tokenInCallBack == "abc"; }));
 }
 
@@ -220,7 +220,7 @@ TEST_F(PortalTest, TakesAClickWithAnOddTokenForOneWithout)
     const auto portal = startPortal();
     postClickable("a");
     ASSERT_TRUE(waitForAdded(*portal, 1));
-    portal->tell(QStringLiteral("odd-token 1"));
+    portal->tell(u"odd-token 1"_s);
     ASSERT_TRUE(waitForAnswers(1));
     EXPECT_EQ(answers(), Answers{"clicked a"});
     EXPECT_FALSE(qEnvironmentVariableIsSet("XDG_ACTIVATION_TOKEN"));
@@ -235,14 +235,14 @@ TEST_F(PortalTest, GivesEachPopupAnIdOfItsOwn)
     ASSERT_TRUE(waitForAdded(*portal, count));
     QSet<QString> ids;
     for (const QJsonObject& call : added(*portal))
-        ids.insert(call[QStringLiteral("id")].toString());
+        ids.insert(call[u"id"_s].toString());
     EXPECT_EQ(ids.size(), count);
-    EXPECT_EQ(portal->calls(QStringLiteral("GetAll")).size(), 1);
+    EXPECT_EQ(portal->calls(u"GetAll"_s).size(), 1);
 }
 
 TEST_F(PortalTest, CountsARefusedPopupAsTimedOut)
 {
-    const auto portal = startPortal({QStringLiteral("refuse")});
+    const auto portal = startPortal({u"refuse"_s});
     postClickable("a");
     ASSERT_TRUE(waitForAnswers(1));
     EXPECT_EQ(answers(), Answers{"timed out a"});
@@ -259,13 +259,13 @@ TEST_F(PortalTest, CountsPopupsOfAPortalThatEndsAsTimedOutAndShowsLaterOnesByThe
     ASSERT_TRUE(waitForAnswers(1));
     EXPECT_EQ(answers(), Answers{"timed out a"});
     EXPECT_TRUE(waitFor([] { return zepaPopupService() == ZepaPopupService::None; }));
-    portal = startPortal({QStringLiteral("version-2")});
+    portal = startPortal({u"version-2"_s});
     postClickable("b");
     ASSERT_TRUE(waitForAdded(*portal, 1));
     EXPECT_NE(idOf(*portal, 1), first);
     // It is asked anew what it can do.
-    EXPECT_TRUE(added(*portal).first()[QStringLiteral("values")].toObject().contains(QStringLiteral("sound")));
-    portal->tell(QStringLiteral("click 1"));
+    EXPECT_TRUE(added(*portal).first()[u"values"_s].toObject().contains(u"sound"_s));
+    portal->tell(u"click 1"_s);
     ASSERT_TRUE(waitForAnswers(2));
     EXPECT_EQ(answers(), (Answers{"timed out a", "clicked b"}));
 }
@@ -277,16 +277,16 @@ TEST_F(PortalTest, BelievesNoClickOfAnotherConnection)
     ASSERT_TRUE(waitForAdded(*portal, 1));
     ASSERT_TRUE(waitUntilSettled());
     const QString id = idOf(*portal, 1);
-    const QString us = added(*portal).first()[QStringLiteral("sender")].toString();
+    const QString us = added(*portal).first()[u"sender"_s].toString();
     for (const QString& receiver : {us, QString()}) {
-        QDBusMessage click = QDBusMessage::createTargetedSignal(
-            receiver, QStringLiteral("/org/freedesktop/portal/desktop"),
-            QStringLiteral("org.freedesktop.portal.Notification"), QStringLiteral("ActionInvoked"));
-        emitFromAStranger(click, {id, QStringLiteral("default"), QVariant(QVariantList())});
+        QDBusMessage click =
+            QDBusMessage::createTargetedSignal(receiver, u"/org/freedesktop/portal/desktop"_s,
+                                               u"org.freedesktop.portal.Notification"_s, u"ActionInvoked"_s);
+        emitFromAStranger(click, {id, u"default"_s, QVariant(QVariantList())});
     }
     letEverythingCome(*portal);
     EXPECT_EQ(answers(), Answers{});
-    portal->tell(QStringLiteral("click 1"));
+    portal->tell(u"click 1"_s);
     ASSERT_TRUE(waitForAnswers(1));
     EXPECT_EQ(answers(), Answers{"clicked a"});
 }
@@ -314,13 +314,13 @@ TEST_F(PortalTest, RemovesPopupsThatAreWithdrawn)
 {
     const auto portal = startPortal();
     TestPosting posting;
-    posting.title = QStringLiteral("Ann");
+    posting.title = u"Ann"_s;
     post(posting);
-    posting.title = QStringLiteral("Bob");
+    posting.title = u"Bob"_s;
     post(posting);
     ASSERT_TRUE(waitForAdded(*portal, 2));
     ASSERT_TRUE(waitUntilSettled());
-    zepaWithdrawPopups(QStringLiteral("Message"), QStringLiteral("Bob"));
+    zepaWithdrawPopups(u"Message"_s, u"Bob"_s);
     ASSERT_TRUE(waitFor([&] { return !removed(*portal).isEmpty(); }));
     EXPECT_EQ(removed(*portal), QStringList{idOf(*portal, 2)});
 }
@@ -348,7 +348,7 @@ TEST_F(PortalTest, GivesUpAPortalThatIsStuckAndGoesOnWhenItWakes)
     EXPECT_LE(added(*portal).size(), 70);
     answers().clear();
     letEverythingCome(*portal);
-    portal->tell(QStringLiteral("click 1"));
+    portal->tell(u"click 1"_s);
     ASSERT_TRUE(waitForAnswers(1));
     EXPECT_EQ(answers(), Answers{"clicked first"});
 }
