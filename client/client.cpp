@@ -1,18 +1,22 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "client/client.h"
 
-#include "client/posting/popup_kinds.h"
-#include "client/rules/rule_lock.h"
-#include "client/rules/rule_state.h"
-#include "client/rules/type_ids.h"
-#include "client/services/private_umask.h"
+#include "client/chats/chat_attention.h"
 #include "core/notification_module.h"
+#include "kit/files/private_umask.h"
+#include "kit/journal/popup_kinds.h"
+#include "kit/rules/rule_lock.h"
+#include "kit/rules/rule_state.h"
+#include "kit/rules/type_ids.h"
+#include "kit/settings_page/sound_check.h"
+#include "kit/sound/sound_decoder.h"
 
 namespace zepa {
 
 Client::Client(const QString& settingsFolder, Start when)
     : m_settings(settingsFolder), m_ruleBackup(m_settings.getSettingsDir(), builtInTypes())
 {
+    setSoundProbe([](const QString& path) { return audio::decodeSound(path).clip != nullptr; });
     if (when == Start::Now)
         start();
 }
@@ -95,7 +99,11 @@ void Client::watchMethods()
     const auto methods = m_module->getMethods();
     for (ZepaNotificationMethod* method : methods) {
         m_module->uninstallNotificationMethod(method);
-        m_watched.push_back(std::make_unique<WatchedMethod>(*method, m_deliveries));
+        // The method itself has no arguments to give to the platform.
+        const bool asksForAttention = method->getId() == u"zepa_dock_bounce_notification_method";
+        m_watched.push_back(std::make_unique<RecordingMethod>(
+            *method, m_deliveries,
+            asksForAttention ? RecordingMethod::Preparation(nameChatForAttention) : RecordingMethod::Preparation()));
         m_module->installNotificationMethod(m_watched.back().get());
     }
 }

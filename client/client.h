@@ -1,12 +1,14 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
-#include "client/journal/journal.h"
-#include "client/methods/delivery_log.h"
-#include "client/methods/outside_methods.h"
-#include "client/methods/watched_method.h"
-#include "client/rules/rule_backup.h"
-#include "client/services/settings.h"
+#include "kit/extra_methods/extra_methods.h"
+#include "kit/journal/delivery_log.h"
+#include "kit/journal/journal.h"
+#include "kit/journal/recorder.h"
+#include "kit/journal/recording_method.h"
+#include "kit/rules/rule_backup.h"
+#include "kit/rules/rule_store.h"
+#include "kit/settings/settings.h"
 
 #include <QObject>
 #include <QPointer>
@@ -50,12 +52,16 @@ public:
     ZepaNotificationModule& module() { return *m_module; }
     /// Protects the rule files. Changes of rules go through changeSafely(); what a start had to mend is in news().
     RuleBackup& ruleBackup() { return m_ruleBackup; }
+    /// What shows and changes rules works with this. Only once the client has started.
+    RuleStore ruleStore() { return {*m_module, m_ruleBackup, m_settings}; }
+    /// What posts and records works with this. Only once the client has started.
+    Recorder recorder() { return {*m_module, m_deliveries, m_journal}; }
     /// Every delivery goes through here.
     DeliveryLog& deliveries() { return m_deliveries; }
     /// What was announced, and what became of it.
     Journal& journal() { return m_journal; }
     /// The delivery methods that this client brings beside the library's own.
-    const OutsideMethods& outsideMethods() const { return m_outside; }
+    const ExtraMethods& extraMethods() const { return m_outside; }
 
 private:
     void makeModule();
@@ -67,8 +73,8 @@ private:
     RuleBackup m_ruleBackup;
     DeliveryLog m_deliveries;
     Journal m_journal;
-    OutsideMethods m_outside;
-    std::vector<std::unique_ptr<WatchedMethod>> m_watched;
+    ExtraMethods m_outside;
+    std::vector<std::unique_ptr<RecordingMethod>> m_watched;
     std::unique_ptr<ZepaNotificationModule> m_module;
     QStringList m_typesWithDefaults;
     bool m_hasStarted = false;

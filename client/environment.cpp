@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "client/environment.h"
 
-#include "client/methods/child_environment.h"
+#include "kit/extra_methods/child_environment.h"
 
 #include <zepa_platform/session_bus.h>
 

@@ -9,10 +9,10 @@
 #include "client/instance/remote_client.h"
 #include "client/instance/server.h"
 #include "client/languages.h"
-#include "client/rules/rule_backup.h"
-#include "client/services/client_requests.h"
 #include "client/termination.h"
-#include "client/ui/main/main_window.h"
+#include "client/window/client_requests.h"
+#include "client/window/main_window.h"
+#include "kit/rules/rule_backup.h"
 
 #include <zepa_platform/bus.h>
 

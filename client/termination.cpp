@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "client/termination.h"
 
-#include "client/posting/event_wait.h"
-#include "client/services/client_requests.h"
+#include "client/window/client_requests.h"
+#include "kit/journal/event_wait.h"
 
 #include <zepa_platform/popups.h>
 

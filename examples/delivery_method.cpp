@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: Apache-2.0
 // A delivery method of your own, from its fields to a delivery. The client brings three more to look at, in
-// client/methods/: speech, a log file, commands.
-#include "client/services/settings.h"
+// kit/extra_methods/: speech, a log file, commands.
 #include "core/notification.h"
 #include "core/notification_method.h"
 #include "core/notification_module.h"
+#include "kit/settings/settings.h"
 
 #include <QApplication>
 #include <QTemporaryDir>

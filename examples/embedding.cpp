@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
-#include "client/services/settings.h"
 #include "core/notification_module.h"
+#include "kit/settings/settings.h"
 
 #include <QApplication>
 #include <QStandardPaths>
@@ -12,7 +12,7 @@ using namespace Qt::StringLiterals;
 int main(int argc, char** argv)
 {
     QApplication app(argc, argv);
-    // The host's services. Here they are the reference client's; yours are bodies for the headers in host/.
+    // The host's services: settings and data types are the kit's, the other two are in smallest_bodies.cpp.
     const zepa::Settings settings(QStandardPaths::writableLocation(QStandardPaths::AppConfigLocation));
     const std::unique_ptr<ZepaNotificationModule> module(ZepaNotificationModule::getInstance());
     // Delivery methods of your own go here, before init(): module->installNotificationMethod(&yours);

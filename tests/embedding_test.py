@@ -26,10 +26,12 @@ with tempfile.TemporaryDirectory() as folder:
     process = subprocess.Popen([program], env=environment)
     rules = []
     end = time.monotonic() + longest
-    # The last of the types that the module registers: then all files are there.
-    while not any(file.name == "conf_message_bg_received" for file in rules) and time.monotonic() < end:
-        time.sleep(0.05)
-        rules = list(pathlib.Path(folder).glob("*/**/notifications/*"))
+    # Until no more files come.
+    before = None
+    while (not rules or rules != before) and time.monotonic() < end:
+        before = rules
+        time.sleep(0.5)
+        rules = sorted(pathlib.Path(folder).glob("*/**/notifications/*"))
     process.send_signal(signal.SIGKILL)
     process.wait()
     faults = []

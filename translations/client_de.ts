@@ -834,10 +834,6 @@
         <translation>&amp;Wiederholen</translation>
     </message>
     <message>
-        <source>Notification settings</source>
-        <translation>Benachrichtigungseinstellungen</translation>
-    </message>
-    <message>
         <source>Space adds or removes a rule. Changes are stored at once.</source>
         <translation>Die Leertaste fügt eine Regel hinzu oder entfernt sie. Änderungen werden sofort gespeichert.</translation>
     </message>
@@ -852,10 +848,6 @@
     <message>
         <source>For all events</source>
         <translation>Für alle Ereignisse</translation>
-    </message>
-    <message>
-        <source>&amp;Close</source>
-        <translation>&amp;Schließen</translation>
     </message>
     <message>
         <source>Nothing to undo.</source>
@@ -1026,6 +1018,17 @@ Zusatzmethode. Kennung: %2</translation>
     </message>
 </context>
 <context>
+    <name>zepa::SettingsDialog</name>
+    <message>
+        <source>Notification settings</source>
+        <translation>Benachrichtigungseinstellungen</translation>
+    </message>
+    <message>
+        <source>&amp;Close</source>
+        <translation>&amp;Schließen</translation>
+    </message>
+</context>
+<context>
     <name>zepa::Simulator</name>
     <message>
         <source>Simulator</source>
@@ -1096,7 +1099,7 @@ Zusatzmethode. Kennung: %2</translation>
     </message>
 </context>
 <context>
-    <name>zepa::StoringProblem</name>
+    <name>zepa::StorageStatus</name>
     <message>
         <source>The rules of “%1” were not changed: the file %2 cannot be written, or there is no room on the disk for the copy that protects it.</source>
         <translation>Die Regeln von „%1“ wurden nicht geändert: Die Datei %2 kann nicht geschrieben werden, oder auf dem Datenträger ist kein Platz für die Kopie, die sie schützt.</translation>

@@ -834,10 +834,6 @@
         <translation>Re&amp;hacer</translation>
     </message>
     <message>
-        <source>Notification settings</source>
-        <translation>Ajustes de notificaciones</translation>
-    </message>
-    <message>
         <source>Space adds or removes a rule. Changes are stored at once.</source>
         <translation>La barra espaciadora añade o quita una regla. Los cambios se guardan al instante.</translation>
     </message>
@@ -852,10 +848,6 @@
     <message>
         <source>For all events</source>
         <translation>Para todos los sucesos</translation>
-    </message>
-    <message>
-        <source>&amp;Close</source>
-        <translation>&amp;Cerrar</translation>
     </message>
     <message>
         <source>Nothing to undo.</source>
@@ -1026,6 +1018,17 @@ Método adicional. Identificador: %2</translation>
     </message>
 </context>
 <context>
+    <name>zepa::SettingsDialog</name>
+    <message>
+        <source>Notification settings</source>
+        <translation>Ajustes de notificaciones</translation>
+    </message>
+    <message>
+        <source>&amp;Close</source>
+        <translation>&amp;Cerrar</translation>
+    </message>
+</context>
+<context>
     <name>zepa::Simulator</name>
     <message>
         <source>Simulator</source>
@@ -1096,7 +1099,7 @@ Método adicional. Identificador: %2</translation>
     </message>
 </context>
 <context>
-    <name>zepa::StoringProblem</name>
+    <name>zepa::StorageStatus</name>
     <message>
         <source>The rules of “%1” were not changed: the file %2 cannot be written, or there is no room on the disk for the copy that protects it.</source>
         <translation>Las reglas de «%1» no se cambiaron: no se puede escribir el archivo %2, o no hay sitio en el disco para la copia que lo protege.</translation>

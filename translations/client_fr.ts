@@ -834,10 +834,6 @@
         <translation>Ré&amp;tablir</translation>
     </message>
     <message>
-        <source>Notification settings</source>
-        <translation>Réglages des notifications</translation>
-    </message>
-    <message>
         <source>Space adds or removes a rule. Changes are stored at once.</source>
         <translation>La barre d’espace ajoute ou supprime une règle. Les modifications sont enregistrées aussitôt.</translation>
     </message>
@@ -852,10 +848,6 @@
     <message>
         <source>For all events</source>
         <translation>Pour tous les événements</translation>
-    </message>
-    <message>
-        <source>&amp;Close</source>
-        <translation>&amp;Fermer</translation>
     </message>
     <message>
         <source>Nothing to undo.</source>
@@ -1026,6 +1018,17 @@ Méthode complémentaire. Identifiant : %2</translation>
     </message>
 </context>
 <context>
+    <name>zepa::SettingsDialog</name>
+    <message>
+        <source>Notification settings</source>
+        <translation>Réglages des notifications</translation>
+    </message>
+    <message>
+        <source>&amp;Close</source>
+        <translation>&amp;Fermer</translation>
+    </message>
+</context>
+<context>
     <name>zepa::Simulator</name>
     <message>
         <source>Simulator</source>
@@ -1096,7 +1099,7 @@ Méthode complémentaire. Identifiant : %2</translation>
     </message>
 </context>
 <context>
-    <name>zepa::StoringProblem</name>
+    <name>zepa::StorageStatus</name>
     <message>
         <source>The rules of “%1” were not changed: the file %2 cannot be written, or there is no room on the disk for the copy that protects it.</source>
         <translation>Les règles de « %1 » n’ont pas été modifiées : le fichier %2 ne peut pas être écrit, ou il n’y a pas de place sur le disque pour la copie qui le protège.</translation>

@@ -834,10 +834,6 @@
         <translation>P&amp;onów</translation>
     </message>
     <message>
-        <source>Notification settings</source>
-        <translation>Ustawienia powiadomień</translation>
-    </message>
-    <message>
         <source>Space adds or removes a rule. Changes are stored at once.</source>
         <translation>Spacja dodaje lub usuwa regułę. Zmiany są zapisywane od razu.</translation>
     </message>
@@ -852,10 +848,6 @@
     <message>
         <source>For all events</source>
         <translation>Dla wszystkich zdarzeń</translation>
-    </message>
-    <message>
-        <source>&amp;Close</source>
-        <translation>&amp;Zamknij</translation>
     </message>
     <message>
         <source>Nothing to undo.</source>
@@ -1026,6 +1018,17 @@ Metoda dodatkowa. Identyfikator: %2</translation>
     </message>
 </context>
 <context>
+    <name>zepa::SettingsDialog</name>
+    <message>
+        <source>Notification settings</source>
+        <translation>Ustawienia powiadomień</translation>
+    </message>
+    <message>
+        <source>&amp;Close</source>
+        <translation>&amp;Zamknij</translation>
+    </message>
+</context>
+<context>
     <name>zepa::Simulator</name>
     <message>
         <source>Simulator</source>
@@ -1096,7 +1099,7 @@ Metoda dodatkowa. Identyfikator: %2</translation>
     </message>
 </context>
 <context>
-    <name>zepa::StoringProblem</name>
+    <name>zepa::StorageStatus</name>
     <message>
         <source>The rules of “%1” were not changed: the file %2 cannot be written, or there is no room on the disk for the copy that protects it.</source>
         <translation>Reguł „%1” nie zmieniono: nie można zapisać pliku %2 albo na dysku brak miejsca na chroniącą go kopię.</translation>

@@ -834,10 +834,6 @@
         <translation>&amp;Refazer</translation>
     </message>
     <message>
-        <source>Notification settings</source>
-        <translation>Definições de notificações</translation>
-    </message>
-    <message>
         <source>Space adds or removes a rule. Changes are stored at once.</source>
         <translation>A barra de espaço adiciona ou remove uma regra. As alterações são guardadas de imediato.</translation>
     </message>
@@ -852,10 +848,6 @@
     <message>
         <source>For all events</source>
         <translation>Para todos os eventos</translation>
-    </message>
-    <message>
-        <source>&amp;Close</source>
-        <translation>&amp;Fechar</translation>
     </message>
     <message>
         <source>Nothing to undo.</source>
@@ -1026,6 +1018,17 @@ Método adicional. Identificador: %2</translation>
     </message>
 </context>
 <context>
+    <name>zepa::SettingsDialog</name>
+    <message>
+        <source>Notification settings</source>
+        <translation>Definições de notificações</translation>
+    </message>
+    <message>
+        <source>&amp;Close</source>
+        <translation>&amp;Fechar</translation>
+    </message>
+</context>
+<context>
     <name>zepa::Simulator</name>
     <message>
         <source>Simulator</source>
@@ -1096,7 +1099,7 @@ Método adicional. Identificador: %2</translation>
     </message>
 </context>
 <context>
-    <name>zepa::StoringProblem</name>
+    <name>zepa::StorageStatus</name>
     <message>
         <source>The rules of “%1” were not changed: the file %2 cannot be written, or there is no room on the disk for the copy that protects it.</source>
         <translation>As regras de «%1» não foram alteradas: o ficheiro %2 não pode ser escrito, ou não há espaço no disco para a cópia que o protege.</translation>

@@ -3,8 +3,8 @@
 #include "benchmarks/posting/qt_loop.h"
 #include "fixture.h"
 
-#include "client/services/chat_manager.h"
-#include "client/ui/chat_window.h"
+#include "client/chats/chat_manager.h"
+#include "client/chats/chat_window.h"
 #include "host/arg.h"
 #include "host/buddy.h"
 #include "methods/taskbar_notification_method.h"

@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
-#include "client/services/settings.h"
 #include "core/notification_method.h"
 #include "core/notification_module.h"
 #include "host/plugin_action.h"
+#include "kit/settings/settings.h"
 
 #include <QString>
 #include <QTemporaryDir>

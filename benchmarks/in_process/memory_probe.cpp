@@ -3,7 +3,7 @@
 #include "benchmarks/posting/qt_loop.h"
 #include "memory.h"
 
-#include "client/services/settings.h"
+#include "kit/settings/settings.h"
 #ifdef ZEPA_WITH_LIBRARY // the one difference between the two programs
 #include "core/notification_module.h"
 #include "host/plugin_action.h"

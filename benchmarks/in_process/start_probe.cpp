@@ -2,8 +2,8 @@
 // What the start costs in a new process: start_probe SETTINGS [TYPES]
 //
 // Prints, in nanoseconds, what getInstance(), init() and the registration of TYPES further types took.
-#include "client/services/settings.h"
 #include "core/notification_module.h"
+#include "kit/settings/settings.h"
 
 #include <QApplication>
 

@@ -4,9 +4,9 @@
 #include "qt_loop.h"
 
 #include "benchmarks/remembered_postings.h"
-#include "client/services/settings.h"
 #include "core/notification_module.h"
 #include "host/plugin_action.h"
+#include "kit/settings/settings.h"
 
 #include <QApplication>
 #include <QString>

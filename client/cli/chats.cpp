@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "client/cli/chats.h"
 
+#include "client/chats/chat_manager.h"
+#include "client/chats/show_in_chat.h"
 #include "client/cli/poster.h"
-#include "client/posting/show_in_chat.h"
-#include "client/services/chat_manager.h"
 
 namespace zepa::cli {
 

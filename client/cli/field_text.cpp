@@ -2,7 +2,7 @@
 #include "client/cli/field_text.h"
 
 #include "client/cli/output.h"
-#include "client/services/field_value.h"
+#include "kit/values/field_value.h"
 
 #include <QStringList>
 
@@ -30,6 +30,24 @@ QJsonObject jsonValues(const QList<ZepaField>& fields)
     for (const ZepaField& field : fields)
         values.insert(field.getId(), jsonValue(field));
     return values;
+}
+
+QString allowedValues(const ZepaField& field)
+{
+    switch (field.getType()) {
+    case ZepaField::CheckBox:
+        return u"true or false"_s;
+    case ZepaField::SpinBox:
+        return u"a whole number from %1 to %2"_s.arg(field.getLowerBound()).arg(field.getUpperBound());
+    case ZepaField::ComboBox:
+        return u"one of: %1"_s.arg(field.getItemIds().join(u", "_s));
+    case ZepaField::SoundEdit:
+        return u"a sound file, absolute or in the sound theme's folder"_s;
+    case ZepaField::TextEdit:
+        return u"any text"_s;
+    default:
+        return u"nothing"_s;
+    }
 }
 
 QString assignments(QList<ZepaField> fields)

@@ -16,6 +16,9 @@ QJsonValue jsonValue(const ZepaField& field);
 /// Identifier and value of each field.
 QJsonObject jsonValues(const QList<ZepaField>& fields);
 
+/// What a field allows, in words for an error message: "a whole number from 0 to 300".
+QString allowedValues(const ZepaField& field);
+
 /// "sound_file=bell.wav sticky=false", sorted by identifier; "-" for no fields.
 QString assignments(QList<ZepaField> fields);
 

@@ -4,7 +4,6 @@
 #include "client/cli/lookup.h"
 #include "client/cli/output.h"
 #include "client/client.h"
-#include "client/services/field_value.h"
 #include "core/notification_method.h"
 #include "core/notification_module.h"
 

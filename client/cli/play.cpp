@@ -7,7 +7,7 @@
 #include "client/cli/player.h"
 #include "client/cli/script.h"
 #include "client/client.h"
-#include "client/posting/notification_service.h"
+#include "kit/journal/notification_service.h"
 
 #include <QCommandLineParser>
 #include <QFileInfo>

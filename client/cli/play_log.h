@@ -2,8 +2,8 @@
 #pragma once
 
 #include "client/cli/event.h"
-#include "client/posting/answer_token.h"
-#include "client/posting/report.h"
+#include "kit/journal/answer_token.h"
+#include "kit/journal/report.h"
 
 #include <QJsonObject>
 #include <QString>

@@ -5,7 +5,8 @@
 #include "client/cli/job.h"
 #include "client/cli/poster.h"
 #include "client/cli/work_slice.h"
-#include "client/posting/announce.h"
+#include "client/client.h"
+#include "kit/journal/announce.h"
 
 #include <QPointer>
 
@@ -68,11 +69,11 @@ void Player::announceNext()
     if (m_before)
         m_before(event);
     const QPointer<Player> self(this);
-    const Report report =
-        announce(m_client, postingOf(event, Answers::AsTheEventSays, m_job.folder()), [self, event](Answer answer) {
-            if (self)
-                self->answered(event, answer);
-        });
+    const Report report = announce(m_client.recorder(), postingOf(event, Answers::AsTheEventSays, m_job.folder()),
+                                   [self, event](Answer answer) {
+                                       if (self)
+                                           self->answered(event, answer);
+                                   });
     if (!self)
         return;
     m_waiting += report.waits ? 1 : 0;

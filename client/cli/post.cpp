@@ -6,8 +6,8 @@
 #include "client/cli/poster.h"
 #include "client/cli/user_action.h"
 #include "client/client.h"
-#include "client/posting/announce.h"
-#include "client/posting/notification_service.h"
+#include "kit/journal/announce.h"
+#include "kit/journal/notification_service.h"
 
 #include <QCommandLineParser>
 #include <QPointer>
@@ -122,7 +122,8 @@ void Post::start(const QCommandLineParser& line, Client& client, Job& job) const
         };
     }
     const Report report =
-        announce(client, postingOf(*event, waits ? Answers::Always : Answers::AsTheEventSays, job.folder()), answered);
+        announce(client.recorder(), postingOf(*event, waits ? Answers::Always : Answers::AsTheEventSays, job.folder()),
+                 answered);
     tell(*event, report);
     if (const QString complaint = pictureComplaint(line.value(u"icon"_s), report); !complaint.isEmpty())
         complain(complaint);

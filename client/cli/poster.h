@@ -2,8 +2,8 @@
 #pragma once
 
 #include "client/cli/event.h"
-#include "client/posting/posting.h"
-#include "client/posting/report.h"
+#include "kit/journal/posting.h"
+#include "kit/journal/report.h"
 
 #include <QString>
 

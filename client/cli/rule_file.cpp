@@ -5,8 +5,8 @@
 #include "client/cli/job.h"
 #include "client/cli/output.h"
 #include "client/client.h"
-#include "client/rules/rule_lock.h"
-#include "client/rules/safe_change.h"
+#include "kit/rules/rule_lock.h"
+#include "kit/rules/safe_change.h"
 
 #include <QFileInfo>
 

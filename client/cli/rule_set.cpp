@@ -6,11 +6,11 @@
 #include "client/cli/output.h"
 #include "client/cli/rule_file.h"
 #include "client/client.h"
-#include "client/methods/command/shell_warning.h"
-#include "client/rules/rule_state.h"
 #include "core/notification_method.h"
 #include "core/notification_module.h"
 #include "core/notification_rule.h"
+#include "kit/extra_methods/command/shell_warning.h"
+#include "kit/rules/rule_state.h"
 
 #include <QCommandLineParser>
 

@@ -5,8 +5,8 @@
 #include "client/cli/job.h"
 #include "client/cli/output.h"
 #include "client/cli/standard_streams.h"
-#include "client/files/regular_file.h"
-#include "client/posting/announce.h"
+#include "client/finish_delivering.h"
+#include "kit/files/regular_file.h"
 
 #include <QDir>
 #include <QEventLoop>

@@ -4,8 +4,8 @@
 #include "client/cli/job.h"
 #include "client/cli/output.h"
 #include "client/client.h"
-#include "client/services/field_value.h"
-#include "client/services/global_settings.h"
+#include "kit/settings/global_settings.h"
+#include "kit/values/field_value.h"
 
 #include <QCommandLineParser>
 #include <QDeadlineTimer>
@@ -115,10 +115,10 @@ private:
     static void store(Settings& settings, const ZepaField& setting, const QString& value, Job& job,
                       QDeadlineTimer deadline)
     {
-        const Settings::Stored stored = settings.tryToStore(setting, value);
-        if (stored == Settings::Stored::Done)
+        const SettingStore::Outcome stored = settings.tryToStore(setting, value);
+        if (stored == SettingStore::Outcome::Done)
             return job.finish(Success);
-        if (stored == Settings::Stored::Busy && !deadline.hasExpired()) {
+        if (stored == SettingStore::Outcome::Busy && !deadline.hasExpired()) {
             QTimer::singleShot(timeBetweenAttempts, &job, [&settings, setting, value, &job, deadline] {
                 store(settings, setting, value, job, deadline);
             });
@@ -126,7 +126,7 @@ private:
         }
         job.speak([&settings, stored] {
             const QString file = onOneLine(settings.settingsFile());
-            complain(stored == Settings::Stored::Busy
+            complain(stored == SettingStore::Outcome::Busy
                          ? u"another program is changing the settings file %1: nothing was changed; try "
                            u"again in a moment"_s.arg(file)
                          : u"the settings file %1 cannot be written: nothing was changed; check the file "

@@ -2,8 +2,8 @@
 #include "client/cli/user_action.h"
 
 #include "client/cli/output.h"
-#include "client/methods/child_environment.h"
-#include "client/methods/command/word_list.h"
+#include "kit/extra_methods/child_environment.h"
+#include "kit/extra_methods/command/command_template.h"
 
 #include <QDesktopServices>
 #include <QDir>

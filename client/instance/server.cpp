@@ -4,7 +4,7 @@
 #include "client/client.h"
 #include "client/instance/bus_name.h"
 #include "client/instance/remote_command.h"
-#include "client/services/client_requests.h"
+#include "client/window/client_requests.h"
 #include "interface_xml.h"
 
 #include <QDir>

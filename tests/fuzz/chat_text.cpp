@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
-#include "client/ui/image_markers.h"
-#include "client/ui/message_text.h"
-#include "client/ui/theme_pictures.h"
 #include "entries.h"
+#include "kit/texts/image_markers.h"
+#include "kit/texts/message_text.h"
+#include "kit/widgets/theme_pictures.h"
 
 #include <algorithm>
 

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
-#include "client/services/audio/sound_decoder.h"
 #include "entries.h"
+#include "kit/sound/sound_decoder.h"
 
 #include <algorithm>
 #include <cmath>

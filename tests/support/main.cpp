@@ -4,11 +4,11 @@
 #include <QFile>
 #include <gtest/gtest.h>
 
+using namespace Qt::StringLiterals;
+
 #ifdef ZEPA_COVERAGE
 #include <csignal>
 #include <cstdlib>
-
-using namespace Qt::StringLiterals;
 
 namespace {
 

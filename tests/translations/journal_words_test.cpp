@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
-#include "client/journal/journal_text.h"
 #include "client/languages.h"
+#include "kit/journal/journal_text.h"
 
 #include <QApplication>
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-#include "tests/client/program.h"
+#include "tests/client/program/program.h"
 
 #include <QJsonObject>
 

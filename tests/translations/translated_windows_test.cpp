@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "client/client.h"
 #include "client/languages.h"
-#include "client/ui/main/main_window.h"
-#include "client/ui/settings/notification_settings.h"
+#include "client/window/main_window.h"
+#include "client/window/settings_dialog.h"
 #include "tests/client/pictures/picture_checks.h"
 
 #include <QAbstractButton>
@@ -94,7 +94,7 @@ TEST_P(TranslatedWindows, HaveEachKeyOnceInTheMainWindow)
 
 TEST_P(TranslatedWindows, HaveEachKeyOnceInTheSettings)
 {
-    NotificationSettings window(client);
+    SettingsDialog window(client);
     window.show();
     auto* table = window.findChild<QTableView*>(u"rules"_s);
     ASSERT_NE(table, nullptr);
@@ -110,7 +110,7 @@ TEST_P(TranslatedWindows, HaveRoomForEachText)
     window.show();
     ASSERT_TRUE(QTest::qWaitFor([&window] { return window.findChild<QMenuBar*>() != nullptr; }));
     window.openNotificationSettings();
-    auto* settings = window.findChild<NotificationSettings*>();
+    auto* settings = window.findChild<SettingsDialog*>();
     ASSERT_NE(settings, nullptr);
     QTest::qWait(50);
     checkWidgets(window);

@@ -20,7 +20,9 @@ TABLE = {
     "platform/freedesktop": {"Qt", "system", "platform/growl", "platform/bus"},
     "platform/portal": {"Qt", "system", "platform/growl", "platform/bus", "platform/freedesktop"},
     "platform/attention": {"Qt", "system", "platform/bus"},
-    "client": {"Qt", "core", "host", "methods", "system", "other"},
+    # The rooms of kit/, in the order in which they stand upon each other.
+    "kit": {"Qt", "core", "host", "system", "other"},
+    "client": {"Qt", "core", "host", "methods", "kit", "system", "other"},
 }
 # The one place in core/ that may know the methods: where the module creates its built-in ones.
 MAY_CREATE_METHODS = {"core/notification_module.cpp"}

@@ -4,7 +4,7 @@
 import pathlib
 
 ROOT = pathlib.Path(__file__).resolve().parents[2]
-ROOMS = ("core", "methods", "host", "platform", "client", "tests", "benchmarks")
+ROOMS = ("core", "methods", "host", "platform", "kit", "client", "tests", "benchmarks")
 
 
 def sources(*suffixes):

@@ -13,7 +13,7 @@ from sources import ROOMS, ROOT
 
 
 # What users run. The tests are as many sources again, and take as long.
-PRODUCT = ("core", "methods", "host", "platform", "client")
+PRODUCT = ("core", "methods", "host", "platform", "kit", "client")
 # What only g++ understands.
 FOREIGN = ("-Wno-subobject-linkage", "-fpch-preprocess", "-Winvalid-pch")
 # How many sources one run looks at: nearly all of its time goes to Qt's headers, which it then reads once.

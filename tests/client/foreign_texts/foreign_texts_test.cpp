@@ -1,19 +1,20 @@
 // SPDX-License-Identifier: Apache-2.0
+#include "client/chats/chat_manager.h"
+#include "client/chats/chat_window.h"
 #include "client/client.h"
-#include "client/posting/announce.h"
-#include "client/rules/method_titles.h"
-#include "client/services/chat_manager.h"
-#include "client/services/global_settings.h"
-#include "client/texts/plain_text.h"
-#include "client/ui/chat_window.h"
-#include "client/ui/main/contact_panel.h"
-#include "client/ui/main/main_window.h"
-#include "client/ui/main/simulator.h"
-#include "client/ui/message_text.h"
-#include "client/ui/settings/notification_settings.h"
-#include "client/ui/settings/rule_pane.h"
+#include "client/window/contact_panel.h"
+#include "client/window/main_window.h"
+#include "client/window/settings_dialog.h"
+#include "client/window/simulator.h"
 #include "core/notification.h"
 #include "core/notification_module.h"
+#include "kit/journal/announce.h"
+#include "kit/rules/method_titles.h"
+#include "kit/settings/global_settings.h"
+#include "kit/settings_page/rule_pane.h"
+#include "kit/texts/message_text.h"
+#include "kit/texts/plain_text.h"
+#include "kit/widgets/plain_widgets.h"
 #include "qt_printers.h"
 #include "shown_texts.h"
 
@@ -137,16 +138,16 @@ TEST_F(ForeignTexts, StandInTheMainWindowAsTheyWereWritten)
     QStringList shown;
     // The details of a posting are shown while it is the last one.
     for (const QString& posted : {type, text(), u"message_received"_s}) {
-        announce(client, post(posted, text()));
+        announce(client.recorder(), post(posted, text()));
         shown += zepa::test::shownTexts(window);
     }
-    announce(client, {u"buddy_changed_status"_s,
-                      u"Ann"_s,
-                      text(),
-                      {},
-                      ZepaBuddy(u"Ann"_s, u"Ann"_s, ZepaBuddy::Contact),
-                      {},
-                      false});
+    announce(client.recorder(), {u"buddy_changed_status"_s,
+                                 u"Ann"_s,
+                                 text(),
+                                 {},
+                                 ZepaBuddy(u"Ann"_s, u"Ann"_s, ZepaBuddy::Contact),
+                                 {},
+                                 false});
     window.tell(text());
     const QString contact = text();
     auto* simulator = window.findChild<Simulator*>();
@@ -205,7 +206,7 @@ protected:
     }
 
     /// Chooses the cell of the type and the method.
-    void choose(NotificationSettings& window, const QString& type, const QString& method)
+    void choose(SettingsDialog& window, const QString& type, const QString& method)
     {
         auto* table = window.findChild<QTableView*>(u"rules"_s);
         const auto types = typesInOrder(client.module());
@@ -230,7 +231,7 @@ protected:
 
 TEST_F(ForeignTextsInSettings, StandInEachFieldAsTheyWereWritten)
 {
-    NotificationSettings window(client);
+    SettingsDialog window(client);
     window.show();
     choose(window, m_type, m_method.getId());
     // A change names the field in the tool tip that undoes it, and a sample names the type.
@@ -246,7 +247,7 @@ TEST_F(ForeignTextsInSettings, StandInEachFieldAsTheyWereWritten)
 
 TEST_F(ForeignTextsInSettings, StandInTheWarningAboutAFileAsTheyWereWritten)
 {
-    NotificationSettings window(client);
+    SettingsDialog window(client);
     window.show();
     choose(window, m_type, m_method.getId());
     const QString file = folder.filePath(fileName());

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "shown_texts.h"
 
-#include "client/ui/sealed_document.h"
+#include "kit/widgets/sealed_document.h"
 
 #include <QAbstractButton>
 #include <QAbstractItemView>

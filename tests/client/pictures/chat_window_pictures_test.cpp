@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
-#include "client/services/settings.h"
-#include "client/ui/chat_window.h"
+#include "client/chats/chat_window.h"
+#include "kit/settings/settings.h"
 #include "pictures.h"
 
 #include <QTemporaryDir>

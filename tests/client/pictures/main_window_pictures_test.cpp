@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "client/client.h"
-#include "client/posting/announce.h"
-#include "client/ui/main/main_window.h"
-#include "client/ui/main/notice_bar.h"
-#include "client/ui/main/simulated_event.h"
+#include "client/window/main_window.h"
+#include "client/window/notice_bar.h"
+#include "client/window/simulated_event.h"
+#include "kit/journal/announce.h"
 #include "pictures.h"
 
 #include <QDir>
@@ -31,7 +31,7 @@ void post(Client& client, const char16_t* type, const ZepaBuddy& contact)
         return QStringView(candidate.type) == QStringView(type);
     });
     ASSERT_NE(event, events.cend());
-    announce(client, postingOf(*event, contact, {}));
+    announce(client.recorder(), postingOf(*event, contact, {}));
 }
 
 TEST(MainWindowPictures, ShowContactsAndTheJournal)

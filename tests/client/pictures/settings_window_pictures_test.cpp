@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "client/client.h"
-#include "client/rules/method_titles.h"
-#include "client/ui/settings/notification_settings.h"
+#include "client/window/settings_dialog.h"
 #include "core/notification.h"
 #include "core/notification_method.h"
 #include "core/notification_module.h"
+#include "kit/rules/method_titles.h"
 #include "pictures.h"
 
 #include <QAbstractItemModel>
@@ -23,7 +23,7 @@ namespace {
 using namespace zepa;
 
 /// The cell of that pair chosen.
-void choose(NotificationSettings& window, Client& client, const QString& type, const QString& method)
+void choose(SettingsDialog& window, Client& client, const QString& type, const QString& method)
 {
     const auto types = typesInOrder(client.module());
     const auto methods = methodsInOrder(client.module());
@@ -53,7 +53,7 @@ protected:
 TEST_F(SettingsWindowPictures, ShowASoundAndItsFields)
 {
     takePictures(u"notification-settings"_s, [this] {
-        auto window = std::make_unique<NotificationSettings>(client);
+        auto window = std::make_unique<SettingsDialog>(client);
         choose(*window, client, message, sound);
         window->resize(1120, 760);
         return window;
@@ -66,7 +66,7 @@ TEST_F(SettingsWindowPictures, ShowAPairWithTwoRulesAndAProblem)
     client.module().addNotificationRule(message, popup, config);
     ASSERT_TRUE(QDir().mkpath(settings + u"notifications/typing_started_notify"_s));
     takePictures(u"notification-settings-problem"_s, [this] {
-        auto window = std::make_unique<NotificationSettings>(client);
+        auto window = std::make_unique<SettingsDialog>(client);
         choose(*window, client, u"typing_started_notify"_s, popup);
         window->findChild<QPushButton*>(u"add"_s)->click();
         choose(*window, client, message, popup);
@@ -78,7 +78,7 @@ TEST_F(SettingsWindowPictures, ShowAPairWithTwoRulesAndAProblem)
 TEST_F(SettingsWindowPictures, ShowThatANarrowWindowIsUsable)
 {
     takePictures(u"notification-settings-narrow"_s, [this] {
-        auto window = std::make_unique<NotificationSettings>(client);
+        auto window = std::make_unique<SettingsDialog>(client);
         choose(*window, client, message, popup);
         window->resize(480, 640);
         return window;

@@ -1,0 +1,131 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "kit/rules/rule_sync.h"
+
+#include "core/notification_method.h"
+#include "core/notification_module.h"
+#include "core/notification_rule.h"
+#include "host/xml_node.h"
+#include "kit/rules/rule_backup.h"
+#include "kit/rules/stored_file.h"
+#include "kit/settings/hidden_rule_folder.h"
+
+#include <QHash>
+#include <QList>
+
+#include <algorithm>
+
+using namespace Qt::StringLiterals;
+
+namespace zepa {
+
+namespace {
+
+/// A rule that a file holds.
+struct FileRule
+{
+    ZepaNotificationMethod* method;
+    QList<ZepaField> config;
+    QByteArray key;
+};
+
+/// Equal for rules of the same method with the same values: rules and fields have no order.
+QByteArray keyOf(const ZepaNotificationRule& rule)
+{
+    QList<ZepaField> fields = rule.getConfig();
+    std::sort(fields.begin(), fields.end(),
+              [](const ZepaField& a, const ZepaField& b) { return a.getId() < b.getId(); });
+    return rule.getMethod()->getId().toUtf8() + '\n' + ZepaField::toXml(fields).toByteArray(-1);
+}
+
+/// What the module would make of the file, and rules of methods that are not installed any more, if it has such.
+QList<FileRule> rulesIn(const QByteArray& content, ZepaNotification* type, const ZepaNotificationModule& module)
+{
+    QHash<QString, ZepaNotificationMethod*> methods = module.getMethods();
+    const QList<ZepaNotificationRule*> present = module.getRules(type);
+    for (const ZepaNotificationRule* rule : present) {
+        if (!methods.contains(rule->getMethod()->getId()))
+            methods.insert(rule->getMethod()->getId(), rule->getMethod());
+    }
+
+    ZepaXmlNode root{QString(), QString(), nullptr};
+    root.setContent(content);
+    QList<FileRule> found;
+    const QList<ZepaXmlNode> elements = root.getChildNodes();
+    for (const ZepaXmlNode& element : elements) {
+        ZepaNotificationMethod* method = methods.value(element.name());
+        if (!method || !element.hasChildNodes())
+            continue;
+        const ZepaNotificationRule rule(type, method,
+                                        ZepaField::fromXml(method->fields, element.getChildNodes().constFirst()));
+        found.append({method, rule.getConfig(), keyOf(rule)});
+    }
+    return found;
+}
+
+/// Changes what differs, and nothing on the disk.
+void takeOver(ZepaNotificationModule& module, ZepaNotification* type, const QByteArray& content)
+{
+    QList<FileRule> missing = rulesIn(content, type, module);
+    QHash<QByteArray, qsizetype> wanted;
+    for (const FileRule& rule : std::as_const(missing))
+        ++wanted[rule.key];
+
+    QList<ZepaNotificationRule*> surplus;
+    QHash<QByteArray, qsizetype> present;
+    const QList<ZepaNotificationRule*> rules = module.getRules(type);
+    for (ZepaNotificationRule* rule : rules) {
+        const QByteArray key = keyOf(*rule);
+        if (present.value(key) < wanted.value(key))
+            ++present[key];
+        else
+            surplus.append(rule);
+    }
+    missing.removeIf([&present](const FileRule& rule) { return present[rule.key]-- > 0; });
+
+    const HiddenRuleFolder nothingIsStored;
+    for (FileRule& rule : missing) {
+        const auto changed = std::find_if(surplus.begin(), surplus.end(), [&rule](const ZepaNotificationRule* other) {
+            return other->getMethod() == rule.method;
+        });
+        if (changed == surplus.end()) {
+            module.addNotificationRule(type, rule.method, rule.config);
+        } else {
+            (*changed)->setConfig(rule.config);
+            surplus.erase(changed);
+        }
+    }
+    for (ZepaNotificationRule* rule : std::as_const(surplus))
+        module.removeNotificationRule(rule);
+}
+
+} // namespace
+
+QByteArray ruleFileOf(const ZepaNotificationModule& module, const QString& typeId)
+{
+    ZepaXmlNode root(u"rules"_s, QString(), nullptr);
+    const auto rules = module.getRules(module.getNotifications().value(typeId));
+    for (const ZepaNotificationRule* rule : rules) {
+        ZepaXmlNode element = root.addChild(rule->getMethod()->getId(), QString());
+        element.appendChild(ZepaField::toXml(rule->getConfig()));
+    }
+    return root.toByteArray(-1);
+}
+
+void bringUpToDate(ZepaNotificationModule& module, RuleBackup& backup)
+{
+    const QHash<QString, ZepaNotification*> types = module.getNotifications();
+    backup.protect(types.keys());
+    backup.repair([&](const QString& typeId) {
+        return backup.loaded(typeId).isNull() ? QByteArray() : ruleFileOf(module, typeId);
+    });
+    for (auto type = types.cbegin(); type != types.cend(); ++type) {
+        const StoredFile file = readStored(backup.ruleFile(type.key()));
+        if (file.state != StoredFile::State::Readable || file.content == backup.loaded(type.key()) ||
+            !backup.isGoodFile(type.key(), file.content))
+            continue;
+        takeOver(module, *type, file.content);
+        backup.setLoaded(type.key(), file.content);
+    }
+}
+
+} // namespace zepa
