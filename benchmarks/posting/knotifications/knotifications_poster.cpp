@@ -8,8 +8,6 @@
 #include <QApplication>
 #include <QPixmap>
 
-using namespace Qt::StringLiterals;
-
 namespace {
 
 class KNotificationsPoster : public Poster
@@ -24,8 +22,8 @@ public:
     }
     void post() override
     {
-        auto* notification = new KNotification(u"measured"_s);
-        notification->setComponentName(u"zepa_bench"_s);
+        auto* notification = new KNotification(QStringLiteral("measured"));
+        notification->setComponentName(QStringLiteral("zepa_bench"));
         notification->setTitle(m_title);
         notification->setText(m_text);
         if (!m_icon.isEmpty())
@@ -45,7 +43,7 @@ private:
 int main(int argc, char** argv)
 {
     const QApplication application(argc, argv);
-    QGuiApplication::setDesktopFileName(u"zepa"_s);
+    QGuiApplication::setDesktopFileName(QStringLiteral("zepa"));
     KNotificationsPoster poster;
     return runPoster(poster);
 }
