@@ -15,6 +15,8 @@ namespace {
 constexpr Time second = 1000000;
 constexpr Time millisecond = 1000;
 constexpr Time longestDelay = 30 * second;
+/// A timer that fires so much too late was held up by the program itself.
+constexpr Time heldUp = 100 * millisecond;
 /// What canCall() lets wait for the socket.
 constexpr std::size_t shortQueue = 1048576;
 /// To free a long queue takes time when it is closed.
@@ -81,6 +83,7 @@ void ConnectionCore::tryNextAddress()
     while (!m_addresses.isEmpty()) {
         if (m_transport.start(m_addresses.takeFirst())) {
             m_attemptEndsAt = now() + m_addressLimit;
+            m_isAttemptProlonged = false;
             return;
         }
     }
@@ -298,11 +301,17 @@ void ConnectionCore::onTimer()
             deadline.reset();
         return due;
     };
+    // While the program did not handle events, nobody looked whether the bus had answered.
+    if (m_attemptEndsAt && *m_attemptEndsAt + heldUp <= time && !std::exchange(m_isAttemptProlonged, true))
+        m_attemptEndsAt = time + m_addressLimit;
     if (isDue(m_attemptEndsAt))
         tryNextAddress();
     if (isDue(m_retryAt))
         startAttempt();
-    const bool mustProcess = std::exchange(m_mustCheck, false) || m_transport.deadline().value_or(time + 1) <= time;
+    // A reply that has come, and was not read yet, is in time.
+    const bool isOverdue = m_calls.deadline().value_or(time + 1) <= time;
+    const bool mustProcess =
+        std::exchange(m_mustCheck, false) || isOverdue || m_transport.deadline().value_or(time + 1) <= time;
     const bool mustAsk = isDue(m_askAgainAt);
     const bool mustTell = std::exchange(m_mustTellClosed, false);
     // Whatever is called from here may run an event loop, in which this timer is needed.

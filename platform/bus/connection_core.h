@@ -80,6 +80,8 @@ private:
     QList<QByteArray> m_addresses; ///< still to be tried
     Time m_addressLimit = 0;       ///< for each of them
     std::optional<Time> m_attemptEndsAt;
+    /// The attempt got its time once more, since the program held it up.
+    bool m_isAttemptProlonged = false;
     std::optional<Time> m_retryAt;
     std::optional<Time> m_lastFailure;
     Time m_retryDelay;

@@ -9,7 +9,9 @@
 #include <QDir>
 #include <QFile>
 
+#include <chrono>
 #include <memory>
+#include <thread>
 #include <vector>
 
 using namespace Qt::StringLiterals;
@@ -71,6 +73,28 @@ TEST_F(OpeningTest, GivesUpABusThatKeepsSilentAndTriesItAgain)
     EXPECT_EQ(connection.state(), State::Closed);
     EXPECT_TRUE(runUntil([&] { return silent.connectionCount() == 2; }));
     EXPECT_EQ(silent.openCount(), 1) << "the first was not hung up";
+}
+
+TEST_F(OpeningTest, IsNotGivenUpBecauseTheProgramWasBusy)
+{
+    needDaemon();
+    if (IsSkipped())
+        return;
+    setAddress(daemon.address());
+    connection.open();
+    std::this_thread::sleep_for(std::chrono::milliseconds(Connection::openingLimit + 300));
+    ASSERT_TRUE(runUntil([&] { return openedCount + closedCount > 0; }));
+    EXPECT_EQ(openedCount, 1);
+    EXPECT_EQ(closedCount, 0);
+
+    // Neither is a call whose reply waits in the socket.
+    QString answer;
+    connection.call(connection.newCall("org.freedesktop.DBus", "/", "org.freedesktop.DBus", "GetId"), &connection,
+                    [&](const Message& reply) { answer = reply.isError() ? QString(reply.errorName()) : u"in time"_s; },
+                    {.limit = 50});
+    std::this_thread::sleep_for(std::chrono::milliseconds(500));
+    ASSERT_TRUE(runUntil([&] { return !answer.isEmpty(); }));
+    EXPECT_EQ(answer, u"in time"_s);
 }
 
 TEST_F(OpeningTest, PassesOverABusWhoseQueueIsFull)
