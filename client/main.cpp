@@ -102,15 +102,15 @@ int run(int argc, char** argv)
 
     // Somebody who chose a platform that shows nothing knows why.
     if (line.opensWindow() && !hasDisplay() && !platformIsChosen) {
-        cli::complain(u"no display: there is nowhere to open the window; zepa --help shows what works "
-                      u"without one"_s);
+        cli::printError(u"no display: cannot open the window; see \"zepa --help\" for commands that "
+                        u"work without one"_s);
         return cli::WrongUsage;
     }
 
     // A folder that a command would have to make is a slip of the pen. The user's own is made for a new user.
     if (line.command() && !line.command()->changesSettings() && line.namesSettingsFolder() &&
         !QFileInfo::exists(line.settingsFolder())) {
-        cli::complain(u"the settings folder %1 does not exist"_s.arg(cli::onOneLine(line.settingsFolder())));
+        cli::printError(u"the settings folder %1 does not exist"_s.arg(cli::onOneLine(line.settingsFolder())));
         return cli::Failure;
     }
 
@@ -135,12 +135,12 @@ int run(int argc, char** argv)
     if (!line.namesSettingsFolder())
         client.ruleBackup().ownSettingsFolder();
     if (!client.settings().isUsable())
-        cli::complain((client.settings().hasRuleFolder()
-                           ? u"cannot write to %1: your rules are in use as they are, and changes will not be saved"_s
-                           : u"cannot write to %1: the default rules are in use, and changes will not be saved"_s)
-                          .arg(cli::onOneLine(client.settings().getSettingsDir())));
+        cli::printError((client.settings().hasRuleFolder()
+                             ? u"cannot write to %1: your rules are in use as they are, and changes will not be saved"_s
+                             : u"cannot write to %1: the default rules are in use, and changes will not be saved"_s)
+                            .arg(cli::onOneLine(client.settings().getSettingsDir())));
     else if (!client.settings().isFileReadable())
-        cli::complain(u"the settings file %1 cannot be read, so all settings have their defaults"_s.arg(
+        cli::printError(u"cannot read the settings file %1; all settings have their defaults"_s.arg(
             cli::onOneLine(client.settings().settingsFile())));
     // Pop-ups and windows show the desktop's picture for it where it is installed.
     QApplication::setWindowIcon(
@@ -149,17 +149,17 @@ int run(int argc, char** argv)
         return runWindow(client, bus, token);
 
     if (!client.start()) {
-        cli::complain(u"another program is still changing rules in %1; nothing was done, try again later"_s.arg(
+        cli::printError(u"another program is still changing rules in %1; nothing was done. Try again later"_s.arg(
             cli::onOneLine(client.settings().getSettingsDir())));
         return cli::Failure;
     }
 
     const QStringList news = client.ruleBackup().news();
     for (const QString& sentence : news)
-        cli::complain(cli::onOneLine(sentence));
+        cli::printError(cli::onOneLine(sentence));
     obeyRequests();
     if (reachesTheUser && !hasDisplay())
-        cli::complain(u"no display: no status icon, no chat window, no attention request"_s);
+        cli::printError(u"no display: status icon, chat windows and attention requests are unavailable"_s);
     return cli::runHere(line, input, client);
 }
 

@@ -79,7 +79,7 @@ void CommandLine::choose(QStringList& arguments)
     QStringList names;
     for (const CommandPointer& command : m_commands)
         names.append(command->name());
-    fail(u"there is no verb \"%1\"; there are: %2"_s.arg(onOneLine(words.constFirst()), names.join(u", "_s)));
+    fail(u"unknown command \"%1\"; commands are: %2"_s.arg(onOneLine(words.constFirst()), names.join(u", "_s)));
 }
 
 void CommandLine::parse(const QStringList& arguments)
@@ -96,21 +96,21 @@ void CommandLine::parse(const QStringList& arguments)
     if (!understood)
         return fail(onOneLine(m_parser.errorText()));
     if (m_parser.isSet(settingsOption) && m_parser.value(settingsOption).isEmpty())
-        return fail(u"--settings needs the name of a folder"_s);
+        return fail(u"--settings needs a folder"_s);
     if (!m_command)
         return;
     const qsizetype count = m_parser.positionalArguments().size();
     if (count < m_command->fewestArguments())
-        return fail(u"%1 is missing"_s.arg(m_command->arguments().section(u' ', count, count)));
+        return fail(u"missing argument: %1"_s.arg(m_command->arguments().section(u' ', count, count)));
     if (count > m_command->mostArguments())
-        return fail(
-            u"\"%1\" is too much"_s.arg(onOneLine(m_parser.positionalArguments().at(m_command->mostArguments()))));
+        return fail(u"unexpected argument \"%1\""_s.arg(
+            onOneLine(m_parser.positionalArguments().at(m_command->mostArguments()))));
 }
 
 void CommandLine::fail(const QString& problem)
 {
-    complain(problem);
-    complain(m_command ? u"usage: %1"_s.arg(usage(*m_command)) : u"zepa --help shows what it can do"_s);
+    printError(problem);
+    printError(m_command ? u"usage: %1"_s.arg(usage(*m_command)) : u"Run \"zepa --help\" for a list of commands."_s);
     m_command = nullptr;
     m_opensWindow = false;
     m_code = WrongUsage;

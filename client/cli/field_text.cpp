@@ -4,6 +4,7 @@
 #include "client/cli/output.h"
 #include "kit/values/field_value.h"
 
+#include <QJsonArray>
 #include <QStringList>
 
 #include <algorithm>
@@ -50,6 +51,21 @@ QString allowedValues(const ZepaField& field)
     }
 }
 
+QJsonObject allowedJson(const ZepaField& field)
+{
+    switch (field.getType()) {
+    case ZepaField::CheckBox:
+        return {{u"type"_s, u"boolean"_s}};
+    case ZepaField::SpinBox:
+        return {
+            {u"type"_s, u"integer"_s}, {u"minimum"_s, field.getLowerBound()}, {u"maximum"_s, field.getUpperBound()}};
+    case ZepaField::ComboBox:
+        return {{u"type"_s, u"string"_s}, {u"enum"_s, QJsonArray::fromStringList(field.getItemIds())}};
+    default:
+        return {{u"type"_s, u"string"_s}};
+    }
+}
+
 QString assignments(QList<ZepaField> fields)
 {
     if (fields.isEmpty())
@@ -67,18 +83,17 @@ QString assign(QList<ZepaField>& fields, const QString& assignment)
     const qsizetype equals = assignment.indexOf(u'=');
     const QString shown = onOneLine(assignment);
     if (equals <= 0)
-        return u"\"%1\" is not of the form FIELD=VALUE"_s.arg(shown);
+        return u"\"%1\" does not have the form FIELD=VALUE"_s.arg(shown);
     const QString id = assignment.first(equals);
     const QString value = assignment.sliced(equals + 1);
     const auto field =
         std::find_if(fields.begin(), fields.end(), [&id](const ZepaField& one) { return one.getId() == id; });
     if (field == fields.end()) {
-        return fields.isEmpty() ? u"\"%1\": this method has no fields"_s.arg(shown)
-                                : u"\"%1\": there is no field \"%2\"; there are: %3"_s.arg(shown, onOneLine(id),
-                                                                                           assignments(fields));
+        return fields.isEmpty() ? u"\"%1\": this method has no fields to set"_s.arg(shown)
+                                : u"unknown field \"%1\"; fields are: %2"_s.arg(onOneLine(id), assignments(fields));
     }
     if (!fieldAllows(*field, value))
-        return u"\"%1\": allowed is %2"_s.arg(shown, allowedValues(*field));
+        return u"invalid value \"%1\" for %2: must be %3"_s.arg(onOneLine(value), onOneLine(id), allowedValues(*field));
     field->setText(value);
     return {};
 }

@@ -18,6 +18,8 @@ QJsonObject jsonValues(const QList<ZepaField>& fields);
 
 /// What a field allows, in words for an error message: "a whole number from 0 to 300".
 QString allowedValues(const ZepaField& field);
+/// The same for programs, in the words of JSON Schema: {"type": "integer", "minimum": 0, "maximum": 300}.
+QJsonObject allowedJson(const ZepaField& field);
 
 /// "sound_file=bell.wav sticky=false", sorted by identifier; "-" for no fields.
 QString assignments(QList<ZepaField> fields);

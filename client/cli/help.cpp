@@ -9,7 +9,7 @@ namespace {
 
 QString commonOptions()
 {
-    return u"  --settings DIR            folder of the settings (default: $XDG_CONFIG_HOME/zepa or ~/.config/zepa)\n"
+    return u"  --settings DIR            settings folder (default: $XDG_CONFIG_HOME/zepa or ~/.config/zepa)\n"
            u"  --help                    this text\n"_s;
 }
 
@@ -31,15 +31,14 @@ QString usage(const Command& command)
 QString overview(const std::vector<CommandPointer>& commands)
 {
     QString text = u"Usage: zepa [VERB ...] [--settings DIR]\n\n"
-                   u"Announces events to the user and edits the rules for how it is done. Without a verb, it opens\n"
-                   u"its window.\n"_s;
+                   u"Announces events and manages notification rules. Without a command, opens the main window.\n"_s;
     for (const CommandPointer& command : commands)
         text += u"\n%1\n    %2\n    Example: %3\n"_s.arg(usage(*command), command->summary(), command->example());
-    text += u"\nOptions of every verb:\n"_s + commonOptions() +
+    text += u"\nOptions of every command:\n"_s + commonOptions() +
             u"  --version                 the version of the program\n"
             u"\nExit codes:\n"
             u"  0  done; with post --wait: the pop-up was clicked\n"
-            u"  1  it could not be done\n"
+            u"  1  failed\n"
             u"  2  the command line or the script is wrong; nothing was done\n"
             u"  3  post --wait: the pop-up went away without a click\n"
             u"  4  post --wait: no pop-up was shown\n"
@@ -47,7 +46,7 @@ QString overview(const std::vector<CommandPointer>& commands)
             u"\nIf Zepa is already running with the same settings, the running instance carries out the\n"
             u"verb. It accepts verbs only from programs of the same user that run outside a sandbox\n"
             u"(Flatpak, Snap).\n"
-            u"\nzepa VERB --help says more about one verb.\n"_s;
+            u"\nRun \"zepa COMMAND --help\" for details.\n"_s;
     return text;
 }
 

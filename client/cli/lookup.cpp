@@ -35,8 +35,8 @@ ZepaNotification* findType(Client& client, const QString& id)
 {
     ZepaNotification* type = client.module().getNotifications().value(id);
     if (!type)
-        complain(
-            u"there is no notification type \"%1\"; there are: %2"_s.arg(onOneLine(id), typeIds(client).join(u", "_s)));
+        printError(
+            u"unknown notification type \"%1\"; types are: %2"_s.arg(onOneLine(id), typeIds(client).join(u", "_s)));
     return type;
 }
 
@@ -44,8 +44,8 @@ ZepaNotificationMethod* findMethod(Client& client, const QString& id)
 {
     ZepaNotificationMethod* method = client.module().getMethods().value(id);
     if (!method)
-        complain(
-            u"there is no delivery method \"%1\"; there are: %2"_s.arg(onOneLine(id), methodIds(client).join(u", "_s)));
+        printError(
+            u"unknown delivery method \"%1\"; methods are: %2"_s.arg(onOneLine(id), methodIds(client).join(u", "_s)));
     return method;
 }
 

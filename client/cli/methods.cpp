@@ -60,7 +60,7 @@ private:
             json.append(QJsonObject{{u"id"_s, field.getId()},
                                     {u"label"_s, field.getLabel()},
                                     {u"initial"_s, jsonValue(field)},
-                                    {u"allowed"_s, allowedValues(field)}});
+                                    {u"allowed"_s, allowedJson(field)}});
         return json;
     }
 };

@@ -85,7 +85,7 @@ void say(const QString& line)
     write(Stream::Output, onOneLine(line) + u'\n');
 }
 
-void complain(const QString& line)
+void printError(const QString& line)
 {
     write(Stream::Errors, u"zepa: "_s + onOneLine(line) + u'\n');
 }

@@ -48,7 +48,7 @@ void passOn(Stream stream, const QByteArray& text);
 /// One line on standard output, at once; onOneLine() makes it one.
 void say(const QString& line);
 /// The same on standard error, behind the program's name.
-void complain(const QString& line);
+void printError(const QString& line);
 
 /// Columns aligned under their headings.
 void sayTable(const QStringList& headings, const QList<QStringList>& rows);

@@ -75,7 +75,7 @@ void ScriptPlay::play()
     if (!script.problems.isEmpty()) {
         m_job.speak([&script] {
             for (const QString& problem : script.problems)
-                complain(problem);
+                printError(problem);
         });
         return m_job.finish(WrongUsage);
     }
@@ -107,7 +107,7 @@ public:
     }
     QString details() const override
     {
-        return u"Fields of a line: \"type\" and \"title\" (must be there), \"text\", \"icon\", \"buddy\", \"action\" "
+        return u"Fields of a line: \"type\" and \"title\" (required), \"text\", \"icon\", \"buddy\", \"action\" "
                u"as "
                u"for\n"
                u"zepa post, and \"at\", the time in seconds from the start (default: that of the line above). When a "
@@ -120,8 +120,8 @@ public:
     }
     QList<QCommandLineOption> options() const override
     {
-        return {{u"wait"_s, u"at the end, wait for answers that are missing, at most SECONDS"_s, u"[SECONDS]"_s},
-                {u"chats"_s, u"open the chat windows of everybody in the script"_s},
+        return {{u"wait"_s, u"when done, wait up to SECONDS for outstanding answers"_s, u"[SECONDS]"_s},
+                {u"chats"_s, u"open chats with all contacts in the script"_s},
                 {u"json"_s, u"for programs: one JSON object a line"_s}};
     }
     qsizetype fewestArguments() const override { return 1; }
@@ -151,7 +151,7 @@ void Play::start(const QCommandLineParser& line, Client& client, Job& job) const
     if (line.isSet(u"wait"_s)) {
         patience = line.value(u"wait"_s).toDouble();
         if (!isNumber(line.value(u"wait"_s)) || !(*patience >= 0 && *patience <= latestTime)) {
-            complain(u"--wait takes a number of seconds from 0 to %1"_s.arg(latestTime));
+            printError(u"--wait takes a number of seconds from 0 to %1"_s.arg(latestTime));
             return job.finish(WrongUsage);
         }
     }

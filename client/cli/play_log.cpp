@@ -23,14 +23,14 @@ void PlayLog::posted(double seconds, const Event& event, const Report& report)
         return tell(seconds, u"dropped"_s, event, u"no rule"_s, {{u"reason"_s, u"no rule"_s}});
     }
     ++m_delivered;
-    if (const QString complaint = pictureComplaint(event.icon, report); !complaint.isEmpty())
-        complain(complaint);
+    if (const QString problem = pictureProblemText(event.icon, report); !problem.isEmpty())
+        printError(problem);
     const QStringList methods = report.methods();
     QString how = methods.join(u", "_s);
     QJsonObject json{{u"methods"_s, QJsonArray::fromStringList(methods)}};
     if (report.popup != PopupState::NotAsked && report.popup != PopupState::Asked) {
         const QString why = whyNoPopup(event, report);
-        how += u" (%1: no pop-up shown)"_s.arg(why);
+        how += u" (no pop-up shown: %1)"_s.arg(why);
         json.insert(u"no_popup"_s, why);
     }
     tell(seconds, u"delivered"_s, event, how, json);

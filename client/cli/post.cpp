@@ -38,7 +38,7 @@ public:
     QString details() const override
     {
         return u"Prints which methods were called. With --wait it stays until the pop-up is answered and prints\n"
-               u"\"clicked\", \"timed out\" (closed without a click counts as that) or \"not shown: REASON\"; the "
+               u"\"clicked\", \"timed out\" (also if closed without a click) or \"not shown: REASON\"; the "
                u"exit\n"
                u"code is 0, 3 or 4 then.\n\n"
                u"The action is run by the running Zepa or, where none runs, by this command, which then needs --wait:\n"
@@ -51,10 +51,10 @@ public:
     QList<QCommandLineOption> options() const override
     {
         return {
-            {u"title"_s, u"heading of the pop-up; must be given"_s, u"T"_s},
+            {u"title"_s, u"title of the pop-up (required)"_s, u"T"_s},
             {u"text"_s, u"the message"_s, u"X"_s},
-            {u"icon"_s, u"picture for the pop-up"_s, u"PNG"_s},
-            {u"buddy"_s, u"whom the event is about"_s, u"NAME"_s},
+            {u"icon"_s, u"image for the pop-up"_s, u"PNG"_s},
+            {u"buddy"_s, u"contact that the event concerns"_s, u"NAME"_s},
             {u"action"_s, u"what a click starts"_s, u"COMMAND-OR-URL"_s},
             {u"wait"_s, u"stay until the pop-up is answered"_s},
         };
@@ -86,13 +86,13 @@ std::optional<Event> Post::readEvent(const QCommandLineParser& line, Client& cli
     if (!findType(client, event.type))
         return std::nullopt;
     if (!line.isSet(u"title"_s)) {
-        complain(u"the title is missing; add --title T"_s);
+        printError(u"missing option: --title T"_s);
         return std::nullopt;
     }
     if (line.isSet(u"action"_s)) {
         const QString problem = problemWithAction(event.action, job.folder());
         if (!problem.isEmpty()) {
-            complain(u"--action: %1"_s.arg(problem));
+            printError(u"--action: %1"_s.arg(problem));
             return std::nullopt;
         }
     }
@@ -106,7 +106,7 @@ void Post::start(const QCommandLineParser& line, Client& client, Job& job) const
         return job.finish(WrongUsage);
     const bool waits = line.isSet(u"wait"_s);
     if (!event->action.isNull() && !waits && !job.isElsewhere())
-        complain(u"without --wait nobody is left to run the action when the pop-up is clicked"_s);
+        printError(u"--action has no effect without --wait, because no running Zepa can run it"_s);
 
     // So the pop-up must not invite a click.
     if (!waits && !job.isElsewhere())
@@ -125,16 +125,16 @@ void Post::start(const QCommandLineParser& line, Client& client, Job& job) const
         announce(client.recorder(), postingOf(*event, waits ? Answers::Always : Answers::AsTheEventSays, job.folder()),
                  answered);
     tell(*event, report);
-    if (const QString complaint = pictureComplaint(line.value(u"icon"_s), report); !complaint.isEmpty())
-        complain(complaint);
+    if (const QString problem = pictureProblemText(line.value(u"icon"_s), report); !problem.isEmpty())
+        printError(problem);
     const QString reason = whyNoPopup(*event, report);
     if (!waits) {
         if (report.popup != PopupState::NotAsked && !reason.isEmpty())
-            complain(u"%1: no pop-up shown"_s.arg(reason));
+            printError(u"no pop-up shown: %1"_s.arg(reason));
         return job.finish(Success);
     }
     if (!report.waits) {
-        say(u"not shown: %1"_s.arg(reason.isEmpty() ? u"the notification service did not take it"_s : reason));
+        say(u"not shown: %1"_s.arg(reason.isEmpty() ? u"the notification service did not accept it"_s : reason));
         return job.finish(NotShown);
     }
     QObject::connect(&job, &Job::hurried, &job, [&job] { answer(job, false); });
@@ -143,12 +143,12 @@ void Post::start(const QCommandLineParser& line, Client& client, Job& job) const
 void Post::tell(const Event& event, const Report& report)
 {
     if (report.fate == Fate::Repeat)
-        complain(
-            u"dropped as a repeat: the same type and title was announced at most %1 s ago"_s.arg(report.repeatLimit));
+        printError(u"skipped as a repeat: same type and title within the last %1 s"_s.arg(report.repeatLimit));
     else if (report.calls.isEmpty())
-        complain(u"no rule for %1: nothing was announced; zepa rule set %1 METHOD adds one"_s.arg(event.type));
+        printError(
+            u"no rule for %1: nothing was announced; add a rule with \"zepa rule set %1 METHOD\""_s.arg(event.type));
     else
-        say(u"delivered by %1"_s.arg(report.methods().join(u", "_s)));
+        say(u"handed to: %1"_s.arg(report.methods().join(u", "_s)));
 }
 
 void Post::answer(Job& job, bool isClicked)

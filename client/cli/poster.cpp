@@ -21,12 +21,12 @@ Posting postingOf(const Event& event, Answers answers, const QString& folder)
 QString whyNoPopup(const Event& event, const Report& report)
 {
     if (report.fate == Fate::Repeat)
-        return u"dropped as a repeat"_s;
+        return u"skipped as a repeat"_s;
     switch (report.popup) {
     case PopupState::NotAsked:
-        return u"no rule for %1 and zepa_hint_notification"_s.arg(event.type);
+        return u"pop-ups are turned off for %1"_s.arg(event.type);
     case PopupState::NoBus:
-        return u"no session bus, so no notification service"_s;
+        return u"no D-Bus session, so no notification service can be reached"_s;
     case PopupState::NoService:
         return u"no notification service"_s;
     case PopupState::NotRegistered:
@@ -37,7 +37,7 @@ QString whyNoPopup(const Event& event, const Report& report)
     return {};
 }
 
-QString pictureComplaint(const QString& name, const Report& report)
+QString pictureProblemText(const QString& name, const Report& report)
 {
     if (report.pictureProblem.isEmpty())
         return {};

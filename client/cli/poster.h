@@ -20,6 +20,6 @@ Posting postingOf(const Event& event, Answers answers, const QString& folder = {
 QString whyNoPopup(const Event& event, const Report& report);
 
 /// That the picture is not shown, and why; empty when there is nothing to say. `name` is what the user calls it.
-QString pictureComplaint(const QString& name, const Report& report);
+QString pictureProblemText(const QString& name, const Report& report);
 
 } // namespace zepa::cli

@@ -20,8 +20,8 @@ int changeNow(Client& client, RuleLock& lock, const QString& typeId, const std::
 {
     const QFileInfo file(client.ruleBackup().ruleFile(typeId));
     if (file.exists() ? !file.isFile() || !file.isWritable() : !client.settings().isUsable()) {
-        complain(u"the rule file %1 cannot be written: nothing was changed; check the file "
-                 u"permissions or choose another folder with --settings"_s.arg(onOneLine(file.filePath())));
+        printError(u"cannot write the rule file %1; nothing was changed. Check the file "
+                   u"permissions or choose another folder with --settings"_s.arg(onOneLine(file.filePath())));
         return Failure;
     }
     int code = Failure;
@@ -31,7 +31,7 @@ int changeNow(Client& client, RuleLock& lock, const QString& typeId, const std::
             : SafeChange::Busy;
     const QString problem = problemWith(change, typeId);
     if (!problem.isEmpty())
-        complain(problem);
+        printError(problem);
     return change == SafeChange::Stored || change == SafeChange::StoredWithoutCopy ? code : Failure;
 }
 
@@ -46,7 +46,7 @@ void changeRules(Client& client, Job& job, const QString& typeId, const std::fun
     });
     if (!job.code()) {
         QObject::connect(&job, &Job::hurried, &job, [&job, typeId] {
-            job.speak([&typeId] { complain(problemWith(SafeChange::Busy, typeId)); });
+            job.speak([&typeId] { printError(problemWith(SafeChange::Busy, typeId)); });
             job.finish(Failure);
         });
     }

@@ -22,10 +22,10 @@ public:
     QString arguments() const override { return u"TYPE METHOD"_s; }
     QString summary() const override
     {
-        return u"Removes the rule for a type and a method: the method stays silent for that type."_s;
+        return u"Removes the rule for a type and a method, so that the type no longer uses the method."_s;
     }
     QString example() const override { return u"zepa rule remove message_received zepa_sound_notification_method"_s; }
-    QString details() const override { return u"When there are several rules for the pair, the newest one goes."_s; }
+    QString details() const override { return u"If there are several, the newest is removed."_s; }
     qsizetype fewestArguments() const override { return 2; }
     qsizetype mostArguments() const override { return 2; }
 
@@ -39,7 +39,7 @@ public:
             return job.finish(WrongUsage);
         changeRules(client, job, type, [&client, type, method] {
             if (!client.module().getNotificationRule(type, method)) {
-                complain(u"%1 has no rule for %2; \"zepa rules %1\" lists its rules"_s.arg(type, method));
+                printError(u"%1 has no rule for %2; \"zepa rules %1\" lists its rules"_s.arg(type, method));
                 return Failure;
             }
             client.module().removeNotificationRule(type, method);

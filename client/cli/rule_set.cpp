@@ -38,14 +38,11 @@ class RuleSet final : public Command
 public:
     QString name() const override { return u"rule set"_s; }
     QString arguments() const override { return u"TYPE METHOD [FIELD=VALUE...]"_s; }
-    QString summary() const override
-    {
-        return u"Changes the rule for a type and a method, or adds it when there is none."_s;
-    }
+    QString summary() const override { return u"Changes the rule for a type and a method, or adds one."_s; }
     QString example() const override { return u"zepa rule set error_notify zepa_hint_notification sticky=true"_s; }
     QString details() const override
     {
-        return u"Fields that are not named keep their values. zepa methods shows which fields a method has."_s;
+        return u"Fields not given keep their values. \"zepa methods\" lists the fields of each method."_s;
     }
     qsizetype fewestArguments() const override { return 2; }
     qsizetype mostArguments() const override { return std::numeric_limits<qsizetype>::max(); }
@@ -74,12 +71,12 @@ public:
         QString problem;
         const QList<ZepaField> named = fieldsWith(problem);
         if (!problem.isEmpty()) {
-            complain(problem);
+            printError(problem);
             return job.finish(WrongUsage);
         }
         const QString warning = shellWarning(method->getId(), named);
         if (!warning.isEmpty())
-            complain(warning);
+            printError(warning);
         // Once more when it is our turn: somebody else may have changed a field that is not named.
         changeRules(client, job, type, [&client, type, method, fieldsWith] {
             QString none;

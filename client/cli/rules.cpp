@@ -23,13 +23,10 @@ public:
     QString arguments() const override { return u"[TYPE] [--json]"_s; }
     QString summary() const override
     {
-        return u"Lists the rules: which methods announce which type, and with which settings."_s;
+        return u"Lists the rules: which methods announce which type, with which settings."_s;
     }
     QString example() const override { return u"zepa rules message_received"_s; }
-    QString details() const override
-    {
-        return u"The rules of a type stand in the order in which they are called: newest first."_s;
-    }
+    QString details() const override { return u"Rules are listed in the order they are called, newest first."_s; }
     QList<QCommandLineOption> options() const override
     {
         return {{u"json"_s, u"for programs: an array of objects with type, method, settings"_s}};

@@ -36,11 +36,11 @@ std::optional<QByteArray> readInput(const CommandLine& line)
         content = file.read(longestInput + 1);
     const QString what = isInput ? u"standard input"_s : onOneLine(name);
     if (!content) {
-        complain(u"%1 cannot be read; name a file, or - for standard input"_s.arg(what));
+        printError(u"cannot read %1; give a file, or - for standard input"_s.arg(what));
         return std::nullopt;
     }
     if (content->size() > longestInput) {
-        complain(u"%1 is too large (limit 16 MiB)"_s.arg(what));
+        printError(u"%1 is too large (limit 16 MiB)"_s.arg(what));
         return std::nullopt;
     }
     return content;

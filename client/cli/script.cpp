@@ -62,9 +62,9 @@ private:
     void check(Event& event);
     /// `text` is called for the problem's text, and only if that is going to be shown.
     template <typename Text>
-    void complain(const Text& text);
+    void addProblem(const Text& text);
     template <typename Text>
-    void complainAbout(const QString& field, const Text& text);
+    void addProblemOf(const QString& field, const Text& text);
 
     const QString m_name;
     const QDir m_pictures;
@@ -86,14 +86,14 @@ std::optional<Event> ScriptReader::LineReader::read(const QByteArray& line)
     Event event;
     event.at = m_lastTime;
     if (line.size() > longestLine) {
-        complain([&] { return u"the line has %1 bytes (limit %2)"_s.arg(line.size()).arg(longestLine); });
+        addProblem([&] { return u"the line has %1 bytes (limit %2)"_s.arg(line.size()).arg(longestLine); });
         return std::nullopt;
     }
 
     QJsonParseError error;
     const QJsonDocument document = QJsonDocument::fromJson(line, &error);
     if (!document.isObject()) {
-        complain([&] {
+        addProblem([&] {
             return document.isNull() ? u"not a JSON object: %1 at byte %2"_s.arg(error.errorString()).arg(error.offset)
                                      : u"expected one JSON object per line, got a list"_s;
         });
@@ -120,18 +120,18 @@ void ScriptReader::LineReader::readField(Event& event, const QString& name, cons
         if (name != QString::fromUtf16(field))
             continue;
         if (!value.isString())
-            return complainAbout(name, [&] { return u"expected a string, got %1"_s.arg(shown(value)); });
+            return addProblemOf(name, [&] { return u"expected a string, got %1"_s.arg(shown(value)); });
         event.*member = value.toString();
         return;
     }
-    complainAbout(name.left(40), [] { return u"unknown field; known fields: %1"_s.arg(allFields); });
+    addProblemOf(name.left(40), [] { return u"unknown field; known fields: %1"_s.arg(allFields); });
 }
 
 void ScriptReader::LineReader::readTime(Event& event, const QJsonValue& value)
 {
     const double at = value.toDouble(-1);
     if (at < m_lastTime || at > latestTime)
-        return complainAbout(u"at"_s, [&] {
+        return addProblemOf(u"at"_s, [&] {
             return u"%1 is not valid; expected seconds between %2 (previous line) and %3"_s.arg(shown(value))
                 .arg(m_lastTime)
                 .arg(latestTime);
@@ -143,40 +143,40 @@ void ScriptReader::LineReader::check(Event& event)
 {
     const qsizetype type = m_types.indexOf(event.type);
     if (event.type.isNull())
-        complainAbout(u"type"_s, [this] { return missing + u"; "_s + m_allowedTypes; });
+        addProblemOf(u"type"_s, [this] { return missing + u"; "_s + m_allowedTypes; });
     else if (type < 0)
-        complainAbout(u"type"_s, [&] {
+        addProblemOf(u"type"_s, [&] {
             return u"unknown notification type \"%1\"; %2"_s.arg(onOneLine(event.type.left(40)), m_allowedTypes);
         });
     else
         event.type = m_types[type]; // one text for all events of a type
     if (event.title.isNull())
-        complainAbout(u"title"_s, [] { return missing; });
+        addProblemOf(u"title"_s, [] { return missing; });
     if (!event.icon.isEmpty() && !QFileInfo(m_pictures, event.icon).isFile())
-        complainAbout(u"icon"_s, [&] {
+        addProblemOf(u"icon"_s, [&] {
             return u"image %1 not found; use an absolute path or one relative to the script"_s.arg(
                 onOneLine(m_pictures.filePath(event.icon)));
         });
     if (!event.action.isNull()) {
         QString problem = problemWithAction(event.action, m_actionFolder);
         if (!problem.isEmpty())
-            complainAbout(u"action"_s, [&] { return problem; });
+            addProblemOf(u"action"_s, [&] { return problem; });
     }
     if (!event.icon.isEmpty())
         event.icon = m_pictures.absoluteFilePath(event.icon);
 }
 
 template <typename Text>
-void ScriptReader::LineReader::complain(const Text& text)
+void ScriptReader::LineReader::addProblem(const Text& text)
 {
     if (++m_found <= mostProblems)
         m_problems.append(u"%1:%2: %3"_s.arg(m_name).arg(m_number).arg(text()));
 }
 
 template <typename Text>
-void ScriptReader::LineReader::complainAbout(const QString& field, const Text& text)
+void ScriptReader::LineReader::addProblemOf(const QString& field, const Text& text)
 {
-    complain([&] { return u"field \"%1\": %2"_s.arg(onOneLine(field), text()); });
+    addProblem([&] { return u"field \"%1\": %2"_s.arg(onOneLine(field), text()); });
 }
 
 QStringList ScriptReader::LineReader::problems() const

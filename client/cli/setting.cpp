@@ -34,7 +34,7 @@ std::optional<ZepaField> findSetting(Client& client, const QString& id)
             return client.settings().readGlobalSetting(setting);
         ids.append(setting.getId());
     }
-    complain(u"there is no setting \"%1\"; there are: %2"_s.arg(onOneLine(id), ids.join(u", "_s)));
+    printError(u"unknown setting \"%1\"; settings are: %2"_s.arg(onOneLine(id), ids.join(u", "_s)));
     return std::nullopt;
 }
 
@@ -43,7 +43,10 @@ class SettingGet final : public Command
 public:
     QString name() const override { return u"setting get"_s; }
     QString arguments() const override { return u"[NAME] [--json]"_s; }
-    QString summary() const override { return u"Shows a setting of the whole client; without a name, all of them."_s; }
+    QString summary() const override
+    {
+        return u"Shows a setting that applies to all events; without a name, all of them."_s;
+    }
     QString example() const override { return u"zepa setting get duplicated_notifications_time"_s; }
     QList<QCommandLineOption> options() const override
     {
@@ -75,7 +78,7 @@ public:
         for (const ZepaField& setting : std::as_const(wanted)) {
             rows.append({setting.getId(), setting.getText(), allowedValues(setting)});
             json.append(QJsonObject{
-                {u"id"_s, setting.getId()}, {u"value"_s, jsonValue(setting)}, {u"allowed"_s, allowedValues(setting)}});
+                {u"id"_s, setting.getId()}, {u"value"_s, jsonValue(setting)}, {u"allowed"_s, allowedJson(setting)}});
         }
         if (line.isSet(u"json"_s))
             sayJson(json);
@@ -90,7 +93,7 @@ class SettingSet final : public Command
 public:
     QString name() const override { return u"setting set"_s; }
     QString arguments() const override { return u"NAME VALUE"_s; }
-    QString summary() const override { return u"Changes a setting of the whole client."_s; }
+    QString summary() const override { return u"Changes a setting that applies to all events."_s; }
     QString example() const override { return u"zepa setting set duplicated_notifications_time 30"_s; }
     bool changesSettings() const override { return true; }
     qsizetype fewestArguments() const override { return 2; }
@@ -103,8 +106,8 @@ public:
             return job.finish(WrongUsage);
         const QString value = line.positionalArguments().at(1);
         if (!fieldAllows(*setting, value)) {
-            complain(u"%1 cannot be \"%2\"; allowed is %3"_s.arg(setting->getId(), onOneLine(value),
-                                                                 allowedValues(*setting)));
+            printError(u"invalid value \"%2\" for %1; must be %3"_s.arg(setting->getId(), onOneLine(value),
+                                                                        allowedValues(*setting)));
             return job.finish(WrongUsage);
         }
         store(client.settings(), *setting, value, job, QDeadlineTimer(longestWait));
@@ -126,11 +129,11 @@ private:
         }
         job.speak([&settings, stored] {
             const QString file = onOneLine(settings.settingsFile());
-            complain(stored == SettingStore::Outcome::Busy
-                         ? u"another program is changing the settings file %1: nothing was changed; try "
-                           u"again in a moment"_s.arg(file)
-                         : u"the settings file %1 cannot be written: nothing was changed; check the file "
-                           u"permissions or choose another folder with --settings"_s.arg(file));
+            printError(stored == SettingStore::Outcome::Busy
+                           ? u"another program is changing the settings file %1; nothing was changed. Try again "
+                             u"in a moment"_s.arg(file)
+                           : u"cannot write the settings file %1; nothing was changed. Check the file "
+                             u"permissions or choose another folder with --settings"_s.arg(file));
         });
         job.finish(Failure);
     }

@@ -41,7 +41,7 @@ void writeToStream(Stream stream, const QByteArray& bytes)
         return;
     isOutputLost = true;
     const OutputTo ourselves(nullptr);
-    complain(u"cannot write to standard output: %1"_s.arg(qt_error_string(errno)));
+    printError(u"cannot write to standard output: %1"_s.arg(qt_error_string(errno)));
 }
 
 int exitCodeAfterOutput(int code)

@@ -70,13 +70,13 @@ void startAction(const QString& action, const QString& folder)
 {
     if (isAddress(action)) {
         if (!openAddress(QUrl(action, QUrl::StrictMode)))
-            complain(u"nothing opens %1"_s.arg(onOneLine(action)));
+            printError(u"no application can open %1"_s.arg(onOneLine(action)));
         return;
     }
     auto words = splitWords(action);
     const QString program = words && !words->isEmpty() ? words->takeFirst() : QString();
     if (program.isEmpty() || !start(located(program, folder), *words, folder))
-        complain(u"the command %1 did not start"_s.arg(onOneLine(action)));
+        printError(u"the command %1 could not be started"_s.arg(onOneLine(action)));
 }
 
 } // namespace zepa::cli

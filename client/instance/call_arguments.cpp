@@ -36,17 +36,16 @@ std::optional<Refusal> readRun(const bus::Message& call, RunRequest& request)
         return wrongSignature(call, signature, u"arguments, folder, input"_s);
 
     if (request.arguments.isEmpty() || request.arguments.size() > mostArguments)
-        return wrongArgument(
-            u"there are %1 arguments; allowed are 1 to %2"_s.arg(request.arguments.size()).arg(mostArguments));
+        return wrongArgument(u"expected 1 to %2 arguments, got %1"_s.arg(request.arguments.size()).arg(mostArguments));
     qsizetype bytes = 0;
     for (const QString& argument : std::as_const(request.arguments))
         bytes += argument.toUtf8().size();
     if (bytes > mostArgumentBytes)
-        return wrongArgument(u"the arguments have %1 bytes; allowed are %2"_s.arg(bytes).arg(mostArgumentBytes));
+        return wrongArgument(u"the arguments have %1 bytes (limit %2)"_s.arg(bytes).arg(mostArgumentBytes));
     if (!request.folder.startsWith(u'/') || request.folder.toUtf8().size() > longestFolder)
-        return wrongArgument(u"the folder is no absolute path of at most %1 bytes"_s.arg(longestFolder));
+        return wrongArgument(u"the folder is not an absolute path of at most %1 bytes"_s.arg(longestFolder));
     if (request.input.size() > longestInput)
-        return wrongArgument(u"the input has %1 bytes; allowed are %2"_s.arg(request.input.size()).arg(longestInput));
+        return wrongArgument(u"the input has %1 bytes (limit %2)"_s.arg(request.input.size()).arg(longestInput));
     return std::nullopt;
 }
 

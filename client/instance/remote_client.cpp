@@ -31,16 +31,16 @@ int tellFailure(const bus::Message& answer)
     if (answer.errorName().startsWith(prefix)) {
         const QStringList lines = answer.errorText().split(u'\n');
         for (const QString& line : lines)
-            cli::complain(cli::onOneLine(line));
+            cli::printError(cli::onOneLine(line));
         const QLatin1StringView kind = answer.errorName().mid(prefix.size());
         if (kind == QLatin1StringView("TooMuch"))
             return cli::Busy;
         return kind == QLatin1StringView("AccessDenied") ? cli::Failure : cli::WrongUsage;
     }
     const QString text = answer.errorText();
-    cli::complain(u"another Zepa with these settings is not responding (%1); nothing was done. Quit it, "
-                  u"or choose another folder with --settings"_s.arg(
-                      cli::onOneLine(text.isEmpty() ? QString(answer.errorName()) : text)));
+    cli::printError(u"another Zepa with these settings is not responding (%1); nothing was done. Quit it, "
+                    u"or choose another folder with --settings"_s.arg(
+                        cli::onOneLine(text.isEmpty() ? QString(answer.errorName()) : text)));
     return cli::Failure;
 }
 
@@ -100,7 +100,7 @@ int RemoteClient::waitForResult(const QByteArray& client, unsigned int job)
         m_loop.exec();
     if (m_code)
         return *m_code;
-    cli::complain(u"the running client ended before the command was done"_s);
+    cli::printError(u"the running Zepa quit before the command finished"_s);
     return cli::Failure;
 }
 

@@ -154,7 +154,7 @@ void Server::answer(const bus::Message& call, const Caller& caller, const QStrin
         refusal = activate(call);
     else
         refusal =
-            Refusal{u"UnknownMethod"_s, u"there is no method \"%1\"; there are: Run, Cancel, Activate"_s.arg(method)};
+            Refusal{u"UnknownMethod"_s, u"unknown method \"%1\"; methods are: Run, Cancel, Activate"_s.arg(method)};
     if (refusal)
         refuse(call, *refusal);
 }
@@ -177,14 +177,15 @@ std::optional<Refusal> Server::run(const bus::Message& call, const Caller& calle
         line = std::make_unique<cli::CommandLine>(request.arguments);
     }
     if (line->opensWindow())
-        return Refusal{u"WrongArgument"_s, u"the arguments hold no verb; Activate brings the window to the front"_s};
+        return Refusal{u"WrongArgument"_s,
+                       u"the arguments contain no command; Activate brings the window to the front"_s};
     if (!line->command() && line->code() != cli::Success)
         return Refusal{line->isVerbUnknown() ? u"UnknownVerb"_s : u"WrongUsage"_s, captured.errors()};
     if (line->command() && line->parser().isSet(u"settings"_s) &&
         busName(QDir(request.folder).absoluteFilePath(line->settingsFolder())) !=
             busName(m_client.settings().getSettingsDir()))
         return Refusal{u"WrongFolder"_s,
-                       u"this client has the settings in %1"_s.arg(m_client.settings().getSettingsDir())};
+                       u"the settings folder of this Zepa is %1"_s.arg(m_client.settings().getSettingsDir())};
 
     const QString process = QString::number(caller.process);
     if (const auto taken = m_commands.take(process); taken != Quota::Answer::Taken)
@@ -236,7 +237,7 @@ std::optional<Refusal> Server::cancel(const bus::Message& call)
         return refusal;
     const RemoteCommand* command = m_jobs.value(number).command;
     if (!command || command->caller() != senderOf(call))
-        return Refusal{u"UnknownJob"_s, u"there is no job %1 of this caller"_s.arg(number)};
+        return Refusal{u"UnknownJob"_s, u"this caller has no job %1"_s.arg(number)};
     drop(number);
     m_bus.send(m_bus.newReply(call));
     return std::nullopt;

@@ -77,9 +77,9 @@ def compare(program):
 
 
 def choices(allowed):
-    if allowed == "true or false":
-        return ["true", "false"]
-    return allowed.removeprefix("one of: ").split(", ") if allowed.startswith("one of: ") else None
+    if allowed["type"] == "boolean":
+        return ["false", "true"]
+    return allowed.get("enum")
 
 
 class Shell:

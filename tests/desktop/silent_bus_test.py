@@ -20,7 +20,7 @@ class SilentBus(DesktopTest):
 
     def test_a_posting_is_made_and_ends(self):
         printed = self.zepa("post", "message_received", "--title", "Ann")
-        self.assertIn("delivered by", printed)
+        self.assertIn("handed to:", printed)
         self.assertIn("no session bus", printed)
 
     def test_the_main_window_answers_and_closes(self):

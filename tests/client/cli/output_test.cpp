@@ -47,7 +47,7 @@ TEST(Output, OfALineOrAComplaintIsOneLineThatSteersNothing)
 {
     EXPECT_EQ(onOutput([] { zepa::cli::say(steering + u"\nzepa: x\t"_s); }), shown + "\\nzepa: x\\t\n");
     testing::internal::CaptureStderr();
-    zepa::cli::complain(steering + u"\nzepa: x\t"_s);
+    zepa::cli::printError(steering + u"\nzepa: x\t"_s);
     EXPECT_EQ(testing::internal::GetCapturedStderr(), "zepa: " + shown + "\\nzepa: x\\t\n");
 }
 

@@ -78,7 +78,7 @@ TEST_F(InstanceCallsTest, RefusesCommandLinesThatAreWrongAndSaysWhatIsRight)
     EXPECT_EQ(refusal(runMethod, {words("--settings x"), root, noInput}), "WrongArgument");
     EXPECT_EQ(refusal(runMethod, {words("types --settings /elsewhere"), root, noInput}), "WrongFolder");
     const QString text = call(runMethod, {words("frobnicate"), root, noInput}).errorMessage();
-    EXPECT_TRUE(text.startsWith(u"there is no verb \"frobnicate\"; there are: post"_s)) << text.toStdString();
+    EXPECT_TRUE(text.startsWith(u"unknown command \"frobnicate\"; commands are: post"_s)) << text.toStdString();
 }
 
 TEST_F(InstanceCallsTest, RefusesJobsAndMethodsThatAreNotThere)

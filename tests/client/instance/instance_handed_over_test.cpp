@@ -29,10 +29,10 @@ class HandedOverTest : public InstanceTest
 TEST_F(HandedOverTest, HappensInTheFirstProcess)
 {
     startFirst();
-    EXPECT_TRUE(run(postTo(u"Anna"_s)).out.startsWith(u"delivered by "_s));
+    EXPECT_TRUE(run(postTo(u"Anna"_s)).out.startsWith(u"handed to: "_s));
     // Only a process that remembers the first posting can know.
     const Outcome second = run(postTo(u"Anna"_s));
-    EXPECT_TRUE(second.err.contains(u"dropped as a repeat"_s)) << second.err.toStdString();
+    EXPECT_TRUE(second.err.contains(u"skipped as a repeat"_s)) << second.err.toStdString();
 }
 
 TEST_F(HandedOverTest, PrintsAndEndsAsIfItWereAlone)
@@ -156,7 +156,7 @@ TEST_F(HandedOverTest, SaysThatTheFirstEndedMeanwhile)
     endFirst();
     const Outcome outcome = finish(*waiting);
     EXPECT_EQ(outcome.code, 1);
-    EXPECT_TRUE(outcome.err.contains(u"the running client ended before"_s)) << outcome.err.toStdString();
+    EXPECT_TRUE(outcome.err.contains(u"the running Zepa quit before"_s)) << outcome.err.toStdString();
 }
 
 TEST_F(HandedOverTest, IsNotDoneLaterByAFirstThatDidNotAnswer)

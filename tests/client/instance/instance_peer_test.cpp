@@ -127,7 +127,7 @@ TEST_F(HostilePeerTest, SaysThatTheClientIsGoneWhenTheBusSaysSo)
     m_isGone = true;
     m_bus.answer("Run", [this](sd_bus_message* call) { replyWithNumber(runningClient, call, jobNumber); });
     EXPECT_EQ(handOver(), cli::Failure);
-    EXPECT_TRUE(m_heard.errors.contains("the running client ended before")) << m_heard.errors.constData();
+    EXPECT_TRUE(m_heard.errors.contains("the running Zepa quit before")) << m_heard.errors.constData();
 }
 
 /// A command of another program, whose output has to pass a real bus.

@@ -76,7 +76,7 @@ TEST_P(ForeignSettings, StopNothingAndAreLeftAsTheyAre)
     const Outcome get = run({u"setting"_s, u"get"_s, m_limit});
     EXPECT_EQ(get.code, 0);
     EXPECT_EQ(get.out, u"5\n"_s);
-    EXPECT_TRUE(get.err.contains(u"settings.ini cannot be read"_s)) << get.err.toStdString();
+    EXPECT_TRUE(get.err.contains(u"cannot read the settings file"_s)) << get.err.toStdString();
     const Outcome set = setLimit(u"9"_s);
     EXPECT_EQ(set.code, 1);
     EXPECT_TRUE(set.err.contains(u"nothing was changed"_s)) << set.err.toStdString();

@@ -36,7 +36,7 @@ TEST_F(Program, HelpIsNotAskedForByATextThatLooksLikeIt)
 {
     const Outcome outcome = run({u"post"_s, u"nope"_s, u"--title"_s, u"t"_s, u"--text"_s, u"-h"_s});
     EXPECT_EQ(outcome.code, 2);
-    EXPECT_TRUE(outcome.err.contains(u"no notification type \"nope\""_s));
+    EXPECT_TRUE(outcome.err.contains(u"unknown notification type \"nope\""_s));
 }
 
 TEST_F(Program, NamesTheWordThatIsMissing)
@@ -49,7 +49,7 @@ TEST_F(Program, NamesTheWordThatIsMissing)
     for (const auto& [line, word] : lines) {
         const Outcome outcome = runBare(QString::fromLatin1(line).split(u' '));
         EXPECT_EQ(outcome.code, 2) << line;
-        EXPECT_TRUE(outcome.err.startsWith(u"zepa: %1 is missing\n"_s.arg(QString::fromLatin1(word))))
+        EXPECT_TRUE(outcome.err.startsWith(u"zepa: missing argument: %1\n"_s.arg(QString::fromLatin1(word))))
             << outcome.err.toStdString();
     }
 }

@@ -24,10 +24,10 @@ TEST_F(ProgramPost, SaysWhichMethodsWereCalledAndWhatCouldNotBeDone)
     const Outcome outcome = run(post({title, u"Anna"_s, u"--text"_s, u"Hi"_s}));
     EXPECT_EQ(outcome.code, 0);
     ASSERT_EQ(outcome.lines().size(), 1) << outcome.out.toStdString();
-    EXPECT_TRUE(outcome.out.startsWith(u"delivered by "_s));
+    EXPECT_TRUE(outcome.out.startsWith(u"handed to: "_s));
     EXPECT_TRUE(outcome.out.contains(u"zepa_hint_notification"_s));
     EXPECT_TRUE(outcome.out.contains(u"zepa_sound_notification_method"_s));
-    EXPECT_TRUE(outcome.err.contains(u"no notification service: no pop-up shown"_s)) << outcome.err.toStdString();
+    EXPECT_TRUE(outcome.err.contains(u"no pop-up shown: no D-Bus session"_s)) << outcome.err.toStdString();
     EXPECT_TRUE(outcome.err.contains(u"no display"_s)) << outcome.err.toStdString();
 }
 
@@ -59,13 +59,13 @@ TEST_F(ProgramPost, WaitsForNothingWhereNoPopUpIsShownAndSaysWhy)
 {
     const Outcome noService = run(post({title, u"Anna"_s, u"--wait"_s}));
     EXPECT_EQ(noService.code, 4);
-    EXPECT_TRUE(noService.lines().constLast().startsWith(u"not shown: no session bus"_s))
+    EXPECT_TRUE(noService.lines().constLast().startsWith(u"not shown: no D-Bus session"_s))
         << noService.out.toStdString();
 
     ASSERT_EQ(run({u"rule"_s, u"remove"_s, u"message_received"_s, u"zepa_hint_notification"_s}).code, 0);
     const Outcome noRule = run(post({title, u"Anna"_s, u"--wait"_s}));
     EXPECT_EQ(noRule.code, 4);
-    EXPECT_EQ(noRule.lines().constLast(), u"not shown: no rule for message_received and zepa_hint_notification"_s);
+    EXPECT_EQ(noRule.lines().constLast(), u"not shown: pop-ups are turned off for message_received"_s);
 }
 
 TEST_F(ProgramPost, SaysWhenNoRuleAnnouncesTheType)

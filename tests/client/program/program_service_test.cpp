@@ -123,7 +123,7 @@ TEST_F(ProgramOnBus, ABusThatKeepsSilentCountsAsNone)
     ASSERT_TRUE(waitFor([&program] { return program->state() == QProcess::NotRunning; }));
     const Outcome outcome = finish(*program);
     EXPECT_EQ(outcome.code, 4) << outcome.err.toStdString();
-    EXPECT_TRUE(outcome.lines().constLast().contains(u"no session bus"_s)) << outcome.out.toStdString();
+    EXPECT_TRUE(outcome.lines().constLast().contains(u"no D-Bus session"_s)) << outcome.out.toStdString();
 }
 
 TEST_F(ProgramOnBus, PostEndsWhenTheServiceRefusesOrDies)

@@ -57,7 +57,7 @@ TEST_F(ProgramStreams, TakesNoUnreadableInputForAnEmptyScript)
     for (const char* redirection : {"< /", "<&-"}) {
         const Outcome outcome = redirected(QString::fromLatin1(redirection), m_play);
         EXPECT_EQ(outcome.code, 2) << redirection;
-        EXPECT_TRUE(outcome.err.startsWith(u"zepa: standard input cannot be read"_s))
+        EXPECT_TRUE(outcome.err.startsWith(u"zepa: cannot read standard input"_s))
             << redirection << outcome.err.toStdString();
     }
     const Outcome empty = redirected(u"< /dev/null"_s, m_play);
