@@ -5,7 +5,7 @@
 #include "kit/extra_methods/log_file/log_file_method.h"
 #include "kit/extra_methods/speech/speech_method.h"
 
-class ZepaNotificationModule;
+#include <QList>
 
 namespace zepa {
 
@@ -14,8 +14,8 @@ namespace zepa {
 class ExtraMethods
 {
 public:
-    /// To be called before the module's init().
-    void installIn(ZepaNotificationModule& module);
+    /// To be installed before the module's init().
+    QList<ZepaNotificationMethod*> all() { return {&m_speech, &m_logFile, &m_command}; }
 
     /// How many events wait to be read out or are being read.
     qsizetype unspoken() const { return m_speech.unfinished(); }

@@ -2,6 +2,7 @@
 #include "kit/journal/recording_method.h"
 
 #include "core/notification.h"
+#include "kit/journal/popup_kind.h"
 #include "kit/rules/method_titles.h"
 
 #include <utility>
@@ -49,7 +50,7 @@ QString RecordingMethod::getActionIcon() const
 // The module asks for a type's default configuration right after it announced the type: that is when to copy it.
 void RecordingMethod::registerNotification(ZepaNotification* notification)
 {
-    copyDefaults(*notification);
+    learn(*notification);
     // The pop-up method registers every type there is then, also those that a shorter list left out.
     m_told.insert(notification->getName());
     m_names = m_told;
@@ -60,15 +61,17 @@ void RecordingMethod::registerNotifications(const QList<ZepaNotification*>& noti
 {
     m_names.clear();
     for (const ZepaNotification* notification : notifications) {
-        copyDefaults(*notification);
+        learn(*notification);
         m_names.insert(notification->getName());
     }
     m_told.unite(m_names);
     m_watched.registerNotifications(notifications);
 }
 
-void RecordingMethod::copyDefaults(const ZepaNotification& notification)
+void RecordingMethod::learn(const ZepaNotification& notification)
 {
+    if (m_pictures)
+        setPopupKind(notification);
     // "No default rule" is itself a configuration, so it is copied like every other.
     setDefaultNotificationConfig(notification.getId(), m_watched.getDefaultNotificationConfig(notification.getId()));
 }

@@ -17,7 +17,8 @@ namespace zepa {
 /// It has the identifier of the other, so it takes its place in the module: uninstall that one first, then install
 /// this, both before the module's init(). The other method and the log must outlive it.
 ///
-/// The pop-up method gets pictures that are fit to be loaded; every other method the path as it was posted.
+/// The pop-up method gets pictures that are fit to be loaded; every other method the path as it was posted. The
+/// platform learns what its pop-ups are about.
 class RecordingMethod final : public ZepaNotificationMethod
 {
 public:
@@ -37,7 +38,7 @@ public:
     void registerNotifications(const QList<ZepaNotification*>& notifications) override;
 
 private:
-    void copyDefaults(const ZepaNotification& notification);
+    void learn(const ZepaNotification& notification);
 
     ZepaNotificationMethod& m_watched;
     DeliveryLog& m_log;

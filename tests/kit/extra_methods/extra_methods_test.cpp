@@ -26,7 +26,9 @@ class ExtraMethods : public testing::Test
 protected:
     ExtraMethods()
     {
-        methods.installIn(*module);
+        const auto all = methods.all();
+        for (ZepaNotificationMethod* method : all)
+            module->installNotificationMethod(method);
         ZepaNotificationModule::init();
     }
 

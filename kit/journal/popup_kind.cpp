@@ -1,10 +1,12 @@
 // SPDX-License-Identifier: Apache-2.0
-#include "kit/journal/popup_kinds.h"
+#include "kit/journal/popup_kind.h"
 
 #include "core/notification.h"
-#include "core/notification_module.h"
 
 #include <zepa_platform/popups.h>
+
+#include <algorithm>
+#include <iterator>
 
 namespace zepa {
 
@@ -38,13 +40,13 @@ constexpr Kind kinds[] = {
 
 } // namespace
 
-void setPopupKinds(const ZepaNotificationModule& module)
+void setPopupKind(const ZepaNotification& type)
 {
-    const auto& types = module.getNotifications();
-    for (const Kind& kind : kinds) {
-        if (const ZepaNotification* type = types.value(QString::fromLatin1(kind.type)))
-            zepaSetPopupKind(type->getName(), {QString::fromLatin1(kind.category), kind.isTransient});
-    }
+    const auto* kind = std::find_if(std::begin(kinds), std::end(kinds),
+                                    [&type](const Kind& known) { return type.getId() == QLatin1String(known.type); });
+    // Pop-ups are known to the platform by the types' display names.
+    if (kind != std::end(kinds))
+        zepaSetPopupKind(type.getName(), {QString::fromLatin1(kind->category), kind->isTransient});
 }
 
 } // namespace zepa
