@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: Apache-2.0
-"""The example of the README writes where its user alone can, and not to a name that others can take before."""
+"""An example starts, and writes where its user alone can, and not to a name that others can take before."""
 import os
 import pathlib
 import signal
@@ -18,7 +18,7 @@ with tempfile.TemporaryDirectory() as folder:
     for made in (home, shared, others):
         made.mkdir()
     # What another user of the machine leaves in a folder that all can write to.
-    (shared / "zepa-embedding").symlink_to(others)
+    (shared / pathlib.Path(program).name.replace("_", "-")).symlink_to(others)
     environment = {"PATH": os.environ["PATH"], "HOME": str(home), "TMPDIR": str(shared), "XDG_RUNTIME_DIR": str(home),
                    "QT_QPA_PLATFORM": "offscreen", "DBUS_SESSION_BUS_ADDRESS": "unix:path=/nonexistent",
                    "PULSE_SERVER": "unix:/nonexistent", "LC_ALL": "C.UTF-8",
