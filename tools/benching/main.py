@@ -13,8 +13,6 @@ import sys
 
 import building
 import cases
-import pictures
-import plots
 import report
 import surroundings  # noqa: F401: brings the virtual desktop's modules within reach
 from virtualdesktop.guard import run_guarded
@@ -83,6 +81,8 @@ def _parse():
 
 
 def _measure(options, folder):
+    # They need packages that --help does without.
+    import pictures
     wanted = options.cases or list(cases.CASES)
     try:
         building.build(*sorted({target for name in wanted for target in cases.CASES[name].targets}))
@@ -103,6 +103,7 @@ def _measure(options, folder):
 
 
 def _write(tables):
+    import plots
     OUTPUT.mkdir(exist_ok=True)
     machine = {"date": datetime.datetime.now(datetime.timezone.utc).strftime("%Y-%m-%d %H:%M UTC"),
                "processor": _processor(), "cores": os.cpu_count(), "kernel": platform.release(),

@@ -20,7 +20,6 @@ from .play import Play
 ROOT = pathlib.Path(__file__).resolve().parents[2]
 SCRIPT = ROOT / "client" / "demo" / "conversation.jsonl"
 OUTPUT = ROOT / "demo-output"
-ZEPA = os.environ["ZEPA_PROGRAM"]
 # The colours of two people's pictures (client/demo/make-pictures): what is looked for on the screen.
 ANN, BOB = "#d9577a", "#3f8f6b"
 POPUPS = screen.Box(900, 0, 380, 740)
@@ -54,7 +53,7 @@ def _has_desktop():
 def _on_this_desktop():
     print("Watch the corner in which your desktop shows notifications, and click one that has a message.\n")
     with tempfile.TemporaryDirectory(prefix="zepa-demo-") as settings:
-        playing = Play(ZEPA, SCRIPT, settings, os.environ)
+        playing = Play(os.environ["ZEPA_PROGRAM"], SCRIPT, settings, os.environ)
         for _ in playing:
             pass
         return playing.finish()
@@ -78,7 +77,7 @@ def _play_on(desktop):
     marks = []
     settings = desktop.folder / "settings"
     settings.mkdir()
-    playing = Play(ZEPA, SCRIPT, settings, desktop.env)
+    playing = Play(os.environ["ZEPA_PROGRAM"], SCRIPT, settings, desktop.env)
     reports = iter(playing)
     for report in reports:
         if not marks:
