@@ -7,10 +7,6 @@
 #include "core/regular_file.h"
 #include "host/settings_manager.h"
 #include "host/tray_icon.h"
-#include "methods/chat_window_notification_method.h"
-#include "methods/hint_notification_method.h"
-#include "methods/sound_notification_method.h"
-#include "methods/taskbar_notification_method.h"
 
 #include <QFile>
 
@@ -25,12 +21,7 @@ ZepaNotificationModule* ZepaNotificationModule::getInstance()
     return instance;
 }
 
-ZepaNotificationModule::ZepaNotificationModule()
-    : trayIcon(new ZepaTrayIcon(nullptr))
-    , hintMethod(new ZepaHintNotificationMethod)
-    , soundMethod(new ZepaSoundNotificationMethod)
-    , chatWindowMethod(new ZepaChatWindowNotificationMethod)
-    , taskbarMethod(new ZepaTaskbarNotificationMethod)
+ZepaNotificationModule::ZepaNotificationModule() : trayIcon(new ZepaTrayIcon(nullptr)), builtIn(makeBuiltInMethods())
 {
     // QIcon itself would wait for a pipe.
     QFile file;
@@ -38,7 +29,8 @@ ZepaNotificationModule::ZepaNotificationModule()
     trayIcon->setIcon(QIcon(openPictureFile(file, path)));
     trayIcon->setVisible(true);
 
-    for (ZepaNotificationMethod* method : {hintMethod, soundMethod, chatWindowMethod, taskbarMethod})
+    const QList<ZepaNotificationMethod*> builtInMethods = builtIn.inOrder();
+    for (ZepaNotificationMethod* method : builtInMethods)
         installNotificationMethod(method);
 }
 
@@ -52,8 +44,7 @@ ZepaNotificationModule::~ZepaNotificationModule()
     rules.clear();
     qDeleteAll(notifications);
     notifications.clear();
-    for (ZepaNotificationMethod* method : {hintMethod, soundMethod, chatWindowMethod, taskbarMethod})
-        delete method;
+    qDeleteAll(builtIn.inOrder());
 }
 
 void ZepaNotificationModule::registerNotification(const QString& id, const QString& name, const QString& extra,

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include "core/built_in_methods.h"
 #include "core/notification_export.h"
 #include "host/arg.h"
 #include "host/field.h"
@@ -124,10 +125,7 @@ private:
     void forgetOldPostings(const ZepaField& limit, LocalClock& clock);
 
     ZepaTrayIcon* trayIcon;
-    ZepaNotificationMethod* hintMethod;
-    ZepaNotificationMethod* soundMethod;
-    ZepaNotificationMethod* chatWindowMethod;
-    ZepaNotificationMethod* taskbarMethod;
+    ZepaBuiltInMethods builtIn;
     QHash<QString, ZepaNotificationMethod*> methods;
     QHash<QString, ZepaNotification*> notifications;
     QMultiHash<ZepaNotification*, ZepaNotificationRule*> rules;

@@ -10,6 +10,8 @@ import time
 import exports
 import formatting
 import include_table
+import repeated_lines
+import room_picture
 import self_test
 import tidy
 from results import Results
@@ -57,6 +59,9 @@ def _check_debug(options, results):
         results.add("checks: the checks see what they are there for", self_test.problems())
         results.add("format: sources look as .clang-format says", formatting.problems())
         results.add("includes: every room includes only what the table allows", include_table.problems())
+        results.add("picture: docs/pictures/rooms.svg shows the includes that are there", room_picture.problems())
+        results.add("repeated: no six lines of the product stand in two places without a reason",
+                    repeated_lines.problems())
     built = _run_tests("debug", "", _selection(options), results)
     if options.R or not built:
         return

@@ -65,6 +65,7 @@ typedef struct
     CFDictionaryEqualCallBack equal;
     CFDictionaryHashCallBack hash;
 } CFDictionaryKeyCallBacks;
+// Repeated: the framework has two records, and C cannot derive one from the other.
 typedef struct
 {
     CFIndex version;
