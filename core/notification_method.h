@@ -68,3 +68,9 @@ public:
 private:
     QHash<QString, QList<ZepaField>> defaultConfigs;
 };
+
+/// Whether what getDefaultNotificationConfig() gave stands for a default rule.
+inline bool zepaHasDefaultRule(const QList<ZepaField>& config)
+{
+    return config.size() != 1 || config.constFirst().getType() != ZepaField::NoType;
+}

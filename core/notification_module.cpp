@@ -158,7 +158,6 @@ void ZepaNotificationModule::removeNotificationRule(const QString& notificationI
 void ZepaNotificationModule::addDefaultRule(ZepaNotification* notification, ZepaNotificationMethod* method)
 {
     QList<ZepaField> config = method->getDefaultNotificationConfig(notification->getId());
-    const bool noDefault = config.size() == 1 && config.first().getType() == ZepaField::NoType;
-    if (!noDefault)
+    if (zepaHasDefaultRule(config))
         addNotificationRule(notification, method, config);
 }

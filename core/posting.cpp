@@ -2,11 +2,9 @@
 #include "core/local_clock.h"
 #include "core/notification_module.h"
 #include "core/notification_rule.h"
-#include "host/settings_manager_private.h"
+#include "core/repeat_rule.h"
 
 #include <utility>
-
-using namespace Qt::StringLiterals;
 
 /// A posting that is under way. While there is one, removed rules stay alive; when the outermost one ends, by whatever
 /// way, they are deleted. Knows when the module goes away in the middle of it.
@@ -38,25 +36,13 @@ private:
     RunningPosting* const outer;
 };
 
-namespace {
-
-/// The client's setting, in seconds: at most 300, at least 0, at first 5.
-ZepaField repeatLimit()
-{
-    const ZepaField field = ZepaField::spinBox(QString(), u"duplicated_notifications_time"_s, 300, 0, 5, u""_s, u""_s);
-    return ZepaSettingsManagerPrivate::settingsMgrPrivInstance->readGlobalSetting(field);
-}
-
-} // namespace
-
 void ZepaNotificationModule::postNotification(const QString& id, const QString& title, const QString& text,
                                               const QString& icon, const QString& extra, const ZepaPluginAction& action,
                                               const QList<ZepaArg>& args)
 {
-    // No separator between the two: "a" + "bc" and "ab" + "c" count as the same. This is meant.
-    const QString key = id + title;
+    const QString key = ZepaRepeatRule::key(id, title);
     LocalClock clock;
-    forgetOldPostings(repeatLimit(), clock);
+    forgetOldPostings(ZepaRepeatRule::currentSetting(), clock);
     if (lastPostings.contains(key))
         return;
     lastPostings.insert(key, QTime::fromMSecsSinceStartOfDay(clock.now()));
@@ -86,15 +72,11 @@ void ZepaNotificationModule::endRunningPostings()
 
 void ZepaNotificationModule::forgetOldPostings(const ZepaField& limit, LocalClock& clock)
 {
-    constexpr int millisecondsPerSecond = 1000;
     for (auto entry = lastPostings.begin(); entry != lastPostings.end();) {
-        // Whole seconds, truncated towards zero. QTime::secsTo() would truncate both times first and count 0.9 s to
-        // 1.1 s as one second. Times of day without a date, and this is meant: after midnight the difference is
-        // negative, and the entry stays until the clock has passed its time of day again.
-        const int elapsed = (clock.now() - entry->msecsSinceStartOfDay()) / millisecondsPerSecond;
-        if (elapsed > limit.getIntValue())
-            entry = lastPostings.erase(entry);
-        else
+        const int elapsed = ZepaRepeatRule::elapsedSeconds(entry->msecsSinceStartOfDay(), clock.now());
+        if (ZepaRepeatRule::isRepeat(elapsed, limit.getIntValue()))
             ++entry;
+        else
+            entry = lastPostings.erase(entry);
     }
 }

@@ -4,41 +4,29 @@
 #include "core/notification_module.h"
 #include "core/notification_rule.h"
 #include "core/regular_file.h"
+#include "core/rule_document.h"
 #include "host/settings_manager.h"
 #include "host/xml_node.h"
 
 #include <QByteArray>
 #include <QFile>
 
-using namespace Qt::StringLiterals;
-
 namespace {
 
 QString ruleDirectory()
 {
-    return ZepaSettingsManager::getInstance()->getSettingsDir() + u"notifications/"_s;
-}
-
-QByteArray ruleFileContent(const QList<ZepaNotificationRule*>& stored)
-{
-    ZepaXmlNode root(u"rules"_s, QString(), nullptr);
-    for (const ZepaNotificationRule* rule : stored) {
-        ZepaXmlNode element = root.addChild(rule->getMethod()->getId(), QString());
-        element.appendChild(ZepaField::toXml(rule->getConfig()));
-    }
-    return root.toByteArray(-1);
+    return ZepaRuleDocument::folder(ZepaSettingsManager::getInstance()->getSettingsDir());
 }
 
 /// Empty for a file that cannot be read, or that is far above any that the module writes.
 QByteArray contentOf(const QString& path)
 {
-    constexpr qint64 largestRuleFile = qint64{64} * 1024 * 1024;
     QFile file(path);
-    if (!openRegularFile(file, QIODevice::ReadOnly) || file.size() > largestRuleFile)
+    if (!openRegularFile(file, QIODevice::ReadOnly) || file.size() > ZepaRuleDocument::largestRead)
         return {};
     // The size alone says nothing: there are regular files of none that hold more than fits into memory.
-    const QByteArray content = file.read(largestRuleFile + 1);
-    return content.size() > largestRuleFile ? QByteArray() : content;
+    const QByteArray content = file.read(ZepaRuleDocument::largestRead + 1);
+    return content.size() > ZepaRuleDocument::largestRead ? QByteArray() : content;
 }
 
 } // namespace
@@ -55,8 +43,7 @@ void ZepaNotificationModule::setupNotificationRules(ZepaNotification* notificati
     const QString path = getRuleFile(notification);
     if (!QFile::exists(path))
         return;
-    ZepaXmlNode root{QString(), QString(), nullptr};
-    root.setContent(contentOf(path));
+    const ZepaXmlNode root = ZepaRuleDocument::rootOf(contentOf(path));
     if (root.isNull() || !root.hasChildNodes())
         return;
 
@@ -67,8 +54,7 @@ void ZepaNotificationModule::setupNotificationRules(ZepaNotification* notificati
         ZepaNotificationMethod* owner = methods.value(element.name());
         if (owner == nullptr || !element.hasChildNodes())
             continue;
-        const ZepaXmlNode config = element.getChildNodes().constFirst();
-        auto* rule = new ZepaNotificationRule(notification, owner, ZepaField::fromXml(owner->fields, config));
+        auto* rule = new ZepaNotificationRule(notification, owner, ZepaRuleDocument::fieldsIn(element, *owner));
         rules.insert(notification, rule);
     }
 }
@@ -83,7 +69,7 @@ void ZepaNotificationModule::storeNotificationRules(ZepaNotification* notificati
     for (ZepaNotification* target : targets) {
         // Ready before the file is opened, since opening empties it; then written in one go, past any buffer.
         if (previous == nullptr || target != previous)
-            content = ruleFileContent(rules.values(target));
+            content = ZepaRuleDocument::content(rules.values(target));
         previous = target;
         QFile file(directory + target->getId());
         if (openRegularFile(file, QIODevice::WriteOnly | QIODevice::Truncate | QIODevice::Unbuffered))

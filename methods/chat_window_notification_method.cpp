@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "methods/chat_window_notification_method.h"
 
+#include "core/method_ids.h"
+#include "core/type_ids.h"
 #include "host/chat_manager.h"
 
 #include <QCoreApplication>
@@ -9,16 +11,16 @@ using namespace Qt::StringLiterals;
 
 ZepaChatWindowNotificationMethod::ZepaChatWindowNotificationMethod()
 {
-    setDefaultNotificationConfig(u"alert_sent_notify"_s, {});
-    setDefaultNotificationConfig(u"alert_received_notify"_s, {});
-    setDefaultNotificationConfig(u"buddy_changed_status"_s, {});
+    setDefaultNotificationConfig(ZepaTypeId::alertSent, {});
+    setDefaultNotificationConfig(ZepaTypeId::alertReceived, {});
+    setDefaultNotificationConfig(ZepaTypeId::buddyChangedStatus, {});
 }
 
 ZepaChatWindowNotificationMethod::~ZepaChatWindowNotificationMethod() = default;
 
 QString ZepaChatWindowNotificationMethod::getId() const
 {
-    return u"zepa_chat_window_notification_method"_s;
+    return ZepaMethodId::chatWindow;
 }
 
 QString ZepaChatWindowNotificationMethod::getActionName() const

@@ -1,8 +1,10 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "methods/hint_notification_method.h"
 
+#include "core/method_ids.h"
 #include "core/notification.h"
 #include "core/notification_module.h"
+#include "core/type_ids.h"
 #include "methods/picture_cache.h"
 
 #include <QBuffer>
@@ -163,12 +165,13 @@ ZepaHintNotificationMethod::ZepaHintNotificationMethod()
                             u"sticky"_s, false, u""_s, QStringList());
     fields.append(sticky);
     sticky.setChecked(false);
-    for (const QString& id : {u"message_received_initial"_s, u"message_received_background"_s, u"message_received"_s,
-                              u"logged_in"_s, u"info_notify"_s, u"error_notify"_s, u"email_notify"_s})
+    for (const QLatin1StringView id :
+         {ZepaTypeId::messageReceivedInitial, ZepaTypeId::messageReceivedBackground, ZepaTypeId::messageReceived,
+          ZepaTypeId::loggedIn, ZepaTypeId::info, ZepaTypeId::error, ZepaTypeId::email})
         setDefaultNotificationConfig(id, {sticky});
 
     // Identifiers, not display names, and only the first three of the seven: both are meant. This registration lasts
-    // until the module installs the method.
+    // until the module installs the method. A CFSTR() needs its literal.
     const void* names[] = {CFSTR("message_received_initial"),
                            CFSTR("message_received_background"),
                            CFSTR("message_received"),
@@ -191,7 +194,7 @@ ZepaHintNotificationMethod::~ZepaHintNotificationMethod()
 
 QString ZepaHintNotificationMethod::getId() const
 {
-    return u"zepa_hint_notification"_s;
+    return ZepaMethodId::hint;
 }
 
 QString ZepaHintNotificationMethod::getActionName() const

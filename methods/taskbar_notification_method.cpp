@@ -1,21 +1,22 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "methods/taskbar_notification_method.h"
 
-#include <QCoreApplication>
+#include "core/method_ids.h"
+#include "core/type_ids.h"
 
-using namespace Qt::StringLiterals;
+#include <QCoreApplication>
 
 ZepaTaskbarNotificationMethod::ZepaTaskbarNotificationMethod()
 {
-    setDefaultNotificationConfig(u"message_received_background"_s, {});
-    setDefaultNotificationConfig(u"message_received_initial"_s, {});
+    setDefaultNotificationConfig(ZepaTypeId::messageReceivedBackground, {});
+    setDefaultNotificationConfig(ZepaTypeId::messageReceivedInitial, {});
 }
 
 ZepaTaskbarNotificationMethod::~ZepaTaskbarNotificationMethod() = default;
 
 QString ZepaTaskbarNotificationMethod::getId() const
 {
-    return u"zepa_dock_bounce_notification_method"_s;
+    return ZepaMethodId::taskbar;
 }
 
 QString ZepaTaskbarNotificationMethod::getActionName() const

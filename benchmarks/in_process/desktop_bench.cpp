@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 // What reaches the user by other ways than a pop-up. Each repetition is one call, with the event loop behind it.
 #include "benchmarks/posting/qt_loop.h"
+#include "core/method_ids.h"
 #include "fixture.h"
 
 #include "client/chats/chat_manager.h"
@@ -62,7 +63,7 @@ void postThrough(benchmark::State& state, const QString& method)
 
 void sound(benchmark::State& state)
 {
-    postThrough(state, u"zepa_sound_notification_method"_s);
+    postThrough(state, ZepaMethodId::sound);
 }
 BENCHMARK(sound)->Iterations(1)->Repetitions(calls)->UseManualTime()->Unit(benchmark::kMicrosecond);
 
@@ -72,7 +73,7 @@ void chatLine(benchmark::State& state)
     static QWidget* const window =
         zepa::ChatManager::instance().open(ZepaBuddy(u"anna"_s, u"Anna"_s, ZepaBuddy::Contact));
     window->show();
-    postThrough(state, u"zepa_chat_window_notification_method"_s);
+    postThrough(state, ZepaMethodId::chatWindow);
 }
 BENCHMARK(chatLine)->Iterations(1)->Repetitions(calls)->UseManualTime()->Unit(benchmark::kMicrosecond);
 
@@ -82,7 +83,7 @@ void attention(benchmark::State& state)
     static QWidget& window = *new QWidget;
     window.showMinimized();
     runEventLoop(5'000);
-    postThrough(state, u"zepa_dock_bounce_notification_method"_s);
+    postThrough(state, ZepaMethodId::taskbar);
 }
 BENCHMARK(attention)->Iterations(1)->Repetitions(calls)->UseManualTime()->Unit(benchmark::kMicrosecond);
 

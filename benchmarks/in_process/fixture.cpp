@@ -2,6 +2,7 @@
 #include "fixture.h"
 
 #include "benchmarks/remembered_postings.h"
+#include "core/repeat_rule.h"
 
 #include <QHash>
 #include <QTime>
@@ -11,8 +12,7 @@ using namespace Qt::StringLiterals;
 Fixture::Fixture() : m_settings(m_folder.path())
 {
     // Nothing is forgotten while something is measured.
-    m_settings.store(ZepaField::spinBox(QString(), u"duplicated_notifications_time"_s, 300, 0, 5, QString(), QString()),
-                     u"300"_s);
+    m_settings.store(ZepaRepeatRule::setting({}, {}, {}), u"300"_s);
     m_module.reset(ZepaNotificationModule::getInstance());
     m_module->installNotificationMethod(&m_idle);
 }

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 // What the library costs in memory: memory_probe SETTINGS, beside memory_base SETTINGS, the same program without it.
 #include "benchmarks/posting/qt_loop.h"
+#include "core/method_ids.h"
 #include "memory.h"
 
 #include "kit/settings/settings.h"
@@ -36,14 +37,13 @@ void printEach(const char* what, const Work& work)
 
 void printItems(ZepaNotificationModule& module)
 {
-    const QString popup = u"zepa_hint_notification"_s;
+    const QString popup = ZepaMethodId::hint;
     QList<ZepaField> config;
     printEach("type", [&](const QString& n) {
         module.registerNotification(u"type_"_s + n, u"Type "_s + n, QString(), QString());
     });
-    printEach("rule", [&](const QString& n) {
-        module.addNotificationRule(u"type_"_s + n, u"zepa_dock_bounce_notification_method"_s, config);
-    });
+    printEach("rule",
+              [&](const QString& n) { module.addNotificationRule(u"type_"_s + n, ZepaMethodId::taskbar, config); });
     const auto post = [&](const QString& id, const QString& title, const ZepaPluginAction& action) {
         module.postNotification(id, title, u"Shall we have lunch together at noon?"_s, QString(), QString(), action,
                                 {});

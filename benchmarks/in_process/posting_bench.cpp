@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "fixture.h"
 
+#include "core/method_ids.h"
+
 #include <benchmark/benchmark.h>
 
 using namespace Qt::StringLiterals;
@@ -85,7 +87,7 @@ void edit(benchmark::State& state)
     Fixture fixture;
     fixture.registerTypes(static_cast<int>(state.range(0)));
     QList<ZepaField> config;
-    const QString method = u"zepa_sound_notification_method"_s;
+    const QString method = ZepaMethodId::sound;
     for (int i = 0; i < state.range(0); ++i)
         fixture.module().addNotificationRule(Fixture::typeId(i), method, config);
     for (auto _ : state)

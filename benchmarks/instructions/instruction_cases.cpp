@@ -4,6 +4,7 @@
 //   instruction_cases PICTURE
 #include "benchmarks/in_process/fixture.h"
 
+#include "core/method_ids.h"
 #include "core/notification_method.h"
 #include "core/notification_rule.h"
 #include "freedesktop/notify_call.h"
@@ -47,7 +48,7 @@ void countPostings(const QString& picture)
 {
     Fixture fixture;
     fixture.registerTypes(3);
-    const QString popup = u"zepa_hint_notification"_s;
+    const QString popup = ZepaMethodId::hint;
     addRules(fixture, 0, u"idle"_s, 16);
     addRules(fixture, 1, popup, 1);
     int number = 100'000;
@@ -74,7 +75,7 @@ void countEdits()
     Fixture fixture;
     constexpr int types = 18;
     fixture.registerTypes(types);
-    const QString method = u"zepa_sound_notification_method"_s;
+    const QString method = ZepaMethodId::sound;
     for (int i = 0; i < types; ++i)
         addRules(fixture, i, method, 1);
     QList<ZepaField> config;

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
 // Posts through the library: one notification type with one rule, of the pop-up method.
+#include "core/method_ids.h"
 #include "poster.h"
 #include "qt_loop.h"
 
@@ -46,7 +47,7 @@ private:
     void addType()
     {
         m_module->registerNotification(u"measured"_s, u"Measured"_s, QString(), QString());
-        const QString method = u"zepa_hint_notification"_s;
+        const QString method = ZepaMethodId::hint;
         QList<ZepaField> config;
         if (m_module->getNotificationRule(u"measured"_s, method) == nullptr)
             m_module->addNotificationRule(u"measured"_s, method, config);

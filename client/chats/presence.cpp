@@ -1,11 +1,24 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "client/chats/presence.h"
 
+#include "core/type_ids.h"
+
 #include <QCoreApplication>
 
 using namespace Qt::StringLiterals;
 
 namespace zepa {
+
+std::optional<Presence> presenceAfter(const QString& typeId)
+{
+    if (typeId == ZepaTypeId::buddyConnected)
+        return Presence::Available;
+    if (typeId == ZepaTypeId::buddyWentAway)
+        return Presence::Away;
+    if (typeId == ZepaTypeId::buddyWentOffline)
+        return Presence::Unavailable;
+    return std::nullopt;
+}
 
 QString presenceText(Presence presence)
 {

@@ -2,10 +2,9 @@
 #include "client/chats/show_in_chat.h"
 
 #include "client/chats/chat_window.h"
+#include "core/type_ids.h"
 #include "host/chat_manager.h"
 #include "kit/journal/posting.h"
-
-using namespace Qt::StringLiterals;
 
 namespace zepa {
 
@@ -16,16 +15,12 @@ void showInChat(const Posting& posting)
     auto* window = dynamic_cast<ChatWindow*>(ZepaChatManager::getInstance()->getChatWindow(*posting.buddy));
     if (!window)
         return;
-    if (posting.type.startsWith(u"message_received"_s))
+    if (posting.type.startsWith(ZepaTypeId::messageReceived))
         window->receiveMessage(posting.text);
-    else if (posting.type == u"message_sent"_s)
+    else if (posting.type == ZepaTypeId::messageSent)
         window->showSentMessage(posting.text);
-    else if (posting.type == u"buddy_connected"_s)
-        window->setPresence(Presence::Available);
-    else if (posting.type == u"buddy_went_away"_s)
-        window->setPresence(Presence::Away);
-    else if (posting.type == u"buddy_went_offline"_s)
-        window->setPresence(Presence::Unavailable);
+    else if (const auto presence = presenceAfter(posting.type))
+        window->setPresence(*presence);
 }
 
 } // namespace zepa

@@ -28,7 +28,7 @@ void PlayLog::posted(double seconds, const Event& event, const Report& report)
     const QStringList methods = report.methods();
     QString how = methods.join(u", "_s);
     QJsonObject json{{u"methods"_s, QJsonArray::fromStringList(methods)}};
-    if (report.popup != PopupState::NotAsked && report.popup != PopupState::Asked) {
+    if (report.hasPopupFailed()) {
         const QString why = whyNoPopup(event, report);
         how += u" (no pop-up shown: %1)"_s.arg(why);
         json.insert(u"no_popup"_s, why);

@@ -129,7 +129,7 @@ void Post::start(const QCommandLineParser& line, Client& client, Job& job) const
         printError(problem);
     const QString reason = whyNoPopup(*event, report);
     if (!waits) {
-        if (report.popup != PopupState::NotAsked && !reason.isEmpty())
+        if (report.hasPopupFailed())
             printError(u"no pop-up shown: %1"_s.arg(reason));
         return job.finish(Success);
     }

@@ -3,6 +3,7 @@
 
 #include "client/cli/output.h"
 #include "client/cli/user_action.h"
+#include "core/method_ids.h"
 
 using namespace Qt::StringLiterals;
 
@@ -20,18 +21,23 @@ Posting postingOf(const Event& event, Answers answers, const QString& folder)
 
 QString whyNoPopup(const Event& event, const Report& report)
 {
-    if (report.fate == Fate::Repeat)
+    switch (report.verdict()) {
+    case Verdict::Repeat:
         return u"skipped as a repeat"_s;
-    switch (report.popup) {
-    case PopupState::NotAsked:
+    case Verdict::UnknownType:
+    case Verdict::NoRule:
+    case Verdict::NoPopupRule:
         return u"pop-ups are turned off for %1"_s.arg(event.type);
-    case PopupState::NoBus:
+    case Verdict::NoBus:
         return u"no D-Bus session, so no notification service can be reached"_s;
-    case PopupState::NoService:
+    case Verdict::NoService:
         return u"no notification service"_s;
-    case PopupState::NotRegistered:
+    case Verdict::NotRegistered:
         return u"the pop-up method did not register %1"_s.arg(event.type);
-    case PopupState::Asked:
+    case Verdict::PopupSent:
+    case Verdict::PopupWaiting:
+    case Verdict::PopupClicked:
+    case Verdict::PopupTimedOut:
         break;
     }
     return {};

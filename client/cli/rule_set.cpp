@@ -22,15 +22,12 @@ namespace zepa::cli {
 
 namespace {
 
-/// What the rule has now; for a rule that is yet to be made, what it begins with: the method's own default for the
-/// type, or its fields where it has none.
-QList<ZepaField> settingsToStartFrom(Client& client, const QString& type, const ZepaNotificationMethod& method)
+/// What the rule has now, or what a new one begins with.
+QList<ZepaField> settingsToStartFrom(Client& client, const QString& type, const QString& method)
 {
-    if (const ZepaNotificationRule* rule = client.module().getNotificationRule(type, method.getId()))
+    if (const ZepaNotificationRule* rule = client.module().getNotificationRule(type, method))
         return rule->getConfig();
-    const QList<ZepaField> defaults = method.getDefaultNotificationConfig(type);
-    const bool hasNoDefault = defaults.size() == 1 && defaults.constFirst().getType() == ZepaField::NoType;
-    return hasNoDefault || defaults.isEmpty() ? method.fields : defaults;
+    return initialFields(client.module(), type, method);
 }
 
 class RuleSet final : public Command
@@ -60,7 +57,7 @@ public:
             return job.finish(WrongUsage);
 
         const auto fieldsWith = [&client, type, method, assignments = arguments.mid(2)](QString& problem) {
-            QList<ZepaField> fields = settingsToStartFrom(client, type, *method);
+            QList<ZepaField> fields = settingsToStartFrom(client, type, method->getId());
             for (const QString& assignment : assignments) {
                 problem = assign(fields, assignment);
                 if (!problem.isEmpty())

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "client/window/contact_model.h"
 
+#include "core/type_ids.h"
 #include "host/settings_manager.h"
 #include "kit/journal/journal_entry.h"
 #include "kit/texts/message_text.h"
@@ -35,6 +36,13 @@ ContactModel::ContactModel(QObject* parent) : QAbstractListModel(parent)
     };
 }
 
+const Contact* ContactModel::find(const QString& id) const
+{
+    const auto found = std::find_if(m_contacts.cbegin(), m_contacts.cend(),
+                                    [&id](const Contact& contact) { return contact.buddy.getId() == id; });
+    return found == m_contacts.cend() ? nullptr : &*found;
+}
+
 void ContactModel::follow(const JournalEntry& entry)
 {
     const auto found = std::find_if(m_contacts.begin(), m_contacts.end(), [&entry](const Contact& contact) {
@@ -42,13 +50,9 @@ void ContactModel::follow(const JournalEntry& entry)
     });
     if (found == m_contacts.end())
         return;
-    if (entry.type == u"buddy_connected"_s)
-        found->presence = Presence::Available;
-    else if (entry.type == u"buddy_went_away"_s)
-        found->presence = Presence::Away;
-    else if (entry.type == u"buddy_went_offline"_s)
-        found->presence = Presence::Unavailable;
-    else if (entry.type == u"buddy_changed_status"_s)
+    if (const auto presence = presenceAfter(entry.type))
+        found->presence = *presence;
+    else if (entry.type == ZepaTypeId::buddyChangedStatus)
         found->status = nameText(entry.text);
     else
         return;

@@ -34,6 +34,8 @@ public:
     explicit ContactModel(QObject* parent = nullptr);
 
     const Contact& contact(int row) const { return m_contacts.at(row); }
+    /// The contact with that identifier; null when it is nobody's. Valid until control returns to the event loop.
+    const Contact* find(const QString& id) const;
     /// Keeps up with what a posting says of a contact, for example that one came online.
     void follow(const JournalEntry& entry);
 

@@ -45,16 +45,18 @@ ContactPanel::ContactPanel(Client& client, QWidget* parent)
 
 void ContactPanel::openChat()
 {
-    const Contact& contact = m_contacts.contact(m_list->currentIndex().row());
-    ChatManager::instance().open(contact.buddy)->setPresence(contact.presence);
+    openChatWith(m_contacts.contact(m_list->currentIndex().row()).buddy);
 }
 
 void ContactPanel::openChatWith(const ZepaBuddy& buddy)
 {
-    if (buddy.getId().isEmpty())
+    if (buddy.getId().isEmpty()) {
         Q_EMIT ClientRequests::instance().show();
-    else
-        ChatManager::instance().open(buddy);
+        return;
+    }
+    ChatWindow* window = ChatManager::instance().open(buddy);
+    if (const Contact* contact = m_contacts.find(buddy.getId()))
+        window->setPresence(contact->presence);
 }
 
 void ContactPanel::fill(QMenu& menu)

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "client/window/simulated_event.h"
 
+#include "core/type_ids.h"
 #include "host/settings_manager.h"
 
 #include <QCoreApplication>
@@ -21,41 +22,42 @@ QString translated(const char* text)
 const QList<SimulatedEvent>& simulatedEvents()
 {
     static const QList<SimulatedEvent> events{
-        {u"message_received", QT_TRANSLATE_NOOP("zepa", "%1 writes"), nullptr,
+        {ZepaTypeId::messageReceived, QT_TRANSLATE_NOOP("zepa", "%1 writes"), nullptr,
          QT_TRANSLATE_NOOP("zepa", "Lunch at noon?"), true},
-        {u"message_received_background", QT_TRANSLATE_NOOP("zepa", "%1 writes in a background chat"), nullptr,
+        {ZepaTypeId::messageReceivedBackground, QT_TRANSLATE_NOOP("zepa", "%1 writes in a background chat"), nullptr,
          QT_TRANSLATE_NOOP("zepa", "Are you still there?"), true},
-        {u"message_received_initial", QT_TRANSLATE_NOOP("zepa", "%1 writes first"), nullptr,
+        {ZepaTypeId::messageReceivedInitial, QT_TRANSLATE_NOOP("zepa", "%1 writes first"), nullptr,
          QT_TRANSLATE_NOOP("zepa", "Good morning!"), true},
-        {u"message_sent", QT_TRANSLATE_NOOP("zepa", "You write to %1"), nullptr, QT_TRANSLATE_NOOP("zepa", "On my way"),
-         true},
-        {u"alert_received_notify", QT_TRANSLATE_NOOP("zepa", "%1 sends an alert"), nullptr,
+        {ZepaTypeId::messageSent, QT_TRANSLATE_NOOP("zepa", "You write to %1"), nullptr,
+         QT_TRANSLATE_NOOP("zepa", "On my way"), true},
+        {ZepaTypeId::alertReceived, QT_TRANSLATE_NOOP("zepa", "%1 sends an alert"), nullptr,
          QT_TRANSLATE_NOOP("zepa", "You got an alert"), true},
-        {u"alert_sent_notify", QT_TRANSLATE_NOOP("zepa", "You send %1 an alert"), nullptr,
+        {ZepaTypeId::alertSent, QT_TRANSLATE_NOOP("zepa", "You send %1 an alert"), nullptr,
          QT_TRANSLATE_NOOP("zepa", "You sent an alert"), true},
-        {u"email_notify", QT_TRANSLATE_NOOP("zepa", "E-mail waits"), QT_TRANSLATE_NOOP("zepa", "New e-mail"),
+        {ZepaTypeId::email, QT_TRANSLATE_NOOP("zepa", "E-mail waits"), QT_TRANSLATE_NOOP("zepa", "New e-mail"),
          QT_TRANSLATE_NOOP("zepa", "3 unread messages"), false},
-        {u"info_notify", QT_TRANSLATE_NOOP("zepa", "The program has news"), QT_TRANSLATE_NOOP("zepa", "Information"),
+        {ZepaTypeId::info, QT_TRANSLATE_NOOP("zepa", "The program has news"), QT_TRANSLATE_NOOP("zepa", "Information"),
          QT_TRANSLATE_NOOP("zepa", "A file was saved"), false},
-        {u"error_notify", QT_TRANSLATE_NOOP("zepa", "The program fails"), QT_TRANSLATE_NOOP("zepa", "Error"),
+        {ZepaTypeId::error, QT_TRANSLATE_NOOP("zepa", "The program fails"), QT_TRANSLATE_NOOP("zepa", "Error"),
          QT_TRANSLATE_NOOP("zepa", "A file could not be saved"), false},
-        {u"logged_in", QT_TRANSLATE_NOOP("zepa", "Your account logs in"), QT_TRANSLATE_NOOP("zepa", "Logged in"),
-         QT_TRANSLATE_NOOP("zepa", "Your account is connected"), false},
-        {u"buddy_connected", QT_TRANSLATE_NOOP("zepa", "%1 comes online"), nullptr,
+        {ZepaTypeId::loggedIn, QT_TRANSLATE_NOOP("zepa", "Your account logs in"),
+         QT_TRANSLATE_NOOP("zepa", "Logged in"), QT_TRANSLATE_NOOP("zepa", "Your account is connected"), false},
+        {ZepaTypeId::buddyConnected, QT_TRANSLATE_NOOP("zepa", "%1 comes online"), nullptr,
          QT_TRANSLATE_NOOP("zepa", "is available"), true},
-        {u"buddy_went_away", QT_TRANSLATE_NOOP("zepa", "%1 goes away"), nullptr, QT_TRANSLATE_NOOP("zepa", "is away"),
-         true},
-        {u"buddy_went_offline", QT_TRANSLATE_NOOP("zepa", "%1 goes offline"), nullptr,
+        {ZepaTypeId::buddyWentAway, QT_TRANSLATE_NOOP("zepa", "%1 goes away"), nullptr,
+         QT_TRANSLATE_NOOP("zepa", "is away"), true},
+        {ZepaTypeId::buddyWentOffline, QT_TRANSLATE_NOOP("zepa", "%1 goes offline"), nullptr,
          QT_TRANSLATE_NOOP("zepa", "is not available"), true},
-        {u"buddy_changed_status", QT_TRANSLATE_NOOP("zepa", "%1 changes status"), nullptr,
+        {ZepaTypeId::buddyChangedStatus, QT_TRANSLATE_NOOP("zepa", "%1 changes status"), nullptr,
          QT_TRANSLATE_NOOP("zepa", "back in ten minutes"), true},
-        {u"typing_started_notify", QT_TRANSLATE_NOOP("zepa", "%1 starts typing"), nullptr,
+        {ZepaTypeId::typingStarted, QT_TRANSLATE_NOOP("zepa", "%1 starts typing"), nullptr,
          QT_TRANSLATE_NOOP("zepa", "is typing"), true},
-        {u"typing_stoped_notify", QT_TRANSLATE_NOOP("zepa", "%1 stops typing"), nullptr,
+        {ZepaTypeId::typingStopped, QT_TRANSLATE_NOOP("zepa", "%1 stops typing"), nullptr,
          QT_TRANSLATE_NOOP("zepa", "stopped typing"), true},
-        {u"conf_message_received", QT_TRANSLATE_NOOP("zepa", "%1 writes in a conference"), nullptr,
+        {ZepaTypeId::conferenceMessageReceived, QT_TRANSLATE_NOOP("zepa", "%1 writes in a conference"), nullptr,
          QT_TRANSLATE_NOOP("zepa", "Hello everybody"), true},
-        {u"conf_message_bg_received", QT_TRANSLATE_NOOP("zepa", "%1 writes in a background conference"), nullptr,
+        {ZepaTypeId::conferenceMessageReceivedBackground,
+         QT_TRANSLATE_NOOP("zepa", "%1 writes in a background conference"), nullptr,
          QT_TRANSLATE_NOOP("zepa", "Who takes the minutes?"), true},
     };
     return events;
@@ -70,7 +72,7 @@ QString phraseOf(const SimulatedEvent& event, const ZepaBuddy& contact)
 Posting postingOf(const SimulatedEvent& event, const ZepaBuddy& contact, const QString& text)
 {
     Posting posting;
-    posting.type = QString::fromUtf16(event.type);
+    posting.type = event.type;
     posting.title = event.title ? translated(event.title) : contact.getName();
     posting.text = text.isEmpty() ? translated(event.text) : text;
     if (event.isAboutContact)

@@ -4,6 +4,7 @@
 #include "host/buddy.h"
 #include "kit/journal/posting.h"
 
+#include <QLatin1StringView>
 #include <QList>
 #include <QString>
 
@@ -12,7 +13,7 @@ namespace zepa {
 /// Something that can happen to a client, to be played as if it did.
 struct SimulatedEvent
 {
-    const char16_t* type;
+    QLatin1StringView type;
     const char* phrase; ///< "%1 writes", where %1 is the contact
     const char* title;  ///< null: the contact's name
     const char* text;   ///< what is posted when the user gives no text

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "kit/journal/journal.h"
 
+#include "core/repeat_rule.h"
 #include "kit/journal/journal_text.h"
 #include "kit/journal/posting.h"
 #include "kit/texts/message_text.h"
@@ -15,12 +16,12 @@ namespace zepa {
 
 namespace {
 
-/// Stands for the module's own key, type and title without a separator, which may be of any length.
+/// Stands for the module's own key, which may be of any length.
 QByteArray repeatKeyOf(const Posting& posting)
 {
+    const QString key = ZepaRepeatRule::key(posting.type, posting.title);
     QCryptographicHash hash(QCryptographicHash::Sha256);
-    for (const QStringView part : {QStringView(posting.type), QStringView(posting.title)})
-        hash.addData(QByteArrayView(reinterpret_cast<const char*>(part.utf16()), part.size() * qsizetype{2}));
+    hash.addData(QByteArrayView(reinterpret_cast<const char*>(key.utf16()), key.size() * qsizetype{2}));
     return hash.result();
 }
 
@@ -70,8 +71,8 @@ std::optional<JournalEntry::Earlier> Journal::blockerOf(const JournalEntry& entr
         return std::nullopt;
     if (entry.report.fate == Fate::Repeat)
         return *found;
-    const int seconds = found->time.time().msecsTo(entry.time.time()) / 1000;
-    return seconds > entry.report.repeatLimit ? std::nullopt : std::optional(*found);
+    const int elapsed = secondsBetween(found->time, entry.time);
+    return ZepaRepeatRule::isRepeat(elapsed, entry.report.repeatLimit) ? std::optional(*found) : std::nullopt;
 }
 
 void Journal::answered(int number, Answer answer)

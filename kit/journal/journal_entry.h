@@ -12,21 +12,6 @@
 
 namespace zepa {
 
-/// Whether a posting popped up; if not, why.
-enum class Verdict {
-    PopupSent,     ///< handed to the notification service; without an action nobody tells what became of it
-    PopupWaiting,  ///< handed to the notification service, not answered yet
-    PopupClicked,  ///< the user clicked
-    PopupTimedOut, ///< it went away without a click
-    Repeat,
-    UnknownType,
-    NoRule,
-    NoPopupRule, ///< methods were called, the pop-up method not among them
-    NoBus,
-    NoService,
-    NotRegistered
-};
-
 /// One posting as the journal keeps it. Texts that are longer than longestMessage are kept shortened.
 struct JournalEntry
 {
@@ -52,7 +37,7 @@ struct JournalEntry
     std::optional<Earlier> earlier; ///< of a repeat, unless the journal has forgotten it
     std::optional<Answer> answer;
 
-    Verdict verdict() const;
+    Verdict verdict() const { return report.verdict(answer); }
 };
 
 } // namespace zepa

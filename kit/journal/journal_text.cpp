@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "kit/journal/journal_text.h"
 
+#include "core/repeat_rule.h"
 #include "kit/texts/message_text.h"
 
 #include <QCoreApplication>
@@ -24,12 +25,6 @@ struct JournalText
 QString clock(const QDateTime& time)
 {
     return time.time().toString(u"HH:mm:ss"_s);
-}
-
-/// As the module counts: times of day, whole seconds, no date.
-int secondsBetween(const QDateTime& from, const QDateTime& to)
-{
-    return from.time().msecsTo(to.time()) / 1000;
 }
 
 QString whyRepeat(const JournalEntry& entry)
@@ -103,6 +98,11 @@ QString callText(const Delivery& call)
 }
 
 } // namespace
+
+int secondsBetween(const QDateTime& from, const QDateTime& to)
+{
+    return ZepaRepeatRule::elapsedSeconds(from.time().msecsSinceStartOfDay(), to.time().msecsSinceStartOfDay());
+}
 
 QList<Verdict> allVerdicts()
 {

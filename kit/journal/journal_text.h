@@ -3,6 +3,7 @@
 
 #include "kit/journal/journal_entry.h"
 
+#include <QDateTime>
 #include <QList>
 #include <QString>
 
@@ -11,6 +12,8 @@ namespace zepa {
 
 /// All verdicts, in the order in which a list shows them.
 QList<Verdict> allVerdicts();
+/// As the module counts between two postings: times of day without a date, whole seconds, negative after midnight.
+int secondsBetween(const QDateTime& from, const QDateTime& to);
 /// A few words: "clicked", "repeat".
 QString verdictText(Verdict verdict);
 

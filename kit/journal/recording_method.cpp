@@ -1,13 +1,12 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "kit/journal/recording_method.h"
 
+#include "core/method_ids.h"
 #include "core/notification.h"
 #include "kit/journal/popup_kind.h"
 #include "kit/rules/method_titles.h"
 
 #include <utility>
-
-using namespace Qt::StringLiterals;
 
 namespace zepa {
 
@@ -15,7 +14,7 @@ RecordingMethod::RecordingMethod(ZepaNotificationMethod& watched, DeliveryLog& l
     : m_watched(watched), m_log(log), m_prepare(std::move(prepare))
 {
     fields = watched.fields;
-    if (watched.getId() == u"zepa_hint_notification"_s)
+    if (watched.getId() == ZepaMethodId::hint)
         m_pictures.emplace();
 }
 

@@ -1,11 +1,13 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "kit/journal/report.h"
 
+#include "core/method_ids.h"
 #include "core/notification_module.h"
+#include "core/repeat_rule.h"
 #include "host/chat_manager.h"
-#include "host/settings_manager.h"
 #include "host/settings_manager_private.h"
 #include "kit/journal/posting.h"
+#include "methods/sound_rule.h"
 
 #include <Growl/Growl.h>
 #include <zepa_platform/popups.h>
@@ -14,15 +16,9 @@
 
 #include <algorithm>
 
-using namespace Qt::StringLiterals;
-
 namespace zepa {
 
 namespace {
-
-constexpr char16_t popupMethod[] = u"zepa_hint_notification";
-constexpr char16_t soundMethod[] = u"zepa_sound_notification_method";
-constexpr char16_t chatMethod[] = u"zepa_chat_window_notification_method";
 
 Fate fateOf(const ZepaNotificationModule& module, const Posting& posting, bool wasCalled)
 {
@@ -41,37 +37,27 @@ PopupState popupOf(const Delivery& call)
     return call.isRegistered ? PopupState::Asked : PopupState::NotRegistered;
 }
 
-ZepaField globalSetting(const ZepaField& field)
-{
-    return ZepaSettingsManagerPrivate::settingsMgrPrivInstance->readGlobalSetting(field);
-}
-
 QString allowedAlerts()
 {
-    const ZepaField alerts =
-        ZepaField::comboBox({}, u"alerts"_s, {u"never"_s, u"always"_s, u"buddies_only"_s}, {}, u"buddies_only"_s, {});
-    return globalSetting(alerts).getSelectedId();
-}
-
-bool isAlert(const Posting& posting)
-{
-    return posting.type == u"alert_received_notify"_s;
+    const ZepaField alerts = ZepaSoundRule::alertSetting({}, {}, {});
+    return ZepaSettingsManagerPrivate::settingsMgrPrivInstance->readGlobalSetting(alerts).getSelectedId();
 }
 
 SoundState soundOf(const Posting& posting, const Delivery& call)
 {
-    if (isAlert(posting)) {
-        const QString allowed = allowedAlerts();
+    if (ZepaSoundRule::isAlert(posting.type)) {
         const bool isStranger = !posting.buddy || posting.buddy->getType() == ZepaBuddy::NotOnContactList;
-        if (allowed != u"always"_s && allowed != u"buddies_only"_s)
+        switch (ZepaSoundRule::alertSound(allowedAlerts(), isStranger)) {
+        case ZepaSoundRule::AlertSound::Muted:
             return SoundState::MutedForAll;
-        if (allowed == u"buddies_only"_s && isStranger)
+        case ZepaSoundRule::AlertSound::MutedForStrangers:
             return SoundState::MutedForStrangers;
+        case ZepaSoundRule::AlertSound::Allowed:
+            break;
+        }
     }
     const QString file = call.config.isEmpty() ? QString() : call.config.constFirst().getText();
-    const QString path =
-        QFileInfo(file).isRelative() ? ZepaSettingsManager::getInstance()->getCurrentSoundThemeDir() + file : file;
-    return QFileInfo(path).isFile() ? SoundState::Asked : SoundState::NoFile;
+    return QFileInfo(ZepaSoundRule::pathOf(file)).isFile() ? SoundState::Asked : SoundState::NoFile;
 }
 
 ChatState chatOf(const Posting& posting)
@@ -91,21 +77,49 @@ QStringList Report::methods() const
     return ids;
 }
 
+Verdict Report::verdict(std::optional<Answer> answer) const
+{
+    switch (fate) {
+    case Fate::Repeat:
+        return Verdict::Repeat;
+    case Fate::NoRule:
+        return Verdict::NoRule;
+    case Fate::UnknownType:
+        return Verdict::UnknownType;
+    case Fate::Delivered:
+        break;
+    }
+    switch (popup) {
+    case PopupState::NotAsked:
+        return Verdict::NoPopupRule;
+    case PopupState::NoBus:
+        return Verdict::NoBus;
+    case PopupState::NoService:
+        return Verdict::NoService;
+    case PopupState::NotRegistered:
+        return Verdict::NotRegistered;
+    case PopupState::Asked:
+        break;
+    }
+    if (answer)
+        return *answer == Answer::Clicked ? Verdict::PopupClicked : Verdict::PopupTimedOut;
+    return waits ? Verdict::PopupWaiting : Verdict::PopupSent;
+}
+
 Report reportOn(const ZepaNotificationModule& module, const Posting& posting, const QList<Delivery>& calls)
 {
     Report report;
     report.calls = calls;
     report.fate = fateOf(module, posting, !calls.isEmpty());
-    report.repeatLimit =
-        globalSetting(ZepaField::spinBox({}, u"duplicated_notifications_time"_s, 300, 0, 5, {}, {})).getIntValue();
+    report.repeatLimit = ZepaRepeatRule::currentSetting().getIntValue();
     for (const Delivery& call : calls) {
-        if (call.methodId == popupMethod) {
+        if (call.methodId == ZepaMethodId::hint) {
             report.popup = popupOf(call);
             report.pictureProblem = call.pictureProblem;
-        } else if (call.methodId == soundMethod) {
+        } else if (call.methodId == ZepaMethodId::sound) {
             report.sound = std::max(report.sound, soundOf(posting, call));
-            report.alerts = isAlert(posting) ? allowedAlerts() : QString();
-        } else if (call.methodId == chatMethod) {
+            report.alerts = ZepaSoundRule::isAlert(posting.type) ? allowedAlerts() : QString();
+        } else if (call.methodId == ZepaMethodId::chatWindow) {
             report.chat = chatOf(posting);
         }
     }

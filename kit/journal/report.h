@@ -1,10 +1,13 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include "kit/journal/answer_token.h"
 #include "kit/journal/delivery_log.h"
 
 #include <QList>
 #include <QStringList>
+
+#include <optional>
 
 class ZepaNotificationModule;
 
@@ -46,6 +49,21 @@ enum class ChatState {
     Written
 };
 
+/// Whether a posting popped up; if not, why.
+enum class Verdict {
+    PopupSent,     ///< handed to the notification service; without an action nobody tells what became of it
+    PopupWaiting,  ///< handed to the notification service, not answered yet
+    PopupClicked,  ///< the user clicked
+    PopupTimedOut, ///< it went away without a click
+    Repeat,
+    UnknownType,
+    NoRule,
+    NoPopupRule, ///< methods were called, the pop-up method not among them
+    NoBus,
+    NoService,
+    NotRegistered
+};
+
 /// What happened to one posting, as far as it is known right after it.
 struct Report
 {
@@ -68,6 +86,10 @@ struct Report
 
     /// The identifiers of `calls`.
     QStringList methods() const;
+    /// Whether it popped up, given the answer to the pop-up that is known by now; if not, why.
+    Verdict verdict(std::optional<Answer> answer = std::nullopt) const;
+    /// The pop-up method was called and could not hand the pop-up on; verdict() says why.
+    bool hasPopupFailed() const { return popup != PopupState::NotAsked && popup != PopupState::Asked; }
 };
 
 /// Looks into what can be seen from outside of the module: which methods were called, rules, settings, the desktop.

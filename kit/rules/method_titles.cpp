@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "kit/rules/method_titles.h"
 
+#include "core/method_ids.h"
 #include "core/notification.h"
 #include "core/notification_method.h"
 #include "core/notification_module.h"
@@ -17,23 +18,23 @@ namespace {
 
 struct Title
 {
-    const char16_t* id;
+    QLatin1StringView id;
     const char* text;
     /// In the theme, for a method that has no picture of its own.
     const char16_t* picture;
 };
 
 constexpr std::array builtIn{
-    Title{u"zepa_hint_notification", QT_TRANSLATE_NOOP("zepa", "Pop-up"), u"icons/popup.png"},
-    Title{u"zepa_sound_notification_method", QT_TRANSLATE_NOOP("zepa", "Sound"), u"icons/speaker.png"},
-    Title{u"zepa_chat_window_notification_method", QT_TRANSLATE_NOOP("zepa", "Line in the chat"), u"icons/chat.png"},
-    Title{u"zepa_dock_bounce_notification_method", QT_TRANSLATE_NOOP("zepa", "Attention"), u"icons/attention.png"},
+    Title{ZepaMethodId::hint, QT_TRANSLATE_NOOP("zepa", "Pop-up"), u"icons/popup.png"},
+    Title{ZepaMethodId::sound, QT_TRANSLATE_NOOP("zepa", "Sound"), u"icons/speaker.png"},
+    Title{ZepaMethodId::chatWindow, QT_TRANSLATE_NOOP("zepa", "Line in the chat"), u"icons/chat.png"},
+    Title{ZepaMethodId::taskbar, QT_TRANSLATE_NOOP("zepa", "Attention"), u"icons/attention.png"},
 };
 
 auto find(const QString& methodId)
 {
     return std::find_if(builtIn.cbegin(), builtIn.cend(),
-                        [&methodId](const Title& title) { return methodId == QStringView(title.id); });
+                        [&methodId](const Title& title) { return methodId == title.id; });
 }
 
 } // namespace

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "kit/rules/rule_backup.h"
 
+#include "core/rule_document.h"
 #include "host/xml_node.h"
 #include "kit/files/private_umask.h"
 #include "kit/rules/stored_file.h"
@@ -43,7 +44,7 @@ bool isGoodCopy(const StoredFile& copy)
 
 RuleBackup::RuleBackup(const QString& settingsFolder, const QStringList& types)
     : m_settings(settingsFolder)
-    , m_rules(settingsFolder + u"notifications/"_s)
+    , m_rules(ZepaRuleDocument::folder(settingsFolder))
     , m_backup(settingsFolder + u"rules-backup/"_s)
 {
     protect(types);
@@ -51,9 +52,7 @@ RuleBackup::RuleBackup(const QString& settingsFolder, const QStringList& types)
 
 bool RuleBackup::isGood(const QByteArray& content)
 {
-    ZepaXmlNode root{QString(), QString(), nullptr};
-    root.setContent(content);
-    return !root.isNull();
+    return !ZepaRuleDocument::rootOf(content).isNull();
 }
 
 /// To read a large file again and again takes most of the time of a change.

@@ -4,25 +4,21 @@
 #include "core/notification_method.h"
 #include "core/notification_module.h"
 #include "core/notification_rule.h"
+#include "core/rule_document.h"
 #include "host/xml_node.h"
 #include "kit/rules/rule_state.h"
 
 #include <QFile>
 #include <QFileInfo>
 
-using namespace Qt::StringLiterals;
-
 namespace zepa {
 
 namespace {
 
-/// What is far above any rule file that the module writes need not be read to know that it is none.
-constexpr qint64 largestRuleFile = qint64{64} * 1024 * 1024;
-
 QByteArray contentOf(const QString& path)
 {
     QFile file(path);
-    if (!QFileInfo(path).isFile() || file.size() > largestRuleFile || !file.open(QIODevice::ReadOnly))
+    if (!QFileInfo(path).isFile() || file.size() > ZepaRuleDocument::largestRead || !file.open(QIODevice::ReadOnly))
         return {};
     return file.readAll();
 }
@@ -31,8 +27,7 @@ QByteArray contentOf(const QString& path)
 
 bool rulesAreStored(const ZepaNotificationModule& module, const QString& settingsFolder, const QString& typeId)
 {
-    ZepaXmlNode root{QString(), QString(), nullptr};
-    root.setContent(contentOf(settingsFolder + u"notifications/"_s + typeId));
+    const ZepaXmlNode root = ZepaRuleDocument::rootOf(contentOf(ZepaRuleDocument::folder(settingsFolder) + typeId));
     if (root.isNull())
         return false;
 
@@ -45,7 +40,7 @@ bool rulesAreStored(const ZepaNotificationModule& module, const QString& setting
         if (elements[i].name() != method.getId() || !elements[i].hasChildNodes())
             return false;
         const ZepaNotificationRule stored(rules[i]->getNotification(), rules[i]->getMethod(),
-                                          ZepaField::fromXml(method.fields, elements[i].getChildNodes().constFirst()));
+                                          ZepaRuleDocument::fieldsIn(elements[i], method));
         if (stateOf(stored) != stateOf(*rules[i]))
             return false;
     }

@@ -17,11 +17,6 @@ bool sameValue(const ZepaField& a, const ZepaField& b)
     return a.getId() == b.getId() && a.getText() == b.getText();
 }
 
-bool hasDefault(const QList<ZepaField>& config)
-{
-    return config.size() != 1 || config.constFirst().getType() != ZepaField::NoType;
-}
-
 /// The method's own fields with the values that `config` has for them: what a rule makes of a configuration.
 QList<ZepaField> fieldsWith(const ZepaNotificationMethod& method, const QList<ZepaField>& config)
 {
@@ -79,7 +74,7 @@ QList<RuleState> defaultRulesOf(const ZepaNotificationModule& module, const QStr
     const QList<ZepaNotificationMethod*> methods = methodsInOrder(module);
     for (const ZepaNotificationMethod* method : methods) {
         const QList<ZepaField> config = method->getDefaultNotificationConfig(typeId);
-        if (hasDefault(config))
+        if (zepaHasDefaultRule(config))
             states.append({method->getId(), fieldsWith(*method, config)});
     }
     return states;
@@ -91,7 +86,7 @@ QList<ZepaField> initialFields(const ZepaNotificationModule& module, const QStri
     if (!method)
         return {};
     const QList<ZepaField> config = method->getDefaultNotificationConfig(typeId);
-    return fieldsWith(*method, hasDefault(config) ? config : QList<ZepaField>());
+    return fieldsWith(*method, zepaHasDefaultRule(config) ? config : QList<ZepaField>());
 }
 
 void updateRule(ZepaNotificationModule& module, const QString& typeId, const QString& methodId,

@@ -4,6 +4,7 @@
 #include "core/notification_method.h"
 #include "core/notification_module.h"
 #include "core/notification_rule.h"
+#include "core/rule_document.h"
 #include "host/xml_node.h"
 #include "kit/rules/rule_backup.h"
 #include "kit/rules/stored_file.h"
@@ -13,8 +14,6 @@
 #include <QList>
 
 #include <algorithm>
-
-using namespace Qt::StringLiterals;
 
 namespace zepa {
 
@@ -47,16 +46,13 @@ QList<FileRule> rulesIn(const QByteArray& content, ZepaNotification* type, const
             methods.insert(rule->getMethod()->getId(), rule->getMethod());
     }
 
-    ZepaXmlNode root{QString(), QString(), nullptr};
-    root.setContent(content);
     QList<FileRule> found;
-    const QList<ZepaXmlNode> elements = root.getChildNodes();
+    const QList<ZepaXmlNode> elements = ZepaRuleDocument::rootOf(content).getChildNodes();
     for (const ZepaXmlNode& element : elements) {
         ZepaNotificationMethod* method = methods.value(element.name());
         if (!method || !element.hasChildNodes())
             continue;
-        const ZepaNotificationRule rule(type, method,
-                                        ZepaField::fromXml(method->fields, element.getChildNodes().constFirst()));
+        const ZepaNotificationRule rule(type, method, ZepaRuleDocument::fieldsIn(element, *method));
         found.append({method, rule.getConfig(), keyOf(rule)});
     }
     return found;
@@ -102,13 +98,7 @@ void takeOver(ZepaNotificationModule& module, ZepaNotification* type, const QByt
 
 QByteArray ruleFileOf(const ZepaNotificationModule& module, const QString& typeId)
 {
-    ZepaXmlNode root(u"rules"_s, QString(), nullptr);
-    const auto rules = module.getRules(module.getNotifications().value(typeId));
-    for (const ZepaNotificationRule* rule : rules) {
-        ZepaXmlNode element = root.addChild(rule->getMethod()->getId(), QString());
-        element.appendChild(ZepaField::toXml(rule->getConfig()));
-    }
-    return root.toByteArray(-1);
+    return ZepaRuleDocument::content(module.getRules(module.getNotifications().value(typeId)));
 }
 
 void bringUpToDate(ZepaNotificationModule& module, RuleBackup& backup)

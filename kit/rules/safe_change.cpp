@@ -2,6 +2,7 @@
 #include "kit/rules/safe_change.h"
 
 #include "core/notification_module.h"
+#include "core/rule_document.h"
 #include "kit/files/private_umask.h"
 #include "kit/rules/rule_backup.h"
 #include "kit/rules/rule_lock.h"
@@ -61,7 +62,7 @@ SafeChange changeSafely(ZepaNotificationModule& module, RuleBackup& backup, Rule
     edit();
     const QByteArray wanted = ruleFileOf(module, typeId);
     const bool isStored = readStored(backup.ruleFile(typeId)).content == wanted ||
-                          (wanted.size() <= largestStoredFile && backup.putBack(typeId, wanted));
+                          (wanted.size() <= ZepaRuleDocument::largestProtected && backup.putBack(typeId, wanted));
     if (isStored)
         backup.setLoaded(typeId, wanted);
     else

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "kit/rules/stored_file.h"
 
+#include "core/rule_document.h"
+
 #include <QFile>
 #include <QFileInfo>
 
@@ -65,7 +67,7 @@ bool readAll(const Descriptor& file, QByteArray& content)
         if (count <= 0)
             return count == 0;
         content.append(block, count);
-        if (content.size() > largestStoredFile)
+        if (content.size() > ZepaRuleDocument::largestProtected)
             return false;
     }
 }
@@ -89,7 +91,7 @@ StoredFile readStored(const QString& path)
     const Descriptor file(path, O_RDONLY | O_NONBLOCK);
     if (!file.isOpen())
         return found;
-    if (status.st_size > largestStoredFile)
+    if (status.st_size > ZepaRuleDocument::largestProtected)
         found.state = StoredFile::State::TooLarge;
     else if (readAll(file, found.content))
         found.state = StoredFile::State::Readable;

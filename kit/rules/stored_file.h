@@ -13,7 +13,7 @@ struct StoredFile
     enum class State {
         Missing,
         Readable,
-        /// A regular file above largestStoredFile.
+        /// A regular file above ZepaRuleDocument::largestProtected.
         TooLarge,
         /// A folder, a device, or not to be read: none of our business.
         Foreign
@@ -26,8 +26,6 @@ struct StoredFile
     /// Its permission bits.
     unsigned int mode = 0;
 };
-
-inline constexpr qint64 largestStoredFile = qint64(4) * 1024 * 1024;
 
 /// Reads it whole; follows links. Never waits, whatever stands under that name.
 StoredFile readStored(const QString& path);

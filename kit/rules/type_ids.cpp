@@ -1,32 +1,15 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "kit/rules/type_ids.h"
 
-using namespace Qt::StringLiterals;
+#include "core/type_ids.h"
+
+#include <iterator>
 
 namespace zepa {
 
 QStringList builtInTypes()
 {
-    return {
-        u"message_received"_s,
-        u"message_received_background"_s,
-        u"message_received_initial"_s,
-        u"message_sent"_s,
-        u"alert_received_notify"_s,
-        u"alert_sent_notify"_s,
-        u"email_notify"_s,
-        u"info_notify"_s,
-        u"error_notify"_s,
-        u"logged_in"_s,
-        u"buddy_went_offline"_s,
-        u"buddy_connected"_s,
-        u"buddy_went_away"_s,
-        u"buddy_changed_status"_s,
-        u"typing_started_notify"_s,
-        u"typing_stoped_notify"_s,
-        u"conf_message_received"_s,
-        u"conf_message_bg_received"_s,
-    };
+    return {std::begin(ZepaTypeId::all), std::end(ZepaTypeId::all)};
 }
 
 } // namespace zepa

@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "kit/settings/global_settings.h"
 
+#include "core/repeat_rule.h"
 #include "kit/settings/themes.h"
+#include "methods/sound_rule.h"
 
 #include <QCoreApplication>
 
@@ -27,17 +29,15 @@ ZepaField theme(const QString& id, const QString& label, ThemeKind kind)
 QList<ZepaField> globalSettings()
 {
     return {
-        ZepaField::spinBox(translated(QT_TRANSLATE_NOOP("settings", "Drop repeats for")),
-                           u"duplicated_notifications_time"_s, 300, 0, 5,
-                           translated(QT_TRANSLATE_NOOP(
-                               "settings", "The same event with the same title is announced once in this time.")),
-                           translated(QT_TRANSLATE_NOOP("settings", " s"))),
-        ZepaField::comboBox(translated(QT_TRANSLATE_NOOP("settings", "Alert sounds")), u"alerts"_s,
-                            {u"never"_s, u"always"_s, u"buddies_only"_s},
-                            {translated(QT_TRANSLATE_NOOP("settings", "Mute")),
-                             translated(QT_TRANSLATE_NOOP("settings", "Notify always")),
-                             translated(QT_TRANSLATE_NOOP("settings", "Notify from buddies only"))},
-                            u"buddies_only"_s, translated(QT_TRANSLATE_NOOP("settings", "Whose alerts make a sound."))),
+        ZepaRepeatRule::setting(translated(QT_TRANSLATE_NOOP("settings", "Drop repeats for")),
+                                translated(QT_TRANSLATE_NOOP(
+                                    "settings", "The same event with the same title is announced once in this time.")),
+                                translated(QT_TRANSLATE_NOOP("settings", " s"))),
+        ZepaSoundRule::alertSetting(translated(QT_TRANSLATE_NOOP("settings", "Alert sounds")),
+                                    {translated(QT_TRANSLATE_NOOP("settings", "Mute")),
+                                     translated(QT_TRANSLATE_NOOP("settings", "Notify always")),
+                                     translated(QT_TRANSLATE_NOOP("settings", "Notify from buddies only"))},
+                                    translated(QT_TRANSLATE_NOOP("settings", "Whose alerts make a sound."))),
         theme(u"icon_theme"_s, translated(QT_TRANSLATE_NOOP("settings", "Pictures")), ThemeKind::Icons),
         theme(u"roster_theme"_s, translated(QT_TRANSLATE_NOOP("settings", "Contact list pictures")), ThemeKind::Roster),
         theme(u"sound_theme"_s, translated(QT_TRANSLATE_NOOP("settings", "Sounds")), ThemeKind::Sounds),

@@ -36,9 +36,10 @@ Posting sampleOf(const ZepaNotification& type, int number)
 QStringList obstacles(const Report& report)
 {
     QStringList sentences;
-    if (report.popup == PopupState::NoBus || report.popup == PopupState::NoService)
+    const Verdict verdict = report.verdict();
+    if (verdict == Verdict::NoBus || verdict == Verdict::NoService)
         sentences.append(QCoreApplication::translate("zepa", "No notification service is there to show the pop-up."));
-    if (report.popup == PopupState::NotRegistered)
+    if (verdict == Verdict::NotRegistered)
         sentences.append(QCoreApplication::translate("zepa", "The notification service does not know this event yet."));
     if (report.sound == SoundState::MutedForAll || report.sound == SoundState::MutedForStrangers)
         sentences.append(QCoreApplication::translate("zepa", "The setting for alert sounds keeps it silent."));

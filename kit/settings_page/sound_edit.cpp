@@ -2,9 +2,9 @@
 #include "kit/settings_page/sound_edit.h"
 
 #include "host/audio.h"
-#include "host/settings_manager.h"
 #include "kit/settings_page/sound_check.h"
 #include "kit/widgets/plain_widgets.h"
+#include "methods/sound_rule.h"
 
 #include <QDir>
 #include <QFileDialog>
@@ -67,12 +67,12 @@ void SoundEdit::finishTyping()
 
 void SoundEdit::play()
 {
-    ZepaAudio::getInstance()->playFile(pathOf(m_line->text() == m_shown ? m_value : m_line->text()));
+    ZepaAudio::getInstance()->playFile(ZepaSoundRule::pathOf(m_line->text() == m_shown ? m_value : m_line->text()));
 }
 
 void SoundEdit::choose()
 {
-    auto* dialog = new QFileDialog(this, tr("Choose a sound"), QFileInfo(pathOf(m_value)).path(),
+    auto* dialog = new QFileDialog(this, tr("Choose a sound"), QFileInfo(ZepaSoundRule::pathOf(m_value)).path(),
                                    tr("Sounds (%1)").arg(soundNamePatterns().join(u' ')));
     dialog->setAttribute(Qt::WA_DeleteOnClose);
     dialog->setFileMode(QFileDialog::ExistingFile);
@@ -90,7 +90,7 @@ void SoundEdit::take(const QString& path)
             return;
         }
         // A sound of the theme goes with the theme.
-        const QString theme = QFileInfo(pathOf(QString())).canonicalFilePath() + u'/';
+        const QString theme = QFileInfo(ZepaSoundRule::pathOf(QString())).canonicalFilePath() + u'/';
         const QString whole = QFileInfo(path).canonicalFilePath();
         const QString value = whole.startsWith(theme) ? whole.mid(theme.size()) : path;
         if (value == m_value)
@@ -111,20 +111,12 @@ void SoundEdit::setValue(const QString& value)
 void SoundEdit::showWhetherItPlays()
 {
     m_warning->hide();
-    checkSound(pathOf(m_value), this, [this, value = m_value](bool plays) {
+    checkSound(ZepaSoundRule::pathOf(m_value), this, [this, value = m_value](bool plays) {
         if (value != m_value)
             return;
         m_warning->setText(tr("This file cannot be played."));
         m_warning->setVisible(!plays);
     });
-}
-
-/// The file that the sound method plays for this value.
-QString SoundEdit::pathOf(const QString& value) const
-{
-    if (!QFileInfo(value).isRelative())
-        return value;
-    return ZepaSettingsManager::getInstance()->getCurrentSoundThemeDir() + value;
 }
 
 } // namespace zepa

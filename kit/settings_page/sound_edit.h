@@ -26,7 +26,6 @@ private:
     void take(const QString& path);
     void setValue(const QString& value);
     void showWhetherItPlays();
-    QString pathOf(const QString& value) const;
 
     QLineEdit* m_line;
     QLabel* m_warning;

@@ -51,8 +51,9 @@ FILES = {"client/main.cpp": "client/main", "client/termination.cpp": "client/mai
 PUBLIC = {
     "host": {"arg.h", "audio.h", "buddy.h", "chat_manager.h", "chat_window.h", "field.h", "plugin_action.h",
              "settings_manager.h", "settings_manager_private.h", "tray_icon.h", "xml_node.h"},
-    "core": {"built_in_methods.h", "notification.h", "notification_method.h", "notification_module.h", "notification_rule.h",
-             "regular_file.h"},
+    "core": {"built_in_methods.h", "method_ids.h", "notification.h", "notification_method.h", "notification_module.h",
+             "notification_rule.h", "regular_file.h", "repeat_rule.h", "rule_document.h", "type_ids.h"},
+    "methods": {"sound_rule.h"},
     "platform/growl": {"popup_service.h"},
     "platform/freedesktop": {"bus_text.h", "freedesktop_log.h", "notification_service.h"},
     "kit/files": {"file_lock.h", "file_state.h", "private_folder.h", "private_umask.h", "regular_file.h"},
