@@ -20,7 +20,7 @@ class ZEPA_HOST_EXPORT ZepaField
 {
 public:
     /// Type codes as getType() returns them; 0 is fixed, the others are the client's own.
-    enum Type { NoType = 0, CheckBox = 1, ComboBox = 2, SpinBox = 3, SoundEdit = 4, TextEdit = 5 };
+    enum Type : int { NoType = 0, CheckBox = 1, ComboBox = 2, SpinBox = 3, SoundEdit = 4, TextEdit = 5 };
 
     ZepaField();
     ZepaField(const ZepaField& other);

@@ -15,14 +15,18 @@ namespace zepa::cli {
 
 QJsonValue jsonValue(const ZepaField& field)
 {
-    switch (field.getType()) {
+    switch (typeOf(field)) {
     case ZepaField::CheckBox:
         return field.isChecked();
     case ZepaField::SpinBox:
         return field.getIntValue();
-    default:
-        return field.getText();
+    case ZepaField::ComboBox:
+    case ZepaField::SoundEdit:
+    case ZepaField::TextEdit:
+    case ZepaField::NoType:
+        break;
     }
+    return field.getText();
 }
 
 QJsonObject jsonValues(const QList<ZepaField>& fields)
@@ -35,7 +39,7 @@ QJsonObject jsonValues(const QList<ZepaField>& fields)
 
 QString allowedValues(const ZepaField& field)
 {
-    switch (field.getType()) {
+    switch (typeOf(field)) {
     case ZepaField::CheckBox:
         return u"true or false"_s;
     case ZepaField::SpinBox:
@@ -46,9 +50,10 @@ QString allowedValues(const ZepaField& field)
         return u"a sound file, absolute or in the sound theme's folder"_s;
     case ZepaField::TextEdit:
         return u"any text"_s;
-    default:
-        return u"nothing"_s;
+    case ZepaField::NoType:
+        break;
     }
+    return u"nothing"_s;
 }
 
 QJsonObject allowedJson(const ZepaField& field)

@@ -3,6 +3,7 @@
 
 #include "kit/settings_page/sound_edit.h"
 #include "kit/texts/plain_text.h"
+#include "kit/values/field_value.h"
 #include "kit/widgets/plain_widgets.h"
 
 #include <QCheckBox>
@@ -146,7 +147,7 @@ bool hasTypingToUndo(const QObject& watched)
 
 FieldEdit* FieldEdit::make(const ZepaField& field, QWidget* parent)
 {
-    switch (field.getType()) {
+    switch (typeOf(field)) {
     case ZepaField::CheckBox:
         return new CheckEdit(field, parent);
     case ZepaField::ComboBox:
@@ -155,9 +156,11 @@ FieldEdit* FieldEdit::make(const ZepaField& field, QWidget* parent)
         return new NumberEdit(field, parent);
     case ZepaField::SoundEdit:
         return new SoundEdit(field, parent);
-    default:
-        return new TextEdit(field, parent);
+    case ZepaField::TextEdit:
+    case ZepaField::NoType:
+        break;
     }
+    return new TextEdit(field, parent);
 }
 
 void FieldEdit::present(const ZepaField& field, QWidget* part)

@@ -2,6 +2,7 @@
 #include "kit/settings_page/rule_text.h"
 
 #include "kit/settings_page/field_edit.h"
+#include "kit/values/field_value.h"
 
 #include <QCoreApplication>
 #include <QStringList>
@@ -12,7 +13,7 @@ namespace {
 
 QString valueText(const ZepaField& field)
 {
-    switch (field.getType()) {
+    switch (typeOf(field)) {
     case ZepaField::CheckBox:
         return field.isChecked() ? QCoreApplication::translate("zepa", "on")
                                  : QCoreApplication::translate("zepa", "off");
@@ -20,9 +21,12 @@ QString valueText(const ZepaField& field)
         return field.getItemLabels().value(field.getItemIds().indexOf(field.getSelectedId()), field.getSelectedId());
     case ZepaField::SpinBox:
         return field.getText() + field.getSuffix();
-    default:
-        return field.getText();
+    case ZepaField::SoundEdit:
+    case ZepaField::TextEdit:
+    case ZepaField::NoType:
+        break;
     }
+    return field.getText();
 }
 
 } // namespace

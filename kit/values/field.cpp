@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "kit/values/field_data.h"
+#include "kit/values/field_value.h"
 
 #include <algorithm>
 
@@ -83,7 +84,7 @@ QString ZepaField::getDescription() const
 
 QString ZepaField::getText() const
 {
-    switch (getType()) {
+    switch (zepa::typeOf(*this)) {
     case CheckBox:
         return d->checked ? u"true"_s : u"false"_s;
     case SpinBox:
@@ -92,14 +93,15 @@ QString ZepaField::getText() const
     case SoundEdit:
     case TextEdit:
         return d->text;
-    default:
-        return {};
+    case NoType:
+        break;
     }
+    return {};
 }
 
 void ZepaField::setText(const QString& text)
 {
-    switch (getType()) {
+    switch (zepa::typeOf(*this)) {
     case CheckBox:
         if (text == u"true"_s || text == u"false"_s)
             setChecked(text == u"true"_s);
@@ -118,7 +120,7 @@ void ZepaField::setText(const QString& text)
     case TextEdit:
         d->text = text;
         break;
-    default:
+    case NoType:
         break;
     }
 }
