@@ -2,6 +2,7 @@
 #include "client/client.h"
 
 #include "client/chats/chat_attention.h"
+#include "core/method_ids.h"
 #include "kit/settings_page/sound_check.h"
 #include "kit/sound/sound_decoder.h"
 
@@ -15,7 +16,7 @@ Client::Client(const QString& settingsFolder, Start when)
                        .wrapMethods = [this](ZepaNotificationModule& module) { m_recorded.wrapIn(module); }})
 {
     // The method itself has no arguments to give to the platform.
-    m_recorded.prepare(u"zepa_dock_bounce_notification_method"_s, nameChatForAttention);
+    m_recorded.prepare(ZepaMethodId::taskbar, nameChatForAttention);
     setSoundProbe([](const QString& path) { return audio::decodeSound(path).clip != nullptr; });
     if (when == Start::Now)
         start();

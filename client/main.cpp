@@ -13,6 +13,7 @@
 #include "client/window/client_requests.h"
 #include "client/window/main_window.h"
 #include "kit/rules/rule_backup.h"
+#include "kit/widgets/bring_to_front.h"
 
 #include <zepa_platform/bus.h>
 
@@ -59,11 +60,8 @@ void obeyRequests()
     QObject::connect(&ClientRequests::instance(), &ClientRequests::show, qApp, [] {
         const QWidgetList windows = QApplication::topLevelWidgets();
         for (QWidget* window : windows) {
-            if (!window->isVisible() || window->windowType() == Qt::Popup)
-                continue;
-            window->setWindowState(window->windowState() & ~Qt::WindowMinimized);
-            window->raise();
-            window->activateWindow();
+            if (window->isVisible() && window->windowType() != Qt::Popup)
+                zepa::bringToFront(*window);
         }
     });
     // Whoever waits for an answer goes on as if there was none.

@@ -2,6 +2,7 @@
 #include "client/chats/chat_manager.h"
 
 #include "client/chats/chat_window.h"
+#include "kit/widgets/bring_to_front.h"
 
 #include <QApplication>
 
@@ -40,10 +41,7 @@ ChatWindow* ChatManager::open(const ZepaBuddy& buddy)
         connect(window, &ChatWindow::messageEntered, this,
                 [this, window](const QString& text) { Q_EMIT messageEntered(window->buddy(), text); });
     }
-    window->setWindowState(window->windowState() & ~Qt::WindowMinimized);
-    window->show();
-    window->raise();
-    window->activateWindow();
+    bringToFront(*window);
     return window;
 }
 

@@ -45,10 +45,7 @@ public:
                                     {u"icon"_s, method.getActionIcon()},
                                     {u"fields"_s, described(method.fields)}});
         }
-        if (line.isSet(u"json"_s))
-            sayJson(json);
-        else
-            sayTable({u"METHOD"_s, u"WHAT IT DOES"_s, u"FIELDS"_s}, rows);
+        sayRows({u"METHOD"_s, u"WHAT IT DOES"_s, u"FIELDS"_s}, rows, json, line.isSet(u"json"_s));
         return Success;
     }
 

@@ -2,6 +2,7 @@
 #include "client/cli/output.h"
 
 #include "client/cli/standard_streams.h"
+#include "kit/texts/escapes.h"
 
 #include <QJsonDocument>
 #include <QtCore/qlogging.h>
@@ -18,33 +19,15 @@ namespace {
 OutputSink* currentSink = nullptr;
 QtMessageHandler unfilteredLog = nullptr;
 
-/// Terminals take some of these for commands; others hide or reorder what stands around them.
-bool isEscaped(QChar c)
-{
-    switch (c.category()) {
-    case QChar::Other_Control:
-    case QChar::Other_Format:
-    case QChar::Separator_Line:
-    case QChar::Separator_Paragraph:
-        return true;
-    default:
-        return false;
-    }
-}
-
 QString escaped(const QString& text, QStringView except)
 {
     QString shown;
     shown.reserve(text.size());
     for (const QChar c : text) {
-        if (!isEscaped(c) || except.contains(c))
+        if (!isControlling(c) || except.contains(c))
             shown += c;
-        else if (c == u'\n')
-            shown += u"\\n"_s;
-        else if (c == u'\t')
-            shown += u"\\t"_s;
         else
-            shown += u"\\u%1"_s.arg(c.unicode(), 4, 16, QChar(u'0'));
+            shown += escapeOf(c);
     }
     return shown;
 }
@@ -90,6 +73,8 @@ void printError(const QString& line)
     write(Stream::Errors, u"zepa: "_s + onOneLine(line) + u'\n');
 }
 
+namespace {
+
 void sayTable(const QStringList& headings, const QList<QStringList>& rows)
 {
     QList<qsizetype> widths(headings.size(), 0);
@@ -112,9 +97,14 @@ void sayTable(const QStringList& headings, const QList<QStringList>& rows)
     }
 }
 
-void sayJson(const QJsonArray& array)
+} // namespace
+
+void sayRows(const QStringList& headings, const QList<QStringList>& rows, const QJsonArray& json, bool asJson)
 {
-    passOn(Stream::Output, QJsonDocument(array).toJson(QJsonDocument::Indented));
+    if (asJson)
+        passOn(Stream::Output, QJsonDocument(json).toJson(QJsonDocument::Indented));
+    else
+        sayTable(headings, rows);
 }
 
 void sayJsonLine(const QJsonObject& object)

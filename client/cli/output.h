@@ -50,10 +50,8 @@ void say(const QString& line);
 /// The same on standard error, behind the program's name.
 void printError(const QString& line);
 
-/// Columns aligned under their headings.
-void sayTable(const QStringList& headings, const QList<QStringList>& rows);
-/// The whole document, indented.
-void sayJson(const QJsonArray& array);
+/// For people, columns aligned under their headings; for programs, the whole document, indented.
+void sayRows(const QStringList& headings, const QList<QStringList>& rows, const QJsonArray& json, bool asJson);
 /// One object on one line, for streams of them.
 void sayJsonLine(const QJsonObject& object);
 

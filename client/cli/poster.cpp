@@ -3,7 +3,6 @@
 
 #include "client/cli/output.h"
 #include "client/cli/user_action.h"
-#include "core/method_ids.h"
 
 using namespace Qt::StringLiterals;
 

@@ -54,10 +54,7 @@ public:
                     {u"type"_s, type}, {u"method"_s, method}, {u"settings"_s, jsonValues(rule->getConfig())}});
             }
         }
-        if (line.isSet(u"json"_s))
-            sayJson(json);
-        else
-            sayTable({u"TYPE"_s, u"METHOD"_s, u"SETTINGS"_s}, rows);
+        sayRows({u"TYPE"_s, u"METHOD"_s, u"SETTINGS"_s}, rows, json, line.isSet(u"json"_s));
         return Success;
     }
 };

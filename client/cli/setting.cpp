@@ -80,10 +80,7 @@ public:
             json.append(QJsonObject{
                 {u"id"_s, setting.getId()}, {u"value"_s, jsonValue(setting)}, {u"allowed"_s, allowedJson(setting)}});
         }
-        if (line.isSet(u"json"_s))
-            sayJson(json);
-        else
-            sayTable({u"SETTING"_s, u"VALUE"_s, u"ALLOWED"_s}, rows);
+        sayRows({u"SETTING"_s, u"VALUE"_s, u"ALLOWED"_s}, rows, json, line.isSet(u"json"_s));
         return Success;
     }
 };

@@ -39,10 +39,7 @@ public:
             json.append(
                 QJsonObject{{u"id"_s, id}, {u"name"_s, type.getName()}, {u"description"_s, type.getDescription()}});
         }
-        if (line.isSet(u"json"_s))
-            sayJson(json);
-        else
-            sayTable({u"TYPE"_s, u"NAME"_s, u"DESCRIPTION"_s}, rows);
+        sayRows({u"TYPE"_s, u"NAME"_s, u"DESCRIPTION"_s}, rows, json, line.isSet(u"json"_s));
         return Success;
     }
 };

@@ -8,9 +8,11 @@
 #include "client/window/journal_view.h"
 #include "client/window/notice_bar.h"
 #include "client/window/settings_dialog.h"
+#include "core/type_ids.h"
 #include "kit/journal/announce.h"
 #include "kit/rules/method_titles.h"
 #include "kit/rules/rule_lock.h"
+#include "kit/widgets/bring_to_front.h"
 
 #include <QAction>
 #include <QApplication>
@@ -42,10 +44,7 @@ MainWindow::~MainWindow()
 
 void MainWindow::bringToFront()
 {
-    setWindowState(windowState() & ~Qt::WindowMinimized);
-    show();
-    raise();
-    activateWindow();
+    zepa::bringToFront(*this);
 }
 
 void MainWindow::openNotificationSettings()
@@ -56,10 +55,7 @@ void MainWindow::openNotificationSettings()
         m_notificationSettings = new SettingsDialog(m_client, this);
     }
     m_notificationSettings->refresh();
-    m_notificationSettings->setWindowState(m_notificationSettings->windowState() & ~Qt::WindowMinimized);
-    m_notificationSettings->show();
-    m_notificationSettings->raise();
-    m_notificationSettings->activateWindow();
+    zepa::bringToFront(*m_notificationSettings);
 }
 
 void MainWindow::tell(const QString& text)
@@ -121,7 +117,7 @@ void MainWindow::fill()
     connect(&ChatManager::instance(), &ChatManager::messageEntered, this,
             [this](const ZepaBuddy& buddy, const QString& text) {
                 m_client.whenStarted(this, [this, buddy, text] {
-                    announce(m_client.recorder(), {u"message_sent"_s, buddy.getName(), text, {}, buddy, {}});
+                    announce(m_client.recorder(), {ZepaTypeId::messageSent, buddy.getName(), text, {}, buddy, {}});
                 });
             });
     // The window may be active already: what is not shown yet would not get the keyboard.

@@ -1,10 +1,11 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
-#include "kit/sound/failure_log.h"
+#include "kit/sound/audio_log.h"
 #include "kit/sound/play_queue.h"
 #include "kit/sound/pulse_player.h"
 #include "kit/sound/sound_cache.h"
+#include "kit/texts/fault_log.h"
 
 namespace zepa::audio {
 
@@ -32,7 +33,7 @@ private:
     pa_mainloop* const m_loop;
     pa_io_event* const m_wake;
     SoundCache m_cache;
-    FailureLog m_log;
+    FaultLog m_log{lcZepaAudio, "no sound from "};
     PulsePlayer m_player;
 };
 

@@ -3,7 +3,8 @@
 
 #include "core/notification_method.h"
 #include "kit/extra_methods/command/command_runner.h"
-#include "kit/extra_methods/fault_log.h"
+#include "kit/extra_methods/methods_log.h"
+#include "kit/texts/fault_log.h"
 
 #include <QList>
 #include <QString>
@@ -56,7 +57,7 @@ public:
 
 private:
     CommandRunner m_runner;
-    FaultLog m_faults;
+    FaultLog m_faults{lcZepaMethods};
 };
 
 } // namespace zepa

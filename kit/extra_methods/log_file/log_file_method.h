@@ -2,7 +2,8 @@
 #pragma once
 
 #include "core/notification_method.h"
-#include "kit/extra_methods/fault_log.h"
+#include "kit/extra_methods/methods_log.h"
+#include "kit/texts/fault_log.h"
 
 namespace zepa {
 
@@ -25,7 +26,7 @@ public:
     QString getActionIcon() const override;
 
 private:
-    FaultLog m_faults;
+    FaultLog m_faults{lcZepaMethods};
 };
 
 } // namespace zepa

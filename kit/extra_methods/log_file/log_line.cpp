@@ -1,29 +1,13 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "kit/extra_methods/log_file/log_line.h"
 
+#include "kit/texts/escapes.h"
+
 using namespace Qt::StringLiterals;
 
 namespace zepa {
 
 namespace {
-
-bool isHarmless(QChar character)
-{
-    switch (character.category()) {
-    case QChar::Other_Control:
-    case QChar::Other_Format:
-    case QChar::Separator_Line:
-    case QChar::Separator_Paragraph:
-        return false;
-    default:
-        return true;
-    }
-}
-
-QString codeOf(QChar character)
-{
-    return u"\\u%1"_s.arg(static_cast<ushort>(character.unicode()), 4, 16, QLatin1Char('0'));
-}
 
 QString escaped(const QString& text)
 {
@@ -36,12 +20,8 @@ QString escaped(const QString& text)
             result += QStringView(text).sliced(i++, 2);
         else if (character == u'\\')
             result += u"\\\\"_s;
-        else if (character == u'\n')
-            result += u"\\n"_s;
-        else if (character == u'\t')
-            result += u"\\t"_s;
         else
-            result += character.isSurrogate() || !isHarmless(character) ? codeOf(character) : QString(character);
+            result += character.isSurrogate() || isControlling(character) ? escapeOf(character) : QString(character);
     }
     return result;
 }

@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
-#include "kit/extra_methods/fault_log.h"
+#include "kit/extra_methods/methods_log.h"
+#include "kit/texts/fault_log.h"
 
 #include <QList>
 #include <QProcess>
@@ -46,7 +47,7 @@ private:
     QList<Utterance> m_waiting;
     QProcess m_process;
     QTimer m_patience;
-    FaultLog m_faults;
+    FaultLog m_faults{lcZepaMethods};
 };
 
 } // namespace zepa

@@ -27,7 +27,7 @@ TEST(Output, KeepsOrdinaryTexts)
 TEST(Output, AlignsTheColumnsOfATable)
 {
     testing::internal::CaptureStdout();
-    zepa::cli::sayTable({u"A"_s, u"B"_s}, {{u"long one"_s, u"x"_s}, {u"s"_s, u"y\n"_s}});
+    zepa::cli::sayRows({u"A"_s, u"B"_s}, {{u"long one"_s, u"x"_s}, {u"s"_s, u"y\n"_s}}, {}, false);
     EXPECT_EQ(testing::internal::GetCapturedStdout(), "A         B\nlong one  x\ns         y\\n\n");
 }
 
@@ -68,8 +68,8 @@ TEST(Output, ThatIsPassedOnKeepsItsLinesAndTabsAlone)
 TEST(Output, InJsonIsEscapedAsJsonDoesIt)
 {
     const QJsonObject object{{u"x"_s, steering}};
-    for (const std::string& text :
-         {onOutput([&] { zepa::cli::sayJsonLine(object); }), onOutput([&] { zepa::cli::sayJson({object}); })}) {
+    for (const std::string& text : {onOutput([&] { zepa::cli::sayJsonLine(object); }),
+                                    onOutput([&] { zepa::cli::sayRows({}, {}, {object}, true); })}) {
         const QByteArray bytes = QByteArray::fromStdString(text);
         EXPECT_EQ(QString::fromUtf8(bytes).count(QRegularExpression(u"[^\n -~]"_s)), 0) << text;
         const QJsonDocument read = QJsonDocument::fromJson(bytes);
