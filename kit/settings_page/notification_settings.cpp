@@ -34,19 +34,6 @@ using namespace Qt::StringLiterals;
 
 namespace zepa {
 
-namespace {
-
-QPushButton* button(const QString& text, const char* name, QWidget* parent)
-{
-    auto* made = new QPushButton(text, parent);
-    made->setObjectName(QString::fromLatin1(name));
-    // Enter belongs to the field that has the focus.
-    made->setAutoDefault(false);
-    return made;
-}
-
-} // namespace
-
 NotificationSettings::NotificationSettings(const RuleStore& store, QWidget* parent)
     : QWidget(parent)
     , m_editor(new RuleEditor(store, this))
@@ -57,8 +44,8 @@ NotificationSettings::NotificationSettings(const RuleStore& store, QWidget* pare
     , m_settings(new FieldForm(this))
     , m_panes(new QBoxLayout(QBoxLayout::LeftToRight))
     , m_buttons(new QHBoxLayout)
-    , m_undo(button(tr("&Undo"), "undo", this))
-    , m_redo(button(tr("Red&o"), "redo", this))
+    , m_undo(makeButton(tr("&Undo"), "undo", this))
+    , m_redo(makeButton(tr("Red&o"), "redo", this))
     , m_undoText(new ElidedLabel(this))
     , m_said(makePlainLabel(this))
     , m_live(new ScreenReaderText(this))

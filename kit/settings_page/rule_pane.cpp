@@ -31,14 +31,6 @@ QLabel* wrapped(QWidget* parent)
     return label;
 }
 
-QPushButton* button(const QString& text, const char* name, QWidget* parent)
-{
-    auto* made = new QPushButton(text, parent);
-    made->setObjectName(QString::fromLatin1(name));
-    made->setAutoDefault(false);
-    return made;
-}
-
 } // namespace
 
 RulePane::RulePane(RuleEditor& editor, QWidget* parent)
@@ -49,10 +41,10 @@ RulePane::RulePane(RuleEditor& editor, QWidget* parent)
     , m_rule(new QComboBox(this))
     , m_state(wrapped(this))
     , m_form(new FieldForm(this))
-    , m_add(button(tr("&Add a rule"), "add", this))
-    , m_remove(button(tr("Re&move this rule"), "remove", this))
-    , m_sample(button(tr("Post a &sample"), "sample", this))
-    , m_defaults(button(tr("Restore &defaults"), "defaults", this))
+    , m_add(makeButton(tr("&Add a rule"), "add", this))
+    , m_remove(makeButton(tr("Re&move this rule"), "remove", this))
+    , m_sample(makeButton(tr("Post a &sample"), "sample", this))
+    , m_defaults(makeButton(tr("Restore &defaults"), "defaults", this))
 {
     m_rule->setObjectName(u"rule"_s);
     m_ruleLabel->setBuddy(m_rule);

@@ -4,6 +4,7 @@
 #include "kit/texts/plain_text.h"
 
 #include <QLabel>
+#include <QPushButton>
 
 namespace zepa {
 
@@ -12,6 +13,14 @@ void setPlainToolTip(QWidget& widget, const QString& text)
     widget.setToolTip(plainToolTip(text));
     // Without a description of its own, a screen reader gets the tool tip's source.
     widget.setAccessibleDescription(text);
+}
+
+QPushButton* makeButton(const QString& text, const char* name, QWidget* parent)
+{
+    auto* button = new QPushButton(text, parent);
+    button->setObjectName(QString::fromLatin1(name));
+    button->setAutoDefault(false);
+    return button;
 }
 
 QLabel* makePlainLabel(QWidget* parent, const QString& text)

@@ -28,7 +28,7 @@ QString withoutControls(QString text)
 }
 
 /// Cuts behind the last whole word; a text that is one long word is cut within it, never within a character.
-QString shortened(const QString& text)
+QString cutAtAWord(const QString& text)
 {
     if (text.size() <= longestSpeech)
         return text;
@@ -46,7 +46,7 @@ QString speakable(const QString& text)
     // Two brackets would begin a text in the speaker's own phonetic letters.
     while (words.contains(u"[["_s))
         words.replace(u"[["_s, u"[ ["_s);
-    return shortened(words);
+    return cutAtAWord(words);
 }
 
 } // namespace zepa
