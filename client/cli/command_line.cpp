@@ -3,7 +3,7 @@
 
 #include "client/cli/help.h"
 #include "client/cli/output.h"
-#include "kit/settings/base_folders.h"
+#include "kit/files/base_folders.h"
 
 #include <algorithm>
 

@@ -5,6 +5,7 @@
 #include "core/notification_module.h"
 #include "core/notification_rule.h"
 #include "core/rule_document.h"
+#include "host/settings_manager.h"
 #include "host/xml_node.h"
 #include "kit/rules/rule_backup.h"
 #include "kit/rules/stored_file.h"
@@ -12,12 +13,31 @@
 
 #include <QHash>
 #include <QList>
+#include <QLoggingCategory>
 
 #include <algorithm>
+#include <utility>
 
 namespace zepa {
 
 namespace {
+
+Q_LOGGING_CATEGORY(lcZepaRules, "zepa.rules")
+
+/// Whether the client's settings do what HiddenRuleFolder asks of them.
+bool canHideRuleFolder()
+{
+    const ZepaSettingsManager& settings = *ZepaSettingsManager::getInstance();
+    const QString shown = settings.getSettingsDir();
+    const HiddenRuleFolder hidden;
+    if (settings.getSettingsDir() != shown)
+        return true;
+    static bool isTold = false;
+    if (!std::exchange(isTold, true))
+        qCWarning(lcZepaRules, "ZepaSettingsManager::getSettingsDir() ignores zepa::HiddenRuleFolder, so rules can be "
+                               "neither changed nor brought up to date");
+    return false;
+}
 
 /// A rule that a file holds.
 struct FileRule
@@ -101,8 +121,10 @@ QByteArray ruleFileOf(const ZepaNotificationModule& module, const QString& typeI
     return ZepaRuleDocument::content(module.getRules(module.getNotifications().value(typeId)));
 }
 
-void bringUpToDate(ZepaNotificationModule& module, RuleBackup& backup)
+bool bringUpToDate(ZepaNotificationModule& module, RuleBackup& backup)
 {
+    if (!canHideRuleFolder())
+        return false;
     const QHash<QString, ZepaNotification*> types = module.getNotifications();
     backup.protect(types.keys());
     backup.repair([&](const QString& typeId) {
@@ -116,6 +138,7 @@ void bringUpToDate(ZepaNotificationModule& module, RuleBackup& backup)
         takeOver(module, *type, file.content);
         backup.setLoaded(type.key(), file.content);
     }
+    return true;
 }
 
 } // namespace zepa

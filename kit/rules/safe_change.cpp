@@ -52,8 +52,7 @@ SafeChange changeSafely(ZepaNotificationModule& module, RuleBackup& backup, Rule
         return lock.isPossible() ? SafeChange::Busy : SafeChange::Refused;
     const PrivateUmask forUsAlone;
     // 1. The module knows what other clients did, and whatever the change may rewrite has its copy.
-    bringUpToDate(module, backup);
-    if (!canBeWritten(backup.ruleFile(typeId)))
+    if (!bringUpToDate(module, backup) || !canBeWritten(backup.ruleFile(typeId)))
         return SafeChange::Refused;
     if (!backup.keepAll() || !backup.keep(typeId) || !backup.beginChange(typeId))
         return SafeChange::Refused;

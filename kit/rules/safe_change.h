@@ -17,8 +17,10 @@ enum class SafeChange {
     Stored,            ///< on the disk, with a copy
     StoredWithoutCopy, ///< on the disk; nothing more can be changed before there is room for a copy
     NotStored,         ///< made in the module only: the files hold what they held before
-    Refused,           ///< not made: the type's file cannot be written, or a file has no copy that could be put back
-    Busy               ///< not made: another client has the rule files for longer than anyone waits
+    /// not made: the type's file cannot be written, or a file has no copy that could be put back, or the client's
+    /// settings ignore HiddenRuleFolder
+    Refused,
+    Busy ///< not made: another client has the rule files for longer than anyone waits
 };
 
 /// Calls `edit`, which changes the rules of that type through the module's operations, as many as it takes, and sees to

@@ -10,7 +10,7 @@ namespace zepa {
 /// While an object of this class lives, ZepaSettingsManager::getSettingsDir() must name a folder that cannot exist: the
 /// library then finds no rule files, and stores none. The kit uses it to bring the module's rules up to files that
 /// another process has written. A client with a ZepaSettingsManager of its own asks isActive() there, as `Settings`
-/// does. Main thread only.
+/// does; otherwise every change of rules is refused. Main thread only.
 class ZEPA_KIT_EXPORT HiddenRuleFolder
 {
 public:

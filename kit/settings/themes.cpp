@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "kit/settings/themes.h"
 
-#include "kit/settings/base_folders.h"
+#include "kit/files/base_folders.h"
 
 #include <QCoreApplication>
 #include <QDir>

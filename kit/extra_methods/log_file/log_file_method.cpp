@@ -6,7 +6,7 @@
 #include "kit/extra_methods/log_file/log_line.h"
 #include "kit/extra_methods/log_file/log_writer.h"
 #include "kit/extra_methods/rule_setting.h"
-#include "kit/settings/base_folders.h"
+#include "kit/files/base_folders.h"
 
 #include <QCoreApplication>
 #include <QDateTime>

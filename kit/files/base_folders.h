@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
-#include "kit/kit_export.h"
-
 #include <QString>
 
 /// The user's folders of the XDG base directories, each with a separator at its end. As the rules for them say, a
@@ -10,10 +8,10 @@
 namespace zepa {
 
 /// $XDG_CONFIG_HOME/zepa/, by default ~/.config/zepa/.
-ZEPA_KIT_EXPORT QString configFolder();
+QString configFolder();
 /// $XDG_DATA_HOME/zepa/, by default ~/.local/share/zepa/.
-ZEPA_KIT_EXPORT QString dataFolder();
+QString dataFolder();
 /// $XDG_STATE_HOME/zepa/, by default ~/.local/state/zepa/: for logs.
-ZEPA_KIT_EXPORT QString stateFolder();
+QString stateFolder();
 
 } // namespace zepa

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-#include "kit/settings/base_folders.h"
+#include "kit/files/base_folders.h"
 
 #include <QDir>
 
