@@ -23,7 +23,7 @@ bool PopupBook::settle(Ticket ticket, PopupId id)
     if (popup == m_popups.end() || popup->second.id != 0)
         return false;
     if (const auto earlier = m_popups.find(m_ticketOfId.value(id)); earlier != m_popups.end()) {
-        answer(earlier->second, Answer::Kind::TimedOut);
+        answer(earlier->second);
         erase(earlier);
     }
     popup->second.id = id;
@@ -50,7 +50,7 @@ void PopupBook::fail(Ticket ticket)
     const auto popup = m_popups.find(ticket);
     if (popup == m_popups.end())
         return;
-    answer(popup->second, Answer::Kind::TimedOut);
+    answer(popup->second);
     erase(popup);
     dropEarlyAnswersIfUseless();
 }
@@ -58,7 +58,7 @@ void PopupBook::fail(Ticket ticket)
 void PopupBook::clicked(PopupId id, const QString& activationToken)
 {
     if (const auto popup = m_popups.find(m_ticketOfId.value(id)); popup != m_popups.end())
-        answer(popup->second, Answer::Kind::Clicked, activationToken);
+        answer(popup->second, std::make_unique<Answer::Click>(Answer::Click{id, activationToken}));
     else if (EarlyAnswer* early = earlyAnswer(id); early != nullptr && !early->isClosed)
         early->clickToken = activationToken;
 }
@@ -66,7 +66,7 @@ void PopupBook::clicked(PopupId id, const QString& activationToken)
 void PopupBook::closed(PopupId id)
 {
     if (const auto popup = m_popups.find(m_ticketOfId.value(id)); popup != m_popups.end()) {
-        answer(popup->second, Answer::Kind::TimedOut);
+        answer(popup->second);
         erase(popup);
     } else if (EarlyAnswer* early = earlyAnswer(id)) {
         early->isClosed = true;
@@ -89,7 +89,7 @@ void PopupBook::forgetShown()
         const auto current = popup++;
         if (current->second.id == 0)
             continue;
-        answer(current->second, Answer::Kind::TimedOut);
+        answer(current->second);
         erase(current);
     }
 }
@@ -111,7 +111,7 @@ std::optional<PopupBook::Time> PopupBook::nextDeadline() const
     return m_popups.begin()->second.since + backstop;
 }
 
-QList<Answer> PopupBook::takeAnswers()
+std::deque<Answer> PopupBook::takeAnswers()
 {
     return std::exchange(m_answers, {});
 }
@@ -132,11 +132,11 @@ QList<PopupId> PopupBook::clickableIds() const
 }
 
 /// Answers a pop-up unless it was answered before; it stays in the book.
-void PopupBook::answer(Popup& popup, Answer::Kind kind, const QString& activationToken)
+void PopupBook::answer(Popup& popup, std::unique_ptr<Answer::Click> click)
 {
     if (popup.context.isNull())
         return;
-    m_answers.append({kind, std::exchange(popup.context, {}), popup.id, activationToken});
+    m_answers.push_back({std::exchange(popup.context, {}), std::move(click)});
     --m_waitingCount;
 }
 
@@ -147,7 +147,7 @@ void PopupBook::giveUp(Popup& popup)
         return;
     if (popup.id != 0)
         m_unwanted.append(popup.id);
-    answer(popup, Answer::Kind::TimedOut);
+    answer(popup);
 }
 
 void PopupBook::erase(Popups::iterator popup)

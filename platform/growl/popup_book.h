@@ -9,19 +9,24 @@
 #include <QString>
 
 #include <chrono>
+#include <deque>
 #include <map>
+#include <memory>
 #include <optional>
 
 namespace zepa::growl {
 
-/// How one pop-up ended.
+/// How one pop-up ended. Small: an application that posts without end leaves one for each posting.
 struct Answer
 {
-    enum class Kind { Clicked, TimedOut };
-    Kind kind = Kind::TimedOut;
+    struct Click
+    {
+        PopupId id = 0;
+        QString activationToken; ///< empty for none
+    };
+
     ClickContext context;
-    PopupId id = 0;          ///< 0 when it never had one
-    QString activationToken; ///< of a click, empty for none
+    std::unique_ptr<Click> click; ///< null when it timed out
 };
 
 /// Pop-ups that the service shows for us, by the id that it gave them.
@@ -72,8 +77,8 @@ public:
     std::optional<Time> nextDeadline() const;
 
     /// What was answered since the last call, in order.
-    QList<Answer> takeAnswers();
-    bool hasAnswers() const { return !m_answers.isEmpty(); }
+    std::deque<Answer> takeAnswers();
+    bool hasAnswers() const { return !m_answers.empty(); }
     int waitingCount() const { return m_waitingCount; }
     /// Pop-ups that counted as timed out though the service shows them, since the last call: a click on one of them
     /// would do nothing any more. An id is told as soon as it is known.
@@ -102,7 +107,7 @@ private:
     };
     using Popups = std::map<Ticket, Popup>;
 
-    void answer(Popup& popup, Answer::Kind kind, const QString& activationToken = {});
+    void answer(Popup& popup, std::unique_ptr<Answer::Click> click = nullptr);
     void giveUp(Popup& popup);
     void erase(Popups::iterator popup);
     void keepToLimits();
@@ -113,7 +118,7 @@ private:
     Popups m_popups; ///< oldest first
     QHash<PopupId, Ticket> m_ticketOfId;
     QList<EarlyAnswer> m_early;
-    QList<Answer> m_answers;
+    std::deque<Answer> m_answers;
     QList<PopupId> m_unwanted;
     Ticket m_lastTicket = 0;
     int m_waitingCount = 0; ///< with an answer owed

@@ -6,6 +6,7 @@
 #include <QCoreApplication>
 
 #include <algorithm>
+#include <iterator>
 #include <utility>
 
 using namespace Qt::StringLiterals;
@@ -58,8 +59,10 @@ Session::Session(const Registration& registration, std::unique_ptr<PopupService>
     connect(m_service.get(), &PopupService::lost, this, [this] {
         m_book.forgetShown();
         // What is still to be told is told, but its ids mean other pop-ups from now on.
-        for (Answer& answer : m_answers)
-            answer.id = 0;
+        for (const Answer& answer : m_answers) {
+            if (answer.click)
+                answer.click->id = 0;
+        }
         afterBookChanged();
     });
 }
@@ -116,7 +119,7 @@ void Session::withdraw(const QString& name, const QString& title)
 void Session::afterBookChanged()
 {
     if (m_book.hasAnswers()) {
-        m_answers += m_book.takeAnswers();
+        std::ranges::move(m_book.takeAnswers(), std::back_inserter(m_answers));
         m_delivery.start();
     }
     for (const PopupId id : m_book.takeUnwanted())
@@ -129,37 +132,38 @@ void Session::afterBookChanged()
 
 void Session::deliverAnswers()
 {
-    if (m_answers.isEmpty())
+    if (m_answers.empty())
         return;
     // A call-back may post, register or run an event loop of its own: the answer leaves the list before it is told, and
     // the others do not wait for it.
-    const Answer answer = m_answers.takeFirst();
-    if (!m_answers.isEmpty())
+    const Answer answer = std::move(m_answers.front());
+    m_answers.pop_front();
+    if (!m_answers.empty())
         m_delivery.start();
     deliver(answer);
 }
 
 void Session::deliver(const Answer& answer)
 {
-    const bool clicked = answer.kind == Answer::Kind::Clicked;
+    const Answer::Click* click = answer.click.get();
     // Some services leave a pop-up open after its action.
-    if (clicked && m_book.isShown(answer.id))
-        m_service->close(answer.id);
+    if (click != nullptr && m_book.isShown(click->id))
+        m_service->close(click->id);
     if (!m_registration.isSet() || answer.context.generation() != m_registration.generation())
         return;
-    Registration::CallBack callBack = clicked ? m_registration.clicked() : m_registration.timedOut();
-    if (clicked && answer.context.clickCallBack() != nullptr)
+    Registration::CallBack callBack = click != nullptr ? m_registration.clicked() : m_registration.timedOut();
+    if (click != nullptr && answer.context.clickCallBack() != nullptr)
         callBack = answer.context.clickCallBack();
     if (callBack == nullptr)
         return;
     // A token is good for one window, or for one program that the call-back starts; whatever came later would raise the
     // wrong one with it, or none.
-    if (clicked)
+    if (click != nullptr)
         qunsetenv("XDG_ACTIVATION_TOKEN");
-    if (!answer.activationToken.isEmpty())
-        qputenv("XDG_ACTIVATION_TOKEN", answer.activationToken.toUtf8());
+    if (click != nullptr && !click->activationToken.isEmpty())
+        qputenv("XDG_ACTIVATION_TOKEN", click->activationToken.toUtf8());
     callBack(answer.context.get());
-    if (clicked)
+    if (click != nullptr)
         qunsetenv("XDG_ACTIVATION_TOKEN");
 }
 

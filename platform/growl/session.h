@@ -7,10 +7,10 @@
 #include "registration.h"
 
 #include <QElapsedTimer>
-#include <QList>
 #include <QObject>
 #include <QTimer>
 
+#include <deque>
 #include <memory>
 
 namespace zepa::growl {
@@ -46,7 +46,7 @@ private:
     const std::unique_ptr<PopupService> m_service;
     PopupBook m_book;
     QTimer m_deadline;
-    QList<Answer> m_answers; ///< to be delivered, in order
+    std::deque<Answer> m_answers; ///< to be delivered, in order
     QTimer m_delivery;
 };
 

@@ -56,7 +56,7 @@ protected:
                 CFStringGetCharacters(string, {index, 1}, &unit);
                 content += static_cast<char>(unit);
             }
-            result.push_back((answer.kind == Answer::Kind::Clicked ? "clicked " : "timed out ") + content);
+            result.push_back((answer.click ? "clicked " : "timed out ") + content);
         }
         return result;
     }
@@ -77,11 +77,11 @@ TEST_F(PopupBookTest, AnswersAClickedPopupOnceThoughItIsClosedAfterwards)
     m_book.closed(7);
     m_book.clicked(7, {});
     m_book.advance(48h);
-    const QList<Answer> answers = m_book.takeAnswers();
-    ASSERT_EQ(answers.size(), 1);
-    EXPECT_EQ(answers[0].kind, Answer::Kind::Clicked);
-    EXPECT_EQ(answers[0].id, 7U);
-    EXPECT_EQ(answers[0].activationToken, u"token"_s);
+    const std::deque<Answer> answers = m_book.takeAnswers();
+    ASSERT_EQ(answers.size(), 1U);
+    ASSERT_TRUE(answers[0].click);
+    EXPECT_EQ(answers[0].click->id, 7U);
+    EXPECT_EQ(answers[0].click->activationToken, u"token"_s);
 }
 
 TEST_F(PopupBookTest, CallsAClosedPopupTimedOutAtOnceAndTakesNoClickAfterwards)
@@ -100,10 +100,10 @@ TEST_F(PopupBookTest, KeepsAClickThatComesBeforeTheReply)
     m_book.closed(7);
     EXPECT_FALSE(m_book.hasAnswers());
     m_book.settle(ticket, 7);
-    const QList<Answer> answers = m_book.takeAnswers();
-    ASSERT_EQ(answers.size(), 1);
-    EXPECT_EQ(answers[0].kind, Answer::Kind::Clicked);
-    EXPECT_EQ(answers[0].activationToken, u"token"_s);
+    const std::deque<Answer> answers = m_book.takeAnswers();
+    ASSERT_EQ(answers.size(), 1U);
+    ASSERT_TRUE(answers[0].click);
+    EXPECT_EQ(answers[0].click->activationToken, u"token"_s);
     EXPECT_FALSE(m_book.isShown(7));
 }
 
