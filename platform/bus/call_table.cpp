@@ -10,6 +10,13 @@
 
 namespace zepa::bus {
 
+namespace {
+
+/// The limit of a bus may be for all that a user runs, so that it does not stay where it was found.
+constexpr Time raiseInterval = 1000000;
+
+} // namespace
+
 void CallTable::handle(const Message& reply)
 {
     const std::uint64_t cookie = ConnectionCore::replyCookie(reply);
@@ -23,6 +30,10 @@ void CallTable::handle(const Message& reply)
     }
     const PendingCall call = std::move(*found);
     m_calls.erase(found);
+    if (!call.isOfTheBus && reply.isOverLimits()) {
+        m_limit = std::min(m_limit, underWay());
+        m_raiseAt = now() + raiseInterval;
+    }
     if (call.reply)
         deliver(call, call.reply, reply);
     else if (call.late && !reply.isError() && now() <= call.lateUntil)
@@ -71,8 +82,18 @@ void CallTable::endOverdue(Time time)
         deliver(call, call.reply, error);
 }
 
+void CallTable::raiseLimit(Time time)
+{
+    if (!m_raiseAt || *m_raiseAt > time)
+        return;
+    ++m_limit;
+    m_raiseAt = m_limit < Connection::callLimit ? std::optional(time + raiseInterval) : std::nullopt;
+}
+
 void CallTable::refuseAll()
 {
+    m_limit = Connection::callLimit;
+    m_raiseAt.reset();
     for (PendingCall& call : std::exchange(m_calls, {})) {
         if (call.reply)
             refuse(std::move(call), disconnected);
@@ -111,7 +132,7 @@ int CallTable::underWay() const
 
 std::optional<Time> CallTable::deadline() const
 {
-    std::optional<Time> first;
+    std::optional<Time> first = m_raiseAt;
     for (const PendingCall& call : m_calls) {
         if (!call.reply && !call.late)
             continue;

@@ -44,6 +44,8 @@ public:
     void handle(const Message& reply);
     /// Ends the calls whose time is over. One of the bus is forgotten; others count until their reply comes.
     void endOverdue(Time time);
+    /// Lets one more be under way when it is time for that.
+    void raiseLimit(Time time);
     /// Ends all calls: at once, or with deliverRefused().
     void endAll();
     void refuseAll();
@@ -55,6 +57,7 @@ public:
 
     /// Without those of the bus.
     int underWay() const;
+    bool hasRoom() const { return underWay() < m_limit; }
     std::optional<Time> deadline() const;
 
 private:
@@ -70,6 +73,8 @@ private:
 
     std::vector<PendingCall> m_calls; ///< some sixty at most: the oldest, which is first, is mostly the one looked for
     std::vector<Refused> m_refused;
+    int m_limit = Connection::callLimit; ///< lower when the bus has lower ones
+    std::optional<Time> m_raiseAt;       ///< while it is lower
 };
 
 inline constexpr const char* disconnected = "org.freedesktop.DBus.Error.Disconnected";

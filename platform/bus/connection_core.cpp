@@ -180,7 +180,7 @@ void ConnectionCore::tellOfRoom()
 
 bool ConnectionCore::canCall()
 {
-    const bool hasRoom = isOpen() && m_calls.underWay() < Connection::callLimit && hasRoomInQueue(shortQueue);
+    const bool hasRoom = isOpen() && m_calls.hasRoom() && hasRoomInQueue(shortQueue);
     m_wantsRoom = m_wantsRoom || !hasRoom;
     return hasRoom;
 }
@@ -321,6 +321,7 @@ void ConnectionCore::onTimer()
     if (mustProcess && m_transport.isStarted())
         m_transport.process();
     m_calls.endOverdue(time);
+    m_calls.raiseLimit(time);
     m_calls.deliverRefused();
     tellOfRoom();
     if (mustTell && m_connection != nullptr)

@@ -1,4 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
+#include "bus/connection_core.h"
+
 #include <zepa_platform/bus.h>
 
 #include <QStringEncoder>
@@ -101,6 +103,12 @@ QLatin1StringView Message::member() const
 QLatin1StringView Message::signature() const
 {
     return view(m_message == nullptr ? nullptr : sd_bus_message_get_signature(m_message, 1));
+}
+
+bool Message::isOverLimits() const
+{
+    return errorName() == QLatin1StringView(limitsExceeded) &&
+           (m_localError != nullptr || sender() == QLatin1StringView(busName));
 }
 
 QLatin1StringView Message::errorName() const

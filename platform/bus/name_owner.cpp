@@ -18,12 +18,11 @@ NameOwner::NameOwner(ConnectionCore& core, const QByteArray& name) : m_core(core
 
 void NameOwner::start()
 {
-    SignalMatch match;
-    match.sender = busName;
-    match.path = busPath;
-    match.interface = busName;
-    match.member = "NameOwnerChanged";
-    match.firstArgument = m_name;
+    const SignalMatch match{.sender = busName,
+                            .path = busPath,
+                            .interface = busName,
+                            .member = "NameOwnerChanged",
+                            .firstArgument = m_name};
     m_match = m_core.signalTable().add(match, [this](const Message& signal) { onChanged(signal); }, {});
     ask();
 }

@@ -48,11 +48,8 @@ void ServiceWatcher::State::followActivatable()
 {
     if (match)
         return;
-    SignalMatch signal;
-    signal.sender = busName;
-    signal.path = busPath;
-    signal.interface = busName;
-    signal.member = "ActivatableServicesChanged";
+    const SignalMatch signal{
+        .sender = busName, .path = busPath, .interface = busName, .member = "ActivatableServicesChanged"};
     match = core->signalTable().add(signal, [this](const Message&) { askActivatable(); }, {});
     askActivatable();
 }

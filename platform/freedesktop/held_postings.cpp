@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "held_postings.h"
 
+#include <algorithm>
 #include <utility>
 
 namespace zepa::freedesktop {
@@ -16,13 +17,15 @@ qsizetype bytesOf(const growl::PopupPosting& posting)
 
 } // namespace
 
-void HeldPostings::append(Held held)
+void HeldPostings::add(Held held)
 {
     m_bytes += bytesOf(held.posting);
     const QImage& icon = held.posting.icon;
     if (!icon.isNull() && ++m_icons[icon.cacheKey()] == 1)
         m_bytes += icon.sizeInBytes();
-    m_held.push_back(std::move(held));
+    // Almost always the last. One that comes back is older.
+    const auto isOlder = [&held](const Held& other) { return other.ticket < held.ticket; };
+    m_held.insert(std::find_if(m_held.rbegin(), m_held.rend(), isOlder).base(), std::move(held));
 }
 
 HeldPostings::Held HeldPostings::takeFirst()

@@ -9,8 +9,8 @@
 
 namespace zepa::freedesktop {
 
-/// Postings that wait, in their order. The queue counts what they keep in memory: texts, and each icon once, since
-/// equal icons share their pixels.
+/// Postings that wait, in the order of their tickets. The queue counts what they keep in memory: texts, and each icon
+/// once, since equal icons share their pixels.
 class HeldPostings
 {
 public:
@@ -24,7 +24,7 @@ public:
         qint64 since = 0; ///< in the caller's time
     };
 
-    void append(Held held);
+    void add(Held held);
     Held takeFirst();
     const Held& first() const { return m_held.front(); }
     bool isEmpty() const { return m_held.empty(); }

@@ -3,76 +3,76 @@
 
 #include "service_address.h"
 
+#include <QStringList>
+
 using namespace Qt::StringLiterals;
 
 namespace zepa::freedesktop {
 
-NotificationService::NotificationService(bus::Connection& connection)
-    : m_connection(connection)
-    , m_watcher(connection, serviceName)
-    , m_outbox(connection, m_watcher)
+NotificationService::NotificationService(bus::Connection& connection, int capabilitiesAge)
+    : BusPopupService(connection, serviceName, capabilitiesAge)
     , m_listening{listen("ActionInvoked", &NotificationService::onActionInvoked),
                   listen("ActivationToken", &NotificationService::onActivationToken),
                   listen("NotificationClosed", &NotificationService::onNotificationClosed)}
-{
-    connect(&m_outbox, &Outbox::shown, this, &NotificationService::shown);
-    connect(&m_outbox, &Outbox::notShown, this, &NotificationService::notShown);
-    connect(&m_watcher, &bus::ServiceWatcher::ownerChanged, this, [this](const QByteArray& oldOwner) {
-        m_tokens.clear();
-        if (!oldOwner.isEmpty())
-            Q_EMIT lost();
-    });
-}
-
-ZepaPopupService NotificationService::state()
-{
-    m_connection.open();
-    // Asked for from the first time on, so that it is known when an owner goes.
-    const std::optional<bool> isActivatable = m_watcher.isActivatable();
-    if (!m_connection.isOpen()) {
-        const bool isOpening = m_connection.state() == bus::Connection::State::Opening;
-        return isOpening ? ZepaPopupService::NotKnownYet : ZepaPopupService::NoBus;
-    }
-    if (!m_watcher.owner().isEmpty())
-        return ZepaPopupService::There;
-    if (!m_watcher.isKnown() || !isActivatable)
-        return ZepaPopupService::NotKnownYet;
-    return *isActivatable ? ZepaPopupService::There : ZepaPopupService::None;
-}
+{}
 
 ZepaDoNotDisturb NotificationService::doNotDisturb()
 {
-    m_connection.open();
+    connection().open();
     if (!m_quietWatch)
-        m_quietWatch.emplace(m_connection, m_watcher);
+        m_quietWatch.emplace(connection(), watcher());
     return m_quietWatch->state();
-}
-
-void NotificationService::post(const growl::PopupPosting& posting, growl::Ticket ticket)
-{
-    m_connection.open();
-    m_outbox.post(posting, ticket);
 }
 
 void NotificationService::close(growl::PopupId id)
 {
     // To this very owner: the next one may have given the same id to a pop-up of somebody else.
-    const QByteArray owner = m_watcher.owner();
+    const QByteArray owner = watcher().owner();
     if (owner.isEmpty())
         return;
-    bus::Message call = m_connection.newCall(owner.constData(), servicePath, serviceName, "CloseNotification");
-    m_connection.send(call.append(static_cast<std::uint32_t>(id)));
+    bus::Message call = connection().newCall(owner.constData(), servicePath, serviceName, "CloseNotification");
+    connection().send(call.append(static_cast<std::uint32_t>(id)));
+}
+
+bus::Message NotificationService::newQuestion()
+{
+    return connection().newCall(serviceName, servicePath, serviceName, "GetCapabilities");
+}
+
+bool NotificationService::learn(const bus::Message& reply)
+{
+    QStringList names;
+    if (reply.isError() || !bus::MessageReader(reply).read(names))
+        return false;
+    m_capabilities = Capabilities::fromNames(names);
+    return true;
+}
+
+void NotificationService::forgetOwner()
+{
+    m_capabilities = usualCapabilities;
+    m_tokens.clear();
+}
+
+bus::Message NotificationService::newPopup(const growl::PopupPosting& posting, growl::Ticket /*ticket*/)
+{
+    bus::Message call = connection().newCall(serviceName, servicePath, serviceName, "Notify");
+    appendNotify(call, posting, Sender::ofThisProgram(), m_capabilities);
+    return call;
+}
+
+growl::PopupId NotificationService::idIn(const bus::Message& reply, growl::Ticket /*ticket*/) const
+{
+    quint32 id = 0;
+    return bus::MessageReader(reply).read(id) ? id : 0;
 }
 
 bus::Registration NotificationService::listen(const char* signal,
                                               void (NotificationService::*handler)(const bus::Message&))
 {
-    bus::SignalMatch match;
-    match.sender = serviceName;
-    match.path = servicePath;
-    match.interface = serviceName;
-    match.member = signal;
-    return m_connection.subscribe(match, [this, handler](const bus::Message& message) { (this->*handler)(message); });
+    return connection().subscribe(
+        {.sender = serviceName, .path = servicePath, .interface = serviceName, .member = signal},
+        [this, handler](const bus::Message& message) { (this->*handler)(message); });
 }
 
 void NotificationService::onActionInvoked(const bus::Message& signal)

@@ -1,11 +1,9 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
-#include "growl/popup_service.h"
-#include "outbox.h"
+#include "bus_popup_service.h"
+#include "notify_call.h"
 #include "quiet_watch.h"
-
-#include <zepa_platform/bus.h>
 
 #include <QHash>
 #include <QString>
@@ -16,28 +14,38 @@
 namespace zepa::freedesktop {
 
 /// Pop-ups of the desktop's org.freedesktop.Notifications. Ids are the service's own.
-class NotificationService final : public growl::PopupService
+class NotificationService final : public BusPopupService
 {
     Q_OBJECT
 
 public:
-    /// `connection` must outlive the service.
-    explicit NotificationService(bus::Connection& connection = *bus::Connection::shared());
+    /// What a service can do changes with its settings: it is asked again beside a posting after this time, in
+    /// milliseconds.
+    static constexpr int usualCapabilitiesAge = 60000;
 
-    ZepaPopupService state() override;
+    /// `connection` must outlive the service.
+    explicit NotificationService(bus::Connection& connection, int capabilitiesAge = usualCapabilitiesAge);
+
     ZepaDoNotDisturb doNotDisturb() override;
-    void post(const growl::PopupPosting& posting, growl::Ticket ticket) override;
     void close(growl::PopupId id) override;
 
 private:
+    bus::Message newQuestion() override;
+    bool learn(const bus::Message& reply) override;
+    void forgetOwner() override;
+    bus::Message newPopup(const growl::PopupPosting& posting, growl::Ticket ticket) override;
+    growl::PopupId idIn(const bus::Message& reply, growl::Ticket ticket) const override;
+
     bus::Registration listen(const char* signal, void (NotificationService::*handler)(const bus::Message&));
     void onActionInvoked(const bus::Message& signal);
     void onActivationToken(const bus::Message& signal);
     void onNotificationClosed(const bus::Message& signal);
 
-    bus::Connection& m_connection;
-    bus::ServiceWatcher m_watcher;
-    Outbox m_outbox;
+    /// Of a service that has not answered, actions are assumed, and markup: seen as plain text it is ugly, the other
+    /// way round a text from outside would be run as markup.
+    static constexpr Capabilities usualCapabilities{.bodyMarkup = true, .actions = true};
+
+    Capabilities m_capabilities = usualCapabilities;
     std::optional<QuietWatch> m_quietWatch; ///< once somebody has asked
     QHash<quint32, QString> m_tokens;       ///< activation tokens of clicks that are still to come, by pop-up
     static constexpr qsizetype tokenLimit = 100;

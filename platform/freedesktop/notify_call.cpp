@@ -75,11 +75,15 @@ Capabilities Capabilities::fromNames(const QStringList& names)
 
 growl::PopupPosting cutToSize(growl::PopupPosting posting)
 {
-    posting.applicationName = busText(posting.applicationName, nameLimit);
-    posting.title = busText(posting.title, summaryLimit);
-    posting.text = busText(posting.text, bodyLimit);
-    posting.clickLabel = busText(posting.clickLabel, nameLimit);
-    posting.kind.category = busText(posting.kind.category, nameLimit);
+    const auto cut = [](QString& text, qsizetype limit) {
+        if (text.size() > limit)
+            text = busText(text, limit);
+    };
+    cut(posting.applicationName, nameLimit);
+    cut(posting.title, summaryLimit);
+    cut(posting.text, bodyLimit);
+    cut(posting.clickLabel, nameLimit);
+    cut(posting.kind.category, nameLimit);
     return posting;
 }
 

@@ -58,16 +58,6 @@ std::optional<bool> readValue(bus::MessageReader& reader)
     return isRead ? std::optional(value) : std::nullopt;
 }
 
-bus::SignalMatch signalOf(const char* sender, const char* path, const char* interface, const char* member)
-{
-    bus::SignalMatch match;
-    match.sender = sender;
-    match.path = path;
-    match.interface = interface;
-    match.member = member;
-    return match;
-}
-
 } // namespace
 
 QuietWatch::QuietWatch(bus::Connection& connection, const bus::ServiceWatcher& service)
@@ -83,9 +73,9 @@ QuietWatch::QuietWatch(bus::Connection& connection, const bus::ServiceWatcher& s
 /// Signals first: a change after the answer is not missed.
 void QuietWatch::followService()
 {
-    m_listening.push_back(
-        m_connection.subscribe(signalOf(serviceName, servicePath, propertiesInterface, "PropertiesChanged"),
-                               [this](const bus::Message& signal) { onPropertiesChanged(signal); }));
+    m_listening.push_back(m_connection.subscribe(
+        {.sender = serviceName, .path = servicePath, .interface = propertiesInterface, .member = "PropertiesChanged"},
+        [this](const bus::Message& signal) { onPropertiesChanged(signal); }));
     onEachOwner(m_service, {&QuietValues::inhibited, &QuietValues::paused, &QuietValues::dnd}, [this] {
         for (const Property& property : properties)
             askProperty(property.interface, property.name, property.value);
@@ -103,7 +93,8 @@ void QuietWatch::followControlCentre()
     };
     for (const char* member : {"Subscribe", "SubscribeV2"})
         m_listening.push_back(m_connection.subscribe(
-            signalOf(controlCentreName, controlCentrePath, controlCentreName, member), onCounted));
+            {.sender = controlCentreName, .path = controlCentrePath, .interface = controlCentreName, .member = member},
+            onCounted));
     onEachOwner(m_controlCentre, {&QuietValues::dnd}, [this] { askControlCentre(); });
 }
 
@@ -117,8 +108,11 @@ void QuietWatch::askControlCentre()
 void QuietWatch::followPortal()
 {
     m_portal.emplace(m_connection, portalName);
-    bus::SignalMatch change = signalOf(portalName, portalPath, settingsInterface, "SettingChanged");
-    change.firstArgument = settingsGroup;
+    const bus::SignalMatch change{.sender = portalName,
+                                  .path = portalPath,
+                                  .interface = settingsInterface,
+                                  .member = "SettingChanged",
+                                  .firstArgument = settingsGroup};
     m_listening.push_back(m_connection.subscribe(change, [this](const bus::Message& signal) {
         QString group;
         QString key;

@@ -1,16 +1,13 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include "freedesktop/held_postings.h"
 #include "growl/popup_service.h"
-#include "held_postings.h"
 #include "service_choice.h"
 
 #include <zepa_platform/bus.h>
 
-#include <QPointer>
-
 #include <memory>
-#include <optional>
 
 namespace zepa::portal {
 
@@ -21,8 +18,8 @@ class ChosenService final : public growl::PopupService
     Q_OBJECT
 
 public:
-    /// Null for no bus.
-    ChosenService(const ProcessFacts& process, bus::Connection* connection);
+    /// `connection` must outlive the service.
+    ChosenService(const ProcessFacts& process, bus::Connection& connection);
 
     ZepaPopupService state() override;
     ZepaDoNotDisturb doNotDisturb() override;
@@ -31,14 +28,12 @@ public:
 
 private:
     void tryToChoose();
-    qsizetype byteCount(const growl::PopupPosting& posting);
 
     const ProcessFacts m_process;
-    const QPointer<bus::Connection> m_connection;
-    std::optional<bus::ServiceWatcher> m_watcher;
+    bus::Connection& m_connection;
+    bus::ServiceWatcher m_watcher;
     std::unique_ptr<growl::PopupService> m_service; ///< null until it is chosen
-    HeldPostings<growl::PopupPosting> m_held;
-    qint64 m_lastIcon = 0; ///< its cacheKey()
+    freedesktop::HeldPostings m_held;
 };
 
 } // namespace zepa::portal

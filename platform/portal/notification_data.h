@@ -40,8 +40,6 @@ struct NotificationData
     /// `icon` is the posting's.
     static NotificationData fromPosting(const growl::PopupPosting& posting, QByteArray icon);
 
-    /// Memory that it takes, about, in bytes.
-    qsizetype byteCount() const { return icon.size() + 2 * (title.size() + body.size() + category.size()); }
     /// The a{sv} of AddNotification, with what a portal of these features understands.
     void appendTo(bus::Message& message, const PortalFeatures& features) const;
 };

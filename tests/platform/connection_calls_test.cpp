@@ -106,7 +106,63 @@ TEST_F(CallsTest, EndWithTheErrorOfTheBus)
     ASSERT_TRUE(arrived(1));
     ScriptedBus::refuse(bus.kept()[0].get());
     ASSERT_TRUE(runUntil([&] { return !answers.isEmpty(); }));
-    EXPECT_EQ(answers, QStringList{u"LimitsExceeded"_s});
+    EXPECT_EQ(answers, QStringList{u"AccessDenied"_s});
+}
+
+TEST_F(CallsTest, AreFewerUnderWayWhereTheBusTakesFewer)
+{
+    ASSERT_TRUE(opens());
+    for (int i = 0; i < 5; ++i)
+        work();
+    ASSERT_TRUE(arrived(5));
+    EXPECT_TRUE(connection.canCall());
+    for (std::size_t i = 3; i < 5; ++i)
+        ScriptedBus::refuseForLimits(bus.kept()[i].get());
+    ASSERT_TRUE(runUntil([&] { return answers.size() == 2; }));
+    EXPECT_EQ(answers, (QStringList{u"LimitsExceeded"_s, u"LimitsExceeded"_s}));
+    EXPECT_EQ(connection.callsUnderWay(), 3);
+    EXPECT_FALSE(connection.canCall());
+    // A reply makes room for one.
+    ScriptedBus::replyFrom(ownerName, bus.kept()[0].get(), "a");
+    ASSERT_TRUE(runUntil([&] { return connection.canCall(); }));
+    work();
+    EXPECT_FALSE(connection.canCall());
+    // And it is tried, one by one, whether the bus takes more by now.
+    int roomCount = 0;
+    QObject::connect(&connection, &Connection::roomForCalls, &connection, [&] { ++roomCount; });
+    ASSERT_TRUE(runUntil([&] { return connection.canCall(); }));
+    EXPECT_EQ(roomCount, 1);
+    work();
+    EXPECT_EQ(connection.callsUnderWay(), 4);
+    EXPECT_FALSE(connection.canCall());
+}
+
+TEST_F(CallsTest, AreNotFewerBecauseAServiceOrTheBusForItselfHasALimit)
+{
+    ASSERT_TRUE(opens());
+    work();
+    work(":1.5");
+    connection.call(connection.newCall("org.freedesktop.DBus", "/", "org.freedesktop.DBus", "Work"), &connection,
+                    [this](const Message& reply) { note(reply); });
+    ASSERT_TRUE(arrived(3));
+    ScriptedBus::refuseForLimits(bus.kept()[2].get());
+    ScriptedBus::replyError(bus.kept()[1].get(), "org.freedesktop.DBus.Error.LimitsExceeded", ":1.5");
+    ASSERT_TRUE(runUntil([&] { return answers.size() == 2; }));
+    EXPECT_EQ(answers, (QStringList{u"LimitsExceeded"_s, u"LimitsExceeded"_s}));
+    EXPECT_TRUE(connection.canCall());
+}
+
+TEST_F(CallsTest, AreAsManyAsEverOnANewConnection)
+{
+    ASSERT_TRUE(opens());
+    work();
+    ASSERT_TRUE(arrived(1));
+    ScriptedBus::refuseForLimits(bus.kept()[0].get());
+    ASSERT_TRUE(runUntil([&] { return !answers.isEmpty(); }));
+    EXPECT_FALSE(connection.canCall());
+    connection.close();
+    ASSERT_TRUE(opens());
+    EXPECT_TRUE(connection.canCall());
 }
 
 TEST_F(CallsTest, EndByTheirLimitAndCountUntilTheirReplyComes)

@@ -112,7 +112,7 @@ TEST_F(SignalsTest, OfARefusedMatchAreAskedForAgainAndItIsSaid)
     const Registration match = subscribe({":1.5", "/a", "a.b", "Said", {}});
     ASSERT_TRUE(opens());
     ASSERT_TRUE(runUntil([&] { return !errors.isEmpty(); }));
-    EXPECT_EQ(errors, QStringList{u"LimitsExceeded"_s});
+    EXPECT_EQ(errors, QStringList{u"AccessDenied"_s});
     EXPECT_TRUE(runUntil([&] { return bus.callsOf("AddMatch").size() == 2; }));
     ASSERT_TRUE(roundTrip(connection));
     EXPECT_EQ(errors.size(), 1);

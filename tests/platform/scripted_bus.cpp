@@ -104,12 +104,12 @@ void ScriptedBus::handle(sd_bus_message* message)
         grant(message);
 }
 
-void ScriptedBus::refuse(sd_bus_message* call)
+void ScriptedBus::replyError(sd_bus_message* call, const char* name, const char* sender)
 {
-    const sd_bus_error error = SD_BUS_ERROR_MAKE_CONST("org.freedesktop.DBus.Error.LimitsExceeded", "no");
+    const sd_bus_error error = SD_BUS_ERROR_MAKE_CONST(name, "no");
     sd_bus_message* reply = nullptr;
     sd_bus_message_new_method_error(call, &reply, &error);
-    sd_bus_message_set_sender(reply, "org.freedesktop.DBus");
+    sd_bus_message_set_sender(reply, sender);
     sd_bus_send(sd_bus_message_get_bus(call), reply, nullptr);
     sd_bus_message_unref(reply);
 }

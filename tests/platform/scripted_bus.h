@@ -28,8 +28,10 @@ public:
 
     void answer(const char* member, Answer answer) { m_answers[member] = std::move(answer); }
     /// Answers for answer().
-    static void refuse(sd_bus_message* call);
+    static void refuse(sd_bus_message* call) { replyError(call, "org.freedesktop.DBus.Error.AccessDenied"); }
+    static void refuseForLimits(sd_bus_message* call) { replyError(call, "org.freedesktop.DBus.Error.LimitsExceeded"); }
     static void grant(sd_bus_message* call) { replyFrom("org.freedesktop.DBus", call); }
+    static void replyError(sd_bus_message* call, const char* name, const char* sender = "org.freedesktop.DBus");
     /// An empty reply, or one with a text, in anybody's name.
     static void replyFrom(const char* sender, sd_bus_message* call, const char* text = nullptr);
     /// To every client; `types` and what follows as sd_bus_message_append() takes them.

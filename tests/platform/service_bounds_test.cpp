@@ -87,6 +87,9 @@ protected:
     }
 };
 
+class SmallBusTest : public ServiceTest
+{};
+
 class BoundsWithIconsTest : public BoundsTest, public testing::WithParamInterface<bool>
 {};
 
@@ -179,6 +182,35 @@ TEST_F(BoundsTest, OfASmallBusLoseNoPopup)
     ASSERT_TRUE(waitForPopups(*service, 402));
     for (int number = 0; number < 401; ++number)
         EXPECT_EQ(service->calls()[number + 1][u"summary"_s], QString::number(number));
+}
+
+TEST_F(SmallBusTest, LosesNoPopupThatItRefuses)
+{
+    killBus();
+    setBusLimits("<limit name=\"max_replies_per_connection\">10</limit>");
+    startBus({u"--max-objects"_s, u"40"_s});
+    const auto service = startService();
+    ASSERT_TRUE(waitFor([] { return zepaPopupService() == ZepaPopupService::There; }));
+    ASSERT_TRUE(waitUntilAcquainted(*service));
+    service->tell(u"sleep 1000"_s);
+    ASSERT_TRUE(waitFor([&] { return service->wrote(u"asleep"_s); }));
+    constexpr int count = 401;
+    for (int number = 0; number < count; ++number) {
+        TestPosting posting;
+        posting.title = QString::number(number);
+        posting.context = "a";
+        post(posting);
+    }
+    ASSERT_TRUE(waitFor([] { return zepaPopupsOnTheirWay() == 0; }));
+    EXPECT_EQ(answers(), Answers{}) << "all are shown";
+    ASSERT_TRUE(waitForPopups(*service, count + 1));
+    const QList<QJsonObject> calls = service->calls();
+    QStringList titles;
+    for (const QJsonObject& call : calls.sliced(1))
+        titles.append(call[u"summary"_s].toString());
+    titles.removeDuplicates();
+    EXPECT_EQ(titles.size(), count) << "each is shown once";
+    EXPECT_EQ(calls.size(), count + 1);
 }
 
 TEST_F(BoundsTest, OfAStuckServiceAreNotThoseOfTheNext)

@@ -210,9 +210,9 @@ void ServiceTest::SetUp()
         GTEST_SKIP() << TestBus::whatIsMissing().toStdString();
 }
 
-void ServiceTest::startBus()
+void ServiceTest::startBus(const QStringList& brokerLimits)
 {
-    ASSERT_TRUE(m_bus.start());
+    ASSERT_TRUE(m_bus.start(brokerLimits));
 }
 
 void ServiceTest::stopBus() const

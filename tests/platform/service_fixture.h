@@ -72,7 +72,8 @@ protected:
     ~ServiceTest() override;
     void SetUp() override;
 
-    void startBus();
+    /// `brokerLimits` are options of dbus-broker; dbus-daemon has those of setBusLimits().
+    void startBus(const QStringList& brokerLimits = {});
     /// Of the bus that startBus() starts.
     QByteArray startedBusAddress() const { return m_bus.address(); }
     /// Of each bus that is started from now on, instead of a real session's: elements of its configuration.

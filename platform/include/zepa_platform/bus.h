@@ -52,6 +52,9 @@ public:
     QLatin1StringView errorName() const;
     QString errorText() const;
     bool isError() const { return kind() == Kind::Error; }
+    /// The bus, or this process, had no room for the call (LimitsExceeded), and its receiver did not get it. Later
+    /// there may be room.
+    bool isOverLimits() const;
     bool expectsReply() const;
 
     /// Null for what was built without a connection, and for a reply that nobody wants. Appending does nothing then.
@@ -183,11 +186,11 @@ private:
 struct SignalMatch
 {
     /// A unique name, org.freedesktop.DBus, or a well-known name: then the signal must come from its current owner.
-    QByteArray sender;
-    QByteArray path;
-    QByteArray interface;
-    QByteArray member;
-    QByteArray firstArgument;
+    QByteArray sender = {};
+    QByteArray path = {};
+    QByteArray interface = {};
+    QByteArray member = {};
+    QByteArray firstArgument = {};
     /// Only what is sent to this connection alone: the bus need not be asked for it.
     bool isDirected = false;
 };
@@ -237,7 +240,8 @@ public:
 
     /// An address may keep silent for this time divided by the number of addresses, in milliseconds.
     static constexpr int openingLimit = 5000;
-    /// Calls of others than the bus that canCall() lets be under way.
+    /// Calls of others than the bus that canCall() lets be under way. Fewer for a while when the bus has refused one
+    /// for its limits: as many as it took, and every second one more.
     static constexpr int callLimit = 50;
     /// And those that call() accepts: room for calls that no queue of their caller's can hold.
     static constexpr int hardCallLimit = 64;
@@ -269,8 +273,8 @@ public:
     /// `name` must be a valid error name.
     Message newError(const Message& call, const char* name, const QString& text);
 
-    /// Whether there is room for another call: fewer than callLimit are under way, and the socket's queue is short. A
-    /// call counts until its reply has come: a call that ended by its limit is still on somebody's list.
+    /// Whether there is room for another call: not as many as callLimit allows are under way, and the socket's queue is
+    /// short. A call counts until its reply has come: a call that ended by its limit is still on somebody's list.
     bool canCall() const;
     int callsUnderWay() const;
 

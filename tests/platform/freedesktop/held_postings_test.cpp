@@ -35,7 +35,7 @@ TEST(HeldPostings, LeaveInTheOrderInWhichTheyCame)
 {
     HeldPostings held;
     for (quint64 ticket = 1; ticket <= 3; ++ticket)
-        held.append({{}, ticket, static_cast<qint64>(ticket)});
+        held.add({{}, ticket, static_cast<qint64>(ticket)});
     EXPECT_EQ(held.first().since, 1);
     for (quint64 ticket = 1; ticket <= 3; ++ticket)
         EXPECT_EQ(held.takeFirst().ticket, ticket);
@@ -43,13 +43,22 @@ TEST(HeldPostings, LeaveInTheOrderInWhichTheyCame)
     EXPECT_EQ(held.byteCount(), 0);
 }
 
+TEST(HeldPostings, ComeBackToTheirPlace)
+{
+    HeldPostings held;
+    for (const quint64 ticket : {5U, 6U, 3U, 4U, 1U, 2U})
+        held.add({{}, ticket, 0});
+    for (quint64 ticket = 1; ticket <= 6; ++ticket)
+        EXPECT_EQ(held.takeFirst().ticket, ticket);
+}
+
 TEST(HeldPostings, AreTooManyAboveAThousand)
 {
     HeldPostings held;
     for (quint64 ticket = 1; ticket <= 1000; ++ticket)
-        held.append({{}, ticket, 0});
+        held.add({{}, ticket, 0});
     EXPECT_FALSE(held.isOverfull());
-    held.append({{}, 1001, 0});
+    held.add({{}, 1001, 0});
     EXPECT_TRUE(held.isOverfull());
     held.takeFirst();
     EXPECT_FALSE(held.isOverfull());
@@ -60,9 +69,9 @@ TEST(HeldPostings, AreTooLargeAboveTheLimitInBytes)
     HeldPostings held;
     const auto length = HeldPostings::byteLimit / 4 / static_cast<qsizetype>(sizeof(QChar));
     for (quint64 ticket = 1; ticket <= 3; ++ticket)
-        held.append({withText(length), ticket, 0});
+        held.add({withText(length), ticket, 0});
     EXPECT_FALSE(held.isOverfull());
-    held.append({withText(length), 4, 0});
+    held.add({withText(length), 4, 0});
     EXPECT_TRUE(held.isOverfull());
     held.takeFirst();
     EXPECT_FALSE(held.isOverfull());
@@ -73,7 +82,7 @@ TEST(HeldPostings, CountAnIconOnceHoweverManyHaveIt)
     HeldPostings held;
     const QImage icon = newIcon();
     for (quint64 ticket = 1; ticket <= 1000; ++ticket)
-        held.append({withIcon(icon), ticket, 0});
+        held.add({withIcon(icon), ticket, 0});
     EXPECT_FALSE(held.isOverfull());
     while (!held.isEmpty())
         held.takeFirst();
@@ -85,7 +94,7 @@ TEST(HeldPostings, CountIconsThatDiffer)
     HeldPostings held;
     quint64 ticket = 0;
     while (!held.isOverfull() && ticket < 1000)
-        held.append({withIcon(newIcon()), ++ticket, 0});
+        held.add({withIcon(newIcon()), ++ticket, 0});
     EXPECT_LE(ticket, 256U) << "64 kB each";
     EXPECT_GE(ticket, 200U);
 }

@@ -62,10 +62,3 @@ TEST(NotificationData, TakesOverWhatThePostingWants)
     EXPECT_EQ(data.category, u"im.received"_s);
     EXPECT_EQ(data.icon, QByteArray("png"));
 }
-
-TEST(NotificationData, CountsItsMemory)
-{
-    Posting posting;
-    posting.title = u"12345"_s;
-    EXPECT_EQ(NotificationData::fromPosting(posting, QByteArray(100, 'x')).byteCount(), 110);
-}

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
+#include "freedesktop/held_postings.h"
 #include "growl/popup_service.h"
-#include "portal/held_postings.h"
 #include "service_fixture.h"
 
 #include <gmock/gmock.h>
@@ -9,7 +9,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-using zepa::growl::PopupPosting;
 using zepa::growl::PopupService;
 using zepa::growl::Ticket;
 
@@ -123,7 +122,7 @@ TEST_F(PortalChoiceTest, HoldsAThousandPostingsWhileABusKeepsSilent)
     qputenv("SNAP", "/snap/client/1");
     make();
     service->state();
-    constexpr Ticket limit = zepa::portal::HeldPostings<PopupPosting>::countLimit;
+    constexpr Ticket limit = zepa::freedesktop::HeldPostings::countLimit;
     for (Ticket ticket = 1; ticket <= limit + 2; ++ticket)
         service->post({}, ticket);
     EXPECT_THAT(notShown, testing::ElementsAre(1U, 2U));

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-#include "freedesktop/outbox.h"
+#include "freedesktop/bus_popup_service.h"
 
 #include "connection_fixture.h"
 #include "freedesktop/notification_service.h"
@@ -15,8 +15,8 @@
 
 namespace {
 
+using zepa::freedesktop::BusPopupService;
 using zepa::freedesktop::NotificationService;
-using zepa::freedesktop::Outbox;
 using zepa::growl::PopupPosting;
 
 PopupPosting posting(const QString& applicationName = {}, bool clickable = false)
@@ -52,10 +52,10 @@ void replyNames(const char* sender, sd_bus_message* call, const QByteArrayList& 
 }
 
 /// A bus where `service` owns the name, and the test speaks for both.
-class OutboxTest : public ConnectionTest
+class BusPopupServiceTest : public ConnectionTest
 {
 protected:
-    OutboxTest() : bus(socketPath()), notifications(connection)
+    BusPopupServiceTest() : bus(socketPath()), notifications(connection)
     {
         bus.answer("GetNameOwner", [](sd_bus_message* call) { ScriptedBus::replyFrom(busItself, call, serviceOwner); });
         bus.answer("GetCapabilities", [this](sd_bus_message* call) { replyNames(serviceOwner, call, capabilities); });
@@ -107,7 +107,7 @@ protected:
 
 } // namespace
 
-TEST_F(OutboxTest, TellsTheIdOfEachPosting)
+TEST_F(BusPopupServiceTest, TellsTheIdOfEachPosting)
 {
     post(1);
     post(2);
@@ -116,7 +116,7 @@ TEST_F(OutboxTest, TellsTheIdOfEachPosting)
     EXPECT_THAT(told, testing::ElementsAre("shown 1 1", "shown 2 2"));
 }
 
-TEST_F(OutboxTest, HasFiftyCallsUnderWayAndTheRestInItsQueue)
+TEST_F(BusPopupServiceTest, HasFiftyCallsUnderWayAndTheRestInItsQueue)
 {
     // From here on nothing is held for what the service can do.
     post(0);
@@ -140,7 +140,7 @@ TEST_F(OutboxTest, HasFiftyCallsUnderWayAndTheRestInItsQueue)
         EXPECT_EQ(names[i], QString::number(i)) << "out of order";
 }
 
-TEST_F(OutboxTest, GivesUpTheOldestWhenMoreThanAThousandAreHeld)
+TEST_F(BusPopupServiceTest, GivesUpTheOldestWhenMoreThanAThousandAreHeld)
 {
     bus.answer("GetCapabilities", [this](sd_bus_message* call) { bus.keep(call); });
     for (quint64 ticket = 1; ticket <= 1002; ++ticket)
@@ -152,7 +152,7 @@ TEST_F(OutboxTest, GivesUpTheOldestWhenMoreThanAThousandAreHeld)
     EXPECT_EQ(bus.callsOf("Notify").size(), 1000);
 }
 
-TEST_F(OutboxTest, AnswersEachOnceWhenTheServiceNeverReplies)
+TEST_F(BusPopupServiceTest, AnswersEachOnceWhenTheServiceNeverReplies)
 {
     bus.answer("Notify", [](sd_bus_message*) {});
     for (quint64 ticket = 1; ticket <= 120; ++ticket)
@@ -164,7 +164,7 @@ TEST_F(OutboxTest, AnswersEachOnceWhenTheServiceNeverReplies)
         EXPECT_EQ(std::count(told.begin(), told.end(), text("not shown", ticket)), 1);
 }
 
-TEST_F(OutboxTest, GoesOnWithTheNextServiceAfterAStuckOneHasGone)
+TEST_F(BusPopupServiceTest, GoesOnWithTheNextServiceAfterAStuckOneHasGone)
 {
     bus.answer("Notify", [this](sd_bus_message* call) { bus.keep(call); });
     for (quint64 ticket = 1; ticket <= 60; ++ticket)
@@ -183,9 +183,61 @@ TEST_F(OutboxTest, GoesOnWithTheNextServiceAfterAStuckOneHasGone)
     EXPECT_EQ(told.back(), "shown 60 10");
 }
 
-TEST_F(OutboxTest, TellsLateOnesThatAreClickable)
+TEST_F(BusPopupServiceTest, PostsAgainWhatTheBusRefusesForItsLimits)
 {
-    static_assert(Outbox::lateLimit > 10 * 60 * 1000, "services sleep longer than that");
+    post(0);
+    ASSERT_TRUE(isTold(1));
+    told.clear();
+    std::size_t underWay = 0;
+    bus.answer("Notify", [&](sd_bus_message* call) {
+        constexpr std::size_t limit = 10;
+        if (underWay == limit)
+            return ScriptedBus::refuseForLimits(call);
+        ++underWay;
+        bus.keep(call);
+    });
+    for (quint64 ticket = 1; ticket <= 200; ++ticket)
+        post(ticket);
+    ASSERT_TRUE(runUntil([&] { return connection.callsUnderWay() == 10; }));
+    EXPECT_EQ(bus.callsOf("Notify").size(), 51);
+    EXPECT_TRUE(told.empty());
+    for (std::size_t answered = 0; answered < 200; ++answered) {
+        ASSERT_TRUE(runUntil([&] { return bus.kept().size() > answered; }));
+        --underWay;
+        replyId(serviceOwner, bus.kept()[answered].get(), ++lastId);
+    }
+    ASSERT_TRUE(isTold(200));
+    for (quint64 ticket = 1; ticket <= 200; ++ticket)
+        EXPECT_EQ(told[ticket - 1], text("shown", ticket, ticket + 1)) << "out of order";
+    EXPECT_LE(bus.callsOf("Notify").size(), 1 + 200 + 40 + 20) << "each that is tried again after a second is one more";
+}
+
+TEST_F(BusPopupServiceTest, GivesUpWhatABusAlwaysRefuses)
+{
+    bus.answer("Notify", ScriptedBus::refuseForLimits);
+    for (quint64 ticket = 1; ticket <= 20; ++ticket)
+        post(ticket, true);
+    ASSERT_TRUE(isTold(20));
+    for (quint64 ticket = 1; ticket <= 20; ++ticket)
+        EXPECT_EQ(told[ticket - 1], text("not shown", ticket));
+    EXPECT_LE(bus.callsOf("Notify").size(), 20 + 20) << "it is not asked without end";
+}
+
+TEST_F(BusPopupServiceTest, AsksAgainWhatTheServiceCanDoWhenTheBusRefusedForItsLimits)
+{
+    bus.answer("GetCapabilities", ScriptedBus::refuseForLimits);
+    post(1);
+    ASSERT_TRUE(runUntil([&] { return questionCount() == 1; }));
+    ASSERT_TRUE(roundTrip(connection));
+    EXPECT_TRUE(bus.callsOf("Notify").isEmpty());
+    bus.answer("GetCapabilities", [this](sd_bus_message* call) { replyNames(serviceOwner, call, capabilities); });
+    ASSERT_TRUE(isTold(1));
+    EXPECT_EQ(questionCount(), 2);
+}
+
+TEST_F(BusPopupServiceTest, TellsLateOnesThatAreClickable)
+{
+    static_assert(BusPopupService::lateLimit > 10 * 60 * 1000, "services sleep longer than that");
     bus.answer("Notify", [this](sd_bus_message* call) { bus.keep(call); });
     post(1, true);
     post(2, false);
@@ -198,7 +250,7 @@ TEST_F(OutboxTest, TellsLateOnesThatAreClickable)
     EXPECT_EQ(connection.callsUnderWay(), 0);
 }
 
-TEST_F(OutboxTest, BelievesNoReplyOfAStrangerAndNoIdThatIsNone)
+TEST_F(BusPopupServiceTest, BelievesNoReplyOfAStrangerAndNoIdThatIsNone)
 {
     bus.answer("Notify", [](sd_bus_message* call) { replyId(stranger, call, 3); });
     post(1);
@@ -218,7 +270,7 @@ TEST_F(OutboxTest, BelievesNoReplyOfAStrangerAndNoIdThatIsNone)
     EXPECT_EQ(bus.callsOf("CloseNotification").size(), 1);
 }
 
-TEST_F(OutboxTest, BelievesNobodyWhileTheServiceIsBeingStarted)
+TEST_F(BusPopupServiceTest, BelievesNobodyWhileTheServiceIsBeingStarted)
 {
     bus.answer("GetNameOwner", ScriptedBus::refuse);
     bus.answer("GetCapabilities", [this](sd_bus_message* call) {
@@ -243,7 +295,7 @@ TEST_F(OutboxTest, BelievesNobodyWhileTheServiceIsBeingStarted)
     EXPECT_EQ(questionCount(), 1) << "the question that started it was its to answer";
 }
 
-TEST_F(OutboxTest, TakesNoIdOfAnEarlierOwner)
+TEST_F(BusPopupServiceTest, TakesNoIdOfAnEarlierOwner)
 {
     bus.answer("Notify", [this](sd_bus_message* call) { bus.keep(call); });
     post(1, true);
@@ -254,7 +306,7 @@ TEST_F(OutboxTest, TakesNoIdOfAnEarlierOwner)
     EXPECT_THAT(told, testing::ElementsAre("not shown 1"));
 }
 
-TEST_F(OutboxTest, ShowsPopupsOfAServiceThatRefusesToSayWhatItCanDo)
+TEST_F(BusPopupServiceTest, ShowsPopupsOfAServiceThatRefusesToSayWhatItCanDo)
 {
     bus.answer("GetCapabilities", ScriptedBus::refuse);
     post(1);
@@ -267,11 +319,10 @@ TEST_F(OutboxTest, ShowsPopupsOfAServiceThatRefusesToSayWhatItCanDo)
     ASSERT_TRUE(runUntil([&] { return !bus.kept().empty(); }));
 }
 
-TEST_F(OutboxTest, LearnsWhatAServiceCanDoByNow)
+TEST_F(BusPopupServiceTest, LearnsWhatAServiceCanDoByNow)
 {
     constexpr int atOnce = 0;
-    zepa::bus::ServiceWatcher watcher(connection, serviceName);
-    Outbox outbox(connection, watcher, atOnce);
+    NotificationService service(connection, atOnce);
     std::vector<bool> hasActions;
     bus.answer("Notify", [&](sd_bus_message* call) {
         sd_bus_message_skip(call, "susss");
@@ -281,19 +332,19 @@ TEST_F(OutboxTest, LearnsWhatAServiceCanDoByNow)
     });
     connection.open();
     ASSERT_TRUE(runUntil([&] { return questionCount() == 2; })) << "the fixture's asks, too";
-    outbox.post(posting({}, true), 1);
+    service.post(posting({}, true), 1);
     ASSERT_TRUE(runUntil([&] { return hasActions.size() == 1; }));
     capabilities.clear();
     const qsizetype asked = questionCount();
-    outbox.post(posting({}, true), 2);
+    service.post(posting({}, true), 2);
     ASSERT_TRUE(runUntil([&] { return questionCount() > asked; }));
     ASSERT_TRUE(roundTrip(connection));
-    outbox.post(posting({}, true), 3);
+    service.post(posting({}, true), 3);
     ASSERT_TRUE(runUntil([&] { return hasActions.size() == 3; }));
     EXPECT_THAT(hasActions, testing::ElementsAre(true, true, false));
 }
 
-TEST_F(OutboxTest, AsksOnceWhileTheAnswerIsYoung)
+TEST_F(BusPopupServiceTest, AsksOnceWhileTheAnswerIsYoung)
 {
     for (quint64 ticket = 1; ticket <= 100; ++ticket) {
         post(ticket);
@@ -302,7 +353,7 @@ TEST_F(OutboxTest, AsksOnceWhileTheAnswerIsYoung)
     EXPECT_EQ(questionCount(), 1);
 }
 
-TEST_F(OutboxTest, HearsClicksOnceTheBusGrantsWhatItRefused)
+TEST_F(BusPopupServiceTest, HearsClicksOnceTheBusGrantsWhatItRefused)
 {
     bus.answer("AddMatch", ScriptedBus::refuse);
     bus.answer("GetNameOwner", ScriptedBus::refuse);
@@ -320,7 +371,7 @@ TEST_F(OutboxTest, HearsClicksOnceTheBusGrantsWhatItRefused)
     ASSERT_TRUE(runUntil([&] { return told.back() == "clicked 1"; }));
 }
 
-TEST_F(OutboxTest, KnowsNoServiceWhereTheBusRefusesToListThoseThatItCanStart)
+TEST_F(BusPopupServiceTest, KnowsNoServiceWhereTheBusRefusesToListThoseThatItCanStart)
 {
     bus.answer("GetNameOwner", ScriptedBus::refuse);
     bus.answer("ListActivatableNames", ScriptedBus::refuse);
