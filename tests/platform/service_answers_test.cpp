@@ -12,13 +12,6 @@ namespace {
 
 using AnswersTest = ServiceTest;
 
-QByteArray tokenInCallBack;
-
-void noteToken(CFPropertyListRef /*context*/)
-{
-    tokenInCallBack = qgetenv("XDG_ACTIVATION_TOKEN");
-}
-
 bool otherIsToldMeanwhile = false;
 
 /// Opens the fixture's waiting to a call-back.
@@ -180,8 +173,8 @@ TEST_F(AnswersTest, HandsTheActivationTokenOnBeforeTheCallBack)
     post(posting);
     ASSERT_TRUE(waitForPopups(*service, 1));
     service->tell(u"token 1 first\ntoken 1 token-of-a\nclick 1"_s);
-    ASSERT_TRUE(waitFor([] { return !tokenInCallBack.isEmpty(); }));
-    EXPECT_EQ(tokenInCallBack, "token-of-a");
+    ASSERT_TRUE(waitFor([] { return !notedToken().isEmpty(); }));
+    EXPECT_EQ(notedToken(), "token-of-a");
 }
 
 TEST_F(AnswersTest, DoesNotHandOnTheTokenOfAnotherPopup)
@@ -206,11 +199,11 @@ TEST_F(AnswersTest, DoesNotHandOnAnEarlierClicksTokenAndKeepsEachUntilItsOwnClic
     }
     ASSERT_TRUE(waitForPopups(*service, 3));
     service->tell(u"token 1 token-of-a\ntoken 2 token-of-b\nclick 1"_s);
-    ASSERT_TRUE(waitFor([] { return tokenInCallBack == "token-of-a"; }));
+    ASSERT_TRUE(waitFor([] { return notedToken() == "token-of-a"; }));
     service->tell(u"click 2"_s);
-    ASSERT_TRUE(waitFor([] { return tokenInCallBack == "token-of-b"; }));
+    ASSERT_TRUE(waitFor([] { return notedToken() == "token-of-b"; }));
     service->tell(u"click 3"_s);
-    ASSERT_TRUE(waitFor([] { return tokenInCallBack.isEmpty(); }));
+    ASSERT_TRUE(waitFor([] { return notedToken().isEmpty(); }));
 }
 
 TEST_F(AnswersTest, DoNotWaitForACallBackThatRunsAnEventLoopOfItsOwn)

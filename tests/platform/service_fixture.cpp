@@ -3,12 +3,16 @@
 
 #include "event_loop.h"
 
+#include <zepa_platform/popups.h>
+
+#include <QBuffer>
 #include <QCoreApplication>
 #include <QDBusConnection>
 #include <QDBusConnectionInterface>
 #include <QDBusMessage>
 #include <QDir>
 #include <QFile>
+#include <QImage>
 #include <QJsonDocument>
 
 #include <algorithm>
@@ -303,6 +307,17 @@ void ServiceTest::post(const TestPosting& posting)
     release(notification.clickContext);
 }
 
+QByteArray ServiceTest::pictureFile(QSize size, const QColor& colour)
+{
+    QImage image(size, QImage::Format_RGB888);
+    image.fill(colour);
+    QByteArray bytes;
+    QBuffer buffer(&bytes);
+    buffer.open(QIODevice::WriteOnly);
+    image.save(&buffer, "PNG");
+    return bytes;
+}
+
 void ServiceTest::postClickable(const std::string& context)
 {
     TestPosting posting;
@@ -319,6 +334,16 @@ bool ServiceTest::waitUntilAcquainted(ServiceProcess& service)
 {
     post({});
     return waitForPopups(service, 1);
+}
+
+bool ServiceTest::waitUntilSettled()
+{
+    return waitFor([] { return zepaPopupsOnTheirWay() == 0; });
+}
+
+bool ServiceTest::waitForAnswers(std::size_t count)
+{
+    return waitFor([count] { return answers().size() >= count; });
 }
 
 bool ServiceTest::waitForPopups(ServiceProcess& service, int count)
@@ -408,4 +433,15 @@ void ServiceTest::onTimedOut(CFPropertyListRef context)
 void ServiceTest::onOwnClick(CFPropertyListRef context)
 {
     tell("own", context, answers(), insideGrowl());
+}
+
+QByteArray& ServiceTest::notedToken()
+{
+    static QByteArray token;
+    return token;
+}
+
+void ServiceTest::noteToken(CFPropertyListRef /*context*/)
+{
+    notedToken() = qgetenv("XDG_ACTIVATION_TOKEN");
 }

@@ -6,10 +6,12 @@
 #include <Growl/Growl.h>
 
 #include <QByteArray>
+#include <QColor>
 #include <QDBusMessage>
 #include <QJsonObject>
 #include <QList>
 #include <QProcess>
+#include <QSize>
 #include <QString>
 #include <QStringList>
 #include <QTemporaryDir>
@@ -94,6 +96,8 @@ protected:
     static void post(const TestPosting& posting);
     /// What the application registers as its icon from now on: a picture file's bytes.
     static QByteArray& applicationIcon();
+    /// A picture file of one colour.
+    static QByteArray pictureFile(QSize size, const QColor& colour = Qt::green);
     /// Posts with a click context.
     static void postClickable(const std::string& context);
 
@@ -101,6 +105,9 @@ protected:
     static bool waitFor(const std::function<bool()>& condition);
     /// Until the service has said what it can do: no pop-up reaches it before. It shows one then, with id 1.
     static bool waitUntilAcquainted(ServiceProcess& service);
+    /// Until each posting was shown or given up.
+    static bool waitUntilSettled();
+    static bool waitForAnswers(std::size_t count);
     /// Until the service got so many pop-ups.
     static bool waitForPopups(ServiceProcess& service, int count);
 
@@ -124,6 +131,9 @@ protected:
     static void onClicked(CFPropertyListRef context);
     static void onTimedOut(CFPropertyListRef context);
     static void onOwnClick(CFPropertyListRef context);
+    /// A pop-up's own call-back that notes the activation token in the environment.
+    static void noteToken(CFPropertyListRef context);
+    static QByteArray& notedToken();
 
 private:
     QString path(const char* file) const { return m_folder.filePath(QLatin1String(file)); }

@@ -1,9 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "service_fixture.h"
 
-#include <QBuffer>
 #include <QCoreApplication>
-#include <QImage>
 #include <QTimer>
 
 using namespace Qt::StringLiterals;
@@ -46,18 +44,6 @@ protected:
     }
 };
 
-TestPosting postingWithIcon()
-{
-    constexpr int side = 128;
-    QImage image(side, side, QImage::Format_RGB888);
-    image.fill(Qt::green);
-    TestPosting posting;
-    QBuffer buffer(&posting.icon);
-    buffer.open(QIODevice::WriteOnly);
-    image.save(&buffer, "PNG");
-    return posting;
-}
-
 } // namespace
 
 TEST_F(FloodTest, Of20000PostingsReachesAServiceThatIsAwake)
@@ -75,7 +61,9 @@ TEST_F(FloodTest, OfPicturesToAStuckServiceLeavesTheConnectionOpen)
     ASSERT_TRUE(waitUntilAcquainted(*service));
     const QString sender = service->calls().first()[u"sender"_s].toString();
     service->stop();
-    postMany(2000, postingWithIcon());
+    TestPosting posting;
+    posting.icon = pictureFile({128, 128});
+    postMany(2000, posting);
     service->resume();
     EXPECT_EQ(senderOfANewPopup(*service), sender) << "the connection was lost";
 }

@@ -1,9 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "service_fixture.h"
 
-#include <QBuffer>
 #include <QGuiApplication>
-#include <QImage>
 #include <QJsonArray>
 #include <gmock/gmock.h>
 
@@ -13,17 +11,6 @@ namespace {
 
 using PostingTest = ServiceTest;
 
-QByteArray png(int width, int height)
-{
-    QImage image(width, height, QImage::Format_RGB888);
-    image.fill(Qt::green);
-    QByteArray bytes;
-    QBuffer buffer(&bytes);
-    buffer.open(QIODevice::WriteOnly);
-    image.save(&buffer, "PNG");
-    return bytes;
-}
-
 } // namespace
 
 TEST_F(PostingTest, SendsWhatTheInterfaceAsksFor)
@@ -31,7 +18,7 @@ TEST_F(PostingTest, SendsWhatTheInterfaceAsksFor)
     const auto service = startService();
     QGuiApplication::setDesktopFileName(u"test-application"_s);
     TestPosting posting;
-    posting.icon = png(384, 96);
+    posting.icon = pictureFile({384, 96});
     posting.priority = 2;
     posting.sticky = true;
     posting.context = "a";
@@ -303,11 +290,11 @@ TEST_F(PostingTest, ShowsAPopupWithoutAnIconWhenTheIconIsBroken)
 TEST_F(PostingTest, ShowsTheApplicationsIconOnAPopupWithoutOne)
 {
     const auto service = startService();
-    applicationIcon() = png(20, 10);
+    applicationIcon() = pictureFile({20, 10});
     registerNames({u"Message"_s});
     TestPosting posting;
     post(posting);
-    posting.icon = png(30, 40);
+    posting.icon = pictureFile({30, 40});
     post(posting);
     posting.icon = QByteArrayLiteral("broken");
     post(posting);

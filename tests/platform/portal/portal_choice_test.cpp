@@ -31,13 +31,7 @@ protected:
         QObject::connect(service.get(), &PopupService::notShown, service.get(),
                          [this](Ticket ticket) { notShown.push_back(ticket); });
     }
-    static std::unique_ptr<ServiceProcess> startPortal() { return startOf({u"portal"_s}); }
-    static std::unique_ptr<ServiceProcess> startOf(const QStringList& options)
-    {
-        auto process = std::make_unique<ServiceProcess>(options);
-        EXPECT_TRUE(waitFor([&] { return process->wrote(u"ready"_s); }));
-        return process;
-    }
+    std::unique_ptr<ServiceProcess> startPortal() { return startService({u"portal"_s}); }
     static qsizetype shownBy(ServiceProcess& process)
     {
         return process.calls().size() + process.calls(u"AddNotification"_s).size();

@@ -3,9 +3,7 @@
 
 #include <zepa_platform/popups.h>
 
-#include <QBuffer>
 #include <QDBusMessage>
-#include <QImage>
 #include <QSet>
 #include <gmock/gmock.h>
 
@@ -25,10 +23,9 @@ struct Sandbox
 class PortalTest : Sandbox, public ServiceTest
 {
 protected:
-    static std::unique_ptr<ServiceProcess> startPortal(const QStringList& options = {})
+    std::unique_ptr<ServiceProcess> startPortal(const QStringList& options = {})
     {
-        auto portal = std::make_unique<ServiceProcess>(QStringList{u"portal"_s} + options);
-        EXPECT_TRUE(waitFor([&] { return portal->wrote(u"ready"_s); }));
+        auto portal = startService(QStringList{u"portal"_s} + options);
         EXPECT_TRUE(waitFor([] { return zepaPopupService() == ZepaPopupService::There; }));
         return portal;
     }
@@ -48,15 +45,6 @@ protected:
     {
         return waitFor([&] { return added(portal).size() >= count; });
     }
-    static bool waitForAnswers(std::size_t count)
-    {
-        return waitFor([count] { return answers().size() >= count; });
-    }
-    /// Everything that was posted was taken or refused.
-    static bool waitUntilSettled()
-    {
-        return waitFor([] { return zepaPopupsOnTheirWay() == 0; });
-    }
     /// Posts one more, clicks it and waits for that: by then everything before it has arrived too.
     static void letEverythingCome(ServiceProcess& portal)
     {
@@ -69,24 +57,6 @@ protected:
     }
 };
 
-QByteArray tokenInCallBack;
-
-void noteToken(CFPropertyListRef /*context*/)
-{
-    tokenInCallBack = qgetenv("XDG_ACTIVATION_TOKEN");
-}
-
-QByteArray pngOf(int side)
-{
-    QImage image(side, side, QImage::Format_RGB32);
-    image.fill(Qt::green);
-    QByteArray bytes;
-    QBuffer buffer(&bytes);
-    buffer.open(QIODevice::WriteOnly);
-    image.save(&buffer, "PNG");
-    return bytes;
-}
-
 } // namespace
 
 TEST_F(PortalTest, ShowsAPostingInTheTypesOfTheInterface)
@@ -96,7 +66,7 @@ TEST_F(PortalTest, ShowsAPostingInTheTypesOfTheInterface)
     posting.title = u"<Ann>"_s;
     posting.text = u"a < b & c"_s;
     posting.context = "a";
-    posting.icon = pngOf(300);
+    posting.icon = pictureFile({300, 300});
     posting.priority = 2;
     post(posting);
     ASSERT_TRUE(waitForAdded(*portal, 1));
@@ -212,7 +182,7 @@ TEST_F(PortalTest, HandsOnTheActivationToken)
     post(posting);
     ASSERT_TRUE(waitForAdded(*portal, 1));
     portal->tell(u"token 1 abc"_s);
-    EXPECT_TRUE(waitFor([] { return tokenInCallBack == "abc"; }));
+    EXPECT_TRUE(waitFor([] { return notedToken() == "abc"; }));
 }
 
 TEST_F(PortalTest, TakesAClickWithAnOddTokenForOneWithout)
