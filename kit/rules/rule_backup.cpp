@@ -2,7 +2,6 @@
 #include "kit/rules/rule_backup.h"
 
 #include "core/rule_document.h"
-#include "host/xml_node.h"
 #include "kit/files/private_umask.h"
 #include "kit/rules/stored_file.h"
 
