@@ -7,10 +7,9 @@
 
 #include <functional>
 
-/// Lets the event loop run until it holds; false when it does not within half a minute.
-inline bool runUntil(const std::function<bool()>& condition)
+/// Lets the event loop run until it holds; false when it does not within `patience` milliseconds.
+inline bool runUntil(const std::function<bool()>& condition, int patience = 30000)
 {
-    constexpr int patience = 30000;
     const QDeadlineTimer deadline(patience);
     QTimer alarm; // wakes the loop for conditions that no event of this process announces
     alarm.start(5);

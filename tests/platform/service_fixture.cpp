@@ -284,6 +284,11 @@ void ServiceTest::registerNames(const QStringList& all, const std::optional<QStr
     release(allNames);
 }
 
+CFStringRef ServiceTest::newString(const QString& text)
+{
+    return cfString(text);
+}
+
 void ServiceTest::post(const TestPosting& posting)
 {
     Growl_Notification notification{};
@@ -294,7 +299,9 @@ void ServiceTest::post(const TestPosting& posting)
     notification.iconData = cfData(posting.icon);
     notification.priority = posting.priority;
     notification.isSticky = posting.sticky ? 1 : 0;
-    if (!posting.context.empty())
+    if (posting.ownContext != nullptr)
+        notification.clickContext = CFRetain(posting.ownContext);
+    else if (!posting.context.empty())
         notification.clickContext = cfString(QString::fromStdString(posting.context));
     notification.clickCallback = posting.clickCallBack;
     insideGrowl() = true;
@@ -325,9 +332,9 @@ void ServiceTest::postClickable(const std::string& context)
     post(posting);
 }
 
-bool ServiceTest::waitFor(const std::function<bool()>& condition)
+bool ServiceTest::waitFor(const std::function<bool()>& condition, int patience)
 {
-    return runUntil(condition);
+    return runUntil(condition, patience);
 }
 
 bool ServiceTest::waitUntilAcquainted(ServiceProcess& service)

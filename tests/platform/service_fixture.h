@@ -59,6 +59,7 @@ struct TestPosting
     std::optional<QString> text = u"Text"_s;
     /// No click context when empty.
     std::string context;
+    CFStringRef ownContext = nullptr; ///< the object that becomes the context, instead of `context`
     QByteArray icon;
     int priority = 0;
     bool sticky = false;
@@ -82,6 +83,7 @@ protected:
     void setBusLimits(const QByteArray& limits);
     /// SIGSTOP: the bus lives and does nothing, until it is killed.
     void stopBus() const;
+    qint64 busProcess() const { return m_bus.processId(); }
     /// Where those find it that are not tested, and so not behind a proxy.
     static QByteArray& directBusAddress();
     /// The bus dies without a word, and its socket goes too.
@@ -94,6 +96,8 @@ protected:
     /// Registers with these names, "DefaultNotifications" only when given.
     static void registerNames(const QStringList& all, const std::optional<QStringList>& enabled = std::nullopt);
     static void post(const TestPosting& posting);
+    /// To be released.
+    static CFStringRef newString(const QString& text);
     /// What the application registers as its icon from now on: a picture file's bytes.
     static QByteArray& applicationIcon();
     /// A picture file of one colour.
@@ -101,8 +105,8 @@ protected:
     /// Posts with a click context.
     static void postClickable(const std::string& context);
 
-    /// Lets the event loop run until it holds; false when it does not within half a minute.
-    static bool waitFor(const std::function<bool()>& condition);
+    /// Lets the event loop run until it holds; false when it does not within `patience` milliseconds.
+    static bool waitFor(const std::function<bool()>& condition, int patience = 30000);
     /// Until the service has said what it can do: no pop-up reaches it before. It shows one then, with id 1.
     static bool waitUntilAcquainted(ServiceProcess& service);
     /// Until each posting was shown or given up.

@@ -32,6 +32,7 @@ public:
     void kill();
     /// The line that it said when it was ready: its address from dbus-daemon.
     QByteArray said() const { return m_said; }
+    qint64 processId() const { return m_bus.processId(); }
     bool isRunning() const { return m_bus.state() != QProcess::NotRunning; }
     /// Where the tested program finds it.
     QByteArray address() const { return isBehindAProxy() ? addressOf("proxy") : directAddress(); }
