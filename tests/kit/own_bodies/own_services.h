@@ -20,7 +20,7 @@ class OwnServices final : public ZepaSettingsManager,
 {
 public:
     OwnServices();
-    ~OwnServices();
+    virtual ~OwnServices();
 
     QString getSettingsDir() const override;
     QString getCurrentThemeDir() const override { return QStringLiteral("/themes/general/"); }
