@@ -12,7 +12,7 @@ from room_picture import drawing
 _ALLOWED = {
     "core/posting.cpp": '#include "core/notification_module.h"\n#include "host/field.h"\n#include <QHash>\n',
     "methods/x.cpp": '#include <Growl/Growl.h>\n#include "core/built_in_methods.h"\n#include <vector>\n',
-    "platform/freedesktop/x.cpp": '#include "growl/popup_service.h"\n#include "outbox.h"\n'
+    "platform/freedesktop/x.cpp": '#include "growl/popup_service.h"\n#include "quiet_watch.h"\n'
                                   '#include <zepa_platform/popups.h>\n#include <zepa_platform/bus.h>\n',
     "platform/growl/x.cpp": '#include <CoreFoundation/CoreFoundation.h>\n#include "growl/session.h"\n'
                             '#include "session.h"\n#include "x.moc"\n',
@@ -37,11 +37,11 @@ _FORBIDDEN = {
     "platform/freedesktop/x.cpp": ['"portal/x.h"', '"attention/window_alert.h"', '"corefoundation/object.h"',
                                    "<QDBusMessage>"],
     "platform/corefoundation/x.cpp": ['"growl/session.h"', '"bus/session_bus.h"', "<QDBusMessage>",
-                                      '"freedesktop/outbox.h"', '"attention/window_alert.h"'],
-    "platform/attention/x.cpp": ['"growl/session.h"', '"freedesktop/outbox.h"', "<QDBusMessage>"],
-    "platform/bus/x.cpp": ['"growl/session.h"', '"freedesktop/outbox.h"', "<QDBusMessage>"],
+                                      '"freedesktop/quiet_watch.h"', '"attention/window_alert.h"'],
+    "platform/attention/x.cpp": ['"growl/session.h"', '"freedesktop/quiet_watch.h"', "<QDBusMessage>"],
+    "platform/bus/x.cpp": ['"growl/session.h"', '"freedesktop/quiet_watch.h"', "<QDBusMessage>"],
     "platform/include/zepa_platform/x.h": ['"growl/session.h"', "<QDBusMessage>"],
-    "platform/portal/x.cpp": ['"growl/session.h"', '"freedesktop/outbox.h"'],
+    "platform/portal/x.cpp": ['"growl/session.h"', '"freedesktop/quiet_watch.h"'],
     "kit/x.h": ['"kit/files/regular_file.h"', '"host/field.h"'],
     "kit/files/x.cpp": ['"kit/settings/settings.h"', '"host/field.h"', '"core/notification.h"'],
     "kit/values/x.cpp": ['"kit/files/regular_file.h"', '"core/notification.h"'],
@@ -62,7 +62,7 @@ _FORBIDDEN = {
     "client/window/x.cpp": ['"client/cli/job.h"', '"client/instance/server.h"', '"client/chats/chat_line.h"'],
     "client/instance/x.cpp": ['"client/cli/player.h"', '"kit/rules/rule_state.h"', '"client/termination.h"'],
     "client/main.cpp": ['"tests/support/recording_host.h"', '"platform/growl/session.h"', '"platform/bus/address.h"',
-                        '"platform/freedesktop/outbox.h"', '"platform/include/zepa_platform/bus.h"', "<QDBusMessage>",
+                        '"platform/freedesktop/quiet_watch.h"', '"platform/include/zepa_platform/bus.h"', "<QDBusMessage>",
                         "<QtDBus/QDBusMessage>", "<systemd/sd-bus.h>", "<pulse/context.h>", '"client/window/simulator.h"'],
     "other/x.cpp": ["<QString>"],
 }

@@ -28,7 +28,7 @@ void post(Client& client, const char16_t* type, const ZepaBuddy& contact)
 {
     const QList<SimulatedEvent>& events = simulatedEvents();
     const auto event = std::find_if(events.cbegin(), events.cend(), [type](const SimulatedEvent& candidate) {
-        return QStringView(candidate.type) == QStringView(type);
+        return QStringView(type) == candidate.type;
     });
     ASSERT_NE(event, events.cend());
     announce(client.recorder(), postingOf(*event, contact, {}));
