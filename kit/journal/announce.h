@@ -11,7 +11,7 @@
 namespace zepa {
 
 /// Announces the event: the one way by which everything in a client posts. When the report says that a pop-up
-/// waits, `answered` (which may be empty) is called once: later, from the event loop, or in the moment in which the
+/// waits, `answered` (which may be empty) is called once: later, from the event loop, or when the
 /// client ends.
 Report announce(const Recorder& recorder, const Posting& posting, std::function<void(Answer)> answered = {});
 

@@ -51,7 +51,7 @@ enum class ChatState {
 
 /// Whether a posting popped up; if not, why.
 enum class Verdict {
-    PopupSent,     ///< handed to the notification service; without an action nobody tells what became of it
+    PopupSent,     ///< handed to the notification service; without an action its end is unknown
     PopupWaiting,  ///< handed to the notification service, not answered yet
     PopupClicked,  ///< the user clicked
     PopupTimedOut, ///< it went away without a click

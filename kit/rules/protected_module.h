@@ -68,7 +68,7 @@ public:
 
     /// Only once it has started, here and below.
     ZepaNotificationModule& module() const { return *m_module; }
-    /// What shows and changes rules works with this. `settings` must outlive whoever is given it.
+    /// What shows and changes rules works with this. `settings` must outlive the objects that use it.
     RuleStore ruleStore(SettingStore& settings) { return {*m_module, m_backup, settings}; }
     /// Protects the rule files; at any time. What a start had to repair is in news().
     RuleBackup& backup() { return m_backup; }

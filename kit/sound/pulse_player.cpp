@@ -35,7 +35,7 @@ void PulsePlayer::tick()
     if (!PA_CONTEXT_IS_GOOD(pa_context_get_state(m_context))) {
         const QString reason = QString::fromUtf8(pa_strerror(pa_context_errno(m_context)));
         disconnectFromServer();
-        endAll(u"the sound server is not there: %1"_s.arg(reason));
+        endAll(u"no sound server: %1"_s.arg(reason));
         return;
     }
 

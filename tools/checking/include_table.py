@@ -21,7 +21,7 @@ _TESTING = {"tests", "benchmarks"}
 
 
 def _file_of(path, name):
-    """The file of the repository that the quoted `name` in the file `path` means; None for one that is not there."""
+    """The file of the repository that the quoted `name` in the file `path` means; None if there is no such file."""
     for folder in (path.parent, pathlib.PurePath(), pathlib.PurePath(path.parts[0])):
         found = (ROOT / folder / name).resolve()
         if found.is_file() and ROOT in found.parents:
@@ -30,7 +30,7 @@ def _file_of(path, name):
 
 
 def _room_by_name(path, name):
-    """The room that a name means whose file is not there: it is generated, or a check asks about it."""
+    """The room that a name means whose file does not exist: it is generated, or a check asks about it."""
     named = pathlib.PurePath(name)
     if len(named.parts) == 1:
         generated = name.endswith(("_export.h", ".moc")) or (ROOT / path.parent / f"{name}.in").is_file()
