@@ -6,8 +6,6 @@
 #include "kit/settings_page/sound_check.h"
 #include "kit/sound/sound_decoder.h"
 
-using namespace Qt::StringLiterals;
-
 namespace zepa {
 
 Client::Client(const QString& settingsFolder, Start when)

@@ -49,7 +49,7 @@ void BusPopupService::post(const growl::PopupPosting& posting, growl::Ticket tic
     }
     const qint64 time = m_clock.elapsed();
     m_mustAsk = m_mustAsk || (!m_isAsking && !(m_isKnown && time - m_askedAt < m_featuresAge));
-    // While there is no owner, this may be the posting that starts the service.
+    // Without an owner, the service may have to be started first: postings wait until its capabilities are known.
     if (!m_isKnown && m_held.isEmpty() && m_watcher.owner().isEmpty())
         m_isHolding = true;
     HeldPostings::Held held{cutToSize(posting), ticket, time};
